@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "mgconfitem.h"
+
+#include "dconfvariant.h"
+
+#include <QDataStream>
+
+#include <dconf.h>
+
+// GIO ends the process when the session bus goes away, unless the connection, which dconf shares, is told not
+// to. Connecting can take its time, so that happens in a thread. The connection is kept for good, or the next
+// one would be made with the default again.
+static void surviveSessionBus()
+{
+    const auto keepProcess = [](gpointer) -> gpointer {
+        static GDBusConnection *const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+        if (connection) {
+            g_dbus_connection_set_exit_on_close(connection, FALSE);
+        }
+        return nullptr;
+    };
+    g_thread_unref(g_thread_new("session-bus", keepProcess, nullptr));
+}
+
+static DConfClient *makeClient()
+{
+    surviveSessionBus();
+    return dconf_client_new();
+}
+
+/// The one client of this process: made on first use, never deleted.
+static DConfClient *client()
+{
+    static DConfClient *const client = makeClient();
+    return client;
+}
+
+// Equal bytes are equal values of equal types. QVariant's comparison takes 1 and "1" for the same.
+static QByteArray fingerprint(const QVariant &value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << value;
+    return bytes;
+}
+
+class MGConfItemPrivate
+{
+public:
+    MGConfItemPrivate(MGConfItem *item, const QString &key);
+    ~MGConfItemPrivate();
+
+    QVariant read() const;
+
+    const QString m_key;
+    const QByteArray m_path; ///< empty when the key is invalid
+
+private:
+    static void changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
+                        MGConfItemPrivate *self);
+    bool concerns(const char *prefix, const char *const *changes) const;
+    void update();
+
+    MGConfItem *const m_item;
+    QByteArray m_seen;
+    gulong m_handler = 0;
+};
+
+static QByteArray pathOfKey(const QString &key)
+{
+    const QByteArray path = key.toUtf8();
+    return isStorable(key) && dconf_is_key(path.constData(), nullptr) ? path : QByteArray();
+}
+
+MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
+    : m_key(key)
+    , m_path(pathOfKey(key))
+    , m_item(item)
+{
+    if (m_path.isEmpty()) {
+        qWarning("MGConfItem: invalid key \"%s\"", qUtf8Printable(key));
+        return;
+    }
+    // Watch before the first read, or a change in between is lost.
+    m_handler = g_signal_connect(client(), "changed", G_CALLBACK(changed), this);
+    dconf_client_watch_fast(client(), m_path.constData());
+    m_seen = fingerprint(read());
+}
+
+MGConfItemPrivate::~MGConfItemPrivate()
+{
+    if (m_path.isEmpty()) {
+        return;
+    }
+    dconf_client_unwatch_fast(client(), m_path.constData());
+    g_signal_handler_disconnect(client(), m_handler);
+}
+
+QVariant MGConfItemPrivate::read() const
+{
+    if (m_path.isEmpty()) {
+        return QVariant();
+    }
+    return fromGVariant(GVariantPointer(dconf_client_read(client(), m_path.constData())).get());
+}
+
+void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
+                                MGConfItemPrivate *self)
+{
+    if (self->concerns(prefix, changes)) {
+        self->update();
+    }
+}
+
+bool MGConfItemPrivate::concerns(const char *prefix, const char *const *changes) const
+{
+    for (; *changes; ++changes) {
+        const QByteArray path = QByteArray(prefix) + *changes;
+        if (path == m_path || (path.endsWith('/') && m_path.startsWith(path))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void MGConfItemPrivate::update()
+{
+    QByteArray seen = fingerprint(read());
+    if (seen == m_seen) {
+        return;
+    }
+    m_seen = std::move(seen);
+    Q_EMIT m_item->valueChanged(); // a handler may delete the item
+}
+
+MGConfItem::MGConfItem(const QString &key, QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<MGConfItemPrivate>(this, key))
+{
+}
+
+MGConfItem::~MGConfItem() = default;
+
+QString MGConfItem::key() const
+{
+    return d->m_key;
+}
+
+QVariant MGConfItem::value() const
+{
+    return d->read();
+}
+
+QVariant MGConfItem::value(const QVariant &defaultValue) const
+{
+    const QVariant stored = d->read();
+    return stored.isValid() ? stored : defaultValue;
+}
+
+void MGConfItem::set(const QVariant &value)
+{
+    if (d->m_path.isEmpty()) {
+        return;
+    }
+    const GVariantPointer stored = toGVariant(value);
+    if (value.isValid() && !stored) {
+        qWarning("MGConfItem: cannot store the value of \"%s\"", d->m_path.constData());
+        return;
+    }
+    // Handlers of valueChanged() run before the write returns, and may delete the item.
+    const QByteArray path = d->m_path;
+    GError *error = nullptr;
+    if (!dconf_client_write_fast(client(), path.constData(), stored.get(), &error)) {
+        qWarning("MGConfItem: cannot write \"%s\": %s", path.constData(), error->message);
+        g_error_free(error);
+    }
+}

@@ -1,0 +1,46 @@
+# SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+# SPDX-License-Identifier: LGPL-2.1-or-later
+#
+# What scripts/demo and scripts/test share. To be sourced.
+
+project=$(dirname "$(dirname "$(realpath "${BASH_SOURCE[0]}")")")
+
+# The Debian packages that the project builds, runs and is tested with.
+packages=(
+    # compiler and build
+    cmake g++ ninja-build pkg-config
+    # the library and the platform's stand-ins
+    qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools libdconf-dev
+    # the sandbox
+    bubblewrap dbus-daemon dconf-cli dconf-service
+    # the demo
+    qttools5-dev qttools5-dev-tools libqt5svg5 qml-module-org-kde-kirigami2 qml-module-qtquick2
+    qml-module-qtquick-controls2 qml-module-qtquick-layouts qml-module-qtquick-templates2 qml-module-qtquick-window2
+    qml-module-qtgraphicaleffects qtquickcontrols2-5-dev breeze-icon-theme fonts-noto-core
+    # tests and benchmarks
+    qml-module-qttest strace libbenchmark-dev
+)
+
+# Installs what is missing of the packages, as root or through sudo; else prints the command to run.
+install_packages() {
+    local missing=() package
+    for package in "${packages[@]}"; do
+        if [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null) != installed ]]; then
+            missing+=("$package")
+        fi
+    done
+    if [[ ${#missing[@]} -eq 0 ]]; then
+        return
+    fi
+    local install=(apt-get install --yes --no-install-recommends "${missing[@]}") sudo=()
+    if [[ $(id -u) -ne 0 ]]; then
+        if ! sudo --non-interactive true 2>/dev/null; then
+            echo "Please install what is missing, then start again:" >&2
+            echo "  sudo ${install[*]}" >&2
+            exit 1
+        fi
+        sudo=(sudo)
+    fi
+    "${sudo[@]}" apt-get update
+    "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}"
+}

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "models/settingsmodel.h"
+
+#include "registry/logging.h"
+#include "registry/messages.h"
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+
+#include <QQmlEngine>
+
+#include <utility>
+
+namespace
+{
+/// @p item, safe to hand to QML, which must never delete it.
+QObject *toQml(TreeItem *item)
+{
+    if (item) {
+        QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    }
+    return item;
+}
+
+struct RoleEntry {
+    int role;
+    const char *name;
+    QVariant (*read)(const SettingsModel &model, TreeItem *item);
+};
+
+const RoleEntry s_roles[] = {
+    {SettingsModel::ObjectRole, "object",
+     [](const SettingsModel &, TreeItem *item) { return QVariant::fromValue(toQml(item)); }},
+    {SettingsModel::DepthRole, "depth",
+     [](const SettingsModel &model, TreeItem *) { return QVariant(model.depth()); }},
+    {SettingsModel::CategoryRole, "category",
+     [](const SettingsModel &, TreeItem *item) {
+         return QVariant(item->parentItem() ? item->parentItem()->title() : QString());
+     }},
+};
+}
+
+SettingsModel::SettingsModel(QObject *parent)
+    : QAbstractListModel(parent)
+    , m_registry(PluginRegistry::instance())
+{
+    connect(m_registry, &PluginRegistry::contentChanged, this, &SettingsModel::updateItems);
+    connect(this, &SettingsModel::modelChanged, this, &SettingsModel::updateItems);
+}
+
+QStringList SettingsModel::path() const
+{
+    return m_path;
+}
+
+void SettingsModel::setPath(const QStringList &path)
+{
+    if (path == m_path) {
+        return;
+    }
+    m_path = path;
+    Q_EMIT modelChanged();
+}
+
+int SettingsModel::depth() const
+{
+    return m_depth;
+}
+
+void SettingsModel::setDepth(int depth)
+{
+    if (depth == m_depth) {
+        return;
+    }
+    m_depth = depth;
+    Q_EMIT modelChanged();
+}
+
+int SettingsModel::count() const
+{
+    return rowCount({});
+}
+
+int SettingsModel::rowCount(const QModelIndex &parent) const
+{
+    Q_UNUSED(parent)
+    return m_rows.count();
+}
+
+QVariant SettingsModel::data(const QModelIndex &index, int role) const
+{
+    TreeItem *item = m_rows.at(index.row());
+    if (!item) {
+        return {};
+    }
+    for (const RoleEntry &entry : s_roles) {
+        if (entry.role == role) {
+            return entry.read(*this, item);
+        }
+    }
+    return {};
+}
+
+QHash<int, QByteArray> SettingsModel::roleNames() const
+{
+    QHash<int, QByteArray> names;
+    for (const RoleEntry &entry : s_roles) {
+        names.insert(entry.role, entry.name);
+    }
+    return names;
+}
+
+QObject *SettingsModel::objectAt(int index) const
+{
+    return toQml(m_rows.at(index));
+}
+
+QObject *SettingsModel::objectForPath(const QString &path) const
+{
+    if (!m_root) {
+        qCWarning(lcSettings) << Messages::NoTree;
+        return nullptr;
+    }
+    return toQml(m_root->lookup(path.split(QLatin1Char('/'))));
+}
+
+void SettingsModel::updateItems()
+{
+    m_root = m_registry->getItem(m_path);
+    const QList<TreeItem *> items = m_root ? m_root->itemsAtLevel(TreeItem::orderLessThan, m_depth)
+                                           : QList<TreeItem *>();
+    for (TreeItem *item : items) {
+        connect(item, &QObject::destroyed, this, &SettingsModel::itemDestroyed, Qt::UniqueConnection);
+    }
+    beginResetModel();
+    m_rows.reset(items);
+    endResetModel();
+    Q_EMIT countChanged();
+}
+
+void SettingsModel::itemDestroyed(QObject *item)
+{
+    // QObject::sender() would search the connections of all rows.
+    m_destroyedItem = item;
+    removeDestroyedItem();
+}
+
+void SettingsModel::removeDestroyedItem()
+{
+    const QObject *item = std::exchange(m_destroyedItem, nullptr);
+    const int row = m_rows.rowOf(item);
+    if (row < 0) {
+        return;
+    }
+    beginRemoveRows({}, row, row);
+    m_rows.remove(item);
+    endRemoveRows();
+    Q_EMIT countChanged();
+}

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "plugin/constants.h"
+
+namespace Constants
+{
+const QString EntriesDirectory = QStringLiteral("/usr/share/velka-settings/entries");
+const QString FavoritesBlacklistFile = QStringLiteral("/usr/share/velka-settings/favorites-blacklist.json");
+const QString TranslationsDirectory = QStringLiteral("/usr/share/translations/");
+
+const QString MaskedSettingsKey = QStringLiteral("/apps/velka-settings/maskedSettings");
+
+const QString SectionType = QStringLiteral("section");
+}

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+
+/// The names that are fixed between this library and the rest of the system.
+namespace Constants
+{
+extern const QString EntriesDirectory;
+extern const QString FavoritesBlacklistFile;
+extern const QString TranslationsDirectory;
+
+extern const QString MaskedSettingsKey; ///< dconf key, list of entry paths
+
+extern const QString SectionType; ///< the type of an entry that names none
+}

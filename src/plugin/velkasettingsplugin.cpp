@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "plugin/velkasettingsplugin.h"
+
+#include "models/settingscontrolerror.h"
+#include "models/settingsmodel.h"
+#include "plugin/apptranslator.h"
+#include "plugin/constants.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QQmlEngine>
+#include <qqml.h>
+
+void VelkaSettingsPlugin::registerTypes(const char *uri)
+{
+    qmlRegisterType<SettingsModel>(uri, 1, 0, "SettingsModel");
+    qmlRegisterUncreatableType<SettingsControlError>(uri, 1, 0, "SettingsControlError", QString());
+}
+
+void VelkaSettingsPlugin::initializeEngine(QQmlEngine *engine, const char *uri)
+{
+    Q_UNUSED(uri)
+    // The translator installed last is asked first: the locale's texts win over the engineering English ones.
+    auto *engineeringEnglish = new AppTranslator(engine);
+    QCoreApplication::installTranslator(engineeringEnglish);
+    auto *localized = new AppTranslator(engine);
+    QCoreApplication::installTranslator(localized);
+
+    engineeringEnglish->load(QStringLiteral("settings_eng_en"), Constants::TranslationsDirectory);
+    localized->load(QLocale(), QStringLiteral("settings"), QStringLiteral("-"), Constants::TranslationsDirectory);
+}

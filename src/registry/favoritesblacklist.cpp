@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/favoritesblacklist.h"
+
+#include "plugin/constants.h"
+#include "registry/messages.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+QSet<QString> readFavoritesBlacklist()
+{
+    QFile file(Constants::FavoritesBlacklistFile);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        qWarning() << Messages::CannotReadBlacklist << file.fileName();
+        return {};
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    if (document.isNull()) {
+        qWarning() << Messages::CannotParseJson << file.fileName();
+        return {};
+    }
+    if (!document.isArray()) {
+        qWarning() << Messages::WrongBlacklistFormat << file.fileName();
+        return {};
+    }
+    QSet<QString> paths;
+    const QJsonArray elements = document.array();
+    for (const QJsonValue &element : elements) {
+        if (element.isString()) {
+            paths.insert(element.toString());
+        }
+    }
+    return paths;
+}

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QHash>
+#include <QPointer>
+#include <QSet>
+#include <QVector>
+
+class TreeItem;
+
+/**
+ * What unloading a file may remove from a tree, found without walking it: the nodes that each file declared, and
+ * the nodes that are neither declared nor kept by children. The tree's nodes keep it up to date; the root, which
+ * is never removed, is not in it.
+ */
+class FileIndex
+{
+public:
+    void add(TreeItem *item);
+    void remove(TreeItem *item);
+
+    /// The nodes of @p files and those that nothing keeps. Guarded, because removing one may remove others.
+    QVector<QPointer<TreeItem>> removableWith(const QSet<QString> &files) const;
+
+private:
+    QHash<QString, QSet<TreeItem *>> m_declared;
+    QSet<TreeItem *> m_loose;
+};

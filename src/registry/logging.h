@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QLoggingCategory>
+
+/// "org.orvantaos.settings.framework", warnings and above unless logging rules say otherwise.
+Q_DECLARE_LOGGING_CATEGORY(lcSettings)

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "velkasettings_export.h"
+
+#include <QHash>
+#include <QMap>
+#include <QObject>
+#include <QSet>
+#include <QStringList>
+#include <QTimer>
+
+#include <memory>
+
+class EntryConverter;
+class FileIndex;
+class MGConfItem;
+class QFileSystemWatcher;
+class QTranslator;
+class TreeItem;
+struct RegistrationFile;
+
+/**
+ * The settings entries of this process: one tree, built from the registration files in
+ * /usr/share/velka-settings/entries.
+ *
+ * Files that come and go are followed 2000 ms after the last change of the directory; a file is known by its name
+ * alone, so one that is rewritten in place is not read again. Entries whose "path" stands in the dconf key
+ * /apps/velka-settings/maskedSettings are left out. What is wrong with a file is logged to
+ * "org.orvantaos.settings.framework", and the rest is used. GUI thread only.
+ */
+class VELKASETTINGS_EXPORT PluginRegistry : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The registry of the process: made on the first call, which reads all files, and never deleted.
+    static PluginRegistry *instance();
+
+    /// For tests and special programs; everything else shares instance().
+    explicit PluginRegistry(QObject *parent = nullptr);
+    ~PluginRegistry() override;
+
+    /// The node at @p path, the root for an empty list, null when there is none. Valid until contentChanged().
+    TreeItem *getItem(const QStringList &path) const;
+
+    /// Loads @p fileName (a name without directory). Does not emit contentChanged().
+    void addEntriesForFile(const QString &fileName);
+    /**
+     * Removes the nodes that @p fileName declared and that have no children left, and the nodes that nobody
+     * declared and nothing is below. A node with children of other files keeps its data until they go as well.
+     * Catalogs stay. Does not emit contentChanged().
+     */
+    void removeEntriesForFile(const QString &fileName);
+    /**
+     * Installs <catalog>_eng_en.qm and the catalog of the default locale, <catalog>-<locale>.qm, from
+     * /usr/share/translations/, once in the registry's life. What is missing is not looked for again.
+     */
+    void loadTranslationCatalog(const QString &catalog);
+
+Q_SIGNALS:
+    /// Once after each batch of files that were loaded or unloaded: look up the nodes again.
+    void contentChanged();
+
+private Q_SLOTS:
+    void monitoredDirectoryChanged();
+    void maskedSettingsChanged();
+
+private:
+    void unload(const QSet<QString> &fileNames);
+    void pruneUpwards(TreeItem *item, const QSet<QString> &fileNames);
+    bool isRemovable(const TreeItem *item, const QSet<QString> &fileNames) const;
+    void insertEntries(const RegistrationFile &file, const QString &fileName);
+    void maskEntry(const QString &path, const QString &fileName);
+    QSet<QString> filesToReload(const QSet<QString> &masked) const;
+
+    QStringList m_knownFiles;
+    QFileSystemWatcher *const m_watcher;
+    const std::unique_ptr<FileIndex> m_index; ///< outlives the tree
+    std::unique_ptr<TreeItem> m_root;
+    QHash<QString, QTranslator *> m_translators;
+    MGConfItem *const m_maskedItem;
+    QSet<QString> m_maskedSettings;
+    QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
+    QTimer m_scanTimer;
+    QSet<QString> m_favoritesBlacklist;
+    QSet<QString> m_loadedFiles;
+    const std::unique_ptr<EntryConverter> m_converter;
+};

@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/treeitem.h"
+
+#include "plugin/constants.h"
+#include "registry/fileindex.h"
+#include "registry/logging.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int DefaultOrder = 100;
+
+const QString s_fromFile = QStringLiteral("from_file");
+const QString s_order = QStringLiteral("order");
+
+int readOrder(const QVariantMap &data)
+{
+    const QVariant order = data.value(s_order);
+    return order.isNull() ? DefaultOrder : order.toInt();
+}
+}
+
+TreeItem::TreeItem(const QString &name, const QVariantMap &data)
+    : m_name(name)
+    , m_data(data)
+    , m_order(readOrder(data))
+{
+}
+
+TreeItem::~TreeItem()
+{
+    QVector<TreeItem *> subtree{this};
+    for (int i = 0; i < subtree.size(); ++i) {
+        for (TreeItem *child : qAsConst(subtree.at(i)->m_children)) {
+            subtree.append(child);
+        }
+    }
+    // Children stand behind their parents. Each leaves the tree before it dies: destroyed() lets others look at it.
+    for (int i = subtree.size() - 1; i > 0; --i) {
+        subtree.at(i)->m_parent->removeChild(subtree.at(i));
+    }
+    leaveIndex();
+}
+
+QString TreeItem::name() const
+{
+    return m_name;
+}
+
+QString TreeItem::type() const
+{
+    const QVariant type = m_data.value(QStringLiteral("type"));
+    return type.isNull() ? Constants::SectionType : type.toString();
+}
+
+QString TreeItem::title() const
+{
+    const QString title = translatedTitle(QStringLiteral("translation_id"), QStringLiteral("title"));
+    return title.isEmpty() ? QLatin1String("!!") + m_name : title;
+}
+
+QString TreeItem::shortTitle() const
+{
+    return translatedTitle(QStringLiteral("translation_id_short"), QStringLiteral("title_short"));
+}
+
+QString TreeItem::icon() const
+{
+    return m_data.value(QStringLiteral("icon")).toString();
+}
+
+QString TreeItem::controlIcon() const
+{
+    return m_data.value(QStringLiteral("controlIcon")).toString();
+}
+
+int TreeItem::count(int depth) const
+{
+    if (depth == 1) {
+        return m_children.size();
+    }
+    int total = 0;
+    QVector<const TreeItem *> level{this};
+    for (; depth != 0 && !level.isEmpty(); --depth) {
+        QVector<const TreeItem *> below;
+        for (const TreeItem *item : qAsConst(level)) {
+            std::copy(item->m_children.cbegin(), item->m_children.cend(), std::back_inserter(below));
+        }
+        total += below.size();
+        level.swap(below);
+    }
+    return total;
+}
+
+QStringList TreeItem::location(TreeItem *top) const
+{
+    QStringList names;
+    for (const TreeItem *item = this; item != top && item->m_parent; item = item->m_parent) {
+        names.append(item->m_name);
+    }
+    std::reverse(names.begin(), names.end());
+    return names;
+}
+
+QVariantMap TreeItem::data() const
+{
+    return m_data;
+}
+
+TreeItem *TreeItem::parentItem() const
+{
+    return m_parent;
+}
+
+bool TreeItem::isDeclared() const
+{
+    return !m_data.value(s_fromFile).isNull();
+}
+
+QString TreeItem::fromFile() const
+{
+    return m_data.value(s_fromFile).toString();
+}
+
+int TreeItem::order() const
+{
+    return m_order;
+}
+
+void TreeItem::addChild(TreeItem *child)
+{
+    leaveIndex();
+    child->m_parent = this;
+    m_children.insert(child->m_name, child);
+    enterIndex();
+    child->setIndex(m_index);
+}
+
+void TreeItem::removeChild(TreeItem *child)
+{
+    leaveIndex();
+    m_children.remove(child->m_name);
+    enterIndex();
+    delete child;
+}
+
+TreeItem *TreeItem::insertItem(const QStringList &path, const QVariantMap &data)
+{
+    TreeItem *item = this;
+    for (const QString &name : path) {
+        TreeItem *child = item->m_children.value(name);
+        if (!child) {
+            child = new TreeItem(name, {});
+            item->addChild(child);
+        }
+        item = child;
+    }
+    item->setData(data);
+    return item;
+}
+
+void TreeItem::setData(const QVariantMap &data)
+{
+    leaveIndex();
+    m_data = data;
+    m_order = readOrder(data);
+    enterIndex();
+}
+
+TreeItem *TreeItem::lookup(const QStringList &path)
+{
+    if (!path.isEmpty()) {
+        qCInfo(lcSettings) << "lookup item path:" << path;
+    }
+    TreeItem *item = this;
+    for (const QString &name : path) {
+        qCInfo(lcSettings) << "child keys:" << item->m_children.keys();
+        item = item->m_children.value(name);
+        if (!item) {
+            return nullptr;
+        }
+    }
+    return item;
+}
+
+void TreeItem::removeItems(const Predicate &predicate)
+{
+    struct Visit {
+        TreeItem *item;
+        QStringList children; ///< names that are still to be visited
+    };
+    QVector<Visit> visits{{this, m_children.keys()}};
+    for (;;) {
+        if (!visits.last().children.isEmpty()) {
+            const QString name = visits.last().children.takeLast();
+            if (TreeItem *child = visits.last().item->m_children.value(name)) {
+                visits.append({child, child->m_children.keys()});
+            }
+            continue;
+        }
+        TreeItem *item = visits.takeLast().item;
+        if (visits.isEmpty()) {
+            return;
+        }
+        if (predicate(item)) {
+            item->m_parent->removeChild(item);
+        }
+    }
+}
+
+QList<TreeItem *> TreeItem::getSubitems(const Comparison &lessThan, const Predicate &filter, int depth)
+{
+    struct Pending {
+        TreeItem *item;
+        int depth; ///< levels to list below it
+    };
+    QVector<Pending> pending{{this, depth}};
+    QList<TreeItem *> items;
+    while (!pending.isEmpty()) {
+        const Pending next = pending.takeLast();
+        if (next.item != this && filter(next.item)) {
+            items.append(next.item);
+        }
+        if (next.depth == 0) {
+            continue;
+        }
+        const QList<TreeItem *> children = next.item->sortedChildren(lessThan);
+        for (auto it = children.crbegin(); it != children.crend(); ++it) {
+            pending.append({*it, next.depth - 1});
+        }
+    }
+    return items;
+}
+
+QList<TreeItem *> TreeItem::getSubitems(const Comparison &lessThan, int depth)
+{
+    return getSubitems(lessThan, [](const TreeItem *) { return true; }, depth);
+}
+
+QList<TreeItem *> TreeItem::itemsAtLevel(const Comparison &lessThan, int level)
+{
+    if (level <= 0) {
+        return {};
+    }
+    QList<TreeItem *> items{this};
+    for (; level > 0 && !items.isEmpty(); --level) {
+        QList<TreeItem *> below;
+        for (const TreeItem *item : qAsConst(items)) {
+            below.append(item->sortedChildren(lessThan));
+        }
+        items.swap(below);
+    }
+    return items;
+}
+
+bool TreeItem::orderLessThan(const TreeItem *a, const TreeItem *b)
+{
+    return a->m_order != b->m_order ? a->m_order < b->m_order : a->m_name < b->m_name;
+}
+
+int TreeItem::depth(const TreeItem *top) const
+{
+    int steps = 0;
+    for (const TreeItem *item = this; item && item != top; item = item->m_parent) {
+        ++steps;
+    }
+    return steps;
+}
+
+void TreeItem::dumpTree(int indent) const
+{
+    struct Pending {
+        const TreeItem *item;
+        int indent;
+    };
+    QVector<Pending> pending{{this, indent - 1}};
+    while (!pending.isEmpty()) {
+        const Pending next = pending.takeLast();
+        if (next.item != this) {
+            qCInfo(lcSettings) << next.indent << "key:" << next.item->m_name << "data:" << next.item->m_data;
+        }
+        for (const TreeItem *child : next.item->m_children) {
+            pending.append({child, next.indent + 1});
+        }
+    }
+}
+
+void TreeItem::setIndex(FileIndex *index)
+{
+    if (m_index == index) {
+        return;
+    }
+    QVector<TreeItem *> pending{this};
+    while (!pending.isEmpty()) {
+        TreeItem *item = pending.takeLast();
+        item->leaveIndex();
+        item->m_index = index;
+        item->enterIndex();
+        for (TreeItem *child : qAsConst(item->m_children)) {
+            pending.append(child);
+        }
+    }
+}
+
+QString TreeItem::translatedTitle(const QString &idKey, const QString &plainKey) const
+{
+    const QString id = m_data.value(idKey).toString();
+    if (!id.isEmpty()) {
+        const QString text = qtTrId(id.toLocal8Bit().constData());
+        if (text != id) {
+            return text;
+        }
+    }
+    return m_data.value(plainKey).toString();
+}
+
+QList<TreeItem *> TreeItem::sortedChildren(const Comparison &lessThan) const
+{
+    QList<TreeItem *> children = m_children.values();
+    std::sort(children.begin(), children.end(), lessThan);
+    return children;
+}
+
+void TreeItem::enterIndex()
+{
+    if (m_index) {
+        m_index->add(this);
+    }
+}
+
+void TreeItem::leaveIndex()
+{
+    if (m_index) {
+        m_index->remove(this);
+    }
+}

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+class TreeItem;
+
+/// The files and keys that the library reads, in the sandbox that the test runs in. Ends the test anywhere else.
+namespace World
+{
+void writeFile(const QString &path, const QByteArray &content);
+/// Writes a registration file into the entries directory.
+void writeEntries(const QString &fileName, const QByteArray &json);
+void removeEntries(const QString &fileName);
+void writeBlacklist(const QByteArray &json);
+/// Empties the entries directory, the catalogs and the masked-settings key, and removes the blacklist.
+void reset();
+
+void setMasked(const QStringList &paths);
+
+/// The paths of all nodes below @p root, sorted, each node's names joined with "/".
+QStringList paths(TreeItem *root);
+/// What is wrong with the tree below @p root: links between parents and children, names and keys. Empty if sound.
+QStringList brokenInvariants(TreeItem *root);
+}
