@@ -4,6 +4,7 @@
 #include "world.h"
 
 #include "plugin/constants.h"
+#include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 
 #include <mgconfitem.h>
@@ -55,8 +56,13 @@ void World::reset()
         directory.removeRecursively();
         directory.mkpath(QStringLiteral("."));
     }
-    QFile::remove(Constants::FavoritesBlacklistFile);
+    writeBlacklist("[]");
     MGConfItem(Constants::MaskedSettingsKey).set({});
+}
+
+void World::rescan(PluginRegistry *registry)
+{
+    QMetaObject::invokeMethod(registry, "monitoredDirectoryChanged");
 }
 
 void World::setMasked(const QStringList &paths)

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 
+class PluginRegistry;
 class TreeItem;
 
 /// The files and keys that the library reads, in the sandbox that the test runs in. Ends the test anywhere else.
@@ -17,9 +18,11 @@ void writeFile(const QString &path, const QByteArray &content);
 void writeEntries(const QString &fileName, const QByteArray &json);
 void removeEntries(const QString &fileName);
 void writeBlacklist(const QByteArray &json);
-/// Empties the entries directory, the catalogs and the masked-settings key, and removes the blacklist.
+/// Empties the entries directory, the catalogs, the blacklist and the masked-settings key.
 void reset();
 
+/// Lets @p registry scan its directory now, without the delay.
+void rescan(PluginRegistry *registry);
 void setMasked(const QStringList &paths);
 
 /// The paths of all nodes below @p root, sorted, each node's names joined with "/".

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QAbstractListModel>
+#include <QIdentityProxyModel>
+#include <QVector>
+
+/**
+ * A copy of a list model's rows that is kept by nothing but the model's signals, and so tells whether they are right:
+ * isEqual() is true as long as what was announced is what happened.
+ */
+class ModelReplica : public QObject
+{
+    Q_OBJECT
+
+public:
+    ModelReplica(const QAbstractItemModel *model, int role);
+
+    bool isEqual() const;
+
+private:
+    QVector<QVariant> read(int first, int last) const;
+    QVector<QVariant> readAll() const;
+    void insertRows(int first, int last);
+    void removeRows(int first, int last);
+    void moveRows(int first, int last, int destination);
+    void changeRows(int first, int last);
+
+    const QAbstractItemModel *const m_model;
+    const int m_role;
+    QVector<QVariant> m_rows;
+};
+
+/**
+ * Lets QAbstractItemModelTester watch a model whose row count ignores the parent index, as QML's list models here
+ * do. The tester takes that for children of every row.
+ */
+class FlatProxy : public QIdentityProxyModel
+{
+    Q_OBJECT
+
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+    int rowCount(const QModelIndex &parent = {}) const override;
+};

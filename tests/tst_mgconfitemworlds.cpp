@@ -1,0 +1,249 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "dconftool.h"
+#include "mgconfitem.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocalServer>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+/// What needs a process of its own, in a world with a home, a runtime directory and bus addresses of its own.
+/// The world's directory is the working directory.
+class World : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void administratorsProfile();
+    void profileIsMissing();
+    void busDies();
+    void busDiesUnused();
+    void noBus();
+    void busNeverAnswers();
+};
+
+class tst_MGConfItemWorlds : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void worlds_data();
+    void worlds();
+};
+
+void tst_MGConfItemWorlds::worlds_data()
+{
+    QTest::addColumn<QString>("world");
+
+    for (int i = World::staticMetaObject.methodOffset(); i < World::staticMetaObject.methodCount(); ++i) {
+        const QByteArray world = World::staticMetaObject.method(i).name();
+        QTest::newRow(world.constData()) << QString::fromLatin1(world);
+    }
+}
+
+void tst_MGConfItemWorlds::worlds()
+{
+    QFETCH(QString, world);
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), directory.filePath(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), directory.path());
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                       QStringLiteral("unix:path=%1/bus").arg(directory.path()));
+    environment.insert(QStringLiteral("DCONF_PROFILE"), directory.filePath(QStringLiteral("profile")));
+
+    QProcess child;
+    child.setProcessEnvironment(environment);
+    child.setWorkingDirectory(directory.path());
+    child.setProcessChannelMode(QProcess::ForwardedChannels);
+    child.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--world"), world});
+    QVERIFY(child.waitForFinished(60000));
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(child.exitCode(), 0);
+}
+
+static void writeFile(const QString &name, const QByteArray &content)
+{
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+static void writeProfile(const QByteArray &otherDatabases = QByteArray())
+{
+    writeFile(QStringLiteral("profile"), "user-db:user\n" + otherDatabases);
+}
+
+/// The session bus of the world. It ends with this object at the latest.
+class Bus
+{
+public:
+    Bus()
+    {
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+                        QStringLiteral("--address"), qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")});
+        m_daemon.waitForReadyRead();
+    }
+
+    ~Bus() { kill(); }
+
+    void kill()
+    {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+private:
+    QProcess m_daemon;
+};
+
+void World::administratorsProfile()
+{
+    QVERIFY(QDir().mkdir(QStringLiteral("keys")));
+    QVERIFY(QDir().mkdir(QStringLiteral("keys/locks")));
+    writeFile(QStringLiteral("keys/defaults"), "[test]\ndefault=1\nlocked='admin'\n");
+    writeFile(QStringLiteral("keys/locks/locks"), "/test/locked\n");
+    dconf({QStringLiteral("compile"), QStringLiteral("site"), QStringLiteral("keys")});
+    writeProfile("file-db:" + QDir::current().filePath(QStringLiteral("site")).toUtf8() + '\n');
+    Bus bus;
+
+    MGConfItem item(QStringLiteral("/test/default"));
+    QSignalSpy spy(&item, &MGConfItem::valueChanged);
+    QCOMPARE(item.value(), QVariant(1));
+    item.set(2);
+    QCOMPARE(item.value(), QVariant(2));
+    item.set(QVariant());
+    QCOMPARE(item.value(), QVariant(1));
+    QCOMPARE(spy.count(), 2);
+    item.set(1);
+    settle();
+    QCOMPARE(spy.count(), 2);
+
+    MGConfItem locked(QStringLiteral("/test/locked"));
+    QSignalSpy lockedSpy(&locked, &MGConfItem::valueChanged);
+    QCOMPARE(locked.value(), QVariant(QStringLiteral("admin")));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("MGConfItem: cannot write \"/test/locked\": .+")));
+    locked.set(QStringLiteral("user"));
+    QCOMPARE(locked.value(), QVariant(QStringLiteral("admin")));
+    locked.set(QVariant());
+    QCOMPARE(locked.value(), QVariant(QStringLiteral("admin")));
+    settle();
+    QCOMPARE(locked.value(), QVariant(QStringLiteral("admin")));
+    QCOMPARE(lockedSpy.count(), 0);
+}
+
+void World::profileIsMissing()
+{
+    MGConfItem item(QStringLiteral("/test/key"));
+    QSignalSpy spy(&item, &MGConfItem::valueChanged);
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("MGConfItem: cannot write \"/test/key\": .+")));
+    item.set(1);
+    QVERIFY(!item.value().isValid());
+    QCOMPARE(spy.count(), 0);
+}
+
+// There and back again, or never there: a failure can come in another thread before the new value is looked at.
+static bool isTakenBack(const QSignalSpy &spy, const MGConfItem &item, const QVariant &value)
+{
+    return item.value() == value && spy.count() % 2 == 0;
+}
+
+/// What the end of the bus does to the process happens in its event loop, which runs here while a program does.
+static void outliveTheBus()
+{
+    QProcess program;
+    QSignalSpy finished(&program, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
+    program.start(QStringLiteral("dconf"), {QStringLiteral("list"), QStringLiteral("/")});
+    QVERIFY(finished.wait());
+}
+
+void World::busDies()
+{
+    writeProfile();
+    Bus bus;
+    MGConfItem item(QStringLiteral("/test/key"));
+    item.set(QStringLiteral("kept"));
+    settle();
+    QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("'kept'"));
+    QSignalSpy spy(&item, &MGConfItem::valueChanged);
+
+    bus.kill();
+    for (const QString &lost : {QStringLiteral("lost"), QStringLiteral("lost again")}) {
+        item.set(lost);
+        QTRY_VERIFY(isTakenBack(spy, item, QStringLiteral("kept")));
+        outliveTheBus();
+        QCOMPARE(item.value(), QVariant(QStringLiteral("kept")));
+        QCOMPARE(MGConfItem(item.key()).value(), QVariant(QStringLiteral("kept")));
+        QCOMPARE(stored(item.key()), QByteArrayLiteral("'kept'"));
+    }
+}
+
+void World::busDiesUnused()
+{
+    writeProfile();
+    Bus bus;
+    MGConfItem item(QStringLiteral("/test/key"));
+    QTRY_VERIFY(isWatched(item.key()));
+    bus.kill();
+    QSignalSpy spy(&item, &MGConfItem::valueChanged);
+    item.set(1);
+    QTRY_VERIFY(isTakenBack(spy, item, QVariant()));
+    outliveTheBus();
+    QVERIFY(!item.value().isValid());
+}
+
+void World::noBus()
+{
+    writeProfile();
+    MGConfItem item(QStringLiteral("/test/key"));
+    QSignalSpy spy(&item, &MGConfItem::valueChanged);
+    QVERIFY(!item.value().isValid());
+    item.set(1);
+    QTRY_VERIFY(isTakenBack(spy, item, QVariant()));
+}
+
+// Whatever waited for the bus here would wait for ever.
+void World::busNeverAnswers()
+{
+    writeProfile();
+    QLocalServer bus;
+    QVERIFY(bus.listen(QDir::current().filePath(QStringLiteral("bus"))));
+    auto item = std::make_unique<MGConfItem>(QStringLiteral("/test/key"));
+    QSignalSpy spy(item.get(), &MGConfItem::valueChanged);
+    QVERIFY(bus.waitForNewConnection(5000));
+    item->set(1);
+    QCOMPARE(item->value(), QVariant(1));
+    item->set(2);
+    QCOMPARE(item->value(), QVariant(2));
+    QCOMPARE(spy.count(), 2);
+    item.reset();
+    QCOMPARE(MGConfItem(QStringLiteral("/test/key")).value(), QVariant(2));
+}
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    QStringList arguments = application.arguments();
+    if (arguments.removeAll(QStringLiteral("--world"))) {
+        World world;
+        return QTest::qExec(&world, arguments);
+    }
+    tst_MGConfItemWorlds test;
+    return QTest::qExec(&test, arguments);
+}
+
+#include "tst_mgconfitemworlds.moc"

@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "models/settingsmodel.h"
+#include "modelreplica.h"
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+#include "world.h"
+
+#include <QAbstractItemModelTester>
+#include <QMetaMethod>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using Model = std::unique_ptr<QAbstractItemModel>;
+using MakeModel = std::function<Model()>;
+Q_DECLARE_METATYPE(MakeModel)
+
+// What every list model of the library holds to. A model joins with a line in models().
+class ModelContractTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void followsTheRegistry_data();
+    void followsTheRegistry();
+    void readsNothingOutsideItsRows_data();
+    void readsNothingOutsideItsRows();
+
+private:
+    void models();
+};
+
+namespace
+{
+Model makeSettingsModel(const QStringList &path, int depth)
+{
+    auto model = std::make_unique<SettingsModel>();
+    model->setPath(path);
+    model->setDepth(depth);
+    return model;
+}
+
+void declareEntries(const QString &file, const QStringList &paths)
+{
+    QByteArray entries;
+    for (const QString &path : paths) {
+        entries += "{\"path\": \"" + path.toUtf8() + "\"},";
+    }
+    entries.chop(1);
+    World::writeEntries(file, "{\"entries\": [" + entries + "]}");
+}
+}
+
+void ModelContractTest::models()
+{
+    QTest::addColumn<MakeModel>("make");
+    QTest::newRow("SettingsModel, children") << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); });
+    QTest::newRow("SettingsModel, grandchildren") << MakeModel([] { return makeSettingsModel({}, 2); });
+}
+
+void ModelContractTest::init()
+{
+    World::reset();
+    World::rescan(PluginRegistry::instance());
+}
+
+void ModelContractTest::followsTheRegistry_data()
+{
+    models();
+}
+
+void ModelContractTest::followsTheRegistry()
+{
+    QFETCH(MakeModel, make);
+    const Model model = make();
+    FlatProxy flat;
+    flat.setSourceModel(model.get());
+    const QAbstractItemModelTester tester(&flat, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const ModelReplica replica(model.get(), Qt::UserRole + 1);
+    QCOMPARE(model->rowCount(), 0);
+
+    declareEntries(QStringLiteral("one.json"), {QStringLiteral("page/one")});
+    World::rescan(PluginRegistry::instance());
+    QCOMPARE(model->rowCount(), 1);
+    QVERIFY(replica.isEqual());
+
+    QRandomGenerator random(5);
+    for (int step = 0; step < 200; ++step) {
+        const QString file = QString::number(random.bounded(8)) + QStringLiteral(".json");
+        if (random.bounded(2)) {
+            declareEntries(file, {QStringLiteral("page/%1").arg(random.bounded(12)),
+                                  QStringLiteral("page/%1/below").arg(random.bounded(12)),
+                                  QStringLiteral("%1/beside").arg(random.bounded(4))});
+        } else {
+            World::removeEntries(file);
+        }
+        World::rescan(PluginRegistry::instance());
+        QVERIFY(replica.isEqual());
+        // A node that goes alone
+        TreeItem *item = PluginRegistry::instance()->getItem({QStringLiteral("page"), QString::number(random.bounded(12))});
+        if (item) {
+            item->parentItem()->removeChild(item);
+            QVERIFY(replica.isEqual());
+        }
+    }
+}
+
+void ModelContractTest::readsNothingOutsideItsRows_data()
+{
+    models();
+}
+
+void ModelContractTest::readsNothingOutsideItsRows()
+{
+    QFETCH(MakeModel, make);
+    declareEntries(QStringLiteral("x.json"), {QStringLiteral("page/a"), QStringLiteral("page/b")});
+    World::rescan(PluginRegistry::instance());
+    const Model model = make();
+    QCOMPARE(model->rowCount(), 2);
+    for (const int row : {-1, 2, 3, 1000000}) {
+        for (const int role : model->roleNames().keys()) {
+            QVERIFY(!model->data(model->index(row, 0), role).isValid());
+        }
+    }
+    for (const int role : {0, 256, 100000, -1}) {
+        QVERIFY(!model->data(model->index(0, 0), role).isValid());
+    }
+}
+
+QTEST_GUILESS_MAIN(ModelContractTest)
+#include "tst_modelcontract.moc"

@@ -1,0 +1,624 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/treeitem.h"
+
+#include "registry/fileindex.h"
+#include "world.h"
+
+#include <QElapsedTimer>
+#include <QLoggingCategory>
+#include <QMetaMethod>
+#include <QMetaProperty>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTranslator>
+
+#include <algorithm>
+
+namespace
+{
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+QStringList path(const char *joined)
+{
+    return text(joined).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+}
+
+QStringList names(const QList<TreeItem *> &items)
+{
+    QStringList names;
+    for (const TreeItem *item : items) {
+        names.append(item->name());
+    }
+    return names;
+}
+
+QVariantMap entry(const char *file, const QVariantMap &more = {})
+{
+    QVariantMap data = more;
+    data.insert(text("from_file"), text(file));
+    return data;
+}
+
+bool byName(const TreeItem *a, const TreeItem *b)
+{
+    return a->name() < b->name();
+}
+
+QStringList chain(int length)
+{
+    QStringList names;
+    names.reserve(length);
+    for (int i = 0; i < length; ++i) {
+        names.append(text("n"));
+    }
+    return names;
+}
+
+/// Answers every id in the table; what is not in it stays untranslated.
+class TableTranslator : public QTranslator
+{
+public:
+    explicit TableTranslator(const QHash<QByteArray, QString> &texts)
+        : m_texts(texts)
+    {
+        QCoreApplication::installTranslator(this);
+    }
+
+    QString translate(const char *context, const char *sourceText, const char *disambiguation, int n) const override
+    {
+        Q_UNUSED(context)
+        Q_UNUSED(disambiguation)
+        return n == -1 ? m_texts.value(sourceText) : QString();
+    }
+
+    bool isEmpty() const override
+    {
+        return false;
+    }
+
+private:
+    const QHash<QByteArray, QString> m_texts;
+};
+}
+
+class TreeItemTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsExactlyItsMembersToQml();
+    void title_data();
+    void title();
+    void readsTextsAnew();
+    void type_data();
+    void type();
+    void icons();
+    void order_data();
+    void order();
+    void countsDownToDepth();
+    void location();
+    void depth();
+    void lookup();
+    void lookupLogsOnlyWhenAsked();
+    void insertFillsIntermediateNode();
+    void insertReplacesData();
+    void insertAtEmptyPath();
+    void addChildOfSameNameReplaces();
+    void subitemsInPreOrder();
+    void subitemsOfRejectedNode();
+    void subitemsDepth();
+    void subitemsNeedComparison();
+    void itemsAtLevelEqualsFilteredSubitems();
+    void siblingsOfEqualOrderAreSortedByName();
+    void removesBottomUp();
+    void removesSubtreeWithItsTop();
+    void neverRemovesTheNodeItself();
+    void removedNodeHasLeftTheTreeWhenItDies();
+    void subtreeDiesLeavesFirst();
+    void dumpsTree();
+    void dumpsNothingByDefault();
+    void indexFollowsRandomChanges();
+    void deepPathCostsLinearTime();
+    void manySiblingsCostLinearTime();
+};
+
+void TreeItemTest::showsExactlyItsMembersToQml()
+{
+    const QMetaObject &meta = TreeItem::staticMetaObject;
+    QStringList properties;
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        QVERIFY(!property.isWritable());
+        QVERIFY(!property.hasNotifySignal());
+        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()));
+    }
+    QCOMPARE(properties, (QStringList{text("QString name"), text("QString type"), text("QString title"),
+                                      text("QString shortTitle"), text("QString icon"),
+                                      text("QString controlIcon")}));
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        methods.append(text(meta.method(i).typeName()) + QLatin1Char(' ')
+                       + QString::fromLatin1(meta.method(i).methodSignature()));
+    }
+    QCOMPARE(methods, (QStringList{text("int count(int)"), text("int count()"), text("QStringList location(TreeItem*)"),
+                                   text("QStringList location()"), text("QVariantMap data()")}));
+}
+
+void TreeItemTest::title_data()
+{
+    QTest::addColumn<QVariantMap>("data");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("shortTitle");
+
+    const QString id = text("translation_id");
+    const QString plain = text("title");
+    QTest::newRow("nothing") << QVariantMap{} << text("!!display") << QString();
+    QTest::newRow("empty title") << QVariantMap{{plain, QString()}} << text("!!display") << QString();
+    QTest::newRow("plain") << QVariantMap{{plain, text("Display")}} << text("Display") << QString();
+    QTest::newRow("id") << QVariantMap{{id, text("known")}, {plain, text("Display")}} << text("Known text") << QString();
+    QTest::newRow("unknown id") << QVariantMap{{id, text("unknown")}, {plain, text("Display")}} << text("Display")
+                                << QString();
+    QTest::newRow("empty id") << QVariantMap{{id, QString()}, {plain, text("Display")}} << text("Display") << QString();
+    QTest::newRow("unknown id alone") << QVariantMap{{id, text("unknown")}} << text("!!display") << QString();
+    QTest::newRow("short plain") << QVariantMap{{text("title_short"), text("Disp")}} << text("!!display") << text("Disp");
+    QTest::newRow("short id") << QVariantMap{{text("translation_id_short"), text("known")}} << text("!!display")
+                              << text("Known text");
+    QTest::newRow("short unknown id")
+        << QVariantMap{{text("translation_id_short"), text("unknown")}, {text("title_short"), text("Disp")}}
+        << text("!!display") << text("Disp");
+    QTest::newRow("no string") << QVariantMap{{plain, QVariantList{1}}, {id, QVariantMap{}}} << text("!!display")
+                               << QString();
+}
+
+void TreeItemTest::title()
+{
+    QFETCH(QVariantMap, data);
+    const TableTranslator translator({{"known", text("Known text")}});
+    const TreeItem item(text("display"), data);
+    QTEST(item.title(), "title");
+    QTEST(item.shortTitle(), "shortTitle");
+}
+
+void TreeItemTest::readsTextsAnew()
+{
+    const TreeItem item(text("display"), {{text("translation_id"), text("id")}, {text("title"), text("Plain")}});
+    QCOMPARE(item.title(), text("Plain"));
+    {
+        const TableTranslator translator({{"id", text("Translated")}});
+        QCOMPARE(item.title(), text("Translated"));
+    }
+    QCOMPARE(item.title(), text("Plain"));
+}
+
+void TreeItemTest::type_data()
+{
+    QTest::addColumn<QVariantMap>("data");
+    QTest::addColumn<QString>("type");
+    QTest::newRow("absent") << QVariantMap{} << text("section");
+    QTest::newRow("null") << QVariantMap{{text("type"), QVariant::fromValue(nullptr)}} << text("section");
+    QTest::newRow("given") << QVariantMap{{text("type"), text("action")}} << text("action");
+    QTest::newRow("empty") << QVariantMap{{text("type"), text("")}} << text("");
+}
+
+void TreeItemTest::type()
+{
+    QFETCH(QVariantMap, data);
+    QTEST(TreeItem(text("x"), data).type(), "type");
+}
+
+void TreeItemTest::icons()
+{
+    const TreeItem with(text("x"), {{text("icon"), text("i")}, {text("controlIcon"), text("c")}});
+    QCOMPARE(with.icon(), text("i"));
+    QCOMPARE(with.controlIcon(), text("c"));
+    const TreeItem without(text("x"), {});
+    QCOMPARE(without.icon(), QString());
+    QCOMPARE(without.controlIcon(), QString());
+}
+
+void TreeItemTest::order_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<int>("order");
+    QTest::newRow("missing") << QVariant() << 100;
+    QTest::newRow("null") << QVariant::fromValue(nullptr) << 100;
+    QTest::newRow("number") << QVariant(7.0) << 7;
+    QTest::newRow("negative") << QVariant(-7.0) << -7;
+    QTest::newRow("numeric text") << QVariant(text("12")) << 12;
+    QTest::newRow("other text") << QVariant(text("first")) << 0;
+    QTest::newRow("boolean") << QVariant(true) << 1;
+}
+
+void TreeItemTest::order()
+{
+    QFETCH(QVariant, value);
+    QVariantMap data;
+    if (value.isValid()) {
+        data.insert(text("order"), value);
+    }
+    QTEST(TreeItem(text("x"), data).order(), "order");
+}
+
+void TreeItemTest::countsDownToDepth()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b/c"), {});
+    root.insertItem(path("a/d"), {});
+    root.insertItem(path("e"), {});
+    QCOMPARE(root.count(0), 0);
+    QCOMPARE(root.count(1), 2);
+    QCOMPARE(root.count(), root.count(1));
+    QCOMPARE(root.count(2), 4);
+    QCOMPARE(root.count(3), 5);
+    QCOMPARE(root.count(99), 5);
+    QCOMPARE(root.count(-1), 5);
+    QCOMPARE(root.lookup(path("e"))->count(-1), 0);
+}
+
+void TreeItemTest::location()
+{
+    TreeItem root({}, {});
+    TreeItem *c = root.insertItem(path("a/b/c"), {});
+    TreeItem *a = root.lookup(path("a"));
+    TreeItem *other = root.insertItem(path("other"), {});
+    QCOMPARE(root.location(), QStringList());
+    QCOMPARE(a->location(), path("a"));
+    QCOMPARE(c->location(), path("a/b/c"));
+    QCOMPARE(c->location(a), path("b/c"));
+    QCOMPARE(c->location(&root), path("a/b/c"));
+    QCOMPARE(c->location(c), QStringList());
+    QCOMPARE(c->location(other), path("a/b/c"));
+}
+
+void TreeItemTest::depth()
+{
+    TreeItem root({}, {});
+    TreeItem *c = root.insertItem(path("a/b/c"), {});
+    QCOMPARE(c->depth(c), 0);
+    QCOMPARE(c->depth(c->parentItem()), 1);
+    QCOMPARE(c->depth(&root), 3);
+    // The root is a step, too, when nothing stops before it.
+    QCOMPARE(root.lookup(path("a"))->depth(nullptr), 2);
+    QCOMPARE(root.depth(nullptr), 1);
+    QCOMPARE(c->depth(root.insertItem(path("other"), {})), 4);
+}
+
+void TreeItemTest::lookup()
+{
+    TreeItem root({}, {});
+    TreeItem *c = root.insertItem(path("a/b/c"), {});
+    root.insertItem(path("c"), {});
+    QCOMPARE(root.lookup({}), &root);
+    QCOMPARE(root.lookup(path("a/b/c")), c);
+    QCOMPARE(root.lookup(path("a/missing/c")), nullptr);
+    QCOMPARE(root.lookup(path("missing")), nullptr);
+    QCOMPARE(root.lookup(path("A/b/c")), nullptr);
+    QCOMPARE(root.lookup({text("a"), QString()}), nullptr);
+}
+
+void TreeItemTest::lookupLogsOnlyWhenAsked()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b"), {});
+    QTest::ignoreMessage(QtInfoMsg, "lookup item path: (\"a\", \"x\")");
+    QTest::ignoreMessage(QtInfoMsg, "child keys: (\"a\")");
+    QTest::ignoreMessage(QtInfoMsg, "child keys: (\"b\")");
+    QLoggingCategory::setFilterRules(text("org.orvantaos.settings.framework.info=true"));
+    QCOMPARE(root.lookup(path("a/x")), nullptr);
+    QLoggingCategory::setFilterRules({});
+    // Nothing is expected now, and a message would be a warning of the test.
+    QCOMPARE(root.lookup(path("a/x")), nullptr);
+}
+
+void TreeItemTest::insertFillsIntermediateNode()
+{
+    TreeItem root({}, {});
+    TreeItem *c = root.insertItem(path("a/b/c"), entry("one.json"));
+    TreeItem *b = root.lookup(path("a/b"));
+    QVERIFY(b->data().isEmpty());
+    QVERIFY(!b->isDeclared());
+    QCOMPARE(b->title(), text("!!b"));
+    QCOMPARE(root.insertItem(path("a/b"), entry("two.json")), b);
+    QCOMPARE(b->fromFile(), text("two.json"));
+    QCOMPARE(root.lookup(path("a/b/c")), c);
+}
+
+void TreeItemTest::insertReplacesData()
+{
+    TreeItem root({}, {});
+    TreeItem *a = root.insertItem(path("a"), entry("one.json", {{text("title"), text("One")}, {text("order"), 3.0}}));
+    root.insertItem(path("a"), entry("two.json", {{text("icon"), text("i")}}));
+    QCOMPARE(a->data(), entry("two.json", {{text("icon"), text("i")}}));
+    QCOMPARE(a->order(), 100);
+    QCOMPARE(root.count(), 1);
+}
+
+void TreeItemTest::insertAtEmptyPath()
+{
+    TreeItem root({}, {});
+    QCOMPARE(root.insertItem({}, entry("one.json")), &root);
+    QCOMPARE(root.fromFile(), text("one.json"));
+    QCOMPARE(root.count(-1), 0);
+}
+
+void TreeItemTest::addChildOfSameNameReplaces()
+{
+    TreeItem root({}, {});
+    auto *first = new TreeItem(text("a"), {});
+    auto *second = new TreeItem(text("a"), {});
+    root.addChild(first);
+    root.addChild(second);
+    QCOMPARE(root.lookup(path("a")), second);
+    QCOMPARE(second->parentItem(), &root);
+    QCOMPARE(root.count(), 1);
+    delete first; // it was left to its maker
+}
+
+void TreeItemTest::subitemsInPreOrder()
+{
+    TreeItem root({}, {});
+    for (const char *joined : {"b/y", "b/x", "a/z/deep", "a/w", "c"}) {
+        root.insertItem(path(joined), {});
+    }
+    QCOMPARE(names(root.getSubitems(byName, 2)), path("a/w/z/b/x/y/c"));
+    QCOMPARE(names(root.getSubitems([](const TreeItem *a, const TreeItem *b) { return a->name() > b->name(); }, -1)),
+             path("c/b/y/x/a/z/deep/w"));
+}
+
+void TreeItemTest::subitemsOfRejectedNode()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b/c"), {});
+    root.insertItem(path("d"), {});
+    const auto accepts = [](const TreeItem *item) { return item->name() == text("c") || item->name() == text("d"); };
+    QCOMPARE(names(root.getSubitems(byName, accepts, -1)), path("c/d"));
+    QCOMPARE(names(root.getSubitems(byName, accepts, 2)), path("d"));
+}
+
+void TreeItemTest::subitemsDepth()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b/c"), {});
+    QCOMPARE(root.getSubitems(byName, 0), QList<TreeItem *>());
+    QCOMPARE(names(root.getSubitems(byName, 1)), path("a"));
+    QCOMPARE(names(root.getSubitems(byName, 2)), path("a/b"));
+    QCOMPARE(names(root.getSubitems(byName, -1)), path("a/b/c"));
+}
+
+void TreeItemTest::subitemsNeedComparison()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a"), {});
+    root.insertItem(path("b"), {});
+    QVERIFY_EXCEPTION_THROWN(root.getSubitems({}, 1), std::bad_function_call);
+    QCOMPARE(root.getSubitems({}, 0), QList<TreeItem *>());
+}
+
+void TreeItemTest::itemsAtLevelEqualsFilteredSubitems()
+{
+    QRandomGenerator random(7);
+    TreeItem root({}, {});
+    for (int i = 0; i < 300; ++i) {
+        QStringList where;
+        for (int length = random.bounded(1, 6); length > 0; --length) {
+            where.append(QString::number(random.bounded(6)));
+        }
+        root.insertItem(where, {{text("order"), random.bounded(4)}});
+    }
+    for (int level = -1; level <= 7; ++level) {
+        const auto isAtLevel = [&](const TreeItem *item) { return item->depth(&root) == level; };
+        QCOMPARE(root.itemsAtLevel(TreeItem::orderLessThan, level),
+                 root.getSubitems(TreeItem::orderLessThan, isAtLevel, level));
+    }
+}
+
+void TreeItemTest::siblingsOfEqualOrderAreSortedByName()
+{
+    TreeItem root({}, {});
+    for (int i = 99; i >= 10; --i) {
+        root.insertItem({QString::number(i)}, {});
+    }
+    root.insertItem(path("last"), {{text("order"), 101.0}});
+    root.insertItem(path("zfirst"), {{text("order"), 99.0}});
+    const QStringList sorted = names(root.getSubitems(TreeItem::orderLessThan, 1));
+    QCOMPARE(sorted.first(), text("zfirst"));
+    QCOMPARE(sorted.last(), text("last"));
+    const QStringList middle = sorted.mid(1, 90);
+    QVERIFY(std::is_sorted(middle.cbegin(), middle.cend()));
+}
+
+void TreeItemTest::removesBottomUp()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b/c"), {});
+    root.insertItem(path("keep"), entry("one.json"));
+    QStringList asked;
+    root.removeItems([&asked](const TreeItem *item) {
+        asked.append(item->name());
+        return item->count() == 0 && !item->isDeclared();
+    });
+    QCOMPARE(World::paths(&root), path("keep"));
+    // A parent is asked after it has lost its child.
+    QVERIFY(asked.indexOf(text("c")) < asked.indexOf(text("b")));
+    QVERIFY(asked.indexOf(text("b")) < asked.indexOf(text("a")));
+}
+
+void TreeItemTest::removesSubtreeWithItsTop()
+{
+    TreeItem root({}, {});
+    const QPointer<TreeItem> c = root.insertItem(path("a/b/c"), {});
+    root.insertItem(path("d"), {});
+    root.removeItems([](const TreeItem *item) { return item->name() == text("a"); });
+    QVERIFY(!c);
+    QCOMPARE(World::paths(&root), path("d"));
+}
+
+void TreeItemTest::neverRemovesTheNodeItself()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b"), {});
+    const QPointer<TreeItem> a = root.lookup(path("a"));
+    a->removeItems([](const TreeItem *) { return true; });
+    QVERIFY(a);
+    QCOMPARE(World::paths(&root), path("a"));
+}
+
+void TreeItemTest::removedNodeHasLeftTheTreeWhenItDies()
+{
+    TreeItem root({}, {});
+    TreeItem *b = root.insertItem(path("a/b"), {});
+    TreeItem *seen = &root;
+    connect(b, &QObject::destroyed, this, [&] { seen = root.lookup(path("a/b")); });
+    root.lookup(path("a"))->removeChild(b);
+    QCOMPARE(seen, nullptr);
+}
+
+void TreeItemTest::subtreeDiesLeavesFirst()
+{
+    TreeItem root({}, {});
+    QStringList died;
+    for (const char *joined : {"a", "a/b", "a/b/c", "a/b/d"}) {
+        TreeItem *item = root.insertItem(path(joined), {});
+        const QString name = item->name();
+        connect(item, &QObject::destroyed, this, [&, name] {
+            died.append(name);
+            // Whoever listens may look at what is left.
+            QVERIFY(World::brokenInvariants(&root).isEmpty());
+        });
+    }
+    root.removeChild(root.lookup(path("a")));
+    QCOMPARE(died.mid(2), path("b/a"));
+    QCOMPARE(root.count(), 0);
+}
+
+void TreeItemTest::dumpsTree()
+{
+    TreeItem root({}, {});
+    root.insertItem(path("a/b"), {{text("title"), text("B")}});
+    QLoggingCategory::setFilterRules(text("org.orvantaos.settings.framework.info=true"));
+    QTest::ignoreMessage(QtInfoMsg, QRegularExpression(text("^0 key: \"a\" data: ")));
+    QTest::ignoreMessage(QtInfoMsg, QRegularExpression(text("^1 key: \"b\" data: .*\"title\"")));
+    root.dumpTree(0);
+    QLoggingCategory::setFilterRules({});
+}
+
+void TreeItemTest::dumpsNothingByDefault()
+{
+    static int messages;
+    messages = 0;
+    const auto previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++messages; });
+    TreeItem root({}, {});
+    root.insertItem(path("a/b"), {});
+    root.dumpTree(0);
+    root.lookup(path("a/b"));
+    qInstallMessageHandler(previous);
+    QCOMPARE(messages, 0);
+}
+
+// The index must answer what a walk over the whole tree would, after any change made through any node.
+void TreeItemTest::indexFollowsRandomChanges()
+{
+    QRandomGenerator random(42);
+    FileIndex index;
+    TreeItem root({}, {});
+    root.insertItem(path("made/before"), entry("0"));
+    root.setIndex(&index);
+    for (int step = 0; step < 3000; ++step) {
+        QStringList where;
+        for (int length = random.bounded(1, 5); length > 0; --length) {
+            where.append(QString::number(random.bounded(4)));
+        }
+        const QVariantMap data = random.bounded(3) ? entry(qPrintable(QString::number(random.bounded(4)))) : QVariantMap();
+        switch (random.bounded(4)) {
+        case 0:
+            if (TreeItem *item = root.lookup(where)) {
+                item->parentItem()->removeChild(item);
+            }
+            break;
+        case 1:
+            if (TreeItem *item = root.lookup(where); item && item->count() == 0) {
+                auto *subtree = new TreeItem(text("sub"), data);
+                subtree->insertItem(path("x/y"), data);
+                item->addChild(subtree);
+            }
+            break;
+        default:
+            root.insertItem(where, data);
+        }
+
+        const QString file = QString::number(random.bounded(4));
+        QSet<const TreeItem *> found;
+        for (const QPointer<TreeItem> &item : index.removableWith({file})) {
+            QVERIFY(item);
+            found.insert(item);
+        }
+        QSet<const TreeItem *> expected;
+        for (const TreeItem *item : root.getSubitems(byName, -1)) {
+            if (item->isDeclared() ? item->fromFile() == file : item->count() == 0) {
+                expected.insert(item);
+            }
+        }
+        QCOMPARE(found, expected);
+        QCOMPARE(World::brokenInvariants(&root), QStringList());
+    }
+}
+
+void TreeItemTest::deepPathCostsLinearTime()
+{
+    // Quadratic work would take 100 times as long for 10 times the length, and recursion would end the process.
+    const auto work = [](int length) {
+        const QStringList deep = chain(length);
+        QElapsedTimer timer;
+        timer.start();
+        FileIndex index;
+        TreeItem root({}, {});
+        root.setIndex(&index);
+        TreeItem *leaf = root.insertItem(deep, entry("one.json"));
+        const bool right = root.lookup(deep) == leaf && leaf->location() == deep && root.count(-1) == length
+            && root.getSubitems(byName, -1).size() == length && leaf->depth(&root) == length
+            && root.itemsAtLevel(byName, length) == QList<TreeItem *>{leaf};
+        root.removeItems([](const TreeItem *item) { return item->count() == 0; });
+        const bool empty = root.count() == 0;
+        root.insertItem(deep, {});
+        root.removeChild(root.lookup({deep.first()}));
+        return right && empty ? timer.nsecsElapsed() : -1;
+    };
+    const qint64 small = work(100000);
+    QVERIFY(small > 0);
+    const qint64 large = work(1000000);
+    QVERIFY(large > 0);
+    QVERIFY2(large < 40 * small, qPrintable(QString::number(double(large) / small)));
+}
+
+void TreeItemTest::manySiblingsCostLinearTime()
+{
+    const auto work = [](int count) {
+        QElapsedTimer timer;
+        timer.start();
+        FileIndex index;
+        TreeItem root({}, {});
+        root.setIndex(&index);
+        TreeItem *parent = root.insertItem(path("p"), entry("p.json"));
+        for (int i = 0; i < count; ++i) {
+            parent->insertItem({QString::number(i)}, entry("one.json"));
+        }
+        const bool complete = root.getSubitems(TreeItem::orderLessThan, -1).size() == count + 1;
+        root.removeItems([](const TreeItem *item) { return item->count() == 0; });
+        return complete && root.count() == 0 ? timer.nsecsElapsed() : -1;
+    };
+    const qint64 small = work(10000);
+    QVERIFY(small > 0);
+    const qint64 large = work(100000);
+    QVERIFY(large > 0);
+    QVERIFY2(large < 40 * small, qPrintable(QString::number(double(large) / small)));
+}
+
+QTEST_GUILESS_MAIN(TreeItemTest)
+#include "tst_treeitem.moc"
