@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <gio/gio.h>
+
 #include <memory>
 
 /// What needs a process of its own, in a world with a home, a runtime directory and bus addresses of its own.
@@ -162,6 +164,15 @@ static bool isTakenBack(const QSignalSpy &spy, const MGConfItem &item, const QVa
     return item.value() == value && spy.count() % 2 == 0;
 }
 
+/// Whether the connection that all of the process shares is told not to take the process with it.
+static bool outlivesItsBus()
+{
+    GDBusConnection *bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+    const bool outlives = bus && !g_dbus_connection_get_exit_on_close(bus);
+    g_clear_object(&bus);
+    return outlives;
+}
+
 /// What the end of the bus does to the process happens in its event loop, which runs here while a program does.
 static void outliveTheBus()
 {
@@ -179,6 +190,7 @@ void World::busDies()
     item.set(QStringLiteral("kept"));
     settle();
     QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("'kept'"));
+    QTRY_VERIFY(outlivesItsBus());
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
 
     bus.kill();
@@ -198,6 +210,7 @@ void World::busDiesUnused()
     Bus bus;
     MGConfItem item(QStringLiteral("/test/key"));
     QTRY_VERIFY(isWatched(item.key()));
+    QTRY_VERIFY(outlivesItsBus());
     bus.kill();
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
     item.set(1);
