@@ -16,7 +16,7 @@ packages=(
     # the demo
     qttools5-dev qttools5-dev-tools libqt5svg5 qml-module-org-kde-kirigami2 qml-module-qtquick2
     qml-module-qtquick-controls2 qml-module-qtquick-layouts qml-module-qtquick-templates2 qml-module-qtquick-window2
-    qml-module-qtgraphicaleffects qtquickcontrols2-5-dev breeze-icon-theme fonts-noto-core
+    qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core
     # tests and benchmarks
     qml-module-qttest strace libbenchmark-dev
 )

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import org.kde.kirigami 2.19 as Kirigami
+
+/// One row's share of a card with round corners: only the first and the last row show them.
+Item {
+    id: share
+
+    property bool first: true
+    property bool last: true
+    property color color: Kirigami.Theme.backgroundColor
+
+    readonly property int radius: Kirigami.Units.largeSpacing
+
+    clip: true
+
+    Rectangle {
+        anchors {
+            fill: parent
+            topMargin: share.first ? 0 : -share.radius
+            bottomMargin: share.last ? 0 : -share.radius
+        }
+        radius: share.radius
+        color: share.color
+    }
+}

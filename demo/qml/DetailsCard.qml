@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import org.kde.kirigami 2.19 as Kirigami
+
+/// A card of labelled values. Without rows it is not there.
+Column {
+    id: card
+
+    property alias heading: headingLabel.text
+    property alias rows: repeater.model
+
+    visible: repeater.count > 0
+    spacing: Kirigami.Units.smallSpacing
+
+    Controls.Label {
+        id: headingLabel
+        x: Kirigami.Units.largeSpacing
+        font.bold: true
+        color: Kirigami.Theme.linkColor
+    }
+
+    Controls.Control {
+        width: card.width
+        leftPadding: Kirigami.Units.largeSpacing
+        rightPadding: Kirigami.Units.largeSpacing
+        topPadding: Kirigami.Units.largeSpacing
+        bottomPadding: Kirigami.Units.largeSpacing
+
+        background: CardBackground {
+            Kirigami.Theme.colorSet: Kirigami.Theme.View
+            Kirigami.Theme.inherit: false
+        }
+
+        contentItem: Column {
+            spacing: Kirigami.Units.largeSpacing
+
+            Repeater {
+                id: repeater
+
+                Item {
+                    width: parent.width
+                    height: Math.max(name.height, value.height)
+
+                    SecondaryLabel {
+                        id: name
+                        width: Kirigami.Units.gridUnit * 7
+                        text: modelData.label
+                    }
+                    Controls.Label {
+                        id: value
+                        anchors {
+                            left: name.right
+                            right: parent.right
+                            leftMargin: Kirigami.Units.largeSpacing
+                        }
+                        text: modelData.value
+                        wrapMode: Text.Wrap
+                    }
+                }
+            }
+        }
+    }
+}

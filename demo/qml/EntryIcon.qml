@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import org.kde.kirigami 2.19 as Kirigami
+
+/// An entry's icon in one colour on a tinted tile. Of the icon theme's sizes, this one is drawn for one colour.
+Rectangle {
+    property alias source: icon.source
+
+    implicitWidth: Math.round(icon.width * 1.7)
+    implicitHeight: implicitWidth
+    radius: Kirigami.Units.largeSpacing
+    color: Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor, Kirigami.Theme.highlightColor, 0.15)
+
+    Kirigami.Icon {
+        id: icon
+        anchors.centerIn: parent
+        width: Kirigami.Units.iconSizes.smallMedium
+        height: width
+        isMask: true
+        color: Kirigami.Theme.linkColor
+    }
+}

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings 1.0
+
+/// The entries depth levels below path; deeper than one level they are grouped by their category.
+Kirigami.ScrollablePage {
+    id: page
+
+    property var path
+    property var entry
+    property int depth: 1
+    property bool isTop: false
+    readonly property int column: Kirigami.ColumnView.index
+    readonly property string openPath: applicationWindow().pathNextTo(column)
+    readonly property int openRow: {
+        for (let row = 0; row < entries.count; ++row) {
+            if (entries.objectAt(row).location().join("/") === openPath) {
+                return row
+            }
+        }
+        return -1
+    }
+    readonly property SettingsModel entries: SettingsModel {
+        path: page.path
+        depth: page.depth
+    }
+
+    title: entry.title
+    Kirigami.ColumnView.reservedSpace: applicationWindow().spaceBefore(column)
+    Kirigami.Theme.colorSet: Kirigami.Theme.Window
+    Kirigami.Theme.inherit: false
+
+    actions.main: Kirigami.Action {
+        visible: !page.isTop
+        icon.name: "documentinfo"
+        text: qsTrId("settings-bt-details")
+        onTriggered: applicationWindow().openDetails(page.path, page.column)
+    }
+    actions.right: Kirigami.Action {
+        visible: page.isTop
+        icon.name: "application-menu"
+        text: qsTrId("settings-he-files")
+        displayHint: Kirigami.DisplayHint.IconOnly
+        onTriggered: applicationWindow().setDrawerOpen(!applicationWindow().contextDrawer.drawerOpen)
+    }
+
+    ListView {
+        id: list
+        model: page.entries
+        // Makes all rows at once: a list only estimates the heights of rows that it has not made yet.
+        cacheBuffer: 4000
+        currentIndex: page.openRow
+        highlightMoveDuration: 0
+        // The row that was tapped stays in sight when its page takes room from the list.
+        onWidthChanged: positionViewAtIndex(currentIndex, ListView.Center)
+        section.property: "category"
+        topMargin: Kirigami.Units.largeSpacing
+        bottomMargin: Kirigami.Units.largeSpacing
+        delegate: EntryRow {
+            width: ListView.view.width
+            showsCategory: page.depth > 1
+            column: page.column
+        }
+
+        SecondaryLabel {
+            anchors.centerIn: parent
+            width: parent.width - Kirigami.Units.gridUnit * 4
+            horizontalAlignment: Text.AlignHCenter
+            visible: page.entries.count === 0
+            text: qsTrId("settings-la-no_entries")
+        }
+    }
+}

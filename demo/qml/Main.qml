@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings 1.0
+
+Kirigami.ApplicationWindow {
+    id: window
+
+    property bool wide: false
+    property bool animated: true
+
+    readonly property var topPath: ["system_settings"]
+    readonly property int openPages: pageStack.depth
+    readonly property int topRows: topPage.entries.count
+    readonly property bool settled: !pageStack.columnView.moving && !drawer.animating
+                                    && drawer.position === (drawer.drawerOpen ? 1 : 0)
+
+    title: qsTrId("settings-he-settings")
+    width: wide ? 1180 : 412
+    height: wide ? 760 : 870
+    minimumWidth: Kirigami.Units.gridUnit * 16
+    minimumHeight: Kirigami.Units.gridUnit * 20
+
+    pageStack.globalToolBar.style: Kirigami.ApplicationHeaderStyle.ToolBar
+    pageStack.globalToolBar.showNavigationButtons: Kirigami.ApplicationHeaderStyle.ShowBackButton
+    pageStack.defaultColumnWidth: Kirigami.Units.gridUnit * 17
+    pageStack.initialPage: EntryListPage {
+        id: topPage
+        isTop: true
+        path: window.topPath
+        entry: ({title: window.title})
+        depth: 2
+    }
+
+    Component.onCompleted: {
+        if (!animated) {
+            Kirigami.Units.veryLongDuration = 0
+            Kirigami.Units.longDuration = 0
+            Kirigami.Units.shortDuration = 0
+            Kirigami.Units.veryShortDuration = 0
+        }
+    }
+
+    function entryAt(path) {
+        return tree.objectForPath(path.join("/"))
+    }
+
+    /// What a page shows of its entry. A copy: a page that closes may outlive the entry.
+    function described(path) {
+        const entry = entryAt(path)
+        return {
+            name: entry.name,
+            title: entry.title,
+            shortTitle: entry.shortTitle,
+            icon: entry.icon,
+            type: entry.type,
+            location: path.map((name, index) => entryAt(path.slice(0, index + 1)).title).join(" › "),
+            registration: entry.data()
+        }
+    }
+
+    /// Shows the page of the entry at path in the column next to the given one.
+    function openEntry(path, column) {
+        openPage(entryAt(path).count() > 0 ? "EntryListPage.qml" : "DetailsPage.qml", path, column)
+    }
+
+    function openDetails(path, column) {
+        openPage("DetailsPage.qml", path, column)
+    }
+
+    function openPage(page, path, column) {
+        pageStack.pop(pageStack.get(column))
+        pageStack.push(Qt.resolvedUrl(page), {path: path, entry: described(path)})
+    }
+
+    /// Shows the entry at path with the pages above it, as if the user had walked there. Categories have no page of
+    /// their own on that way.
+    function showEntry(path, details) {
+        pageStack.pop(topPage)
+        topPage.flickable.positionViewAtBeginning()
+        for (let length = Math.min(path.length, 3); length > 1 && length <= path.length; ++length) {
+            openEntry(path.slice(0, length), pageStack.depth - 1)
+        }
+        if (details) {
+            openDetails(path, pageStack.depth - 1)
+        }
+    }
+
+    function setDrawerOpen(open) {
+        drawer.drawerOpen = open
+    }
+
+    /// What a page leaves to the two pages at most that stay in sight before it.
+    function spaceBefore(column) {
+        const columns = Math.min(column, 2, Math.floor(pageStack.width / pageStack.defaultColumnWidth) - 1)
+        return columns * pageStack.defaultColumnWidth
+    }
+
+    /// Scrolls the top page and the drawer. Whether that is the real end: where it is depends on the heights of rows
+    /// that are made on the way there.
+    function scrollToEnd() {
+        return [topPage.flickable, drawer.list].map(scrollListToEnd).every(reached => reached)
+    }
+
+    function scrollListToEnd(list) {
+        const endIsKnown = list.itemAtIndex(list.count - 1) !== null
+        list.contentY = list.originY + list.contentHeight + list.bottomMargin - list.height
+        return endIsKnown
+    }
+
+    /// The path of the page in the column after the given one, as a string. Empty when that page is not in sight.
+    function pathNextTo(column) {
+        const isInSight = pageStack.wideMode && column + 1 < pageStack.depth
+        return isInSight ? pageStack.get(column + 1).path.join("/") : ""
+    }
+
+    function closeVanishedPages() {
+        for (let column = 1; column < pageStack.depth; ++column) {
+            if (!entryAt(pageStack.get(column).path)) {
+                pageStack.pop(pageStack.get(column - 1))
+                return
+            }
+        }
+    }
+
+    SettingsModel {
+        id: tree
+        depth: 1
+        onModelReset: window.closeVanishedPages()
+    }
+
+    contextDrawer: DeveloperDrawer {
+        id: drawer
+        modal: window.width < pageStack.defaultColumnWidth * 2
+        width: Math.min(Kirigami.Units.gridUnit * 19, window.width - Kirigami.Units.gridUnit * 2)
+    }
+}

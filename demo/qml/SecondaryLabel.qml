@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+
+Controls.Label {
+    wrapMode: Text.Wrap
+    opacity: 0.7
+}

@@ -1,0 +1,13 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-FileCopyrightText: 2026 The libvelkasettings authors -->
+<!-- SPDX-License-Identifier: LGPL-2.1-or-later -->
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="messages-he-messages">
+        <source>Messages</source>
+        <translation>Messages</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,192 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-FileCopyrightText: 2026 The libvelkasettings authors -->
+<!-- SPDX-License-Identifier: LGPL-2.1-or-later -->
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="settings-he-settings">
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="settings-he-connectivity">
+        <source>Connectivity</source>
+        <translation>Verbindungen</translation>
+    </message>
+    <message id="settings-he-look">
+        <source>Look and feel</source>
+        <translation>Anzeige und Ton</translation>
+    </message>
+    <message id="settings-he-people">
+        <source>People and apps</source>
+        <translation>Konten und Apps</translation>
+    </message>
+    <message id="settings-he-security">
+        <source>Security</source>
+        <translation>Sicherheit und Datenschutz</translation>
+    </message>
+    <message id="settings-he-device">
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message numerus="yes" id="settings-la-entries">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n Eintrag</numerusform>
+            <numerusform>%n Einträge</numerusform>
+        </translation>
+    </message>
+    <message id="settings-bt-details">
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message id="settings-la-no_entries">
+        <source>No entries</source>
+        <translation>Hier gibt es keine Einstellungen</translation>
+    </message>
+    <message id="settings-la-short_title">
+        <source>Short title</source>
+        <translation>Kurztitel</translation>
+    </message>
+    <message id="settings-la-type">
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message id="settings-la-location">
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message id="settings-la-order">
+        <source>Order</source>
+        <translation>Reihenfolge</translation>
+    </message>
+    <message id="settings-la-file">
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message id="settings-la-path">
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message id="settings-la-title_id">
+        <source>Translation ID</source>
+        <translation>Titel-ID</translation>
+    </message>
+    <message id="settings-la-short_title_id">
+        <source>Short translation ID</source>
+        <translation>Kurztitel-ID</translation>
+    </message>
+    <message id="settings-la-plain_title">
+        <source>Plain title</source>
+        <translation>Titel ohne ID</translation>
+    </message>
+    <message id="settings-la-icon">
+        <source>Icon</source>
+        <translation>Symbol</translation>
+    </message>
+    <message id="settings-la-control_icon">
+        <source>Control icon</source>
+        <translation>Bediensymbol</translation>
+    </message>
+    <message id="settings-la-favorite">
+        <source>Favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message id="settings-la-source">
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message id="settings-la-target">
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message id="settings-la-service">
+        <source>D-Bus service</source>
+        <translation>D-Bus-Dienst</translation>
+    </message>
+    <message id="settings-la-interface">
+        <source>D-Bus interface</source>
+        <translation>D-Bus-Schnittstelle</translation>
+    </message>
+    <message id="settings-la-object">
+        <source>D-Bus object</source>
+        <translation>D-Bus-Objekt</translation>
+    </message>
+    <message id="settings-la-method">
+        <source>D-Bus method</source>
+        <translation>D-Bus-Methode</translation>
+    </message>
+    <message id="settings-la-arguments">
+        <source>Arguments</source>
+        <translation>Argumente</translation>
+    </message>
+    <message id="settings-la-package">
+        <source>Package</source>
+        <translation>Paket</translation>
+    </message>
+    <message id="settings-la-yes">
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message id="settings-la-no">
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message id="settings-he-registration">
+        <source>Registration</source>
+        <translation>Registrierung</translation>
+    </message>
+    <message id="settings-he-parameters">
+        <source>Params</source>
+        <translation>Parameter</translation>
+    </message>
+    <message id="settings-bt-mask">
+        <source>Mask</source>
+        <translation>Eintrag ausblenden</translation>
+    </message>
+    <message id="settings-bt-unmask">
+        <source>Unmask</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message id="settings-bt-hide">
+        <source>Mask file</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message id="settings-he-files">
+        <source>Registration files</source>
+        <translation>Registrierungsdateien</translation>
+    </message>
+    <message id="settings-la-files_help">
+        <source>Install, remove or mask files</source>
+        <translation>Einträge von Paketen hinzufügen, entfernen oder ausblenden; das Fenster folgt.</translation>
+    </message>
+    <message id="settings-he-masked_paths">
+        <source>Masked paths</source>
+        <translation>Ausgeblendete Pfade</translation>
+    </message>
+    <message id="settings-la-nothing_masked">
+        <source>Nothing is masked</source>
+        <translation>Nichts ist ausgeblendet</translation>
+    </message>
+    <message id="settings-la-not_installed">
+        <source>Not installed</source>
+        <translation>Nicht installiert</translation>
+    </message>
+    <message id="settings-la-loading">
+        <source>Waiting for scan</source>
+        <translation>Wird geladen …</translation>
+    </message>
+    <message id="settings-la-all_masked">
+        <source>All masked</source>
+        <translation>Alles ausgeblendet</translation>
+    </message>
+    <message id="settings-la-requires_group">
+        <source>Hidden: not in group %1</source>
+        <translation>Nur für die Gruppe %1</translation>
+    </message>
+    <message id="settings-la-disabled_for_group">
+        <source>Hidden: in group %1</source>
+        <translation>Nicht für die Gruppe %1</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,192 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-FileCopyrightText: 2026 The libvelkasettings authors -->
+<!-- SPDX-License-Identifier: LGPL-2.1-or-later -->
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="settings-he-settings">
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message id="settings-he-connectivity">
+        <source>Connectivity</source>
+        <translation>Connectivity</translation>
+    </message>
+    <message id="settings-he-look">
+        <source>Look and feel</source>
+        <translation>Display and sound</translation>
+    </message>
+    <message id="settings-he-people">
+        <source>People and apps</source>
+        <translation>Accounts and apps</translation>
+    </message>
+    <message id="settings-he-security">
+        <source>Security</source>
+        <translation>Security and privacy</translation>
+    </message>
+    <message id="settings-he-device">
+        <source>Device</source>
+        <translation>Device</translation>
+    </message>
+    <message numerus="yes" id="settings-la-entries">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n entry</numerusform>
+            <numerusform>%n entries</numerusform>
+        </translation>
+    </message>
+    <message id="settings-bt-details">
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message id="settings-la-no_entries">
+        <source>No entries</source>
+        <translation>There are no settings here</translation>
+    </message>
+    <message id="settings-la-short_title">
+        <source>Short title</source>
+        <translation>Short title</translation>
+    </message>
+    <message id="settings-la-type">
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message id="settings-la-location">
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message id="settings-la-order">
+        <source>Order</source>
+        <translation>Order</translation>
+    </message>
+    <message id="settings-la-file">
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message id="settings-la-path">
+        <source>Path</source>
+        <translation>Path</translation>
+    </message>
+    <message id="settings-la-title_id">
+        <source>Translation ID</source>
+        <translation>Title ID</translation>
+    </message>
+    <message id="settings-la-short_title_id">
+        <source>Short translation ID</source>
+        <translation>Short title ID</translation>
+    </message>
+    <message id="settings-la-plain_title">
+        <source>Plain title</source>
+        <translation>Plain title</translation>
+    </message>
+    <message id="settings-la-icon">
+        <source>Icon</source>
+        <translation>Icon</translation>
+    </message>
+    <message id="settings-la-control_icon">
+        <source>Control icon</source>
+        <translation>Control icon</translation>
+    </message>
+    <message id="settings-la-favorite">
+        <source>Favorite</source>
+        <translation>Favourite</translation>
+    </message>
+    <message id="settings-la-source">
+        <source>Source</source>
+        <translation>Source</translation>
+    </message>
+    <message id="settings-la-target">
+        <source>Target</source>
+        <translation>Target</translation>
+    </message>
+    <message id="settings-la-service">
+        <source>D-Bus service</source>
+        <translation>D-Bus service</translation>
+    </message>
+    <message id="settings-la-interface">
+        <source>D-Bus interface</source>
+        <translation>D-Bus interface</translation>
+    </message>
+    <message id="settings-la-object">
+        <source>D-Bus object</source>
+        <translation>D-Bus object</translation>
+    </message>
+    <message id="settings-la-method">
+        <source>D-Bus method</source>
+        <translation>D-Bus method</translation>
+    </message>
+    <message id="settings-la-arguments">
+        <source>Arguments</source>
+        <translation>Arguments</translation>
+    </message>
+    <message id="settings-la-package">
+        <source>Package</source>
+        <translation>Package</translation>
+    </message>
+    <message id="settings-la-yes">
+        <source>Yes</source>
+        <translation>Yes</translation>
+    </message>
+    <message id="settings-la-no">
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message id="settings-he-registration">
+        <source>Registration</source>
+        <translation>Registration</translation>
+    </message>
+    <message id="settings-he-parameters">
+        <source>Params</source>
+        <translation>Parameters</translation>
+    </message>
+    <message id="settings-bt-mask">
+        <source>Mask</source>
+        <translation>Hide this entry</translation>
+    </message>
+    <message id="settings-bt-unmask">
+        <source>Unmask</source>
+        <translation>Show</translation>
+    </message>
+    <message id="settings-bt-hide">
+        <source>Mask file</source>
+        <translation>Hide</translation>
+    </message>
+    <message id="settings-he-files">
+        <source>Registration files</source>
+        <translation>Registration files</translation>
+    </message>
+    <message id="settings-la-files_help">
+        <source>Install, remove or mask files</source>
+        <translation>Add, remove or hide what packages register; the window follows.</translation>
+    </message>
+    <message id="settings-he-masked_paths">
+        <source>Masked paths</source>
+        <translation>Hidden paths</translation>
+    </message>
+    <message id="settings-la-nothing_masked">
+        <source>Nothing is masked</source>
+        <translation>Nothing is hidden</translation>
+    </message>
+    <message id="settings-la-not_installed">
+        <source>Not installed</source>
+        <translation>Not installed</translation>
+    </message>
+    <message id="settings-la-loading">
+        <source>Waiting for scan</source>
+        <translation>Loading…</translation>
+    </message>
+    <message id="settings-la-all_masked">
+        <source>All masked</source>
+        <translation>All hidden</translation>
+    </message>
+    <message id="settings-la-requires_group">
+        <source>Hidden: not in group %1</source>
+        <translation>Only for the group %1</translation>
+    </message>
+    <message id="settings-la-disabled_for_group">
+        <source>Hidden: in group %1</source>
+        <translation>Not for the group %1</translation>
+    </message>
+</context>
+</TS>

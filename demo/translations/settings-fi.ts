@@ -1,0 +1,192 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-FileCopyrightText: 2026 The libvelkasettings authors -->
+<!-- SPDX-License-Identifier: LGPL-2.1-or-later -->
+<!DOCTYPE TS>
+<TS version="2.1" language="fi" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="settings-he-settings">
+        <source>Settings</source>
+        <translation>Asetukset</translation>
+    </message>
+    <message id="settings-he-connectivity">
+        <source>Connectivity</source>
+        <translation>Yhteydet</translation>
+    </message>
+    <message id="settings-he-look">
+        <source>Look and feel</source>
+        <translation>Näyttö ja äänet</translation>
+    </message>
+    <message id="settings-he-people">
+        <source>People and apps</source>
+        <translation>Tilit ja sovellukset</translation>
+    </message>
+    <message id="settings-he-security">
+        <source>Security</source>
+        <translation>Tietoturva ja yksityisyys</translation>
+    </message>
+    <message id="settings-he-device">
+        <source>Device</source>
+        <translation>Laite</translation>
+    </message>
+    <message numerus="yes" id="settings-la-entries">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n asetus</numerusform>
+            <numerusform>%n asetusta</numerusform>
+        </translation>
+    </message>
+    <message id="settings-bt-details">
+        <source>Details</source>
+        <translation>Tiedot</translation>
+    </message>
+    <message id="settings-la-no_entries">
+        <source>No entries</source>
+        <translation>Täällä ei ole asetuksia</translation>
+    </message>
+    <message id="settings-la-short_title">
+        <source>Short title</source>
+        <translation>Lyhyt otsikko</translation>
+    </message>
+    <message id="settings-la-type">
+        <source>Type</source>
+        <translation>Tyyppi</translation>
+    </message>
+    <message id="settings-la-location">
+        <source>Location</source>
+        <translation>Sijainti</translation>
+    </message>
+    <message id="settings-la-order">
+        <source>Order</source>
+        <translation>Järjestys</translation>
+    </message>
+    <message id="settings-la-file">
+        <source>File</source>
+        <translation>Tiedosto</translation>
+    </message>
+    <message id="settings-la-path">
+        <source>Path</source>
+        <translation>Polku</translation>
+    </message>
+    <message id="settings-la-title_id">
+        <source>Translation ID</source>
+        <translation>Otsikon tunniste</translation>
+    </message>
+    <message id="settings-la-short_title_id">
+        <source>Short translation ID</source>
+        <translation>Lyhyen otsikon tunniste</translation>
+    </message>
+    <message id="settings-la-plain_title">
+        <source>Plain title</source>
+        <translation>Otsikko sellaisenaan</translation>
+    </message>
+    <message id="settings-la-icon">
+        <source>Icon</source>
+        <translation>Kuvake</translation>
+    </message>
+    <message id="settings-la-control_icon">
+        <source>Control icon</source>
+        <translation>Ohjaimen kuvake</translation>
+    </message>
+    <message id="settings-la-favorite">
+        <source>Favorite</source>
+        <translation>Suosikki</translation>
+    </message>
+    <message id="settings-la-source">
+        <source>Source</source>
+        <translation>Lähde</translation>
+    </message>
+    <message id="settings-la-target">
+        <source>Target</source>
+        <translation>Kohde</translation>
+    </message>
+    <message id="settings-la-service">
+        <source>D-Bus service</source>
+        <translation>D-Bus-palvelu</translation>
+    </message>
+    <message id="settings-la-interface">
+        <source>D-Bus interface</source>
+        <translation>D-Bus-rajapinta</translation>
+    </message>
+    <message id="settings-la-object">
+        <source>D-Bus object</source>
+        <translation>D-Bus-olio</translation>
+    </message>
+    <message id="settings-la-method">
+        <source>D-Bus method</source>
+        <translation>D-Bus-metodi</translation>
+    </message>
+    <message id="settings-la-arguments">
+        <source>Arguments</source>
+        <translation>Argumentit</translation>
+    </message>
+    <message id="settings-la-package">
+        <source>Package</source>
+        <translation>Paketti</translation>
+    </message>
+    <message id="settings-la-yes">
+        <source>Yes</source>
+        <translation>Kyllä</translation>
+    </message>
+    <message id="settings-la-no">
+        <source>No</source>
+        <translation>Ei</translation>
+    </message>
+    <message id="settings-he-registration">
+        <source>Registration</source>
+        <translation>Rekisteröinti</translation>
+    </message>
+    <message id="settings-he-parameters">
+        <source>Params</source>
+        <translation>Parametrit</translation>
+    </message>
+    <message id="settings-bt-mask">
+        <source>Mask</source>
+        <translation>Piilota asetus</translation>
+    </message>
+    <message id="settings-bt-unmask">
+        <source>Unmask</source>
+        <translation>Näytä</translation>
+    </message>
+    <message id="settings-bt-hide">
+        <source>Mask file</source>
+        <translation>Piilota</translation>
+    </message>
+    <message id="settings-he-files">
+        <source>Registration files</source>
+        <translation>Rekisteröintitiedostot</translation>
+    </message>
+    <message id="settings-la-files_help">
+        <source>Install, remove or mask files</source>
+        <translation>Lisää, poista tai piilota pakettien rekisteröimiä asetuksia. Ikkuna seuraa mukana.</translation>
+    </message>
+    <message id="settings-he-masked_paths">
+        <source>Masked paths</source>
+        <translation>Piilotetut polut</translation>
+    </message>
+    <message id="settings-la-nothing_masked">
+        <source>Nothing is masked</source>
+        <translation>Mitään ei ole piilotettu</translation>
+    </message>
+    <message id="settings-la-not_installed">
+        <source>Not installed</source>
+        <translation>Ei asennettu</translation>
+    </message>
+    <message id="settings-la-loading">
+        <source>Waiting for scan</source>
+        <translation>Ladataan…</translation>
+    </message>
+    <message id="settings-la-all_masked">
+        <source>All masked</source>
+        <translation>Kaikki piilotettu</translation>
+    </message>
+    <message id="settings-la-requires_group">
+        <source>Hidden: not in group %1</source>
+        <translation>Vain ryhmälle %1</translation>
+    </message>
+    <message id="settings-la-disabled_for_group">
+        <source>Hidden: in group %1</source>
+        <translation>Ei ryhmälle %1</translation>
+    </message>
+</context>
+</TS>
