@@ -63,9 +63,12 @@ int main(int argc, char *argv[])
         QObject *shown = nullptr;
         QMetaObject::invokeMethod(model.get(), "objectAt", Q_RETURN_ARG(QObject *, shown), Q_ARG(int, 0));
         check(shown == volume, "QML and C++ share the node");
-        registry->getItem({QStringLiteral("sound")})->insertItem({QStringLiteral("balance")}, {});
+        registry->addEntriesForFile(QStringLiteral("fake-balance.json"));
         Q_EMIT registry->contentChanged();
         check(model->property("count").toInt() == 2, "QML follows a change that C++ makes");
+        QMetaObject::invokeMethod(model.get(), "objectAt", Q_RETURN_ARG(QObject *, shown), Q_ARG(int, 0));
+        check(shown && shown == registry->getItem({QStringLiteral("sound"), QStringLiteral("balance")}),
+              "QML shows the node that C++ loaded");
     }
     check(mappedLibraries().size() == 1, "the library is mapped once");
     return s_failures ? EXIT_FAILURE : EXIT_SUCCESS;

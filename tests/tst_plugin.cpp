@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "catalogs.h"
+#include "filetrace.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonObject>
+#include <QLocale>
+#include <QPluginLoader>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QTest>
+#include <QTranslator>
+
+#include <memory>
+
+namespace
+{
+const QLocale s_finnish(QLocale::Finnish, QLocale::Finland);
+const QLocale s_austrian(QLocale::German, QLocale::Austria);
+const QString s_directory = QStringLiteral("/usr/share/velka-settings");
+const QString s_import = QStringLiteral("import com.velka.settings 1.0\nimport QtQml 2.15\n");
+const QString s_withoutModel = s_import + QStringLiteral("QtObject {}");
+const QString s_withModel = s_import + QStringLiteral("SettingsModel {}");
+
+QString pluginFile()
+{
+    return QStringLiteral(VELKA_QML_DIR "/com/velka/settings/libvelkasettings.so");
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        qFatal("Can't write %s", qPrintable(path));
+    }
+}
+
+std::unique_ptr<QQmlEngine> makeEngine()
+{
+    auto engine = std::make_unique<QQmlEngine>();
+    engine->addImportPath(QStringLiteral(VELKA_QML_DIR));
+    return engine;
+}
+
+struct Creation {
+    std::unique_ptr<QObject> object;
+    QStringList errors;
+};
+
+/// Creates what the QML @p document describes.
+Creation create(QQmlEngine &engine, const QString &document)
+{
+    QQmlComponent component(&engine);
+    component.setData(document.toUtf8(), QUrl());
+    Creation creation;
+    if (component.isReady()) {
+        creation.object.reset(component.create());
+    }
+    const QList<QQmlError> errors = component.errors();
+    for (const QQmlError &error : errors) {
+        creation.errors.append(error.description());
+    }
+    return creation;
+}
+
+std::unique_ptr<QQmlEngine> makeEngineWithModule()
+{
+    auto engine = makeEngine();
+    const Creation creation = create(*engine, s_withoutModel);
+    if (!creation.object) {
+        qFatal("Can't import the module: %s", qPrintable(creation.errors.join(QLatin1Char('\n'))));
+    }
+    return engine;
+}
+
+int translatorCount(const QQmlEngine &engine)
+{
+    return engine.findChildren<QTranslator *>().size();
+}
+}
+
+class PluginTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void metadata();
+
+    void namesAreAvailable_data();
+    void namesAreAvailable();
+    void otherVersionsAreRefused_data();
+    void otherVersionsAreRefused();
+    void typesGoToTheUriOfTheEngine();
+    void errorsCannotBeCreated();
+    void errorValues_data();
+    void errorValues();
+
+    void eachEngineHasItsTranslators();
+    void twoImportsMakeOnePair();
+    void engineMadeAnew();
+    void deletedTranslatorLeavesTheApplication();
+    void localeWinsOverEngineeringEnglish();
+    void localeWithoutEngineeringEnglish();
+    void engineeringEnglishWithoutLocale();
+    void noCatalogs();
+    void localeOfTheImportCounts();
+    void regionGoesBeforeLanguage();
+
+    void filesAreReadWithTheFirstModel();
+    void catalogsAreLookedUpWithTheEngine();
+};
+
+void PluginTest::initTestCase()
+{
+    QVERIFY2(qEnvironmentVariableIsSet("VELKA_SANDBOX"), "Run this test through scripts/sandbox");
+    writeFile(s_directory + QStringLiteral("/favorites-blacklist.json"), "[]");
+    writeFile(s_directory + QStringLiteral("/entries/sound.json"), "{\"entries\": [{\"path\": \"sound\"}]}");
+}
+
+void PluginTest::init()
+{
+    Catalogs::removeAll();
+    QLocale::setDefault(s_finnish);
+}
+
+void PluginTest::metadata()
+{
+    const QJsonObject metadata = QPluginLoader(pluginFile()).metaData();
+    QCOMPARE(metadata.value(QLatin1String("IID")).toString(), QStringLiteral("com.velka.settings"));
+    QCOMPARE(metadata.value(QLatin1String("className")).toString(), QStringLiteral("VelkaSettingsPlugin"));
+    QVERIFY(metadata.value(QLatin1String("MetaData")).toObject().isEmpty());
+    QCOMPARE(metadata.value(QLatin1String("debug")), QJsonValue(false));
+}
+
+void PluginTest::namesAreAvailable_data()
+{
+    QTest::addColumn<QString>("document");
+    QTest::newRow("SettingsModel") << QStringLiteral("import com.velka.settings 1.0\nSettingsModel {}");
+    QTest::newRow("SettingsControlError")
+        << QStringLiteral("import com.velka.settings 1.0\nimport QtQml 2.15\n"
+                          "QtObject { property int error: SettingsControlError.InProgress }");
+    QTest::newRow("qualified") << QStringLiteral(
+        "import com.velka.settings 1.0 as Settings\nSettings.SettingsModel {\n"
+        "depth: Settings.SettingsControlError.InProgress }");
+}
+
+void PluginTest::namesAreAvailable()
+{
+    QFETCH(QString, document);
+    const auto engine = makeEngine();
+    const Creation creation = create(*engine, document);
+    QCOMPARE(creation.errors, QStringList());
+    QVERIFY(creation.object);
+}
+
+void PluginTest::otherVersionsAreRefused_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::newRow("0.9") << QStringLiteral("0.9");
+    QTest::newRow("1.1") << QStringLiteral("1.1");
+    QTest::newRow("2.0") << QStringLiteral("2.0");
+}
+
+void PluginTest::otherVersionsAreRefused()
+{
+    QFETCH(QString, version);
+    const auto engine = makeEngine();
+    const Creation creation = create(
+        *engine, QStringLiteral("import com.velka.settings %1\nSettingsModel {}").arg(version));
+    QVERIFY(!creation.object);
+    QCOMPARE(creation.errors,
+             {QStringLiteral("module \"com.velka.settings\" version %1 is not installed").arg(version)});
+}
+
+void PluginTest::typesGoToTheUriOfTheEngine()
+{
+    QPluginLoader loader(pluginFile());
+    auto *plugin = qobject_cast<QQmlExtensionPlugin *>(loader.instance());
+    QVERIFY2(plugin, qPrintable(loader.errorString()));
+    plugin->registerTypes("org.example.renamed");
+    QQmlEngine engine;
+    const Creation creation = create(engine, QStringLiteral("import org.example.renamed 1.0\nSettingsModel {\n"
+                                                            "depth: SettingsControlError.NotConnected }"));
+    QCOMPARE(creation.errors, QStringList());
+    QCOMPARE(creation.object->property("depth").toInt(), 4);
+}
+
+void PluginTest::errorsCannotBeCreated()
+{
+    const auto engine = makeEngine();
+    const Creation creation = create(*engine, s_import + QStringLiteral("SettingsControlError {}"));
+    QVERIFY(!creation.object);
+    // What the engine says when it was given no reason
+    QCOMPARE(creation.errors, {QStringLiteral("Element is not creatable.")});
+}
+
+void PluginTest::errorValues_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::newRow("NoError") << 0;
+    QTest::newRow("InProgress") << 1;
+    QTest::newRow("BlockedByAccessPolicy") << 2;
+    QTest::newRow("BlockedByFlightMode") << 3;
+    QTest::newRow("NotConnected") << 4;
+    QTest::newRow("ConnectionFailed") << 5;
+    QTest::newRow("ConnectionSetupRequired") << 6;
+    QTest::newRow("NoSimAvailable") << 7;
+    QTest::newRow("NoSimActive") << 8;
+    QTest::newRow("UnknownError") << 1000;
+}
+
+void PluginTest::errorValues()
+{
+    QFETCH(int, value);
+    const auto engine = makeEngine();
+    const Creation creation = create(*engine, s_import
+                                                  + QStringLiteral("QtObject { property var error: "
+                                                                   "SettingsControlError.%1 }")
+                                                        .arg(QLatin1String(QTest::currentDataTag())));
+    QVERIFY(creation.object);
+    QCOMPARE(creation.object->property("error"), QVariant(value));
+}
+
+void PluginTest::eachEngineHasItsTranslators()
+{
+    Catalogs::install("sample_eng_en", "settings_eng_en");
+    Catalogs::install("sample-fi", "settings-fi");
+    auto first = makeEngine();
+    QCOMPARE(translatorCount(*first), 0);
+    first = makeEngineWithModule();
+    auto second = makeEngineWithModule();
+    QCOMPARE(translatorCount(*first), 2);
+    QCOMPARE(translatorCount(*second), 2);
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+    first.reset();
+    QCOMPARE(translatorCount(*second), 2);
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+    second.reset();
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("test-both"));
+    QCOMPARE(qtTrId("test-engineering"), QStringLiteral("test-engineering"));
+}
+
+void PluginTest::twoImportsMakeOnePair()
+{
+    const auto engine = makeEngineWithModule();
+    QVERIFY(create(*engine, s_withoutModel).object);
+    QVERIFY(create(*engine, s_withModel).object);
+    QCOMPARE(translatorCount(*engine), 2);
+}
+
+void PluginTest::engineMadeAnew()
+{
+    Catalogs::install("sample-fi", "settings-fi");
+    for (int i = 0; i < 3; ++i) {
+        const auto engine = makeEngineWithModule();
+        QCOMPARE(translatorCount(*engine), 2);
+        QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
+    }
+    QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+    // The next engine reads the catalogs that are there by then.
+    Catalogs::removeAll();
+    const auto engine = makeEngineWithModule();
+    QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+}
+
+void PluginTest::deletedTranslatorLeavesTheApplication()
+{
+    Catalogs::install("sample-fi", "settings-fi");
+    const auto engine = makeEngineWithModule();
+    QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
+    qDeleteAll(engine->findChildren<QTranslator *>());
+    QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+}
+
+void PluginTest::localeWinsOverEngineeringEnglish()
+{
+    Catalogs::install("sample_eng_en", "settings_eng_en");
+    Catalogs::install("sample-fi", "settings-fi");
+    const auto engine = makeEngineWithModule();
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+    QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
+    QCOMPARE(qtTrId("test-engineering"), QStringLiteral("Engineering"));
+}
+
+void PluginTest::localeWithoutEngineeringEnglish()
+{
+    Catalogs::install("sample-fi", "settings-fi");
+    const auto engine = makeEngineWithModule();
+    QCOMPARE(translatorCount(*engine), 2);
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+    QCOMPARE(qtTrId("test-engineering"), QStringLiteral("test-engineering"));
+}
+
+void PluginTest::engineeringEnglishWithoutLocale()
+{
+    Catalogs::install("sample_eng_en", "settings_eng_en");
+    Catalogs::install("sample-de", "settings-de");
+    const auto engine = makeEngineWithModule();
+    QCOMPARE(translatorCount(*engine), 2);
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Both"));
+    QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+}
+
+void PluginTest::noCatalogs()
+{
+    const auto engine = makeEngineWithModule();
+    const QList<QTranslator *> translators = engine->findChildren<QTranslator *>();
+    QCOMPARE(translators.size(), 2);
+    QVERIFY(translators.first()->isEmpty());
+    QVERIFY(translators.last()->isEmpty());
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("test-both"));
+}
+
+void PluginTest::localeOfTheImportCounts()
+{
+    Catalogs::install("sample-fi", "settings-fi");
+    Catalogs::install("sample-de", "settings-de");
+    const auto finnish = makeEngineWithModule();
+    QLocale::setDefault(s_austrian);
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+    auto german = makeEngineWithModule();
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Beide"));
+    german.reset();
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+}
+
+void PluginTest::regionGoesBeforeLanguage()
+{
+    QLocale::setDefault(s_austrian);
+    Catalogs::install("sample-fi", "settings-de_AT");
+    Catalogs::install("sample-de", "settings-de");
+    const auto engine = makeEngineWithModule();
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
+}
+
+void PluginTest::filesAreReadWithTheFirstModel()
+{
+    QCOMPARE(pathsUsedBy({s_withoutModel}, s_directory), QStringList());
+    const QStringList used = pathsUsedBy({s_withModel}, s_directory);
+    QVERIFY(used.contains(s_directory + QStringLiteral("/entries/sound.json")));
+    QVERIFY(used.contains(s_directory + QStringLiteral("/favorites-blacklist.json")));
+}
+
+void PluginTest::catalogsAreLookedUpWithTheEngine()
+{
+    const QString prefix = QStringLiteral("/usr/share/translations/settings");
+    const QStringList used = pathsUsedBy({s_withoutModel}, QStringLiteral("/usr/share/translations/"));
+    const int engineeringEnglish = used.indexOf(prefix + QStringLiteral("_eng_en.qm"));
+    const int region = used.indexOf(prefix + QStringLiteral("-de_AT.qm"));
+    const int language = used.indexOf(prefix + QStringLiteral("-de.qm"));
+    QCOMPARE(engineeringEnglish, 0);
+    QVERIFY(engineeringEnglish < region);
+    QVERIFY(region < language);
+    QCOMPARE(used.filter(prefix), used);
+}
+
+namespace
+{
+/// What the traced runs of this program do: import the module into an engine, and no more than @p document says.
+int runDocument(const QString &document)
+{
+    QLocale::setDefault(s_austrian);
+    const auto engine = makeEngine();
+    return create(*engine, document).object ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+}
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QString argument = app.arguments().value(1);
+    if (argument.startsWith(QLatin1String("import "))) {
+        return runDocument(argument);
+    }
+    PluginTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_plugin.moc"
