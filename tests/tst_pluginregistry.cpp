@@ -101,6 +101,7 @@ private Q_SLOTS:
     void getItem();
 
     void ordinaryFile();
+    void lineEndings();
     void silentFiles_data();
     void silentFiles();
     void refusedFiles_data();
@@ -190,7 +191,8 @@ void PluginRegistryTest::getItem()
 
 void PluginRegistryTest::ordinaryFile()
 {
-    World::writeEntries(text("a.json"), R"({"unknown": 1, "entries": [{"path": "a", "order": 3, "custom": ["x", 1]}]})");
+    World::writeEntries(text("a.json"),
+                        R"({"unknown": 1, "entries": [{"path": "a", "order": 3, "custom": ["x", 1]}]})");
     const MessageLog log;
     const PluginRegistry registry;
     QCOMPARE(log.take(), QStringList());
@@ -199,6 +201,14 @@ void PluginRegistryTest::ordinaryFile()
                                {text("custom"), QVariantList{text("x"), 1.0}},
                                {text("from_file"), text("a.json")}};
     QCOMPARE(registry.getItem(path("a"))->data(), expected);
+}
+
+void PluginRegistryTest::lineEndings()
+{
+    World::writeEntries(text("x.json"),
+                        "{\r\n\"entries\":\r\n[{\"path\": \"a\", \"title\": \"two\r\nlines\"}]\r\n}\r\n");
+    const PluginRegistry registry;
+    QCOMPARE(registry.getItem(path("a"))->title(), text("two\nlines"));
 }
 
 void PluginRegistryTest::silentFiles_data()
@@ -233,7 +243,8 @@ void PluginRegistryTest::refusedFiles_data()
     QTest::newRow("empty") << QByteArray() << notJson;
     QTest::newRow("syntax error") << QByteArray("{") << notJson;
     QTest::newRow("invalid UTF-8") << QByteArray("{\"entries\": [{\"path\": \"\xc3\x28\"}]}") << notJson;
-    QTest::newRow("array") << QByteArray(R"([{"path": "x"}])") << settingsWarning(Messages::WrongRegistrationFormat, text("b.json"));
+    QTest::newRow("array") << QByteArray(R"([{"path": "x"}])")
+                           << settingsWarning(Messages::WrongRegistrationFormat, text("b.json"));
 }
 
 void PluginRegistryTest::refusedFiles()
@@ -314,7 +325,8 @@ void PluginRegistryTest::laterFileWins()
 
 void PluginRegistryTest::laterEntryWins()
 {
-    World::writeEntries(text("x.json"), R"({"entries": [{"path": "a", "title": "One"}, {"path": "/a/", "title": "Two"}]})");
+    World::writeEntries(text("x.json"),
+                        R"({"entries": [{"path": "a", "title": "One"}, {"path": "/a/", "title": "Two"}]})");
     const PluginRegistry registry;
     QCOMPARE(registry.getItem(path("a"))->title(), text("Two"));
 }
@@ -385,8 +397,9 @@ void PluginRegistryTest::parsingIsLoggedAtInfoLevel()
     QLoggingCategory::setFilterRules(text("org.orvantaos.settings.framework.info=true"));
     registry.addEntriesForFile(text("x.json"));
     QLoggingCategory::setFilterRules({});
-    QCOMPARE(log.take(), QStringList{text("info org.orvantaos.settings.framework: "
-                                          "void PluginRegistry::addEntriesForFile(const QString&) parsing \"x.json\"")});
+    QCOMPARE(log.take(),
+             QStringList{text("info org.orvantaos.settings.framework: "
+                              "void PluginRegistry::addEntriesForFile(const QString&) parsing \"x.json\"")});
 }
 
 void PluginRegistryTest::groups_data()
@@ -408,10 +421,11 @@ void PluginRegistryTest::groups_data()
                                        << logged(notIn, "\"no-such-group\"");
     QTest::newRow("disabled, in it") << "\"disabled_group\": " + own << false << logged(disabled, own);
     QTest::newRow("disabled, not in it") << "\"disabled_group\": " + foreign << true << QString();
-    QTest::newRow("required and disabled, in both") << "\"required_group\": " + own + ", \"disabled_group\": " + own
-                                                    << false << logged(disabled, own);
+    QTest::newRow("required and disabled, in both")
+        << "\"required_group\": " + own + ", \"disabled_group\": " + own << false << logged(disabled, own);
     QTest::newRow("required and disabled, in neither")
-        << "\"required_group\": " + foreign + ", \"disabled_group\": " + foreign << false << logged(notIn, foreign);
+        << "\"required_group\": " + foreign + ", \"disabled_group\": " + foreign << false
+        << logged(notIn, foreign);
     QTest::newRow("no string") << QByteArray("\"required_group\": [1]") << true << QString();
 }
 
@@ -519,9 +533,8 @@ void PluginRegistryTest::removalMatchesReference()
         } else {
             registry.removeEntriesForFile(nameOf(file));
             loaded.remove(nameOf(file));
-            reference.removeItems([&](const TreeItem *item) {
-                return item->count() == 0 && !loaded.contains(item->fromFile());
-            });
+            reference.removeItems(
+                [&](const TreeItem *item) { return item->count() == 0 && !loaded.contains(item->fromFile()); });
         }
         const QList<TreeItem *> expected = reference.getSubitems(TreeItem::orderLessThan, -1);
         const QList<TreeItem *> items = registry.getItem({})->getSubitems(TreeItem::orderLessThan, -1);
@@ -902,7 +915,7 @@ void PluginRegistryTest::manyVanishedFilesInOnePass()
     // All files hang below one chain that is kept up for each of them; a pass for each file would be quadratic.
     const auto work = [](int files) {
         World::reset();
-            for (int i = 0; i < files; ++i) {
+        for (int i = 0; i < files; ++i) {
             const QByteArray name = QByteArray::number(i);
             World::writeEntries(QString::fromLatin1(name) + text(".json"), declaring(name, {"a/b/" + name}));
         }

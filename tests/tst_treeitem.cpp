@@ -71,7 +71,8 @@ public:
         QCoreApplication::installTranslator(this);
     }
 
-    QString translate(const char *context, const char *sourceText, const char *disambiguation, int n) const override
+    QString translate(const char *context, const char *sourceText, const char *disambiguation,
+                      int n) const override
     {
         Q_UNUSED(context)
         Q_UNUSED(disambiguation)
@@ -110,6 +111,7 @@ private Q_SLOTS:
     void insertFillsIntermediateNode();
     void insertReplacesData();
     void insertAtEmptyPath();
+    void values();
     void addChildOfSameNameReplaces();
     void subitemsInPreOrder();
     void subitemsOfRejectedNode();
@@ -139,16 +141,17 @@ void TreeItemTest::showsExactlyItsMembersToQml()
         QVERIFY(!property.hasNotifySignal());
         properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()));
     }
-    QCOMPARE(properties, (QStringList{text("QString name"), text("QString type"), text("QString title"),
-                                      text("QString shortTitle"), text("QString icon"),
-                                      text("QString controlIcon")}));
+    QCOMPARE(properties,
+             (QStringList{text("QString name"), text("QString type"), text("QString title"),
+                          text("QString shortTitle"), text("QString icon"), text("QString controlIcon")}));
     QStringList methods;
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         methods.append(text(meta.method(i).typeName()) + QLatin1Char(' ')
                        + QString::fromLatin1(meta.method(i).methodSignature()));
     }
-    QCOMPARE(methods, (QStringList{text("int count(int)"), text("int count()"), text("QStringList location(TreeItem*)"),
-                                   text("QStringList location()"), text("QVariantMap data()")}));
+    QCOMPARE(methods,
+             (QStringList{text("int count(int)"), text("int count()"), text("QStringList location(TreeItem*)"),
+                          text("QStringList location()"), text("QVariantMap data()")}));
 }
 
 void TreeItemTest::title_data()
@@ -162,17 +165,20 @@ void TreeItemTest::title_data()
     QTest::newRow("nothing") << QVariantMap{} << text("!!display") << QString();
     QTest::newRow("empty title") << QVariantMap{{plain, QString()}} << text("!!display") << QString();
     QTest::newRow("plain") << QVariantMap{{plain, text("Display")}} << text("Display") << QString();
-    QTest::newRow("id") << QVariantMap{{id, text("known")}, {plain, text("Display")}} << text("Known text") << QString();
+    QTest::newRow("id") << QVariantMap{{id, text("known")}, {plain, text("Display")}} << text("Known text")
+                        << QString();
     QTest::newRow("unknown id") << QVariantMap{{id, text("unknown")}, {plain, text("Display")}} << text("Display")
                                 << QString();
-    QTest::newRow("empty id") << QVariantMap{{id, QString()}, {plain, text("Display")}} << text("Display") << QString();
+    QTest::newRow("empty id") << QVariantMap{{id, QString()}, {plain, text("Display")}} << text("Display")
+                              << QString();
     QTest::newRow("unknown id alone") << QVariantMap{{id, text("unknown")}} << text("!!display") << QString();
-    QTest::newRow("short plain") << QVariantMap{{text("title_short"), text("Disp")}} << text("!!display") << text("Disp");
+    QTest::newRow("short plain") << QVariantMap{{text("title_short"), text("Disp")}} << text("!!display")
+                                 << text("Disp");
     QTest::newRow("short id") << QVariantMap{{text("translation_id_short"), text("known")}} << text("!!display")
                               << text("Known text");
-    QTest::newRow("short unknown id")
-        << QVariantMap{{text("translation_id_short"), text("unknown")}, {text("title_short"), text("Disp")}}
-        << text("!!display") << text("Disp");
+    QTest::newRow("short unknown id") << QVariantMap{{text("translation_id_short"), text("unknown")},
+                                                     {text("title_short"), text("Disp")}}
+                                      << text("!!display") << text("Disp");
     QTest::newRow("no string") << QVariantMap{{plain, QVariantList{1}}, {id, QVariantMap{}}} << text("!!display")
                                << QString();
 }
@@ -333,7 +339,8 @@ void TreeItemTest::insertFillsIntermediateNode()
 void TreeItemTest::insertReplacesData()
 {
     TreeItem root({}, {});
-    TreeItem *a = root.insertItem(path("a"), entry("one.json", {{text("title"), text("One")}, {text("order"), 3.0}}));
+    TreeItem *a = root.insertItem(path("a"),
+                                  entry("one.json", {{text("title"), text("One")}, {text("order"), 3.0}}));
     root.insertItem(path("a"), entry("two.json", {{text("icon"), text("i")}}));
     QCOMPARE(a->data(), entry("two.json", {{text("icon"), text("i")}}));
     QCOMPARE(a->order(), 100);
@@ -346,6 +353,20 @@ void TreeItemTest::insertAtEmptyPath()
     QCOMPARE(root.insertItem({}, entry("one.json")), &root);
     QCOMPARE(root.fromFile(), text("one.json"));
     QCOMPARE(root.count(-1), 0);
+}
+
+void TreeItemTest::values()
+{
+    TreeItem root({}, {});
+    TreeItem *a = root.insertEntry(path("a"), {{text("n"), 7}, {text("from_file"), text("other.json")}},
+                                   text("one.json"));
+    QCOMPARE(a->data(), entry("one.json", {{text("n"), 7.0}}));
+    QCOMPARE(a->value(text("n")).userType(), int(QMetaType::Double));
+    QCOMPARE(a->value(text("from_file")), QVariant(text("one.json")));
+    QVERIFY(!a->value(text("missing")).isValid());
+    a->clearData();
+    QVERIFY(a->data().isEmpty());
+    QVERIFY(!a->isDeclared());
 }
 
 void TreeItemTest::addChildOfSameNameReplaces()
@@ -368,8 +389,9 @@ void TreeItemTest::subitemsInPreOrder()
         root.insertItem(path(joined), {});
     }
     QCOMPARE(names(root.getSubitems(byName, 2)), path("a/w/z/b/x/y/c"));
-    QCOMPARE(names(root.getSubitems([](const TreeItem *a, const TreeItem *b) { return a->name() > b->name(); }, -1)),
-             path("c/b/y/x/a/z/deep/w"));
+    QCOMPARE(
+        names(root.getSubitems([](const TreeItem *a, const TreeItem *b) { return a->name() > b->name(); }, -1)),
+        path("c/b/y/x/a/z/deep/w"));
 }
 
 void TreeItemTest::subitemsOfRejectedNode()
@@ -377,7 +399,9 @@ void TreeItemTest::subitemsOfRejectedNode()
     TreeItem root({}, {});
     root.insertItem(path("a/b/c"), {});
     root.insertItem(path("d"), {});
-    const auto accepts = [](const TreeItem *item) { return item->name() == text("c") || item->name() == text("d"); };
+    const auto accepts = [](const TreeItem *item) {
+        return item->name() == text("c") || item->name() == text("d");
+    };
     QCOMPARE(names(root.getSubitems(byName, accepts, -1)), path("c/d"));
     QCOMPARE(names(root.getSubitems(byName, accepts, 2)), path("d"));
 }
@@ -513,7 +537,8 @@ void TreeItemTest::dumpsNothingByDefault()
 {
     static int messages;
     messages = 0;
-    const auto previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++messages; });
+    const auto previous = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &) { ++messages; });
     TreeItem root({}, {});
     root.insertItem(path("a/b"), {});
     root.dumpTree(0);
@@ -535,7 +560,8 @@ void TreeItemTest::indexFollowsRandomChanges()
         for (int length = random.bounded(1, 5); length > 0; --length) {
             where.append(QString::number(random.bounded(4)));
         }
-        const QVariantMap data = random.bounded(3) ? entry(qPrintable(QString::number(random.bounded(4)))) : QVariantMap();
+        const QVariantMap data = random.bounded(3) ? entry(qPrintable(QString::number(random.bounded(4))))
+                                                   : QVariantMap();
         switch (random.bounded(4)) {
         case 0:
             if (TreeItem *item = root.lookup(where)) {
@@ -582,8 +608,8 @@ void TreeItemTest::deepPathCostsLinearTime()
         root.setIndex(&index);
         TreeItem *leaf = root.insertItem(deep, entry("one.json"));
         const bool right = root.lookup(deep) == leaf && leaf->location() == deep && root.count(-1) == length
-            && root.getSubitems(byName, -1).size() == length && leaf->depth(&root) == length
-            && root.itemsAtLevel(byName, length) == QList<TreeItem *>{leaf};
+                           && root.getSubitems(byName, -1).size() == length && leaf->depth(&root) == length
+                           && root.itemsAtLevel(byName, length) == QList<TreeItem *>{leaf};
         root.removeItems([](const TreeItem *item) { return item->count() == 0; });
         const bool empty = root.count() == 0;
         root.insertItem(deep, {});

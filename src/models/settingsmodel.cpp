@@ -26,16 +26,16 @@ QObject *toQml(TreeItem *item)
 struct RoleEntry {
     int role;
     const char *name;
-    QVariant (*read)(const SettingsModel &model, TreeItem *item);
+    QVariant (*read)(TreeItem *item, const TreeItem *root);
 };
 
 const RoleEntry s_roles[] = {
     {SettingsModel::ObjectRole, "object",
-     [](const SettingsModel &, TreeItem *item) { return QVariant::fromValue(toQml(item)); }},
+     [](TreeItem *item, const TreeItem *) { return QVariant::fromValue(toQml(item)); }},
     {SettingsModel::DepthRole, "depth",
-     [](const SettingsModel &model, TreeItem *) { return QVariant(model.depth()); }},
+     [](TreeItem *item, const TreeItem *root) { return QVariant(item->depth(root)); }},
     {SettingsModel::CategoryRole, "category",
-     [](const SettingsModel &, TreeItem *item) {
+     [](TreeItem *item, const TreeItem *) {
          return QVariant(item->parentItem() ? item->parentItem()->title() : QString());
      }},
 };
@@ -96,7 +96,7 @@ QVariant SettingsModel::data(const QModelIndex &index, int role) const
     }
     for (const RoleEntry &entry : s_roles) {
         if (entry.role == role) {
-            return entry.read(*this, item);
+            return entry.read(item, m_root);
         }
     }
     return {};

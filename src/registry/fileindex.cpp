@@ -11,7 +11,9 @@ void FileIndex::add(TreeItem *item)
         return;
     }
     if (item->isDeclared()) {
-        m_declared[item->fromFile()].insert(item);
+        QVector<TreeItem *> &declared = m_declared[item->fromFile()];
+        item->m_indexPosition = declared.size();
+        declared.append(item);
     } else if (item->count() == 0) {
         m_loose.insert(item);
     }
@@ -19,12 +21,17 @@ void FileIndex::add(TreeItem *item)
 
 void FileIndex::remove(TreeItem *item)
 {
-    m_loose.remove(item);
-    const auto declared = m_declared.find(item->fromFile());
-    if (declared == m_declared.end()) {
+    if (item->m_indexPosition < 0) {
+        m_loose.remove(item);
         return;
     }
-    declared->remove(item);
+    const auto declared = m_declared.find(item->fromFile());
+    TreeItem *last = declared->takeLast();
+    if (last != item) {
+        (*declared)[item->m_indexPosition] = last;
+        last->m_indexPosition = item->m_indexPosition;
+    }
+    item->m_indexPosition = -1;
     if (declared->isEmpty()) {
         m_declared.erase(declared);
     }

@@ -25,6 +25,6 @@ public:
     QVector<QPointer<TreeItem>> removableWith(const QSet<QString> &files) const;
 
 private:
-    QHash<QString, QSet<TreeItem *>> m_declared;
+    QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
     QSet<TreeItem *> m_loose;
 };

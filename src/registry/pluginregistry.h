@@ -14,7 +14,6 @@
 
 #include <memory>
 
-class EntryConverter;
 class FileIndex;
 class MGConfItem;
 class QFileSystemWatcher;
@@ -87,5 +86,4 @@ private:
     QTimer m_scanTimer;
     QSet<QString> m_favoritesBlacklist;
     QSet<QString> m_loadedFiles;
-    const std::unique_ptr<EntryConverter> m_converter;
 };

@@ -9,12 +9,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-namespace
-{
-// Real entries use a few dozen keys. A file with a million different ones must not fill the memory for good.
-constexpr int MaximumSharedKeys = 1000;
-}
-
 std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName)
 {
     const QJsonDocument document = QJsonDocument::fromJson(json);
@@ -32,47 +26,4 @@ std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, co
                             object.value(QLatin1String("translation_catalog")).toString(),
                             object.value(QLatin1String("complementary_translation_catalog")).toString(),
                             object.value(QLatin1String("entries")).toArray()};
-}
-
-QVariantMap EntryConverter::toMap(const QJsonObject &object)
-{
-    QVariantMap map;
-    for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
-        // JSON objects are sorted by key, as the map is.
-        map.insert(map.constEnd(), sharedKey(it.key()), toVariant(it.value()));
-    }
-    return map;
-}
-
-QVariant EntryConverter::toVariant(const QJsonValue &value)
-{
-    switch (value.type()) {
-    case QJsonValue::Double:
-        return value.toDouble(); // toVariant() would make whole numbers integers
-    case QJsonValue::Object:
-        return toMap(value.toObject());
-    case QJsonValue::Array: {
-        QVariantList list;
-        const QJsonArray array = value.toArray();
-        list.reserve(array.size());
-        for (const QJsonValue &element : array) {
-            list.append(toVariant(element));
-        }
-        return list;
-    }
-    default:
-        return value.toVariant();
-    }
-}
-
-QString EntryConverter::sharedKey(const QString &key)
-{
-    const auto known = m_keys.constFind(key);
-    if (known != m_keys.constEnd()) {
-        return *known;
-    }
-    if (m_keys.size() < MaximumSharedKeys) {
-        m_keys.insert(key);
-    }
-    return key;
 }

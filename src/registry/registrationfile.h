@@ -4,9 +4,7 @@
 #pragma once
 
 #include <QJsonArray>
-#include <QSet>
 #include <QString>
-#include <QVariantMap>
 
 #include <optional>
 
@@ -21,19 +19,3 @@ struct RegistrationFile {
 
 /// Parses @p json. Nothing, with a warning that names @p fileName, when it is no JSON or no object.
 std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName);
-
-/**
- * Turns entries into variant maps: like QJsonObject::toVariantMap(), but every number is a double, and keys that
- * come again share their characters.
- */
-class EntryConverter
-{
-public:
-    QVariantMap toMap(const QJsonObject &object);
-
-private:
-    QVariant toVariant(const QJsonValue &value);
-    QString sharedKey(const QString &key);
-
-    QSet<QString> m_keys;
-};

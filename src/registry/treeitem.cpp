@@ -5,6 +5,7 @@
 
 #include "plugin/constants.h"
 #include "registry/fileindex.h"
+#include "registry/jsonvariant.h"
 #include "registry/logging.h"
 
 #include <algorithm>
@@ -14,19 +15,24 @@ namespace
 constexpr int DefaultOrder = 100;
 
 const QString s_fromFile = QStringLiteral("from_file");
-const QString s_order = QStringLiteral("order");
 
-int readOrder(const QVariantMap &data)
+int readOrder(const QJsonObject &entry)
 {
-    const QVariant order = data.value(s_order);
+    const QVariant order = jsonToVariant(entry.value(QLatin1String("order")));
     return order.isNull() ? DefaultOrder : order.toInt();
 }
 }
 
-TreeItem::TreeItem(const QString &name, const QVariantMap &data)
+TreeItem::TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile)
     : m_name(name)
-    , m_data(data)
-    , m_order(readOrder(data))
+    , m_entry(entry)
+    , m_fromFile(fromFile)
+    , m_order(readOrder(entry))
+{
+}
+
+TreeItem::TreeItem(const QString &name, const QVariantMap &data)
+    : TreeItem(name, QJsonObject::fromVariantMap(data), data.value(s_fromFile).toString())
 {
 }
 
@@ -52,7 +58,7 @@ QString TreeItem::name() const
 
 QString TreeItem::type() const
 {
-    const QVariant type = m_data.value(QStringLiteral("type"));
+    const QVariant type = value(QStringLiteral("type"));
     return type.isNull() ? Constants::SectionType : type.toString();
 }
 
@@ -69,12 +75,12 @@ QString TreeItem::shortTitle() const
 
 QString TreeItem::icon() const
 {
-    return m_data.value(QStringLiteral("icon")).toString();
+    return value(QStringLiteral("icon")).toString();
 }
 
 QString TreeItem::controlIcon() const
 {
-    return m_data.value(QStringLiteral("controlIcon")).toString();
+    return value(QStringLiteral("controlIcon")).toString();
 }
 
 int TreeItem::count(int depth) const
@@ -107,7 +113,16 @@ QStringList TreeItem::location(TreeItem *top) const
 
 QVariantMap TreeItem::data() const
 {
-    return m_data;
+    QVariantMap data = jsonToVariantMap(m_entry);
+    if (isDeclared()) {
+        data.insert(s_fromFile, m_fromFile);
+    }
+    return data;
+}
+
+QVariant TreeItem::value(const QString &key) const
+{
+    return key == s_fromFile && isDeclared() ? m_fromFile : jsonToVariant(m_entry.value(key));
 }
 
 TreeItem *TreeItem::parentItem() const
@@ -117,12 +132,12 @@ TreeItem *TreeItem::parentItem() const
 
 bool TreeItem::isDeclared() const
 {
-    return !m_data.value(s_fromFile).isNull();
+    return !m_fromFile.isNull();
 }
 
 QString TreeItem::fromFile() const
 {
-    return m_data.value(s_fromFile).toString();
+    return m_fromFile;
 }
 
 int TreeItem::order() const
@@ -132,41 +147,63 @@ int TreeItem::order() const
 
 void TreeItem::addChild(TreeItem *child)
 {
-    leaveIndex();
+    if (m_children.isEmpty()) {
+        leaveIndex(); // it may be there as a node that nothing keeps
+    }
     child->m_parent = this;
     m_children.insert(child->m_name, child);
-    enterIndex();
+    if (m_children.size() == 1) {
+        enterIndex();
+    }
     child->setIndex(m_index);
 }
 
 void TreeItem::removeChild(TreeItem *child)
 {
-    leaveIndex();
     m_children.remove(child->m_name);
-    enterIndex();
+    if (m_children.isEmpty()) {
+        leaveIndex();
+        enterIndex();
+    }
     delete child;
 }
 
 TreeItem *TreeItem::insertItem(const QStringList &path, const QVariantMap &data)
 {
+    return insertEntry(path, QJsonObject::fromVariantMap(data), data.value(s_fromFile).toString());
+}
+
+TreeItem *TreeItem::insertEntry(const QStringList &path, const QJsonObject &entry, const QString &fromFile)
+{
     TreeItem *item = this;
-    for (const QString &name : path) {
-        TreeItem *child = item->m_children.value(name);
+    for (auto name = path.cbegin(); name != path.cend(); ++name) {
+        TreeItem *child = item->m_children.value(*name);
+        if (!child && std::next(name) == path.cend()) {
+            child = new TreeItem(*name, entry, fromFile);
+            item->addChild(child);
+            return child;
+        }
         if (!child) {
-            child = new TreeItem(name, {});
+            child = new TreeItem(*name, QJsonObject(), QString());
             item->addChild(child);
         }
         item = child;
     }
-    item->setData(data);
+    item->setEntry(entry, fromFile);
     return item;
 }
 
-void TreeItem::setData(const QVariantMap &data)
+void TreeItem::clearData()
+{
+    setEntry({}, {});
+}
+
+void TreeItem::setEntry(const QJsonObject &entry, const QString &fromFile)
 {
     leaveIndex();
-    m_data = data;
-    m_order = readOrder(data);
+    m_entry = entry;
+    m_fromFile = fromFile;
+    m_order = readOrder(entry);
     enterIndex();
 }
 
@@ -237,7 +274,8 @@ QList<TreeItem *> TreeItem::getSubitems(const Comparison &lessThan, const Predic
 
 QList<TreeItem *> TreeItem::getSubitems(const Comparison &lessThan, int depth)
 {
-    return getSubitems(lessThan, [](const TreeItem *) { return true; }, depth);
+    const auto acceptAll = [](const TreeItem *) { return true; };
+    return getSubitems(lessThan, acceptAll, depth);
 }
 
 QList<TreeItem *> TreeItem::itemsAtLevel(const Comparison &lessThan, int level)
@@ -280,7 +318,7 @@ void TreeItem::dumpTree(int indent) const
     while (!pending.isEmpty()) {
         const Pending next = pending.takeLast();
         if (next.item != this) {
-            qCInfo(lcSettings) << next.indent << "key:" << next.item->m_name << "data:" << next.item->m_data;
+            qCInfo(lcSettings) << next.indent << "key:" << next.item->m_name << "data:" << next.item->data();
         }
         for (const TreeItem *child : next.item->m_children) {
             pending.append({child, next.indent + 1});
@@ -293,28 +331,30 @@ void TreeItem::setIndex(FileIndex *index)
     if (m_index == index) {
         return;
     }
-    QVector<TreeItem *> pending{this};
-    while (!pending.isEmpty()) {
-        TreeItem *item = pending.takeLast();
+    QVector<TreeItem *> pending;
+    TreeItem *item = this;
+    for (;;) {
         item->leaveIndex();
         item->m_index = index;
         item->enterIndex();
-        for (TreeItem *child : qAsConst(item->m_children)) {
-            pending.append(child);
+        std::copy(item->m_children.cbegin(), item->m_children.cend(), std::back_inserter(pending));
+        if (pending.isEmpty()) {
+            return;
         }
+        item = pending.takeLast();
     }
 }
 
 QString TreeItem::translatedTitle(const QString &idKey, const QString &plainKey) const
 {
-    const QString id = m_data.value(idKey).toString();
+    const QString id = value(idKey).toString();
     if (!id.isEmpty()) {
-        const QString text = qtTrId(id.toLocal8Bit().constData());
+        QString text = qtTrId(id.toLocal8Bit().constData());
         if (text != id) {
             return text;
         }
     }
-    return m_data.value(plainKey).toString();
+    return value(plainKey).toString();
 }
 
 QList<TreeItem *> TreeItem::sortedChildren(const Comparison &lessThan) const

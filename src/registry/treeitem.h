@@ -6,6 +6,7 @@
 #include "velkasettings_export.h"
 
 #include <QHash>
+#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
@@ -36,7 +37,7 @@ public:
     using Comparison = std::function<bool(const TreeItem *, const TreeItem *)>;
     using Predicate = std::function<bool(const TreeItem *)>;
 
-    /// A node without parent and children.
+    /// A node without parent and children. What is no JSON in @p data is turned into it.
     TreeItem(const QString &name, const QVariantMap &data);
     /// Deletes the subtree, leaves first. Does not take the node out of its parent: see removeChild().
     ~TreeItem() override;
@@ -55,6 +56,7 @@ public:
     Q_INVOKABLE QStringList location(TreeItem *top = nullptr) const;
     Q_INVOKABLE QVariantMap data() const;
 
+    QVariant value(const QString &key) const; ///< one value of data(), invalid when it is missing
     TreeItem *parentItem() const;
     bool isDeclared() const; ///< whether the data names a file
     QString fromFile() const;
@@ -66,7 +68,9 @@ public:
     void removeChild(TreeItem *child);
     /// Replaces the data of the node at @p path, making the nodes that are missing on the way. Returns that node.
     TreeItem *insertItem(const QStringList &path, const QVariantMap &data);
-    void setData(const QVariantMap &data);
+    /// The same for @p entry of the file @p fromFile, whose name replaces any "from_file" in it.
+    TreeItem *insertEntry(const QStringList &path, const QJsonObject &entry, const QString &fromFile);
+    void clearData();
     /// The node at @p path below this one (this node when it is empty), null when there is none.
     TreeItem *lookup(const QStringList &path);
     /// Deletes every descendant for which @p predicate is true, asking it for children before their parent.
@@ -92,6 +96,10 @@ public:
     void setIndex(FileIndex *index);
 
 private:
+    friend class FileIndex;
+
+    TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile);
+    void setEntry(const QJsonObject &entry, const QString &fromFile);
     QString translatedTitle(const QString &idKey, const QString &plainKey) const;
     QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
     void enterIndex();
@@ -99,8 +107,10 @@ private:
 
     const QString m_name;
     QHash<QString, TreeItem *> m_children;
-    QVariantMap m_data;
+    QJsonObject m_entry; ///< as it was parsed: variants are made when they are asked for
+    QString m_fromFile; ///< null when no file declared the node
     TreeItem *m_parent = nullptr;
     FileIndex *m_index = nullptr;
     int m_order;
+    int m_indexPosition = -1; ///< among the nodes of its file, kept by the index
 };
