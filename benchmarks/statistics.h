@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+#include <limits>
+
+/// The value below which @p share (0 to 1) of @p samples lie, between neighbours in proportion. Needs one sample.
+double quantile(QVector<double> samples, double share);
+double median(const QVector<double> &samples);
+
+/// One quantity, measured repeatedly.
+struct Measure {
+    QString name;
+    QString target;
+    /// What the median may be on any machine.
+    double minimum = 0;
+    double maximum = std::numeric_limits<double>::infinity();
+    QVector<double> samples{};
+
+    bool isAcceptable() const;
+};
+
+/// A Markdown table of @p measures with their spread.
+QString markdownTable(const QVector<Measure> &measures);

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/**
+ * Made-up registration files: five entries each, of seven keys ("params" is an object of one more), in forty
+ * sections; one translation catalog for all.
+ *
+ * They are written once, next to the entries directory, and moved into its place when they are needed.
+ * Ends the process outside the sandbox.
+ */
+class Workload
+{
+public:
+    static constexpr int EntriesPerFile = 5;
+
+    explicit Workload(int fileCount);
+
+    int fileCount() const;
+    /// Full paths, once the workload is in place.
+    QStringList files() const;
+    QString fileName(int index) const;
+    void putInPlace() const;
+    void takeAway() const;
+
+private:
+    QString storage() const;
+
+    int m_fileCount;
+};
