@@ -38,14 +38,18 @@ void countWarnings(QtMsgType type, const QMessageLogContext &context, const QStr
     s_printMessage(type, context, message);
 }
 
-const QCommandLineOption s_packages(QStringLiteral("packages"),
-    QStringLiteral("Directory of the registration files that the developer drawer offers."), QStringLiteral("DIR"));
-const QCommandLineOption s_locale(QStringLiteral("locale"),
-    QStringLiteral("Locale of the texts, such as fi_FI."), QStringLiteral("LOCALE"));
-const QCommandLineOption s_wide(QStringLiteral("wide"), QStringLiteral("Open a wide window, not a phone-sized one."));
+const QCommandLineOption
+    s_packages(QStringLiteral("packages"),
+               QStringLiteral("Directory of the registration files that the developer drawer offers."),
+               QStringLiteral("DIR"));
+const QCommandLineOption s_locale(QStringLiteral("locale"), QStringLiteral("Locale of the texts, such as fi_FI."),
+                                  QStringLiteral("LOCALE"));
+const QCommandLineOption s_wide(QStringLiteral("wide"),
+                                QStringLiteral("Open a wide window, not a phone-sized one."));
 const QCommandLineOption s_tree(QStringLiteral("tree"), QStringLiteral("Print the tree of entries and quit."));
 const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
-    QStringLiteral("Save a picture of every page into DIR and quit."), QStringLiteral("DIR"));
+                                       QStringLiteral("Save a picture of every page into DIR and quit."),
+                                       QStringLiteral("DIR"));
 
 int takeScreenshots(QQuickWindow *window, RegistrationFiles *files, const QString &directory)
 {

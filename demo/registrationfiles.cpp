@@ -80,12 +80,8 @@ QVariant RegistrationFiles::data(const QModelIndex &index, int role) const
 QHash<int, QByteArray> RegistrationFiles::roleNames() const
 {
     return {
-        {FileNameRole, "fileName"},
-        {InstalledRole, "installed"},
-        {EntryCountRole, "entryCount"},
-        {MaskedRole, "masked"},
-        {RequiredGroupRole, "requiredGroup"},
-        {DisabledGroupRole, "disabledGroup"},
+        {FileNameRole, "fileName"}, {InstalledRole, "installed"},         {EntryCountRole, "entryCount"},
+        {MaskedRole, "masked"},     {RequiredGroupRole, "requiredGroup"}, {DisabledGroupRole, "disabledGroup"},
     };
 }
 
@@ -96,9 +92,8 @@ QStringList RegistrationFiles::maskedPaths() const
 
 int RegistrationFiles::rowOf(const QString &fileName) const
 {
-    const auto it = std::find_if(m_files.cbegin(), m_files.cend(), [&fileName](const File &file) {
-        return file.name == fileName;
-    });
+    const auto it = std::find_if(m_files.cbegin(), m_files.cend(),
+                                 [&fileName](const File &file) { return file.name == fileName; });
     return it == m_files.cend() ? -1 : int(std::distance(m_files.cbegin(), it));
 }
 
@@ -144,16 +139,13 @@ void RegistrationFiles::updateRows()
 bool RegistrationFiles::isMasked(const File &file) const
 {
     const QStringList masked = maskedPaths();
-    return std::all_of(file.paths.cbegin(), file.paths.cend(), [&masked](const QString &path) {
-        return masked.contains(path);
-    });
+    return std::all_of(file.paths.cbegin(), file.paths.cend(),
+                       [&masked](const QString &path) { return masked.contains(path); });
 }
 
 int RegistrationFiles::entryCount(const File &file) const
 {
     TreeItem *const root = PluginRegistry::instance()->getItem({});
-    const auto isOfFile = [&file](const TreeItem *item) {
-        return item->fromFile() == file.name;
-    };
+    const auto isOfFile = [&file](const TreeItem *item) { return item->fromFile() == file.name; };
     return root->getSubitems(TreeItem::orderLessThan, isOfFile, -1).count();
 }

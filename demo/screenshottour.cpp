@@ -26,7 +26,8 @@ constexpr QSize WideSize(1180, 760);
 const QStringList s_topPath = {QStringLiteral("system_settings")};
 const QString s_addedFile = QStringLiteral("printing.json");
 const QString s_removedFile = QStringLiteral("bluetooth.json");
-const QStringList s_removedPath = s_topPath + QStringList{QStringLiteral("connectivity"), QStringLiteral("bluetooth")};
+const QStringList s_removedPath = s_topPath
+                                  + QStringList{QStringLiteral("connectivity"), QStringLiteral("bluetooth")};
 const QString s_maskedFile = QStringLiteral("sounds.json");
 
 bool fail(const QString &reason)
@@ -48,9 +49,7 @@ QList<TreeItem *> entries(const TreeItem::Predicate &filter, int depth)
 
 bool hasEntriesOf(const QString &fileName)
 {
-    const auto isOfFile = [&fileName](const TreeItem *item) {
-        return item->fromFile() == fileName;
-    };
+    const auto isOfFile = [&fileName](const TreeItem *item) { return item->fromFile() == fileName; };
     return !entries(isOfFile, -1).isEmpty();
 }
 
@@ -62,7 +61,7 @@ bool hasIcon(const QString &name)
 bool isPresentable(const TreeItem *item)
 {
     return !item->title().startsWith(QLatin1String("!!")) && !item->icon().isEmpty() && hasIcon(item->icon())
-        && hasIcon(item->controlIcon());
+           && hasIcon(item->controlIcon());
 }
 }
 
@@ -83,7 +82,7 @@ bool ScreenshotTour::run()
     }
     m_window->resize(WideSize);
     return walkPages(QStringLiteral("wide"), 2) && walkDrawer(QStringLiteral("wide"))
-        && walkChanges(QStringLiteral("wide"));
+           && walkChanges(QStringLiteral("wide"));
 }
 
 template<typename... Arguments>
@@ -124,9 +123,7 @@ bool ScreenshotTour::walkDrawer(const QString &form)
     if (!save(form + QLatin1String("-drawer"))) {
         return false;
     }
-    const bool atEnd = waitFor([this] {
-        return call("scrollToEnd").toBool();
-    });
+    const bool atEnd = waitFor([this] { return call("scrollToEnd").toBool(); });
     if (!atEnd) {
         return fail(QStringLiteral("The lists do not scroll to their end"));
     }
@@ -157,7 +154,7 @@ bool ScreenshotTour::changeFiles(bool changed)
     m_files->setMasked(m_files->rowOf(s_maskedFile), changed);
     const bool followed = waitFor([changed] {
         return hasEntriesOf(s_addedFile) == changed && hasEntriesOf(s_removedFile) != changed
-            && hasEntriesOf(s_maskedFile) != changed;
+               && hasEntriesOf(s_maskedFile) != changed;
     });
     return followed || fail(QStringLiteral("The tree does not follow the registration files"));
 }
@@ -225,8 +222,6 @@ QImage ScreenshotTour::grab()
 bool ScreenshotTour::showsTree() const
 {
     const TreeItem *const top = PluginRegistry::instance()->getItem(s_topPath);
-    const auto isTopRow = [top](const TreeItem *item) {
-        return item->depth(top) == 2;
-    };
+    const auto isTopRow = [top](const TreeItem *item) { return item->depth(top) == 2; };
     return m_window->property("topRows").toInt() == entries(isTopRow, 2).count();
 }

@@ -15,7 +15,7 @@ void printTree(QTextStream &out)
     for (const TreeItem *item : items) {
         const QString indent(2 * (item->depth(root) - 1), QLatin1Char(' '));
         const QString line = QString(indent + item->name()).leftJustified(28) + item->title().leftJustified(30)
-            + item->type().leftJustified(10) + item->fromFile();
+                             + item->type().leftJustified(10) + item->fromFile();
         out << line << '\n';
     }
 }

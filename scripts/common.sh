@@ -17,8 +17,9 @@ packages=(
     qttools5-dev qttools5-dev-tools libqt5svg5 qml-module-org-kde-kirigami2 qml-module-qtquick2
     qml-module-qtquick-controls2 qml-module-qtquick-layouts qml-module-qtquick-templates2 qml-module-qtquick-window2
     qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core
-    # tests and benchmarks
-    qml-module-qttest strace libbenchmark-dev
+    # tests, scripts/lint among them
+    qml-module-qttest strace
+    clang-format clang-tidy clazy git reuse
 )
 
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.

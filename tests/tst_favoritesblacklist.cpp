@@ -29,7 +29,8 @@ namespace
 {
 QString defaultWarning(const char *message)
 {
-    return QStringLiteral("warning default: %1 \"%2\"").arg(QString::fromUtf8(message), Constants::FavoritesBlacklistFile);
+    return QStringLiteral("warning default: %1 \"%2\"")
+        .arg(QString::fromUtf8(message), Constants::FavoritesBlacklistFile);
 }
 }
 
@@ -48,7 +49,8 @@ void FavoritesBlacklistTest::reads_data()
     const QStringList wrongFormat{defaultWarning(Messages::WrongBlacklistFormat)};
     QTest::newRow("empty array") << QByteArray("[]") << Paths() << QStringList();
     QTest::newRow("other types and duplicates")
-        << QByteArray(R"(["a/b", 3, null, "a/b", {"x": "y"}, ["z"], true])") << Paths{QStringLiteral("a/b")} << QStringList();
+        << QByteArray(R"(["a/b", 3, null, "a/b", {"x": "y"}, ["z"], true])") << Paths{QStringLiteral("a/b")}
+        << QStringList();
     QTest::newRow("as written") << QByteArray(R"(["/a//b/", "A"])")
                                 << Paths{QStringLiteral("/a//b/"), QStringLiteral("A")} << QStringList();
     QTest::newRow("empty string") << QByteArray(R"([""])") << Paths{QString()} << QStringList();

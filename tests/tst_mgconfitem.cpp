@@ -474,8 +474,9 @@ void tst_MGConfItem::invalidKey()
         QCOMPARE(item.value(2), QVariant(2));
         QCOMPARE(spy.count(), 0);
     }
-    QCOMPARE(s_warnings, QStringList{QStringLiteral("MGConfItem: invalid key \"%1\"")
-                                         .arg(QString::fromUtf8(qUtf8Printable(key)))});
+    QCOMPARE(
+        s_warnings,
+        QStringList{QStringLiteral("MGConfItem: invalid key \"%1\"").arg(QString::fromUtf8(qUtf8Printable(key)))});
 }
 
 QTEST_GUILESS_MAIN(tst_MGConfItem)

@@ -68,8 +68,7 @@ void tst_MGConfItemWorlds::worlds()
     child.setProcessEnvironment(environment);
     child.setWorkingDirectory(directory.path());
     child.setProcessChannelMode(QProcess::ForwardedChannels);
-    child.start(QCoreApplication::applicationFilePath(),
-                {QStringLiteral("--world"), world});
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--world"), world});
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(child.exitCode(), 0);
@@ -99,7 +98,10 @@ public:
         m_daemon.waitForReadyRead();
     }
 
-    ~Bus() { kill(); }
+    ~Bus()
+    {
+        kill();
+    }
 
     void kill()
     {

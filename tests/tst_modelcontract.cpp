@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "models/settingsmodel.h"
 #include "modelreplica.h"
+#include "models/settingsmodel.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "world.h"
@@ -60,7 +60,8 @@ void declareEntries(const QString &file, const QStringList &paths)
 void ModelContractTest::models()
 {
     QTest::addColumn<MakeModel>("make");
-    QTest::newRow("SettingsModel, children") << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); });
+    QTest::newRow("SettingsModel, children")
+        << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); });
     QTest::newRow("SettingsModel, grandchildren") << MakeModel([] { return makeSettingsModel({}, 2); });
 }
 
@@ -103,7 +104,8 @@ void ModelContractTest::followsTheRegistry()
         World::rescan(PluginRegistry::instance());
         QVERIFY(replica.isEqual());
         // A node that goes alone
-        TreeItem *item = PluginRegistry::instance()->getItem({QStringLiteral("page"), QString::number(random.bounded(12))});
+        TreeItem *item = PluginRegistry::instance()->getItem(
+            {QStringLiteral("page"), QString::number(random.bounded(12))});
         if (item) {
             item->parentItem()->removeChild(item);
             QVERIFY(replica.isEqual());

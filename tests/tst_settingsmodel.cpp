@@ -101,7 +101,10 @@ private Q_SLOTS:
 
 private:
     void declare(const QByteArray &entries);
-    void rescan() { World::rescan(m_registry); }
+    void rescan()
+    {
+        World::rescan(m_registry);
+    }
 
     PluginRegistry *m_registry = nullptr;
 };
@@ -129,8 +132,8 @@ void SettingsModelTest::showsExactlyItsMembers()
                           + text(property.isWritable() ? "rw" : "r") + QLatin1Char(' ')
                           + QString::fromLatin1(property.notifySignal().methodSignature()));
     }
-    QCOMPARE(properties, (QStringList{text("QStringList path rw modelChanged()"), text("int depth rw modelChanged()"),
-                                      text("int count r countChanged()")}));
+    QCOMPARE(properties, (QStringList{text("QStringList path rw modelChanged()"),
+                                      text("int depth rw modelChanged()"), text("int count r countChanged()")}));
     QStringList methods;
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
         methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
@@ -198,7 +201,8 @@ void SettingsModelTest::emptyForDepthsWithoutRows()
 
 void SettingsModelTest::sortsByOrderThenName()
 {
-    declare(R"({"path": "c"}, {"path": "b", "order": null}, {"path": "a", "order": 101}, {"path": "d", "order": 99},
+    declare(
+        R"({"path": "c"}, {"path": "b", "order": null}, {"path": "a", "order": 101}, {"path": "d", "order": 99},
                {"path": "e", "order": 100}, {"path": "f", "order": -5})");
     SettingsModel model;
     model.setDepth(1);
@@ -326,8 +330,11 @@ void SettingsModelTest::objectsSurviveTheGarbageCollector()
     const QPointer<TreeItem> a = m_registry->getItem(path("a"));
     const QPointer<TreeItem> b = m_registry->getItem(path("b"));
     const QPointer<TreeItem> c = m_registry->getItem(path("c"));
-    QCOMPARE(engine.evaluate(text("model.objectAt(0).name + model.objectForPath('b').name"
-                                  " + model.data(model.index(2, 0), 257).name")).toString(), text("abc"));
+    QCOMPARE(engine
+                 .evaluate(text("model.objectAt(0).name + model.objectForPath('b').name"
+                                " + model.data(model.index(2, 0), 257).name"))
+                 .toString(),
+             text("abc"));
     engine.collectGarbage();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(a && b && c);
@@ -365,7 +372,8 @@ void SettingsModelTest::destroyedRowGoesAlone()
     connect(&model, &QAbstractItemModel::rowsRemoved, this, [&](const QModelIndex &, int first, int last) {
         events.append(text("removed %1-%2").arg(first).arg(last));
     });
-    connect(&model, &SettingsModel::countChanged, this, [&] { events.append(text("count %1").arg(model.count())); });
+    connect(&model, &SettingsModel::countChanged, this,
+            [&] { events.append(text("count %1").arg(model.count())); });
     QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
     m_registry->getItem({})->removeChild(m_registry->getItem(path("b")));
     QCOMPARE(events, (QStringList{text("about 1-1"), text("removed 1-1"), text("count 2")}));
@@ -480,9 +488,7 @@ void SettingsModelTest::pageMayChangeInsideABatch()
     SettingsModel model;
     model.setPath(path("one"));
     model.setDepth(1);
-    connect(&model, &SettingsModel::countChanged, this, [&] {
-        model.setPath(path("two"));
-    });
+    connect(&model, &SettingsModel::countChanged, this, [&] { model.setPath(path("two")); });
     World::removeEntries(text("x.json"));
     rescan();
     QCOMPARE(names(model), path("d"));
@@ -494,7 +500,8 @@ void SettingsModelTest::manyRowsMayDieAtOnce()
     const auto work = [this](int count) {
         QByteArray entries;
         for (int i = 0; i < count; ++i) {
-            entries += "{\"path\": \"" + QByteArray::number(i) + "\", \"order\": " + QByteArray::number(i % 7) + "},";
+            entries += "{\"path\": \"" + QByteArray::number(i) + "\", \"order\": " + QByteArray::number(i % 7)
+                       + "},";
         }
         entries.chop(1);
         declare(entries);

@@ -175,7 +175,7 @@ static QVariant toArray(GVariant *value)
 QVariant fromGVariant(GVariant *value)
 {
     if (!value) {
-        return QVariant();
+        return {};
     }
     switch (g_variant_classify(value)) {
     case G_VARIANT_CLASS_BOOLEAN:
@@ -212,5 +212,5 @@ QVariant fromGVariant(GVariant *value)
     case G_VARIANT_CLASS_HANDLE:
         break;
     }
-    return QVariant();
+    return {};
 }

@@ -10,9 +10,11 @@
 
 #include <memory>
 
-struct GVariantUnref
-{
-    void operator()(GVariant *value) const { g_variant_unref(value); }
+struct GVariantUnref {
+    void operator()(GVariant *value) const
+    {
+        g_variant_unref(value);
+    }
 };
 using GVariantPointer = std::unique_ptr<GVariant, GVariantUnref>;
 

@@ -101,7 +101,7 @@ MGConfItemPrivate::~MGConfItemPrivate()
 QVariant MGConfItemPrivate::read() const
 {
     if (m_path.isEmpty()) {
-        return QVariant();
+        return {};
     }
     return fromGVariant(GVariantPointer(dconf_client_read(client(), m_path.constData())).get());
 }

@@ -22,8 +22,7 @@ static void withBuffer(LookUp lookUp)
     }
 }
 
-struct User
-{
+struct User {
     std::string name;
     gid_t primaryGroup;
 };
