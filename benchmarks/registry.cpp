@@ -20,28 +20,33 @@
 #include <QProcess>
 #include <QVariantMap>
 
+#include <benchmark/benchmark.h>
+
 #include <malloc.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <iostream>
+#include <limits>
 #include <memory>
 
 namespace
 {
 constexpr int MemorySamples = 5;
-constexpr int ReloadsPerRound = 101;
+constexpr double Unlimited = std::numeric_limits<double>::infinity();
 
 const QString s_memoryOption = QStringLiteral("--memory");
 const QString s_checkOption = QStringLiteral("--check");
 
 struct Effort {
-    int rounds;
-    int smallRunsPerRound;
+    int smallRuns;
+    int largeRuns;
+    int reloads;
 };
-constexpr Effort FullEffort{25, 8};
-constexpr Effort CheckEffort{5, 5};
+constexpr Effort FullEffort{200, 25, 1000};
+constexpr Effort CheckEffort{25, 5, 200};
 
 double seconds(const std::function<void()> &work)
 {
@@ -65,52 +70,54 @@ double floorSeconds(const QStringList &files)
     });
 }
 
-struct Run {
-    double floorBefore = 0;
-    double construction = 0;
-    double floorAfter = 0;
-    double reload = 0; ///< unloading and loading one file
-
-    double overFloor() const
-    {
-        return 2 * construction / (floorBefore + floorAfter);
-    }
-    double noise() const
-    {
-        return floorAfter / floorBefore;
-    }
+/// What the runs of one benchmark took, and their ratios.
+struct Constructions {
+    QVector<double> seconds;
+    QVector<double> overFloor;
+    QVector<double> noise; ///< one floor over the other
 };
 
-double reloadSeconds(PluginRegistry &registry, const Workload &workload)
+void construct(benchmark::State &state, const Workload &workload, Constructions &constructions)
 {
-    QVector<double> samples;
-    for (int i = 0; i < ReloadsPerRound; ++i) {
+    workload.putInPlace();
+    const QStringList files = workload.files();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        const double floorBefore = floorSeconds(files);
+        std::unique_ptr<PluginRegistry> registry;
+        malloc_trim(0);
+        const double construction = seconds([&] { registry = std::make_unique<PluginRegistry>(); });
+        registry.reset();
+        QCoreApplication::processEvents(); // what dconf sent for this registry
+        const double floorAfter = floorSeconds(files);
+
+        state.SetIterationTime(construction);
+        constructions.seconds.append(construction);
+        constructions.overFloor.append(2 * construction / (floorBefore + floorAfter));
+        constructions.noise.append(floorAfter / floorBefore);
+    }
+    state.counters["over_floor"] = median(constructions.overFloor);
+    workload.takeAway();
+}
+
+/// Unloading and loading one file of many.
+void reload(benchmark::State &state, const Workload &workload, QVector<double> &samples)
+{
+    workload.putInPlace();
+    PluginRegistry registry;
+    int file = 0;
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
         // Prime to the number of files: each time another one.
-        const QString fileName = workload.fileName(i * 7919 % workload.fileCount());
+        file = (file + 7919) % workload.fileCount();
+        const QString fileName = workload.fileName(file);
         samples.append(seconds([&] {
             registry.removeEntriesForFile(fileName);
             registry.addEntriesForFile(fileName);
         }));
+        state.SetIterationTime(samples.last());
     }
-    return median(samples);
-}
-
-/// One construction from @p workload, which is in place.
-Run measureRun(const Workload &workload, bool withReload)
-{
-    const QStringList files = workload.files();
-    Run run;
-    run.floorBefore = floorSeconds(files);
-    std::unique_ptr<PluginRegistry> registry;
-    malloc_trim(0);
-    run.construction = seconds([&] { registry = std::make_unique<PluginRegistry>(); });
-    if (withReload) {
-        run.reload = reloadSeconds(*registry, workload);
-    }
-    registry.reset();
-    QCoreApplication::processEvents(); // what dconf sent for this registry
-    run.floorAfter = floorSeconds(files);
-    return run;
+    workload.takeAway();
 }
 
 double heapBytes()
@@ -141,43 +148,59 @@ double registryBytesOfChild()
     return bytes;
 }
 
+QVector<double> memorySamples(const Workload &workload)
+{
+    QVector<double> samples;
+    workload.putInPlace();
+    for (int i = 0; i < MemorySamples; ++i) {
+        samples.append(registryBytesOfChild() / (workload.fileCount() * Workload::EntriesPerFile) / 1024);
+    }
+    workload.takeAway();
+    return samples;
+}
+
+QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale)
+{
+    std::transform(values.cbegin(), values.cend(), values.begin(), scale);
+    return values;
+}
+
 QVector<Measure> measureAll(const Workload &small, const Workload &large, Effort effort)
 {
-    Measure smallNoise{QStringLiteral("floor / same floor again, 1,000 files (noise)"), QStringLiteral("1")};
-    Measure largeNoise{QStringLiteral("floor / same floor again, 10,000 files (noise)"), QStringLiteral("1")};
-    Measure smallRatio{QStringLiteral("construct / floor, 1,000 files"), QStringLiteral("≤ 1.3"), 0, 1.6};
-    Measure largeRatio{QStringLiteral("construct / floor, 10,000 files"), QStringLiteral("≤ 1.3"), 0, 1.6};
-    Measure growth{QStringLiteral("construct, 10,000 files / 1,000 files"), QStringLiteral("≈ 10"), 0, 13};
-    Measure reload{QStringLiteral("construct / unload and load one file, 10,000 files"), QStringLiteral("≥ 500"),
-                   200};
-    Measure memory{QStringLiteral("heap per entry, KiB"), QStringLiteral("≤ 1.6"), 0, 1.6};
+    Constructions smallRuns;
+    Constructions largeRuns;
+    QVector<double> reloads;
+    benchmark::ClearRegisteredBenchmarks();
+    const auto add = [](const char *name, const auto &work, int iterations) {
+        benchmark::RegisterBenchmark(name, work)
+            ->UseManualTime()
+            ->Iterations(iterations)
+            ->Unit(benchmark::kMicrosecond);
+    };
+    add(
+        "construct, 1,000 files", [&](auto &state) { construct(state, small, smallRuns); }, effort.smallRuns);
+    add(
+        "construct, 10,000 files", [&](auto &state) { construct(state, large, largeRuns); }, effort.largeRuns);
+    add(
+        "reload one of 10,000 files", [&](auto &state) { reload(state, large, reloads); }, effort.reloads);
+    benchmark::ConsoleReporter reporter;
+    reporter.SetOutputStream(&std::cerr); // the table goes to standard output
+    benchmark::RunSpecifiedBenchmarks(&reporter);
 
-    for (int round = 0; round < effort.rounds; ++round) {
-        QVector<double> smallConstructions;
-        small.putInPlace();
-        for (int i = 0; i < effort.smallRunsPerRound; ++i) {
-            const Run run = measureRun(small, false);
-            smallNoise.samples.append(run.noise());
-            smallRatio.samples.append(run.overFloor());
-            smallConstructions.append(run.construction);
-        }
-        small.takeAway();
-
-        large.putInPlace();
-        const Run run = measureRun(large, true);
-        large.takeAway();
-        largeNoise.samples.append(run.noise());
-        largeRatio.samples.append(run.overFloor());
-        growth.samples.append(run.construction / median(smallConstructions));
-        reload.samples.append(run.construction / run.reload);
-    }
-
-    small.putInPlace();
-    for (int i = 0; i < MemorySamples; ++i) {
-        memory.samples.append(registryBytesOfChild() / (small.fileCount() * Workload::EntriesPerFile) / 1024);
-    }
-    small.takeAway();
-    return {smallRatio, largeRatio, growth, reload, memory, smallNoise, largeNoise};
+    const double smallSeconds = median(smallRuns.seconds);
+    const double largeSeconds = median(largeRuns.seconds);
+    const auto growth = scaled(largeRuns.seconds, [=](double run) { return run / smallSeconds; });
+    const auto perReload = scaled(reloads, [=](double run) { return largeSeconds / run; });
+    const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
+    return {
+        {text("construct / floor, 1,000 files"), text("≤ 1.3"), 0, 1.6, smallRuns.overFloor},
+        {text("construct / floor, 10,000 files"), text("≤ 1.3"), 0, 1.6, largeRuns.overFloor},
+        {text("construct 10,000 files / construct 1,000 files"), text("≈ 10"), 0, 13, growth},
+        {text("construct / unload and load one file, 10,000 files"), text("≥ 500"), 200, Unlimited, perReload},
+        {text("heap per entry, KiB"), text("≤ 1.6"), 0, 1.6, memorySamples(small)},
+        {text("floor / same floor again, 1,000 files (noise)"), text("1"), 0, Unlimited, smallRuns.noise},
+        {text("floor / same floor again, 10,000 files (noise)"), text("1"), 0, Unlimited, largeRuns.noise},
+    };
 }
 
 bool areAcceptable(const QVector<Measure> &measures)

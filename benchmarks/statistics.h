@@ -6,8 +6,6 @@
 #include <QString>
 #include <QVector>
 
-#include <limits>
-
 /// The value below which @p share (0 to 1) of @p samples lie, between neighbours in proportion. Needs one sample.
 double quantile(QVector<double> samples, double share);
 double median(const QVector<double> &samples);
@@ -17,9 +15,9 @@ struct Measure {
     QString name;
     QString target;
     /// What the median may be on any machine.
-    double minimum = 0;
-    double maximum = std::numeric_limits<double>::infinity();
-    QVector<double> samples{};
+    double minimum;
+    double maximum;
+    QVector<double> samples;
 
     bool isAcceptable() const;
 };

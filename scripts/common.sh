@@ -17,8 +17,9 @@ packages=(
     qttools5-dev qttools5-dev-tools libqt5svg5 qml-module-org-kde-kirigami2 qml-module-qtquick2
     qml-module-qtquick-controls2 qml-module-qtquick-layouts qml-module-qtquick-templates2 qml-module-qtquick-window2
     qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core
-    # tests, scripts/lint among them
+    # tests, scripts/lint among them, and benchmarks
     qml-module-qttest strace
+    libbenchmark-dev
     clang-format clang-tidy clazy git reuse
 )
 
