@@ -78,6 +78,7 @@ private Q_SLOTS:
     void damagedCatalog_data();
     void damagedCatalog();
     void truncatedCatalog();
+    void forbiddenCatalog();
     void noReadableFile_data();
     void noReadableFile();
 };
@@ -396,10 +397,19 @@ void TranslationCatalogsTest::truncatedCatalog()
     QCOMPARE(translatorCount(registry), 2 * catalog.size());
 }
 
+void TranslationCatalogsTest::forbiddenCatalog()
+{
+    Catalogs::install("sample-fi", "sample-fi");
+    QVERIFY(QFile::setPermissions(Catalogs::path("sample-fi"), QFile::Permissions()));
+    World::writeEntries(s_file, s_sample);
+    const PluginRegistry registry;
+    QCOMPARE(translatorCount(registry), 2);
+    QCOMPARE(qtTrId("test-both"), s_untranslated);
+}
+
 void TranslationCatalogsTest::noReadableFile_data()
 {
     QTest::addColumn<mode_t>("mode");
-    QTest::newRow("forbidden") << mode_t(S_IFREG);
     QTest::newRow("directory") << mode_t(S_IFDIR | 0700);
     QTest::newRow("pipe") << mode_t(S_IFIFO | 0600);
 }
