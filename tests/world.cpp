@@ -93,3 +93,14 @@ QStringList World::brokenInvariants(TreeItem *root)
     }
     return broken;
 }
+
+bool World::isLinear(const std::function<qint64(int)> &work, int size)
+{
+    const qint64 small = work(size);
+    const qint64 large = work(10 * size);
+    if (small > 0 && large > 0 && large < 40 * small) {
+        return true;
+    }
+    qWarning("%lld ns for %d, %lld ns for %d", small, size, large, 10 * size);
+    return false;
+}

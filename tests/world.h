@@ -7,6 +7,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 class PluginRegistry;
 class TreeItem;
 
@@ -29,4 +31,10 @@ void setMasked(const QStringList &paths);
 QStringList paths(TreeItem *root);
 /// What is wrong with the tree below @p root: links between parents and children, names and keys. Empty if sound.
 QStringList brokenInvariants(TreeItem *root);
+
+/**
+ * Whether @p work takes about ten times as long for ten times @p size; with quadratic work it would be a hundred
+ * times. It returns its nanoseconds, or -1 when its result is wrong.
+ */
+bool isLinear(const std::function<qint64(int)> &work, int size);
 }
