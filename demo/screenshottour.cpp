@@ -120,6 +120,7 @@ bool ScreenshotTour::walkDrawer(const QString &form)
 {
     call("showEntry", s_topPath, false);
     call("setDrawerOpen", true);
+    call("scrollToBeginning");
     if (!save(form + QLatin1String("-drawer"))) {
         return false;
     }

@@ -1,11 +1,11 @@
 # SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# What scripts/demo and scripts/test share. To be sourced.
+# What the scripts share. To be sourced.
 
 project=$(dirname "$(dirname "$(realpath "${BASH_SOURCE[0]}")")")
 
-# The Debian packages that the project builds, runs and is tested with.
+# The Debian packages that the project is built and the demo runs with.
 packages=(
     # compiler and build
     cmake g++ ninja-build pkg-config
@@ -16,18 +16,18 @@ packages=(
     # the demo
     qttools5-dev qttools5-dev-tools libqt5svg5 qml-module-org-kde-kirigami2 qml-module-qtquick2
     qml-module-qtquick-controls2 qml-module-qtquick-layouts qml-module-qtquick-templates2 qml-module-qtquick-window2
-    qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core
-    # tests, scripts/lint among them, and benchmarks
-    qml-module-qttest strace
+    qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core qtwayland5
+    # benchmarks
     libbenchmark-dev
-    clang-format clang-tidy clazy git reuse
 )
+# What the tests need besides, scripts/lint among them.
+test_packages=(qml-module-qttest strace clang-format clang-tidy clazy git reuse)
 
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.
 install_packages() {
     local missing=() package
     for package in "${packages[@]}"; do
-        if [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null) != installed ]]; then
+        if ! dpkg-query --show --showformat='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed; then
             missing+=("$package")
         fi
     done
@@ -38,7 +38,7 @@ install_packages() {
     if [[ $(id -u) -ne 0 ]]; then
         if ! sudo --non-interactive true 2>/dev/null; then
             echo "Please install what is missing, then start again:" >&2
-            echo "  sudo ${install[*]}" >&2
+            echo "  sudo apt-get update && sudo ${install[*]}" >&2
             exit 1
         fi
         sudo=(sudo)

@@ -98,6 +98,11 @@ Kirigami.ApplicationWindow {
         return columns * pageStack.defaultColumnWidth
     }
 
+    function scrollToBeginning() {
+        topPage.flickable.positionViewAtBeginning()
+        drawer.list.positionViewAtBeginning()
+    }
+
     /// Scrolls the top page and the drawer. Whether that is the real end: where it is depends on the heights of rows
     /// that are made on the way there.
     function scrollToEnd() {
