@@ -110,6 +110,9 @@ private Q_SLOTS:
     void notAFile_data();
     void notAFile();
     void entryWithoutPath();
+    void fakeIsMatchedWithItsCase();
+    void pathOfAnotherType_data();
+    void pathOfAnotherType();
     void laterFileWins();
     void laterEntryWins();
     void listingOrderIgnoresCase();
@@ -128,6 +131,7 @@ private Q_SLOTS:
     void removalAndAdditionAreSilent();
     void removalMatchesReference();
 
+    void scansOnceAfterTwoSeconds();
     void burstIsOneBatch();
     void changeRestartsTheDelay();
     void fileVanishes();
@@ -145,6 +149,7 @@ private Q_SLOTS:
     void maskNeedsTheExactSpelling();
     void maskLeavesEntriesBelow();
     void maskLeavesOtherSpellingAlone();
+    void maskLeavesOtherFileAlone();
     void maskOfSeveralEntriesIsOneBatch();
     void maskOfUnknownEntryWaits();
     void maskWithoutEffectIsSilent();
@@ -156,7 +161,9 @@ private Q_SLOTS:
     void hostileFiles_data();
     void hostileFiles();
     void manyEntriesInOneFile();
+    void longCatalogName();
     void manyVanishedFilesInOnePass();
+    void manyFilesMaskedAtOnce();
 
     void instanceIsOne(); // last: from there on it lives
 };
@@ -308,6 +315,35 @@ void PluginRegistryTest::entryWithoutPath()
     const QString message = settingsWarning("Mandatory field \"path\" missing in entry on file", text("x.json"));
     QCOMPARE(log.take(), (QStringList{message, message, message, message}));
     QCOMPARE(paths(registry), path("a"));
+}
+
+void PluginRegistryTest::fakeIsMatchedWithItsCase()
+{
+    World::writeEntries(text("Fakex.json"), declaring("X", {"x"}));
+    const PluginRegistry registry;
+    QCOMPARE(paths(registry), path("x"));
+}
+
+void PluginRegistryTest::pathOfAnotherType_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QStringList>("nodes");
+    QTest::newRow("null") << QByteArray("null") << QStringList(); // there, and as empty as ""
+    QTest::newRow("number") << QByteArray("7") << path("7");
+    QTest::newRow("large number") << QByteArray("1000000") << path("1e+06"); // a double as any other
+    QTest::newRow("boolean") << QByteArray("true") << path("true");
+    QTest::newRow("array") << QByteArray("[\"a\"]") << QStringList();
+}
+
+void PluginRegistryTest::pathOfAnotherType()
+{
+    QFETCH(QByteArray, value);
+    World::writeEntries(text("x.json"), R"({"entries": [{"path": )" + value + "}]}");
+    const MessageLog log;
+    const PluginRegistry registry;
+    QTEST(paths(registry), "nodes");
+    QCOMPARE(registry.getItem({})->isDeclared(), paths(registry).isEmpty());
+    QCOMPARE(log.take(), QStringList());
 }
 
 void PluginRegistryTest::laterFileWins()
@@ -547,6 +583,14 @@ void PluginRegistryTest::removalMatchesReference()
     }
 }
 
+void PluginRegistryTest::scansOnceAfterTwoSeconds()
+{
+    const PluginRegistry registry;
+    const auto *delay = registry.findChild<QTimer *>();
+    QCOMPARE(delay->interval(), 2000);
+    QVERIFY(delay->isSingleShot());
+}
+
 void PluginRegistryTest::burstIsOneBatch()
 {
     PluginRegistry registry;
@@ -635,8 +679,14 @@ void PluginRegistryTest::refusedFileIsNotRetried()
     const MessageLog log;
     PluginRegistry registry;
     QCOMPARE(log.take().size(), 1);
+    QSignalSpy changes(&registry, &PluginRegistry::contentChanged);
     World::writeEntries(text("x.json"), declaring("X", {"x"}));
+    World::writeEntries(text("another.json"), "broken");
     World::rescan(&registry);
+    QCOMPARE(changes.count(), 1); // a file came, whatever is in it
+    QCOMPARE(log.take().size(), 1);
+    World::rescan(&registry);
+    QCOMPARE(changes.count(), 1);
     QCOMPARE(log.take(), QStringList());
     QCOMPARE(paths(registry), QStringList());
 }
@@ -749,12 +799,31 @@ void PluginRegistryTest::maskLeavesEntriesBelow()
 
 void PluginRegistryTest::maskLeavesOtherSpellingAlone()
 {
+    World::writeEntries(text("1.json"),
+                        R"({"entries": [{"path": "a", "title": "Masked"}, {"path": "/a", "title": "Shown"}]})");
+    World::writeEntries(text("2.json"), declaring("Two", {"a/b"}));
+    PluginRegistry registry;
+    World::setMasked({text("a")});
+    registry.addEntriesForFile(text("1.json"));
+    QCOMPARE(registry.getItem(path("a"))->title(), text("Shown"));
+    // The masked entry comes last now, after the other one stands there.
+    World::writeEntries(text("1.json"),
+                        R"({"entries": [{"path": "/a", "title": "Shown"}, {"path": "a", "title": "Masked"}]})");
+    registry.addEntriesForFile(text("1.json"));
+    QCOMPARE(registry.getItem(path("a"))->title(), text("Shown"));
+}
+
+void PluginRegistryTest::maskLeavesOtherFileAlone()
+{
     World::writeEntries(text("1.json"), declaring("One", {"a"}));
-    World::writeEntries(text("2.json"), declaring("Two", {"/a"}));
+    World::writeEntries(text("2.json"), declaring("Two", {"a"}));
     World::writeEntries(text("3.json"), declaring("Three", {"a/b"}));
     PluginRegistry registry;
-    registry.removeEntriesForFile(text("2.json")); // the node stays with its data, for the entry below it
+    World::removeEntries(text("2.json"));
+    World::rescan(&registry); // the node stays with its data, for the entry below it
+    const MessageLog log;
     World::setMasked({text("a")});
+    QCOMPARE(log.take(), QStringList{settingsWarning(Messages::CannotReadEntries, text("2.json"))});
     registry.addEntriesForFile(text("1.json"));
     QCOMPARE(fileOf(registry, "a"), text("2.json"));
     QCOMPARE(registry.getItem(path("a"))->title(), text("Two"));
@@ -908,6 +977,41 @@ void PluginRegistryTest::manyEntriesInOneFile()
     World::removeEntries(text("a.json"));
     World::rescan(&registry);
     QCOMPARE(paths(registry), QStringList{text("neighbour")});
+}
+
+void PluginRegistryTest::longCatalogName()
+{
+    World::writeEntries(text("a.json"), R"({"translation_catalog": ")" + QByteArray(1 << 20, '_')
+                                            + R"(", "entries": [{"path": "a"}]})");
+    World::writeEntries(text("b.json"), declaring("B", {"b"}));
+    QElapsedTimer timer;
+    timer.start();
+    const PluginRegistry registry;
+    QCOMPARE(paths(registry), path("a/b"));
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void PluginRegistryTest::manyFilesMaskedAtOnce()
+{
+    const auto work = [](int files) {
+        World::reset();
+        QStringList masked;
+        for (int i = 0; i < files; ++i) {
+            const QByteArray name = QByteArray::number(i);
+            World::writeEntries(QString::fromLatin1(name) + text(".json"), declaring(name, {name}));
+            masked.append(QString::fromLatin1(name));
+        }
+        PluginRegistry registry;
+        QSignalSpy changes(&registry, &PluginRegistry::contentChanged);
+        QElapsedTimer timer;
+        timer.start();
+        World::setMasked(masked);
+        const bool hidden = QTest::qWaitFor([&] { return paths(registry).isEmpty(); });
+        World::setMasked({});
+        const bool shown = QTest::qWaitFor([&] { return paths(registry).size() == files; });
+        return hidden && shown && changes.count() == 2 ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(World::isLinear(work, 800));
 }
 
 void PluginRegistryTest::manyVanishedFilesInOnePass()

@@ -96,6 +96,8 @@ private Q_SLOTS:
     void twoModelsNeverShowADeadNode();
     void rootMayDie();
     void pageMayChangeInsideABatch();
+    void pageMayChangeBeforeAReset();
+    void emptyPageTellsItsCount();
     void manyRowsMayDieAtOnce();
     void deepChain();
 
@@ -389,6 +391,12 @@ void SettingsModelTest::rebuildsConnectOnce()
         model.setDepth(i % 2 + 1);
     }
     QCOMPARE(names(model), path("a/b"));
+    // Opens what QObject keeps to its heirs.
+    struct Access : QObject {
+        using QObject::receivers;
+    };
+    const auto receivers = &Access::receivers;
+    QCOMPARE((m_registry->getItem(path("a"))->*receivers)(SIGNAL(destroyed(QObject *))), 1);
     QSignalSpy counts(&model, &SettingsModel::countChanged);
     m_registry->getItem({})->removeChild(m_registry->getItem(path("a")));
     QCOMPARE(counts.count(), 1);
@@ -492,6 +500,25 @@ void SettingsModelTest::pageMayChangeInsideABatch()
     World::removeEntries(text("x.json"));
     rescan();
     QCOMPARE(names(model), path("d"));
+}
+
+void SettingsModelTest::pageMayChangeBeforeAReset()
+{
+    declare(R"({"path": "one/a"}, {"path": "two/b"})");
+    SettingsModel model;
+    model.setDepth(1);
+    connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [&] { model.setPath(path("two")); });
+    model.setPath(path("one"));
+    QCOMPARE(model.path(), path("two"));
+    QCOMPARE(names(model), path("b"));
+}
+
+void SettingsModelTest::emptyPageTellsItsCount()
+{
+    SettingsModel model;
+    QSignalSpy counts(&model, &SettingsModel::countChanged);
+    model.setPath(path("nowhere"));
+    QCOMPARE(counts.count(), 1);
 }
 
 void SettingsModelTest::manyRowsMayDieAtOnce()

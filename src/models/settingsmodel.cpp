@@ -127,13 +127,14 @@ QObject *SettingsModel::objectForPath(const QString &path) const
 
 void SettingsModel::updateItems()
 {
+    // First of all: whoever hears of it may change the page.
+    beginResetModel();
     m_root = m_registry->getItem(m_path);
     const QList<TreeItem *> items = m_root ? m_root->itemsAtLevel(TreeItem::orderLessThan, m_depth)
                                            : QList<TreeItem *>();
     for (TreeItem *item : items) {
         connect(item, &QObject::destroyed, this, &SettingsModel::itemDestroyed, Qt::UniqueConnection);
     }
-    beginResetModel();
     m_rows.reset(items);
     endResetModel();
     Q_EMIT countChanged();

@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "registry/treeitem.h"
+
 #include <QHash>
 #include <QPointer>
 #include <QVector>
-
-#include "registry/treeitem.h"
 
 /**
  * Rows of tree items that are not owned and vanish one by one between two resets. Finding and removing a row takes

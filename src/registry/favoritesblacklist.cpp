@@ -8,13 +8,15 @@
 
 #include <QDebug>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
 QSet<QString> readFavoritesBlacklist()
 {
     QFile file(Constants::FavoritesBlacklistFile);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    // To open a pipe would wait for its writer.
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         qWarning() << Messages::CannotReadBlacklist << file.fileName();
         return {};
     }

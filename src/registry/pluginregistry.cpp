@@ -6,6 +6,7 @@
 #include "plugin/constants.h"
 #include "registry/favoritesblacklist.h"
 #include "registry/fileindex.h"
+#include "registry/jsonvariant.h"
 #include "registry/logging.h"
 #include "registry/messages.h"
 #include "registry/registrationfile.h"
@@ -27,6 +28,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <climits>
 
 using namespace std::chrono_literals;
 
@@ -47,6 +49,12 @@ bool isRegistrationFile(const QString &fileName)
 bool userHasGroup(const QString &group)
 {
     return orvanta_access_control_hasgroup(geteuid(), group.toLocal8Bit().constData());
+}
+
+/// Whether a file can have @p name. QTranslator would look for a longer one in ever shorter forms, for hours.
+bool isFileName(const QString &name)
+{
+    return QFile::encodeName(name).size() <= NAME_MAX;
 }
 
 /// Whether the groups that @p file names let the effective user have its entries.
@@ -93,6 +101,7 @@ PluginRegistry::PluginRegistry(QObject *parent)
     , m_index(std::make_unique<FileIndex>())
     , m_root(std::make_unique<TreeItem>(QString(), QVariantMap()))
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
+    , m_scanTimer(this)
     , m_favoritesBlacklist(readFavoritesBlacklist())
 {
     m_root->setIndex(m_index.get());
@@ -113,7 +122,7 @@ PluginRegistry::PluginRegistry(QObject *parent)
 
 PluginRegistry::~PluginRegistry()
 {
-    m_root.reset();
+    m_root->removeItems([](const TreeItem *) { return true; });
     for (QTranslator *translator : qAsConst(m_translators)) {
         QCoreApplication::removeTranslator(translator);
         delete translator;
@@ -151,7 +160,7 @@ void PluginRegistry::insertEntries(const RegistrationFile &file, const QString &
             qCWarning(lcSettings) << Messages::PathMissing << fileName;
             continue;
         }
-        const QString path = (*pathValue).toVariant().toString();
+        const QString path = jsonToVariant(*pathValue).toString();
         if (m_maskedSettings.contains(path)) {
             maskEntry(path, fileName);
             continue;
@@ -216,14 +225,18 @@ void PluginRegistry::loadTranslationCatalog(const QString &catalog)
     if (!m_translators.contains(engineeringEnglish)) {
         auto *translator = new QTranslator(this);
         m_translators.insert(engineeringEnglish, translator);
-        translator->load(engineeringEnglish, Constants::TranslationsDirectory);
+        if (isFileName(engineeringEnglish)) {
+            translator->load(engineeringEnglish, Constants::TranslationsDirectory);
+        }
         QCoreApplication::installTranslator(translator);
     }
     // Installed last, asked first.
     if (!m_translators.contains(catalog)) {
         auto *translator = new QTranslator(this);
         m_translators.insert(catalog, translator);
-        translator->load(QLocale(), catalog, QStringLiteral("-"), Constants::TranslationsDirectory);
+        if (isFileName(catalog)) {
+            translator->load(QLocale(), catalog, QStringLiteral("-"), Constants::TranslationsDirectory);
+        }
         QCoreApplication::installTranslator(translator);
     }
 }
@@ -261,8 +274,11 @@ void PluginRegistry::maskedSettingsChanged()
     const QSet<QString> masked = QSet<QString>(value.cbegin(), value.cend()) - m_favoritesBlacklist;
     const QSet<QString> reload = filesToReload(masked);
     m_maskedSettings = masked; // the files are loaded by the new list
-    for (const QString &fileName : reload) {
-        removeEntriesForFile(fileName);
+    unload(reload);
+    // In the order of a scan, so that of two files with one path the same one wins.
+    QStringList fileNames = reload.values();
+    fileNames.sort(Qt::CaseInsensitive);
+    for (const QString &fileName : qAsConst(fileNames)) {
         addEntriesForFile(fileName);
     }
     if (!reload.isEmpty()) {

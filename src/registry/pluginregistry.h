@@ -78,7 +78,7 @@ private:
     QStringList m_knownFiles;
     QFileSystemWatcher *const m_watcher;
     const std::unique_ptr<FileIndex> m_index; ///< outlives the tree
-    std::unique_ptr<TreeItem> m_root;
+    const std::unique_ptr<TreeItem> m_root;
     QHash<QString, QTranslator *> m_translators;
     MGConfItem *const m_maskedItem;
     QSet<QString> m_maskedSettings;

@@ -26,6 +26,7 @@ class FileIndex;
 class VELKASETTINGS_EXPORT TreeItem : public QObject
 {
     Q_OBJECT
+    // Constant for bindings: whoever holds a node drops it at contentChanged(), before another value could matter.
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(QString type READ type CONSTANT)
     Q_PROPERTY(QString title READ title CONSTANT)
@@ -64,9 +65,10 @@ public:
 
     /// Takes ownership of @p child. A child of the same name is replaced, but not deleted.
     void addChild(TreeItem *child);
-    /// Takes @p child out of this node and deletes it.
+    /// Takes @p child out of this node and deletes it. Whoever hears of its death must leave the tree as it is.
     void removeChild(TreeItem *child);
     /// Replaces the data of the node at @p path, making the nodes that are missing on the way. Returns that node.
+    /// What is no JSON in @p data is turned into it.
     TreeItem *insertItem(const QStringList &path, const QVariantMap &data);
     /// The same for @p entry of the file @p fromFile, whose name replaces any "from_file" in it.
     TreeItem *insertEntry(const QStringList &path, const QJsonObject &entry, const QString &fromFile);
