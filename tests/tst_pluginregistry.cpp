@@ -7,6 +7,7 @@
 #include "plugin/constants.h"
 #include "registry/messages.h"
 #include "registry/treeitem.h"
+#include "text.h"
 #include "world.h"
 
 #include <mgconfitem.h>
@@ -32,16 +33,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-QStringList path(const char *joined)
-{
-    return text(joined).split(QLatin1Char('/'), Qt::SkipEmptyParts);
-}
-
 /// A registration file with an entry, titled with the file's name, at each of @p paths.
 QByteArray declaring(const QByteArray &title, const QList<QByteArray> &paths)
 {

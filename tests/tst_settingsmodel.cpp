@@ -7,6 +7,7 @@
 #include "registry/messages.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
+#include "text.h"
 #include "world.h"
 
 #include <QElapsedTimer>
@@ -19,16 +20,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-QStringList path(const char *joined)
-{
-    return text(joined).split(QLatin1Char('/'), Qt::SkipEmptyParts);
-}
-
 QVariant value(const SettingsModel &model, int row, int role)
 {
     return model.data(model.index(row), role);

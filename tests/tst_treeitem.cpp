@@ -4,6 +4,7 @@
 #include "registry/treeitem.h"
 
 #include "registry/fileindex.h"
+#include "text.h"
 #include "world.h"
 
 #include <QElapsedTimer>
@@ -20,16 +21,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-QStringList path(const char *joined)
-{
-    return text(joined).split(QLatin1Char('/'), Qt::SkipEmptyParts);
-}
-
 QStringList names(const QList<TreeItem *> &items)
 {
     QStringList names;
