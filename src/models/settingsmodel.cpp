@@ -3,26 +3,16 @@
 
 #include "models/settingsmodel.h"
 
+#include "models/toqml.h"
 #include "registry/logging.h"
 #include "registry/messages.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 
-#include <QQmlEngine>
-
 #include <utility>
 
 namespace
 {
-/// @p item, safe to hand to QML, which must never delete it.
-QObject *toQml(TreeItem *item)
-{
-    if (item) {
-        QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
-    }
-    return item;
-}
-
 struct RoleEntry {
     int role;
     const char *name;

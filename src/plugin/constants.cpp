@@ -10,6 +10,11 @@ const QString FavoritesBlacklistFile = QStringLiteral("/usr/share/velka-settings
 const QString TranslationsDirectory = QStringLiteral("/usr/share/translations/");
 
 const QString MaskedSettingsKey = QStringLiteral("/apps/velka-settings/maskedSettings");
+const QString FavoritesKey = QStringLiteral("/apps/velka-settings/favorites");
+
+const QString StoreService = QStringLiteral("com.velka.velkastore");
+const QString StorePath = QStringLiteral("/StoreClient");
+const QString StoreInterface = QStringLiteral("com.velka.velkastore");
 
 const QString SectionType = QStringLiteral("section");
 }

@@ -14,5 +14,12 @@ extern const QString TranslationsDirectory;
 
 extern const QString MaskedSettingsKey; ///< dconf key, list of entry paths
 
+extern const QString
+    FavoritesKey; ///< dconf key, list of entry paths; where favourites are unless a page says else
+
+extern const QString StoreService;
+extern const QString StorePath;
+extern const QString StoreInterface;
+
 extern const QString SectionType; ///< the type of an entry that names none
 }

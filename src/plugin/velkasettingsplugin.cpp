@@ -3,6 +3,7 @@
 
 #include "plugin/velkasettingsplugin.h"
 
+#include "models/favoritesmodel.h"
 #include "models/settingscontrolerror.h"
 #include "models/settingsmodel.h"
 #include "plugin/apptranslator.h"
@@ -16,6 +17,7 @@
 void VelkaSettingsPlugin::registerTypes(const char *uri)
 {
     qmlRegisterType<SettingsModel>(uri, 1, 0, "SettingsModel");
+    qmlRegisterType<FavoritesModel>(uri, 1, 0, "FavoritesModel");
     qmlRegisterUncreatableType<SettingsControlError>(uri, 1, 0, "SettingsControlError", QString());
 }
 

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "actions/quickactionreader.h"
+
+#include "actions/callcheck.h"
+#include "plugin/constants.h"
+#include "registry/messages.h"
+
+#include <mremoteaction.h>
+
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QQmlInfo>
+
+namespace
+{
+const QString s_service = QStringLiteral("remote-service");
+const QString s_path = QStringLiteral("remote-path");
+const QString s_interface = QStringLiteral("remote-interface");
+const QString s_method = QStringLiteral("remote-method");
+const QString s_arguments = QStringLiteral("remote-arguments");
+const QString s_package = QStringLiteral("requires-package");
+
+QDBusMessage methodCall(const QVariantMap &action)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        action.value(s_service).toString(), action.value(s_path).toString(), action.value(s_interface).toString(),
+        action.value(s_method).toString());
+    call.setArguments(action.value(s_arguments).toList());
+    return call;
+}
+
+bool describes(const QVariantMap &action, const QDBusMessage &call)
+{
+    return action.value(s_service).toString() == call.service() && action.value(s_path).toString() == call.path()
+           && action.value(s_interface).toString() == call.interface()
+           && action.value(s_method).toString() == call.member();
+}
+}
+
+QuickActionReader::QuickActionReader(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void QuickActionReader::trigger(const QVariantMap &action)
+{
+    if (!m_triggeredActions.contains(action)) {
+        m_triggeredActions.append(action);
+    }
+    sendRemoteCall(action, SLOT(triggerActionError(QDBusError, QDBusMessage)));
+}
+
+void QuickActionReader::sendRemoteCall(const QVariantMap &action, const char *errorSlot)
+{
+    const QDBusMessage call = methodCall(action);
+    QDBusError error = objectionTo(call);
+    if (!error.isValid()) {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        if (bus.callWithCallback(call, this, nullptr, errorSlot, -1)) {
+            return;
+        }
+        error = bus.lastError();
+    }
+    qmlInfo(this) << QString::fromLatin1(Messages::CannotQueueCall)
+                         .arg(call.service(), call.path(), call.interface(), call.member(),
+                              error.name() + QLatin1Char(' ') + error.message());
+}
+
+void QuickActionReader::showStorePage(const QString &packageName)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(Constants::StoreService, Constants::StorePath,
+                                                       Constants::StoreInterface, QStringLiteral("showApp"));
+    call.setArguments({packageName});
+    QDBusError error = objectionTo(call);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!error.isValid() && bus.call(call, QDBus::NoBlock, -1).type() == QDBusMessage::ErrorMessage) {
+        error = bus.lastError();
+    }
+    if (error.isValid()) {
+        qmlInfo(this) << Messages::CannotCallStore << error;
+    }
+}
+
+QString QuickActionReader::remoteActionString(const QVariantMap &action) const
+{
+    return MRemoteAction(action.value(s_service).toString(), action.value(s_path).toString(),
+                         action.value(s_interface).toString(), action.value(s_method).toString(),
+                         action.value(s_arguments).toList())
+        .toString();
+}
+
+void QuickActionReader::triggerActionError(const QDBusError &error, const QDBusMessage &msg)
+{
+    if (error.type() == QDBusError::NoReply) {
+        return;
+    }
+    qmlInfo(this) << QString::fromLatin1(Messages::CallFailed)
+                         .arg(msg.service(), msg.path(), msg.interface(), msg.member(), error.name(),
+                              error.message());
+    if (error.type() != QDBusError::ServiceUnknown) {
+        return;
+    }
+    for (const QVariantMap &action : qAsConst(m_triggeredActions)) {
+        const QString package = action.value(s_package).toString();
+        if (!package.isEmpty() && describes(action, msg)) {
+            showStorePage(package);
+            return;
+        }
+    }
+}

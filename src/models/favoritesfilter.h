@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QSet>
+#include <QStringList>
+
+class TreeItem;
+
+/**
+ * Which settings entries a kind of favourites admits. The kinds: "grid_favorites" (types "bool", "section", "page" and
+ * custom entries for a grid), "list_favorites" ("integer", "enum" and custom entries for a list),
+ * "grid_favorites_simple" (custom entries for a simple grid), "grid_favorites_page" (pages that neither the blacklist
+ * nor their "params" forbid) and "action" (actions that the blacklist does not forbid).
+ */
+class FavoritesFilter
+{
+public:
+    FavoritesFilter(const QStringList &kinds, const QSet<QString> &blacklist);
+
+    static bool isKind(const QString &name);
+
+    bool admits(const TreeItem *item) const;
+
+private:
+    bool isBlacklisted(const TreeItem *item) const;
+    bool admitsCustom(const TreeItem *item) const;
+
+    const bool m_grid;
+    const bool m_list;
+    const bool m_simpleGrid;
+    const bool m_pages;
+    const bool m_actions;
+    const QSet<QString> m_blacklist; ///< entry paths
+};

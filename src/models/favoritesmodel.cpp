@@ -1,0 +1,566 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "models/favoritesmodel.h"
+
+#include "actions/quickactionreader.h"
+#include "models/favoritesfilter.h"
+#include "models/pathlist.h"
+#include "models/storedfavorites.h"
+#include "models/toqml.h"
+#include "plugin/constants.h"
+#include "registry/favoritesblacklist.h"
+#include "registry/logging.h"
+#include "registry/messages.h"
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+
+#include <mgconfitem.h>
+
+#include <QQmlInfo>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+const FavoritesModel::RoleEntry FavoritesModel::s_roles[] = {
+    {ObjectRole, "object", &FavoritesModel::object},
+    {FavoriteRole, "favorite", &FavoritesModel::favorite},
+    {RemoteActionRole, "remoteAction", &FavoritesModel::remoteAction},
+};
+
+/// What makes the rows show other entries.
+struct FavoritesModel::Difference {
+    QVector<int> obsolete; ///< rows, the last one first
+    Items missing;
+};
+
+namespace
+{
+const QString s_action = QStringLiteral("action");
+
+QString fullPath(const TreeItem *item)
+{
+    return item->location().join(QLatin1Char('/'));
+}
+
+QVariantMap params(const TreeItem *item)
+{
+    return item->value(QStringLiteral("params")).toMap();
+}
+
+bool orderOnlyLessThan(const TreeItem *a, const TreeItem *b)
+{
+    return a->order() < b->order();
+}
+}
+
+FavoritesModel::FavoritesModel(QObject *parent)
+    : QAbstractListModel(parent)
+    , m_registry(PluginRegistry::instance())
+    , m_key(Constants::FavoritesKey)
+    , m_blacklist(readFavoritesBlacklist())
+{
+    connect(m_registry, &PluginRegistry::contentChanged, this, &FavoritesModel::resetModel);
+    m_root = m_registry->getItem({});
+}
+
+FavoritesModel::~FavoritesModel() = default;
+
+int FavoritesModel::count() const
+{
+    return rowCount({});
+}
+
+QStringList FavoritesModel::filter() const
+{
+    return m_filter;
+}
+
+void FavoritesModel::setFilter(const QStringList &filter)
+{
+    if (filter == m_filter) {
+        return;
+    }
+    const auto unknown = std::find_if_not(filter.cbegin(), filter.cend(), FavoritesFilter::isKind);
+    if (unknown != filter.cend()) {
+        qCWarning(lcSettings) << Messages::UnknownFilter << *unknown;
+        return;
+    }
+    m_filter = filter;
+    updatePotentialItems();
+    updateItems(m_complete);
+    Q_EMIT filterChanged();
+}
+
+bool FavoritesModel::showPotential() const
+{
+    return m_showPotential;
+}
+
+void FavoritesModel::setShowPotential(bool showPotential)
+{
+    if (showPotential == m_showPotential) {
+        return;
+    }
+    m_showPotential = showPotential;
+    updatePotentialItems();
+    updateItems(m_complete);
+    Q_EMIT showPotentialChanged();
+}
+
+QStringList FavoritesModel::path() const
+{
+    return m_path;
+}
+
+void FavoritesModel::setPath(const QStringList &path)
+{
+    if (path == m_path) {
+        return;
+    }
+    m_path = path;
+    m_root = m_registry->getItem(path);
+    if (!m_root) {
+        qCWarning(lcSettings) << Messages::PathNotFound << path;
+    }
+    updatePotentialItems();
+    updateItems(m_complete);
+    Q_EMIT pathChanged();
+}
+
+QString FavoritesModel::key() const
+{
+    return m_key;
+}
+
+void FavoritesModel::setKey(const QString &key)
+{
+    if (key == m_key) {
+        return;
+    }
+    m_key = key;
+    if (m_complete) {
+        openFavorites();
+    }
+    updateItems(m_complete);
+    Q_EMIT keyChanged();
+}
+
+QString FavoritesModel::userModifiedKey() const
+{
+    return m_userModified ? m_userModified->key() : QString();
+}
+
+void FavoritesModel::setUserModifiedKey(const QString &key)
+{
+    if (key == userModifiedKey()) {
+        return;
+    }
+    delete std::exchange(m_userModified, nullptr);
+    if (!key.isEmpty()) {
+        m_userModified = new MGConfItem(key, this);
+        connect(m_userModified, &MGConfItem::valueChanged, this, &FavoritesModel::userModifiedChanged);
+    }
+    Q_EMIT userModifiedKeyChanged();
+    Q_EMIT userModifiedChanged();
+}
+
+bool FavoritesModel::userModified() const
+{
+    return m_userModified && m_userModified->value(false).toBool();
+}
+
+void FavoritesModel::classBegin() {}
+
+void FavoritesModel::componentComplete()
+{
+    m_complete = true;
+    openFavorites();
+    resetModel();
+}
+
+int FavoritesModel::rowCount(const QModelIndex &parent) const
+{
+    Q_UNUSED(parent)
+    return m_rows.size();
+}
+
+QVariant FavoritesModel::data(const QModelIndex &index, int role) const
+{
+    TreeItem *item = itemAt(index.row());
+    if (!item) {
+        return {};
+    }
+    for (const RoleEntry &entry : s_roles) {
+        if (entry.role == role) {
+            return (this->*entry.read)(item);
+        }
+    }
+    return 0;
+}
+
+QHash<int, QByteArray> FavoritesModel::roleNames() const
+{
+    QHash<int, QByteArray> names;
+    for (const RoleEntry &entry : s_roles) {
+        names.insert(entry.role, entry.name);
+    }
+    return names;
+}
+
+QVariant FavoritesModel::object(TreeItem *item) const
+{
+    return QVariant::fromValue(toQml(item));
+}
+
+QVariant FavoritesModel::favorite(TreeItem *item) const
+{
+    return isFavorite(fullPath(item));
+}
+
+QVariant FavoritesModel::remoteAction(TreeItem *item) const
+{
+    return item->type() == s_action ? actionReader()->remoteActionString(params(item)) : QString();
+}
+
+bool FavoritesModel::isFavorite(const QString &path) const
+{
+    return m_favorites && m_favorites->contains(path);
+}
+
+void FavoritesModel::addFavorite(const QString &path)
+{
+    if (m_favorites) {
+        edit([&path](const QStringList &paths) { return PathList::appended(paths, path); });
+    }
+}
+
+void FavoritesModel::removeFavorite(const QString &path)
+{
+    const int row = indexOf(path);
+    if (!m_favorites || (row < 0 && !m_showPotential)) {
+        return;
+    }
+    const Edit remove = [path](const QStringList &paths) { return PathList::removedAll(paths, path); };
+    if (m_showPotential || m_changing) {
+        m_deferred = m_changing;
+        edit(remove);
+        return;
+    }
+    m_changing = true;
+    beginRemoveRows({}, row, row);
+    m_editing = true;
+    removeItem(row, false);
+    const std::optional<QStringList> written = edit(remove);
+    if (!written) {
+        return;
+    }
+    endRemoveRows();
+    m_changing = false;
+    Q_EMIT countChanged();
+    finishEdit(*written);
+}
+
+int FavoritesModel::indexOf(const QString &path) const
+{
+    const auto isAtPath = [&path](const Row &row) { return row.item && fullPath(row.item) == path; };
+    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), isAtPath);
+    return row == m_rows.cend() ? -1 : int(row - m_rows.cbegin());
+}
+
+void FavoritesModel::move(int index, int newIndex)
+{
+    const TreeItem *item = itemAt(index);
+    const TreeItem *target = itemAt(newIndex);
+    if (!item || !target) {
+        return;
+    }
+    const QString path = fullPath(item);
+    const QString targetPath = fullPath(target);
+    const QStringList stored = m_favorites->read();
+    if (!stored.contains(path) || !stored.contains(targetPath)) {
+        return;
+    }
+    const Edit moveStored = [&](const QStringList &paths) { return PathList::moved(paths, path, targetPath); };
+    if (m_changing) {
+        m_deferred = true;
+        edit(moveStored);
+        return;
+    }
+    m_changing = true;
+    const bool moves = beginMoveRows({}, index, index, {}, index < newIndex ? newIndex + 1 : newIndex);
+    m_editing = true;
+    m_rows.move(index, newIndex);
+    const std::optional<QStringList> written = edit(moveStored);
+    if (!written) {
+        return;
+    }
+    if (moves) {
+        endMoveRows();
+    }
+    m_changing = false;
+    finishEdit(*written);
+}
+
+void FavoritesModel::triggerAction(int index)
+{
+    const TreeItem *item = itemAt(index);
+    if (!item) {
+        qmlInfo(this) << "invalid index" << index;
+    } else if (item->type() == s_action) {
+        actionReader()->trigger(params(item));
+    } else {
+        qmlInfo(this) << "item at index" << index << "is not an action";
+    }
+}
+
+QVariantMap FavoritesModel::get(int index) const
+{
+    const TreeItem *item = itemAt(index);
+    return item ? item->data() : QVariantMap();
+}
+
+void FavoritesModel::updateItems(bool notifyChanges)
+{
+    if (!m_complete) {
+        return;
+    }
+    if (m_changing) {
+        m_deferred = true;
+        return;
+    }
+    const int before = m_rows.size();
+    m_changing = true;
+    rebuild(notifyChanges);
+    m_changing = false;
+    if (m_rows.size() != before) {
+        Q_EMIT countChanged();
+    }
+    applyDeferred();
+}
+
+void FavoritesModel::addItem(TreeItem *item, bool notifyChanges)
+{
+    if (notifyChanges) {
+        beginInsertRows({}, m_rows.size(), m_rows.size());
+    }
+    m_rows.append({item, connect(item, &QObject::destroyed, this, &FavoritesModel::removeDestroyedItem)});
+    if (notifyChanges) {
+        endInsertRows();
+    }
+}
+
+void FavoritesModel::removeItem(int index, bool notifyChanges)
+{
+    if (notifyChanges) {
+        beginRemoveRows({}, index, index);
+    }
+    disconnect(m_rows.takeAt(index).destroyed);
+    if (notifyChanges) {
+        endRemoveRows();
+    }
+}
+
+void FavoritesModel::removeDestroyedItem()
+{
+    if (m_changing) {
+        m_deferred = true;
+        return;
+    }
+    // Who died is not asked: QObject::sender() would search the connections of all rows.
+    const auto isDead = [](const Row &row) { return row.item.isNull(); };
+    const auto row = std::find_if(m_rows.crbegin(), m_rows.crend(), isDead);
+    if (row == m_rows.crend()) {
+        return;
+    }
+    m_changing = true;
+    removeItem(int(m_rows.crend() - row) - 1, true);
+    m_changing = false;
+    Q_EMIT countChanged();
+    applyDeferred();
+}
+
+void FavoritesModel::favoritesUpdated()
+{
+    if (m_editing) {
+        return;
+    }
+    if (m_showPotential || userModified()) {
+        updateItems(true);
+    } else {
+        resetModel();
+    }
+}
+
+void FavoritesModel::resetModel()
+{
+    if (m_changing) {
+        m_deferred = true;
+        return;
+    }
+    const int before = m_rows.size();
+    m_root = m_registry->getItem(m_path);
+    updatePotentialItems();
+    m_changing = true;
+    beginResetModel();
+    while (!m_rows.isEmpty()) {
+        removeItem(m_rows.size() - 1, false);
+    }
+    rebuild(false);
+    if (!m_rows.isEmpty()) {
+        Q_EMIT countChanged();
+    }
+    endResetModel();
+    m_changing = false;
+    if (m_rows.size() != before) {
+        Q_EMIT countChanged();
+    }
+    applyDeferred();
+}
+
+TreeItem *FavoritesModel::itemAt(int row) const
+{
+    return row >= 0 && row < m_rows.size() ? m_rows.at(row).item.data() : nullptr;
+}
+
+QuickActionReader *FavoritesModel::actionReader() const
+{
+    if (!m_actionReader) {
+        m_actionReader = new QuickActionReader(const_cast<FavoritesModel *>(this));
+    }
+    return m_actionReader;
+}
+
+void FavoritesModel::openFavorites()
+{
+    m_favorites = std::make_shared<StoredFavorites>(m_key);
+    connect(m_favorites.get(), &StoredFavorites::changed, this, &FavoritesModel::favoritesUpdated);
+}
+
+void FavoritesModel::updatePotentialItems()
+{
+    m_potentialItems.clear();
+    if (!m_complete || !m_showPotential || !m_root) {
+        return;
+    }
+    const FavoritesFilter filter(m_filter, m_blacklist);
+    const auto admits = [&filter](const TreeItem *item) { return filter.admits(item); };
+    const QList<TreeItem *> items = m_root->getSubitems(orderOnlyLessThan, admits,
+                                                        std::numeric_limits<int>::max());
+    std::copy(items.cbegin(), items.cend(), std::back_inserter(m_potentialItems));
+}
+
+FavoritesModel::Items FavoritesModel::wantedItems() const
+{
+    if (m_showPotential) {
+        return m_potentialItems;
+    }
+    Items items;
+    if (!m_root) {
+        return items;
+    }
+    const FavoritesFilter filter(m_filter, m_blacklist);
+    const QStringList paths = m_favorites->read();
+    for (const QString &path : paths) {
+        TreeItem *item = m_root->lookup(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
+        if (item && filter.admits(item)) {
+            items.append(item);
+        }
+    }
+    return items;
+}
+
+FavoritesModel::Difference FavoritesModel::differenceTo(const Items &wanted) const
+{
+    QHash<TreeItem *, int> lacking; // how many rows of an entry are still to be found
+    for (const QPointer<TreeItem> &item : wanted) {
+        ++lacking[item];
+    }
+    Difference difference;
+    for (int row = m_rows.size() - 1; row >= 0; --row) {
+        TreeItem *item = m_rows.at(row).item;
+        const auto found = item ? lacking.find(item) : lacking.end();
+        if (found == lacking.end() || *found == 0) {
+            difference.obsolete.append(row);
+        } else {
+            --*found;
+        }
+    }
+    // The rows that are there stand for the first of equal entries.
+    for (auto it = wanted.crbegin(); it != wanted.crend(); ++it) {
+        if (lacking.value(*it) > 0) {
+            --lacking[*it];
+            difference.missing.append(*it);
+        }
+    }
+    std::reverse(difference.missing.begin(), difference.missing.end());
+    return difference;
+}
+
+void FavoritesModel::rebuild(bool notifyChanges)
+{
+    if (!m_complete) {
+        return;
+    }
+    const Difference difference = differenceTo(wantedItems());
+    for (const int row : difference.obsolete) {
+        removeItem(row, notifyChanges);
+    }
+    const int kept = m_rows.size();
+    for (const QPointer<TreeItem> &item : difference.missing) {
+        if (item) {
+            addItem(item, notifyChanges);
+        }
+    }
+    if (notifyChanges) {
+        for (int row = 0; row < kept; ++row) {
+            Q_EMIT dataChanged(index(row), index(row));
+        }
+    }
+}
+
+void FavoritesModel::applyDeferred()
+{
+    if (std::exchange(m_deferred, false)) {
+        resetModel();
+    }
+}
+
+/// Writes what @p edit makes of the stored list. Nothing is returned when this object has died meanwhile.
+std::optional<QStringList> FavoritesModel::edit(const Edit &edit)
+{
+    // Handlers of userModifiedChanged() may change the keys and delete the model. The list that the user edits stays
+    // the same one.
+    const std::shared_ptr<StoredFavorites> favorites = m_favorites;
+    const QPointer<FavoritesModel> self(this);
+    if (m_userModified) {
+        m_userModified->set(true);
+    }
+    // Read after them, so that no change of theirs is lost.
+    const QStringList paths = edit(favorites->read());
+    favorites->write(paths);
+    if (!self) {
+        return {};
+    }
+    m_editing = false;
+    return paths;
+}
+
+/// Lets the rows follow what has happened in the middle of an edit.
+void FavoritesModel::finishEdit(const QStringList &written)
+{
+    if (m_deferred) {
+        applyDeferred();
+        return;
+    }
+    if (m_favorites->read() != written) {
+        favoritesUpdated();
+        return;
+    }
+    // Other rows of the same entry, or a stored path that is another spelling of it
+    const Difference difference = differenceTo(wantedItems());
+    if (!difference.obsolete.isEmpty() || !difference.missing.isEmpty()) {
+        updateItems(true);
+    }
+}

@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QQmlParserStatus>
+#include <QSet>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class FavoritesFilter;
+class MGConfItem;
+class PluginRegistry;
+class QuickActionReader;
+class StoredFavorites;
+class TreeItem;
+
+/**
+ * The user's favourite settings entries: those that the string list in the dconf key "key" names, that exist below
+ * "path" and that "filter" admits. With "showPotential" all entries below "path" that could be made a favourite.
+ *
+ * Paths in the list are full ones, their names joined by "/". What the list names in vain stays in it. While the bool
+ * in the dconf key "userModifiedKey" is true, changes of the list insert and remove single rows, new ones at the end;
+ * else the list counts as the system's default and each change of it resets the model. Every edit sets that bool.
+ *
+ * Empty until componentComplete(); until then an edit does nothing. The rows follow the registry: each batch of its
+ * changes resets the model, and a row whose node dies in between goes at once. What a handler does to the model in the
+ * middle of a change of its rows is applied when that change is over.
+ */
+class FavoritesModel : public QAbstractListModel, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+    /// "grid_favorites", "list_favorites", "grid_favorites_simple", "grid_favorites_page" and "action". A list with
+    /// any other name is refused with a warning.
+    Q_PROPERTY(QStringList filter READ filter WRITE setFilter NOTIFY filterChanged)
+    Q_PROPERTY(bool showPotential READ showPotential WRITE setShowPotential NOTIFY showPotentialChanged)
+    /// Nothing is listed, with a warning, while there is no such node.
+    Q_PROPERTY(QStringList path READ path WRITE setPath NOTIFY pathChanged)
+    Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged)
+    Q_PROPERTY(QString userModifiedKey READ userModifiedKey WRITE setUserModifiedKey NOTIFY userModifiedKeyChanged)
+    Q_PROPERTY(bool userModified READ userModified NOTIFY userModifiedChanged)
+
+public:
+    enum Role {
+        ObjectRole = Qt::UserRole + 1, ///< QObject*, the row's TreeItem
+        FavoriteRole, ///< bool, whether the stored list names the entry
+        RemoteActionRole, ///< QString, the call of an entry of type "action" as MRemoteAction writes it
+    };
+
+    explicit FavoritesModel(QObject *parent = nullptr);
+    ~FavoritesModel() override;
+
+    int count() const;
+    QStringList filter() const;
+    void setFilter(const QStringList &filter);
+    bool showPotential() const;
+    void setShowPotential(bool showPotential);
+    QStringList path() const;
+    void setPath(const QStringList &path);
+    QString key() const;
+    void setKey(const QString &key);
+    QString userModifiedKey() const; ///< empty for none
+    void setUserModifiedKey(const QString &key);
+    bool userModified() const;
+
+    void classBegin() override;
+    void componentComplete() override;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    /// The int 0 for a role that is none of the model's.
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    void countChanged();
+    void filterChanged();
+    void showPotentialChanged();
+    void pathChanged();
+    void keyChanged();
+    void userModifiedKeyChanged();
+    void userModifiedChanged();
+
+public Q_SLOTS:
+    bool isFavorite(const QString &path) const; ///< compares exactly with the stored paths
+    void addFavorite(const QString &path); ///< at the end, even when it is there already
+    /// Removes each stored @p path. Without showPotential only if it has a row.
+    void removeFavorite(const QString &path);
+    int indexOf(const QString &path) const; ///< the first row of the entry, -1 when it has none
+    /// Moves a row, and the stored path of its entry to the place of the other's. Nothing without two such rows.
+    void move(int index, int newIndex);
+    /// Performs the action of a row of type "action"; for other rows there is a message with qmlInfo().
+    void triggerAction(int index);
+    QVariantMap get(int index) const; ///< TreeItem::data() of the row, empty when there is no such row
+
+private Q_SLOTS:
+    void updateItems(bool notifyChanges);
+    void addItem(TreeItem *item, bool notifyChanges);
+    void removeItem(int index, bool notifyChanges);
+    void removeDestroyedItem();
+    void favoritesUpdated();
+    void resetModel();
+
+private:
+    struct Row {
+        QPointer<TreeItem> item; ///< null when it died in the middle of another change
+        QMetaObject::Connection destroyed; ///< each row's own: an entry may have several
+    };
+    struct RoleEntry {
+        int role;
+        const char *name;
+        QVariant (FavoritesModel::*read)(TreeItem *item) const;
+    };
+    using Items = QVector<QPointer<TreeItem>>;
+    using Edit = std::function<QStringList(const QStringList &)>;
+    struct Difference;
+
+    QVariant object(TreeItem *item) const;
+    QVariant favorite(TreeItem *item) const;
+    QVariant remoteAction(TreeItem *item) const;
+
+    TreeItem *itemAt(int row) const;
+    QuickActionReader *actionReader() const;
+    void openFavorites();
+    void updatePotentialItems();
+    Items wantedItems() const;
+    Difference differenceTo(const Items &wanted) const;
+    void rebuild(bool notifyChanges);
+    void applyDeferred();
+    std::optional<QStringList> edit(const Edit &edit);
+    void finishEdit(const QStringList &written);
+
+    static const RoleEntry s_roles[];
+
+    QStringList m_filter;
+    QPointer<TreeItem> m_root;
+    PluginRegistry *const m_registry;
+    std::shared_ptr<StoredFavorites> m_favorites; ///< from componentComplete() on
+    MGConfItem *m_userModified = nullptr;
+    mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
+    Items m_potentialItems;
+    QVector<Row> m_rows;
+    QString m_key;
+    QStringList m_path;
+    const QSet<QString> m_blacklist;
+    bool m_complete = false;
+    bool m_showPotential = false;
+    bool m_editing = false; ///< this model writes the stored list, and has changed its rows itself
+    bool m_changing = false; ///< in the middle of a change of rows
+    bool m_deferred = false; ///< something else would have changed the rows meanwhile
+};

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QStringList>
+
+/// What an edit makes of a stored list of paths. A path may stand in it more than once.
+namespace PathList
+{
+QStringList appended(const QStringList &paths, const QString &path);
+QStringList removedAll(const QStringList &paths, const QString &path);
+/// The first @p path at the place of the first @p target. Unchanged when one of them is missing.
+QStringList moved(const QStringList &paths, const QString &path, const QString &target);
+}
