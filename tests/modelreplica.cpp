@@ -72,3 +72,8 @@ int FlatProxy::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : QIdentityProxyModel::rowCount(parent);
 }
+
+QVariant FlatProxy::data(const QModelIndex &index, int role) const
+{
+    return role < Qt::UserRole ? QVariant() : QIdentityProxyModel::data(index, role);
+}

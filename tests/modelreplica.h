@@ -34,8 +34,8 @@ private:
 };
 
 /**
- * Lets QAbstractItemModelTester watch a model whose row count ignores the parent index, as QML's list models here
- * do. The tester takes that for children of every row.
+ * Lets QAbstractItemModelTester watch the list models for QML: their row count ignores the parent index, which the
+ * tester takes for children of every row, and they may answer an int for Qt's own roles.
  */
 class FlatProxy : public QIdentityProxyModel
 {
@@ -44,4 +44,5 @@ class FlatProxy : public QIdentityProxyModel
 public:
     using QIdentityProxyModel::QIdentityProxyModel;
     int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 };

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "messagelog.h"
 #include "modelreplica.h"
+#include "models/favoritesmodel.h"
 #include "models/settingsmodel.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
@@ -46,6 +48,17 @@ Model makeSettingsModel(const QStringList &path, int depth)
     return model;
 }
 
+Model makeFavoritesModel()
+{
+    auto model = std::make_unique<FavoritesModel>();
+    model->setFilter({QStringLiteral("grid_favorites")});
+    model->setShowPotential(true);
+    const MessageLog log; // the path may come later
+    model->setPath({QStringLiteral("page")});
+    model->componentComplete();
+    return model;
+}
+
 void declareEntries(const QString &file, const QStringList &paths)
 {
     QByteArray entries;
@@ -60,9 +73,12 @@ void declareEntries(const QString &file, const QStringList &paths)
 void ModelContractTest::models()
 {
     QTest::addColumn<MakeModel>("make");
+    QTest::addColumn<QVariant>("unknownRole"); // what the model answers for one
     QTest::newRow("SettingsModel, children")
-        << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); });
-    QTest::newRow("SettingsModel, grandchildren") << MakeModel([] { return makeSettingsModel({}, 2); });
+        << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); }) << QVariant();
+    QTest::newRow("SettingsModel, grandchildren")
+        << MakeModel([] { return makeSettingsModel({}, 2); }) << QVariant();
+    QTest::newRow("FavoritesModel, potential") << MakeModel(makeFavoritesModel) << QVariant(0);
 }
 
 void ModelContractTest::init()
@@ -130,8 +146,10 @@ void ModelContractTest::readsNothingOutsideItsRows()
             QVERIFY(!model->data(model->index(row, 0), role).isValid());
         }
     }
+    QFETCH(QVariant, unknownRole);
     for (const int role : {0, 256, 100000, -1}) {
-        QVERIFY(!model->data(model->index(0, 0), role).isValid());
+        QCOMPARE(model->data(model->index(0, 0), role), unknownRole);
+        QCOMPARE(model->data(model->index(0, 0), role).userType(), unknownRole.userType());
     }
 }
 

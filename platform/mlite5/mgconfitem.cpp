@@ -46,6 +46,40 @@ static QByteArray fingerprint(const QVariant &value)
     return bytes;
 }
 
+// GLib takes quadratic time for the elements of a list, unless it is told that the bytes are sound.
+static GVariantPointer trusted(const GVariantPointer &value)
+{
+    const GVariantPointer normal(g_variant_get_normal_form(value.get()));
+    const std::unique_ptr<GBytes, decltype(&g_bytes_unref)> bytes(g_variant_get_data_as_bytes(normal.get()),
+                                                                  g_bytes_unref);
+    return GVariantPointer(
+        g_variant_ref_sink(g_variant_new_from_bytes(g_variant_get_type(normal.get()), bytes.get(), TRUE)));
+}
+
+static GVariantPointer readOnce(const QByteArray &path)
+{
+    const GVariantPointer value(dconf_client_read(client(), path.constData()));
+    return value ? trusted(value) : nullptr;
+}
+
+static bool isEqual(const GVariantPointer &a, const GVariantPointer &b)
+{
+    return a && b ? g_variant_equal(a.get(), b.get()) : !a && !b;
+}
+
+// In the instant in which a write reaches the database, dconf may answer with the value before it.
+static GVariantPointer read(const QByteArray &path)
+{
+    GVariantPointer value = readOnce(path);
+    for (;;) {
+        GVariantPointer again = readOnce(path);
+        if (isEqual(value, again)) {
+            return value;
+        }
+        value = std::move(again);
+    }
+}
+
 class MGConfItemPrivate
 {
 public:
@@ -103,7 +137,7 @@ QVariant MGConfItemPrivate::read() const
     if (m_path.isEmpty()) {
         return {};
     }
-    return fromGVariant(GVariantPointer(dconf_client_read(client(), m_path.constData())).get());
+    return fromGVariant(::read(m_path).get());
 }
 
 void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *,

@@ -307,11 +307,11 @@ void FavoritesModel::triggerAction(int index)
 {
     const TreeItem *item = itemAt(index);
     if (!item) {
-        qmlInfo(this) << "invalid index" << index;
+        qmlInfo(this) << "invalid index " << index;
     } else if (item->type() == s_action) {
         actionReader()->trigger(params(item));
     } else {
-        qmlInfo(this) << "item at index" << index << "is not an action";
+        qmlInfo(this) << "item at index " << index << " is not an action";
     }
 }
 
@@ -342,10 +342,12 @@ void FavoritesModel::updateItems(bool notifyChanges)
 
 void FavoritesModel::addItem(TreeItem *item, bool notifyChanges)
 {
+    // Guarded and connected first: whoever hears of the row may let the entry die.
+    const Row row{item, connect(item, &QObject::destroyed, this, &FavoritesModel::removeDestroyedItem)};
     if (notifyChanges) {
         beginInsertRows({}, m_rows.size(), m_rows.size());
     }
-    m_rows.append({item, connect(item, &QObject::destroyed, this, &FavoritesModel::removeDestroyedItem)});
+    m_rows.append(row);
     if (notifyChanges) {
         endInsertRows();
     }
@@ -368,16 +370,15 @@ void FavoritesModel::removeDestroyedItem()
         m_deferred = true;
         return;
     }
-    // Who died is not asked: QObject::sender() would search the connections of all rows.
-    const auto isDead = [](const Row &row) { return row.item.isNull(); };
-    const auto row = std::find_if(m_rows.crbegin(), m_rows.crend(), isDead);
-    if (row == m_rows.crend()) {
-        return;
-    }
     m_changing = true;
-    removeItem(int(m_rows.crend() - row) - 1, true);
+    // Who died is not asked: QObject::sender() would search the connections of all rows.
+    for (int row = m_rows.size() - 1; row >= 0; --row) {
+        if (!m_rows.at(row).item) {
+            removeItem(row, true);
+            Q_EMIT countChanged();
+        }
+    }
     m_changing = false;
-    Q_EMIT countChanged();
     applyDeferred();
 }
 

@@ -146,7 +146,7 @@ private:
     MGConfItem *m_userModified = nullptr;
     mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
     Items m_potentialItems;
-    QVector<Row> m_rows;
+    QList<Row> m_rows; ///< a list of pointers: rows go out of its middle
     QString m_key;
     QStringList m_path;
     const QSet<QString> m_blacklist;

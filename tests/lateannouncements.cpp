@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "lateannouncements.h"
+
+#include <QByteArray>
+#include <QScopedValueRollback>
+
+#include <dconf.h>
+#include <dlfcn.h>
+
+#include <memory>
+
+namespace
+{
+bool s_late = false;
+bool s_writing = false;
+
+struct Announcement {
+    DConfClient *client;
+    QByteArray path;
+};
+
+gboolean announce(gpointer data)
+{
+    const std::unique_ptr<Announcement> announcement(static_cast<Announcement *>(data));
+    const char *const changes[] = {"", nullptr};
+    g_signal_emit_by_name(announcement->client, "changed", announcement->path.constData(), changes, "");
+    return G_SOURCE_REMOVE;
+}
+
+/// The first handler of all
+void stopEarlyAnnouncement(DConfClient *client)
+{
+    if (s_late && s_writing) {
+        g_signal_stop_emission_by_name(client, "changed");
+    }
+}
+
+template<typename Function>
+Function *next(Function *, const char *name)
+{
+    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+}
+
+// The dynamic linker finds these before dconf's own.
+
+extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
+{
+    DConfClient *client = next(dconf_client_new, "dconf_client_new")();
+    g_signal_connect(client, "changed", G_CALLBACK(stopEarlyAnnouncement), nullptr);
+    return client;
+}
+
+extern "C" Q_DECL_EXPORT gboolean dconf_client_write_fast(DConfClient *client, const gchar *path, GVariant *value,
+                                                          GError **error)
+{
+    const QScopedValueRollback<bool> writing(s_writing, true);
+    if (s_late) {
+        g_idle_add(announce, new Announcement{client, path});
+    }
+    return next(dconf_client_write_fast, "dconf_client_write_fast")(client, path, value, error);
+}
+
+LateAnnouncements::LateAnnouncements()
+{
+    s_late = true;
+}
+
+LateAnnouncements::~LateAnnouncements()
+{
+    s_late = false;
+}

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "dconftool.h"
+#include "mgconfitem.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <dconf.h>
+#include <dlfcn.h>
+
+namespace
+{
+GVariant *s_staleAnswer = nullptr;
+
+const QString s_key = QStringLiteral("/test/reading");
+
+QStringList names(int count)
+{
+    QStringList names;
+    for (int i = 0; i < count; ++i) {
+        names.append(QStringLiteral("name%1").arg(i));
+    }
+    return names;
+}
+
+/// The nanoseconds that reading a list takes that is in the database.
+qint64 measureReading(int count)
+{
+    MGConfItem item(s_key);
+    item.set(names(count));
+    if (!QTest::qWaitFor(
+            [count] { return stored(s_key).endsWith("'name" + QByteArray::number(count - 1) + "']"); })) {
+        return -1;
+    }
+    // Whatever this process has in flight has landed as well.
+    settle();
+    QElapsedTimer timer;
+    timer.start();
+    return item.value().toStringList().size() == count ? timer.nsecsElapsed() : -1;
+}
+}
+
+// The dynamic linker finds it before dconf's own.
+extern "C" Q_DECL_EXPORT GVariant *dconf_client_read(DConfClient *client, const gchar *path)
+{
+    if (s_staleAnswer) {
+        return std::exchange(s_staleAnswer, nullptr);
+    }
+    static const auto read = reinterpret_cast<decltype(dconf_client_read) *>(
+        dlsym(RTLD_NEXT, "dconf_client_read"));
+    return read(client, path);
+}
+
+// How MGConfItem copes with what dconf's reading is like.
+class tst_MGConfItemReading : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void staleAnswerIsNotBelieved();
+    void longListTakesLinearTime();
+};
+
+void tst_MGConfItemReading::staleAnswerIsNotBelieved()
+{
+    MGConfItem item(s_key);
+    item.set(1);
+    item.set(2);
+    s_staleAnswer = g_variant_ref_sink(g_variant_new_int32(1));
+    QCOMPARE(item.value(), QVariant(2));
+    QVERIFY(!s_staleAnswer);
+    s_staleAnswer = g_variant_ref_sink(g_variant_new_int32(1));
+    item.set(QVariant());
+    QCOMPARE(item.value(), QVariant());
+}
+
+void tst_MGConfItemReading::longListTakesLinearTime()
+{
+    const qint64 few = measureReading(2000);
+    const qint64 many = measureReading(20000);
+    QVERIFY(few > 0 && many > 0);
+    QVERIFY2(many < 30 * few, qPrintable(QStringLiteral("%1 ns, %2 ns").arg(few).arg(many)));
+}
+
+QTEST_GUILESS_MAIN(tst_MGConfItemReading)
+
+#include "tst_mgconfitemreading.moc"
