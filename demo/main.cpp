@@ -1,43 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "appearance.h"
+#include "maintenanceinterface.h"
 #include "registrationfiles.h"
 #include "screenshottour.h"
 #include "treeprinter.h"
 
 #include <QCommandLineParser>
-#include <QFont>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QLocale>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickWindow>
 #include <QTextStream>
 
-#include <atomic>
-
 namespace
 {
-std::atomic_int s_warnings{0};
-QtMessageHandler s_printMessage = nullptr;
-
-void countWarnings(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    // What a machine without a desktop says of itself.
-    static const QStringList harmless = {
-        QStringLiteral("This plugin does not support propagateSizeHints()"),
-        QStringLiteral("Failed to find a Kirigami platform plugin"),
-    };
-    if (harmless.contains(message)) {
-        return;
-    }
-    if (type != QtDebugMsg && type != QtInfoMsg) {
-        ++s_warnings;
-    }
-    s_printMessage(type, context, message);
-}
-
 const QCommandLineOption
     s_packages(QStringLiteral("packages"),
                QStringLiteral("Directory of the registration files that the developer drawer offers."),
@@ -53,19 +32,13 @@ const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
 
 int takeScreenshots(QQuickWindow *window, RegistrationFiles *files, const QString &directory)
 {
-    const QString language = QLocale().name().section(QLatin1Char('_'), 0, 0);
-    if (!ScreenshotTour(window, files, directory, language).run()) {
-        return 1;
-    }
-    return s_warnings == 0 ? 0 : 1;
+    return ScreenshotTour(window, files, directory).run() && warningCount() == 0 ? 0 : 1;
 }
 }
 
 int main(int argc, char *argv[])
 {
-    s_printMessage = qInstallMessageHandler(countWarnings);
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    prepareApplication();
     QGuiApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
@@ -81,15 +54,14 @@ int main(int argc, char *argv[])
         return 0;
     }
 
-    // The offscreen platform knows no directory of icons.
-    QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() << QStringLiteral("/usr/share/icons"));
-    QIcon::setThemeName(QStringLiteral("breeze"));
-    QGuiApplication::setFont(QFont(QStringLiteral("Noto Sans"), 10));
-
+    setAppearance();
     RegistrationFiles files(parser.value(s_packages));
+    OrgExampleMaintenanceInterface maintenance(QStringLiteral("org.example.Maintenance"),
+                                               QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral(VELKA_QML_BUILD_DIR));
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &files);
+    engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
     engine.setInitialProperties({
         {QStringLiteral("wide"), parser.isSet(s_wide)},
         {QStringLiteral("animated"), !parser.isSet(s_screenshots)},

@@ -4,22 +4,15 @@
 #include "screenshottour.h"
 
 #include "pluginregistry.h"
+#include "qmlcall.h"
 #include "registrationfiles.h"
 #include "treeitem.h"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
 #include <QIcon>
-#include <QQuickItem>
-#include <QQuickItemGrabResult>
 #include <QQuickWindow>
-#include <QTimer>
-
-#include <cstdio>
 
 namespace
 {
-constexpr int PatienceMs = 10000;
 constexpr QSize PhoneSize(412, 870);
 constexpr QSize WideSize(1180, 760);
 
@@ -29,12 +22,6 @@ const QString s_removedFile = QStringLiteral("bluetooth.json");
 const QStringList s_removedPath = s_topPath
                                   + QStringList{QStringLiteral("connectivity"), QStringLiteral("bluetooth")};
 const QString s_maskedFile = QStringLiteral("sounds.json");
-
-bool fail(const QString &reason)
-{
-    std::fprintf(stderr, "%s\n", qPrintable(reason));
-    return false;
-}
 
 bool acceptAll(const TreeItem *)
 {
@@ -65,33 +52,25 @@ bool isPresentable(const TreeItem *item)
 }
 }
 
-ScreenshotTour::ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, const QDir &directory,
-                               const QString &language)
+ScreenshotTour::ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, const QDir &directory)
     : m_window(window)
     , m_files(files)
-    , m_directory(directory)
-    , m_language(language)
+    , m_pictures(window, directory, [this] { return m_window->property("settled").toBool() && showsTree(); })
+    , m_favorites(window, &m_pictures)
 {
 }
 
 bool ScreenshotTour::run()
 {
     m_window->resize(PhoneSize);
-    if (!walkPages(QStringLiteral("phone"), -1) || !walkDrawer(QStringLiteral("phone"))) {
+    if (!walkPages(QStringLiteral("phone"), -1) || !walkDrawer(QStringLiteral("phone"))
+        || !m_favorites.walkPages(QStringLiteral("phone"))) {
         return false;
     }
     m_window->resize(WideSize);
     return walkPages(QStringLiteral("wide"), 2) && walkDrawer(QStringLiteral("wide"))
-           && walkChanges(QStringLiteral("wide"));
-}
-
-template<typename... Arguments>
-QVariant ScreenshotTour::call(const char *function, const Arguments &...arguments)
-{
-    QVariant result;
-    QMetaObject::invokeMethod(m_window, function, Q_RETURN_ARG(QVariant, result),
-                              Q_ARG(QVariant, QVariant(arguments))...);
-    return result;
+           && m_favorites.walkPages(QStringLiteral("wide")) && walkChanges(QStringLiteral("wide"))
+           && m_favorites.walkEdits(QStringLiteral("wide")) && m_favorites.walkActions(QStringLiteral("wide"));
 }
 
 bool ScreenshotTour::walkPages(const QString &form, int depth)
@@ -118,34 +97,35 @@ bool ScreenshotTour::walkPages(const QString &form, int depth)
 
 bool ScreenshotTour::walkDrawer(const QString &form)
 {
-    call("showEntry", s_topPath, false);
-    call("setDrawerOpen", true);
-    call("scrollToBeginning");
-    if (!save(form + QLatin1String("-drawer"))) {
+    callQml(m_window, "showEntry", s_topPath, false);
+    callQml(m_window, "setDrawerOpen", true);
+    callQml(m_window, "scrollToBeginning");
+    if (!m_pictures.save(form + QLatin1String("-drawer"))) {
         return false;
     }
-    const bool atEnd = waitFor([this] { return call("scrollToEnd").toBool(); });
+    const bool atEnd = m_pictures.waitFor([this] { return callQml(m_window, "scrollToEnd").toBool(); });
     if (!atEnd) {
         return fail(QStringLiteral("The lists do not scroll to their end"));
     }
-    if (!save(form + QLatin1String("-drawer-end"))) {
+    if (!m_pictures.save(form + QLatin1String("-drawer-end"))) {
         return false;
     }
-    call("setDrawerOpen", false);
-    return save(form + QLatin1String("-top-end"));
+    callQml(m_window, "setDrawerOpen", false);
+    return m_pictures.save(form + QLatin1String("-top-end"));
 }
 
 bool ScreenshotTour::walkChanges(const QString &form)
 {
-    call("setDrawerOpen", true);
-    call("showEntry", s_removedPath, true);
-    if (!save(form + QLatin1String("-drawer-unchanged")) || !changeFiles(true)) {
+    callQml(m_window, "setDrawerOpen", true);
+    callQml(m_window, "showEntry", s_removedPath, true);
+    if (!m_pictures.save(form + QLatin1String("-drawer-unchanged")) || !changeFiles(true)) {
         return false;
     }
     if (m_window->property("openPages").toInt() != 1) {
         return fail(QStringLiteral("The pages of a removed entry stay open"));
     }
-    return save(form + QLatin1String("-drawer-changed")) && changeFiles(false);
+    return m_pictures.save(form + QLatin1String("-drawer-changed")) && m_favorites.walkChanges(form)
+           && changeFiles(false);
 }
 
 bool ScreenshotTour::changeFiles(bool changed)
@@ -153,7 +133,7 @@ bool ScreenshotTour::changeFiles(bool changed)
     m_files->setInstalled(m_files->rowOf(s_addedFile), changed);
     m_files->setInstalled(m_files->rowOf(s_removedFile), !changed);
     m_files->setMasked(m_files->rowOf(s_maskedFile), changed);
-    const bool followed = waitFor([changed] {
+    const bool followed = m_pictures.waitFor([changed] {
         return hasEntriesOf(s_addedFile) == changed && hasEntriesOf(s_removedFile) != changed
                && hasEntriesOf(s_maskedFile) != changed;
     });
@@ -162,62 +142,8 @@ bool ScreenshotTour::changeFiles(bool changed)
 
 bool ScreenshotTour::showEntry(const QStringList &path, bool details, const QString &name)
 {
-    call("showEntry", path, details);
-    return save(name);
-}
-
-bool ScreenshotTour::save(const QString &name)
-{
-    QImage last;
-    const bool steady = waitFor([this, &last] {
-        if (!m_window->property("settled").toBool() || !showsTree()) {
-            return false;
-        }
-        const QImage previous = last;
-        last = grab();
-        return !last.isNull() && last == previous;
-    });
-    const QString file = m_directory.filePath(QStringLiteral("%1-%2.png").arg(m_language, name));
-    if (!steady) {
-        return fail(QStringLiteral("The window does not come to rest: ") + file);
-    }
-    return last.save(file) || fail(QStringLiteral("Can't write ") + file);
-}
-
-bool ScreenshotTour::waitFor(const std::function<bool()> &condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    do {
-        waitForFrame();
-        if (condition()) {
-            return true;
-        }
-    } while (!timer.hasExpired(PatienceMs));
-    return false;
-}
-
-void ScreenshotTour::waitForFrame()
-{
-    QEventLoop loop;
-    QObject::connect(m_window, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
-    QTimer::singleShot(PatienceMs, &loop, &QEventLoop::quit);
-    m_window->update();
-    loop.exec();
-}
-
-QImage ScreenshotTour::grab()
-{
-    // QQuickWindow::grabWindow() gives nothing on the offscreen platform.
-    const QSharedPointer<QQuickItemGrabResult> result = m_window->contentItem()->grabToImage();
-    if (!result) {
-        return {};
-    }
-    QEventLoop loop;
-    QObject::connect(result.data(), &QQuickItemGrabResult::ready, &loop, &QEventLoop::quit);
-    QTimer::singleShot(PatienceMs, &loop, &QEventLoop::quit);
-    loop.exec();
-    return result->image();
+    callQml(m_window, "showEntry", path, details);
+    return m_pictures.save(name);
 }
 
 bool ScreenshotTour::showsTree() const

@@ -39,32 +39,34 @@ Kirigami.ScrollablePage {
             icon: qsTrId("settings-la-icon"),
             controlIcon: qsTrId("settings-la-control_icon"),
             order: qsTrId("settings-la-order"),
-            allow_favorite: qsTrId("settings-la-favorite"),
             from_file: qsTrId("settings-la-file")
         }
         return [
             {label: qsTrId("settings-la-type"), value: entry.type},
             {label: qsTrId("settings-la-location"), value: entry.location}
-        ].concat(rows(labels, entry.registration))
+        ].concat(rows(labels, entry.registration, ["type", "params"]))
     }
 
     function parameterRows() {
         return rows({
             source: qsTrId("settings-la-source"),
             target: qsTrId("settings-la-target"),
+            type: qsTrId("settings-la-type"),
+            simpleGrid: qsTrId("settings-la-simple_grid"),
+            allow_favorite: qsTrId("settings-la-favorite"),
             "remote-service": qsTrId("settings-la-service"),
             "remote-path": qsTrId("settings-la-object"),
             "remote-interface": qsTrId("settings-la-interface"),
             "remote-method": qsTrId("settings-la-method"),
             "remote-arguments": qsTrId("settings-la-arguments"),
             "requires-package": qsTrId("settings-la-package")
-        }, entry.registration.params || {})
+        }, entry.registration.params || {}, [])
     }
 
-    /// What has a label first and in the labels' order, then whatever else a package has put there.
-    function rows(labels, values) {
+    /// What has a label first and in the labels' order, then whatever else a package has put there, but for the hidden.
+    function rows(labels, values, hidden) {
         const known = Object.keys(labels).filter(key => values[key] !== undefined)
-        const others = Object.keys(values).filter(key => !["type", "params"].concat(known).includes(key))
+        const others = Object.keys(values).filter(key => !hidden.concat(known).includes(key))
         return known.concat(others).map(key => ({label: labels[key] || key, value: shown(values[key])}))
     }
 

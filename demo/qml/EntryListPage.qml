@@ -39,6 +39,12 @@ Kirigami.ScrollablePage {
         text: qsTrId("settings-bt-details")
         onTriggered: applicationWindow().openDetails(page.path, page.column)
     }
+    actions.left: Kirigami.Action {
+        visible: page.isTop
+        icon.name: "favorite"
+        text: qsTrId("settings-he-favorites")
+        onTriggered: applicationWindow().openFavorites()
+    }
     actions.right: Kirigami.Action {
         visible: page.isTop
         icon.name: "application-menu"

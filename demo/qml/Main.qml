@@ -75,6 +75,26 @@ Kirigami.ApplicationWindow {
         pageStack.push(Qt.resolvedUrl(page), {path: path, entry: described(path)})
     }
 
+    function openFavorites() {
+        pageStack.pop(topPage)
+        pageStack.push(Qt.resolvedUrl("FavoritesPage.qml"))
+    }
+
+    function openFavoriteChoice(column) {
+        pageStack.pop(pageStack.get(column))
+        pageStack.push(Qt.resolvedUrl("FavoriteChoicePage.qml"))
+    }
+
+    function setFavoritesEditing(editing) {
+        pageStack.get(1).editing = editing
+    }
+
+    /// The titles that lead from the top page to the entry at path.
+    function titlesAbove(path) {
+        const above = path.slice(topPath.length, -1).map((name, index) => entryAt(path.slice(0, index + 2)))
+        return above.map(entry => entry ? entry.title : "").join(" › ")
+    }
+
     /// Shows the entry at path with the pages above it, as if the user had walked there. Categories have no page of
     /// their own on that way.
     function showEntry(path, details) {

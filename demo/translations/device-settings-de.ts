@@ -69,5 +69,17 @@
         <source>Print jobs</source>
         <translation>Druckaufträge</translation>
     </message>
+    <message id="device-he-free_space">
+        <source>Free space</source>
+        <translation>Speicherplatz freigeben</translation>
+    </message>
+    <message id="device-he-format_card">
+        <source>Format card</source>
+        <translation>Speicherkarte formatieren</translation>
+    </message>
+    <message id="device-he-check_updates">
+        <source>Check updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
 </context>
 </TS>

@@ -69,5 +69,17 @@
         <source>Print jobs</source>
         <translation>Print jobs</translation>
     </message>
+    <message id="device-he-free_space">
+        <source>Free space</source>
+        <translation>Free up space</translation>
+    </message>
+    <message id="device-he-format_card">
+        <source>Format card</source>
+        <translation>Format the memory card</translation>
+    </message>
+    <message id="device-he-check_updates">
+        <source>Check updates</source>
+        <translation>Check for updates</translation>
+    </message>
 </context>
 </TS>

@@ -69,5 +69,17 @@
         <source>Print jobs</source>
         <translation>Tulostustyöt</translation>
     </message>
+    <message id="device-he-free_space">
+        <source>Free space</source>
+        <translation>Vapauta tilaa</translation>
+    </message>
+    <message id="device-he-format_card">
+        <source>Format card</source>
+        <translation>Alusta muistikortti</translation>
+    </message>
+    <message id="device-he-check_updates">
+        <source>Check updates</source>
+        <translation>Tarkista päivitykset</translation>
+    </message>
 </context>
 </TS>

@@ -188,5 +188,81 @@
         <source>Hidden: in group %1</source>
         <translation>Nicht für die Gruppe %1</translation>
     </message>
+    <message id="settings-he-favorites">
+        <source>Favorites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message id="settings-he-favorite_tiles">
+        <source>Grid</source>
+        <translation>Schnellzugriff</translation>
+    </message>
+    <message id="settings-he-favorite_rows">
+        <source>List</source>
+        <translation>Werte</translation>
+    </message>
+    <message id="settings-he-favorite_actions">
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message id="settings-la-favorites_default">
+        <source>Default selection</source>
+        <translation>Standardauswahl</translation>
+    </message>
+    <message id="settings-la-favorites_modified">
+        <source>Changed by user</source>
+        <translation>Von dir geändert</translation>
+    </message>
+    <message id="settings-la-favorites_help">
+        <source>Drag, or Ctrl and arrow keys</source>
+        <translation>Ziehe Favoriten an ihren Platz, oder bewege sie mit Strg und den Pfeiltasten.</translation>
+    </message>
+    <message id="settings-la-no_favorites">
+        <source>No favorites</source>
+        <translation>Noch nichts hier. „Hinzufügen“ zeigt, was zur Auswahl steht.</translation>
+    </message>
+    <message id="settings-bt-edit">
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message id="settings-bt-add">
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message id="settings-bt-remove">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="settings-he-choose_favorites">
+        <source>Choose favorites</source>
+        <translation>Favoriten auswählen</translation>
+    </message>
+    <message id="settings-bt-simple_tiles">
+        <source>Simple grid</source>
+        <translation>Einfache</translation>
+    </message>
+    <message id="settings-bt-pages">
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message id="settings-la-nothing_to_choose">
+        <source>No potential favorites</source>
+        <translation>Keine installierte Einstellung ist von dieser Art.</translation>
+    </message>
+    <message id="settings-la-action_done">
+        <source>Done: %1</source>
+        <translation>Erledigt: %1</translation>
+    </message>
+    <message id="settings-la-action_failed">
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+    <message id="settings-la-action_unanswered">
+        <source>No answer: %1</source>
+        <translation>Noch keine Antwort: %1</translation>
+    </message>
+    <message id="settings-la-simple_grid">
+        <source>Simple grid</source>
+        <translation>Einfache Kachel</translation>
+    </message>
 </context>
 </TS>

@@ -188,5 +188,81 @@
         <source>Hidden: in group %1</source>
         <translation>Not for the group %1</translation>
     </message>
+    <message id="settings-he-favorites">
+        <source>Favorites</source>
+        <translation>Favourites</translation>
+    </message>
+    <message id="settings-he-favorite_tiles">
+        <source>Grid</source>
+        <translation>Shortcuts</translation>
+    </message>
+    <message id="settings-he-favorite_rows">
+        <source>List</source>
+        <translation>Values</translation>
+    </message>
+    <message id="settings-he-favorite_actions">
+        <source>Actions</source>
+        <translation>Actions</translation>
+    </message>
+    <message id="settings-la-favorites_default">
+        <source>Default selection</source>
+        <translation>Default selection</translation>
+    </message>
+    <message id="settings-la-favorites_modified">
+        <source>Changed by user</source>
+        <translation>Changed by you</translation>
+    </message>
+    <message id="settings-la-favorites_help">
+        <source>Drag, or Ctrl and arrow keys</source>
+        <translation>Drag favourites to their places, or move them with Ctrl and the arrow keys.</translation>
+    </message>
+    <message id="settings-la-no_favorites">
+        <source>No favorites</source>
+        <translation>Nothing here yet. “Add” shows what you can choose.</translation>
+    </message>
+    <message id="settings-bt-edit">
+        <source>Edit</source>
+        <translation>Edit</translation>
+    </message>
+    <message id="settings-bt-add">
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message id="settings-bt-remove">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="settings-he-choose_favorites">
+        <source>Choose favorites</source>
+        <translation>Choose favourites</translation>
+    </message>
+    <message id="settings-bt-simple_tiles">
+        <source>Simple grid</source>
+        <translation>Simple</translation>
+    </message>
+    <message id="settings-bt-pages">
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message id="settings-la-nothing_to_choose">
+        <source>No potential favorites</source>
+        <translation>No installed setting is of this kind.</translation>
+    </message>
+    <message id="settings-la-action_done">
+        <source>Done: %1</source>
+        <translation>Done: %1</translation>
+    </message>
+    <message id="settings-la-action_failed">
+        <source>Failed: %1</source>
+        <translation>This has failed: %1</translation>
+    </message>
+    <message id="settings-la-action_unanswered">
+        <source>No answer: %1</source>
+        <translation>No answer yet: %1</translation>
+    </message>
+    <message id="settings-la-simple_grid">
+        <source>Simple grid</source>
+        <translation>Simple tile</translation>
+    </message>
 </context>
 </TS>

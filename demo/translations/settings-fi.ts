@@ -188,5 +188,81 @@
         <source>Hidden: in group %1</source>
         <translation>Ei ryhmälle %1</translation>
     </message>
+    <message id="settings-he-favorites">
+        <source>Favorites</source>
+        <translation>Suosikit</translation>
+    </message>
+    <message id="settings-he-favorite_tiles">
+        <source>Grid</source>
+        <translation>Pikavalinnat</translation>
+    </message>
+    <message id="settings-he-favorite_rows">
+        <source>List</source>
+        <translation>Arvot</translation>
+    </message>
+    <message id="settings-he-favorite_actions">
+        <source>Actions</source>
+        <translation>Toiminnot</translation>
+    </message>
+    <message id="settings-la-favorites_default">
+        <source>Default selection</source>
+        <translation>Oletusvalinta</translation>
+    </message>
+    <message id="settings-la-favorites_modified">
+        <source>Changed by user</source>
+        <translation>Muokkaamasi valinta</translation>
+    </message>
+    <message id="settings-la-favorites_help">
+        <source>Drag, or Ctrl and arrow keys</source>
+        <translation>Vedä suosikit paikoilleen tai siirrä niitä Ctrl- ja nuolinäppäimillä.</translation>
+    </message>
+    <message id="settings-la-no_favorites">
+        <source>No favorites</source>
+        <translation>Täällä ei ole vielä mitään. Valitse suosikkeja painamalla ”Lisää”.</translation>
+    </message>
+    <message id="settings-bt-edit">
+        <source>Edit</source>
+        <translation>Muokkaa</translation>
+    </message>
+    <message id="settings-bt-add">
+        <source>Add</source>
+        <translation>Lisää</translation>
+    </message>
+    <message id="settings-bt-remove">
+        <source>Remove</source>
+        <translation>Poista</translation>
+    </message>
+    <message id="settings-he-choose_favorites">
+        <source>Choose favorites</source>
+        <translation>Valitse suosikit</translation>
+    </message>
+    <message id="settings-bt-simple_tiles">
+        <source>Simple grid</source>
+        <translation>Yksinkertaiset</translation>
+    </message>
+    <message id="settings-bt-pages">
+        <source>Pages</source>
+        <translation>Sivut</translation>
+    </message>
+    <message id="settings-la-nothing_to_choose">
+        <source>No potential favorites</source>
+        <translation>Mikään asennettu asetus ei ole tätä lajia.</translation>
+    </message>
+    <message id="settings-la-action_done">
+        <source>Done: %1</source>
+        <translation>Valmis: %1</translation>
+    </message>
+    <message id="settings-la-action_failed">
+        <source>Failed: %1</source>
+        <translation>Epäonnistui: %1</translation>
+    </message>
+    <message id="settings-la-action_unanswered">
+        <source>No answer: %1</source>
+        <translation>Ei vielä vastausta: %1</translation>
+    </message>
+    <message id="settings-la-simple_grid">
+        <source>Simple grid</source>
+        <translation>Yksinkertainen ruutu</translation>
+    </message>
 </context>
 </TS>

@@ -188,5 +188,81 @@
         <source>Hidden: in group %1</source>
         <translation>Hidden: in group %1</translation>
     </message>
+    <message id="settings-he-favorites">
+        <source>Favorites</source>
+        <translation>Favorites</translation>
+    </message>
+    <message id="settings-he-favorite_tiles">
+        <source>Grid</source>
+        <translation>Grid</translation>
+    </message>
+    <message id="settings-he-favorite_rows">
+        <source>List</source>
+        <translation>List</translation>
+    </message>
+    <message id="settings-he-favorite_actions">
+        <source>Actions</source>
+        <translation>Actions</translation>
+    </message>
+    <message id="settings-la-favorites_default">
+        <source>Default selection</source>
+        <translation>Default selection</translation>
+    </message>
+    <message id="settings-la-favorites_modified">
+        <source>Changed by user</source>
+        <translation>Changed by user</translation>
+    </message>
+    <message id="settings-la-favorites_help">
+        <source>Drag, or Ctrl and arrow keys</source>
+        <translation>Drag, or Ctrl and arrow keys</translation>
+    </message>
+    <message id="settings-la-no_favorites">
+        <source>No favorites</source>
+        <translation>No favorites</translation>
+    </message>
+    <message id="settings-bt-edit">
+        <source>Edit</source>
+        <translation>Edit</translation>
+    </message>
+    <message id="settings-bt-add">
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message id="settings-bt-remove">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="settings-he-choose_favorites">
+        <source>Choose favorites</source>
+        <translation>Choose favorites</translation>
+    </message>
+    <message id="settings-bt-simple_tiles">
+        <source>Simple grid</source>
+        <translation>Simple grid</translation>
+    </message>
+    <message id="settings-bt-pages">
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message id="settings-la-nothing_to_choose">
+        <source>No potential favorites</source>
+        <translation>No potential favorites</translation>
+    </message>
+    <message id="settings-la-action_done">
+        <source>Done: %1</source>
+        <translation>Done: %1</translation>
+    </message>
+    <message id="settings-la-action_failed">
+        <source>Failed: %1</source>
+        <translation>Failed: %1</translation>
+    </message>
+    <message id="settings-la-action_unanswered">
+        <source>No answer: %1</source>
+        <translation>No answer: %1</translation>
+    </message>
+    <message id="settings-la-simple_grid">
+        <source>Simple grid</source>
+        <translation>Simple grid</translation>
+    </message>
 </context>
 </TS>

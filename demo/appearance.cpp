@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "appearance.h"
+
+#include <QCoreApplication>
+#include <QFont>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QStringList>
+
+#include <atomic>
+
+namespace
+{
+std::atomic_int s_warnings{0};
+QtMessageHandler s_printMessage = nullptr;
+
+void countWarnings(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    // What a machine without a desktop says of itself.
+    static const QStringList harmless = {
+        QStringLiteral("This plugin does not support propagateSizeHints()"),
+        QStringLiteral("This plugin does not support raise()"),
+        QStringLiteral("Failed to find a Kirigami platform plugin"),
+    };
+    if (harmless.contains(message)) {
+        return;
+    }
+    if (type != QtDebugMsg && type != QtInfoMsg) {
+        ++s_warnings;
+    }
+    s_printMessage(type, context, message);
+}
+}
+
+void prepareApplication()
+{
+    s_printMessage = qInstallMessageHandler(countWarnings);
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+void setAppearance()
+{
+    // The offscreen platform knows no directory of icons.
+    QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() << QStringLiteral("/usr/share/icons"));
+    QIcon::setThemeName(QStringLiteral("breeze"));
+    QGuiApplication::setFont(QFont(QStringLiteral("Noto Sans"), 10));
+}
+
+int warningCount()
+{
+    return s_warnings;
+}

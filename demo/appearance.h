@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+/// Before the application object is made.
+void prepareApplication();
+
+/// Icons and font, the same on every machine. After the application object is made.
+void setAppearance();
+
+/// The warnings and worse that the program has printed since prepareApplication().
+int warningCount();

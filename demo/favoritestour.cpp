@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "favoritestour.h"
+
+#include "qmlcall.h"
+
+#include <mgconfitem.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QMouseEvent>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+namespace
+{
+const QString s_favorite = QStringLiteral("favorite ");
+const QString s_optional = QStringLiteral("system_settings/device/printing");
+const QString s_added = QStringLiteral("system_settings/connectivity/bluetooth");
+const QString s_dragged = QStringLiteral("system_settings/connectivity/wlan");
+const QString s_dragTarget = QStringLiteral("system_settings/connectivity/hotspot");
+const QStringList s_rows = {
+    QStringLiteral("system_settings/look/display/brightness"),
+    QStringLiteral("system_settings/look/sounds/volume"),
+    QStringLiteral("system_settings/look/display/sleep"),
+};
+const QString s_succeeding = QStringLiteral("system_settings/device/storage/free_space");
+const QString s_failing = QStringLiteral("system_settings/device/storage/format_card");
+const QString s_unanswered = QStringLiteral("system_settings/device/updates/check");
+const QString s_uninstalled = QStringLiteral("system_settings/connectivity/wlan/add_network");
+
+QStringList stored()
+{
+    return MGConfItem(QStringLiteral("/apps/velka-settings/favorites")).value().toStringList();
+}
+
+QQuickItem *findBelow(QQuickItem *top, const QString &name)
+{
+    if (top->objectName() == name) {
+        return top;
+    }
+    const QList<QQuickItem *> children = top->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *const found = findBelow(child, name)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+void sendMouse(QQuickWindow *window, QEvent::Type type, const QPointF &position)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, position, window->mapToGlobal(position.toPoint()), button, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &event);
+}
+}
+
+FavoritesTour::FavoritesTour(QQuickWindow *window, WindowPictures *pictures)
+    : m_window(window)
+    , m_pictures(pictures)
+{
+}
+
+bool FavoritesTour::walkPages(const QString &form)
+{
+    callQml(m_window, "scrollToBeginning");
+    callQml(m_window, "openFavorites");
+    if (!m_pictures->save(form + QLatin1String("-favorites"))) {
+        return false;
+    }
+    callQml(m_window, "setFavoritesEditing", true);
+    if (!m_pictures->save(form + QLatin1String("-favorites-editing"))) {
+        return false;
+    }
+    callQml(m_window, "setFavoritesEditing", false);
+    callQml(m_window, "openFavoriteChoice", 1);
+    return m_pictures->save(form + QLatin1String("-favorites-choice"));
+}
+
+bool FavoritesTour::walkChanges(const QString &form)
+{
+    callQml(m_window, "setDrawerOpen", false);
+    callQml(m_window, "openFavorites");
+    if (!m_pictures->save(form + QLatin1String("-favorites-installed"))) {
+        return false;
+    }
+    return find(s_favorite + s_optional) || fail(QStringLiteral("A favourite does not come with its package"));
+}
+
+bool FavoritesTour::walkEdits(const QString &form)
+{
+    callQml(m_window, "openFavorites");
+    callQml(m_window, "openFavoriteChoice", 1);
+    if (!m_pictures->save(form + QLatin1String("-favorites-choice-restored")) || !add(s_added)
+        || !m_pictures->save(form + QLatin1String("-favorites-added"))) {
+        return false;
+    }
+    callQml(m_window, "openFavorites");
+    callQml(m_window, "setFavoritesEditing", true);
+    if (!m_pictures->save(form + QLatin1String("-favorites-added-editing")) || !drag(s_dragged, s_dragTarget)) {
+        return false;
+    }
+    for (const QString &path : s_rows) {
+        if (!remove(path)) {
+            return false;
+        }
+    }
+    callQml(m_window, "setFavoritesEditing", false);
+    return m_pictures->save(form + QLatin1String("-favorites-edited"));
+}
+
+bool FavoritesTour::walkActions(const QString &form)
+{
+    callQml(m_window, "openFavorites");
+    if (!m_pictures->save(form + QLatin1String("-favorites-reopened"))
+        || !trigger(s_succeeding, form + QLatin1String("-action-done"))
+        || !trigger(s_failing, form + QLatin1String("-action-failed"))
+        || !trigger(s_unanswered, form + QLatin1String("-action-unanswered"))) {
+        return false;
+    }
+    const QString picture = m_pictures->file(QStringLiteral("store"));
+    QFile::remove(picture);
+    if (!click(s_favorite + s_uninstalled)) {
+        return false;
+    }
+    const bool shown = m_pictures->waitFor([&picture] { return QFile::exists(picture); });
+    return shown || fail(QStringLiteral("The store does not show the package of a missing service"));
+}
+
+bool FavoritesTour::add(const QString &path)
+{
+    const QStringList paths = stored() + QStringList(path);
+    return click(QLatin1String("star ") + path) && waitForStored(paths);
+}
+
+bool FavoritesTour::remove(const QString &path)
+{
+    QStringList paths = stored();
+    paths.removeAll(path);
+    return click(QLatin1String("remove ") + path) && waitForStored(paths);
+}
+
+bool FavoritesTour::drag(const QString &path, const QString &target)
+{
+    QStringList paths = stored();
+    paths.move(paths.indexOf(path), paths.indexOf(target));
+    QPointF from;
+    QPointF to;
+    if (!findCenter(s_favorite + path, &from) || !findCenter(s_favorite + target, &to)) {
+        return false;
+    }
+    sendMouse(m_window, QEvent::MouseButtonPress, from);
+    sendMouse(m_window, QEvent::MouseMove, to);
+    sendMouse(m_window, QEvent::MouseButtonRelease, to);
+    return waitForStored(paths);
+}
+
+/// Presses an action that a service takes, and saves a picture of what it says.
+bool FavoritesTour::trigger(const QString &path, const QString &name)
+{
+    if (!click(s_favorite + path)) {
+        return false;
+    }
+    const bool answered = m_pictures->waitFor([this] {
+        const QQuickItem *const outcome = find(QStringLiteral("outcome"));
+        return outcome && outcome->isVisible();
+    });
+    return (answered || fail(QStringLiteral("The service is not called: ") + path)) && m_pictures->save(name);
+}
+
+bool FavoritesTour::click(const QString &itemName)
+{
+    QPointF center;
+    if (!findCenter(itemName, &center)) {
+        return false;
+    }
+    sendMouse(m_window, QEvent::MouseButtonPress, center);
+    sendMouse(m_window, QEvent::MouseButtonRelease, center);
+    return true;
+}
+
+bool FavoritesTour::findCenter(const QString &itemName, QPointF *center)
+{
+    const QQuickItem *const item = find(itemName);
+    if (item) {
+        *center = item->mapToScene(item->boundingRect().center());
+    }
+    const bool isInSight = item && m_window->contentItem()->boundingRect().contains(*center);
+    return isInSight || fail(QStringLiteral("Not in sight: ") + itemName);
+}
+
+bool FavoritesTour::waitForStored(const QStringList &paths)
+{
+    return m_pictures->waitFor([&paths] { return stored() == paths; })
+           || fail(QStringLiteral("Not stored: ") + paths.join(QLatin1Char(' ')));
+}
+
+QQuickItem *FavoritesTour::find(const QString &itemName) const
+{
+    return findBelow(m_window->contentItem(), itemName);
+}

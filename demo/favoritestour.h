@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "windowpictures.h"
+
+#include <QPointF>
+#include <QString>
+#include <QStringList>
+
+class QQuickItem;
+class QQuickWindow;
+
+/// The part of the tour that shows the favourites, and edits and triggers them by mouse.
+class FavoritesTour
+{
+public:
+    FavoritesTour(QQuickWindow *window, WindowPictures *pictures);
+
+    // False when a picture could not be made or shows something else than it should; the reason has been printed.
+    bool walkPages(const QString &form);
+    bool walkChanges(const QString &form); ///< while the optional package is installed
+    bool walkEdits(const QString &form);
+    bool walkActions(const QString &form);
+
+private:
+    bool add(const QString &path);
+    bool remove(const QString &path);
+    bool drag(const QString &path, const QString &target);
+    bool trigger(const QString &path, const QString &name);
+    bool click(const QString &itemName);
+    bool findCenter(const QString &itemName, QPointF *center);
+    bool waitForStored(const QStringList &paths);
+    QQuickItem *find(const QString &itemName) const;
+
+    QQuickWindow *const m_window;
+    WindowPictures *const m_pictures;
+};

@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import QtQuick.Layouts 1.15
+import org.kde.kirigami 2.19 as Kirigami
+
+/// A place in a view and the favourite in it, which the user can take to another place while the view is editing.
+Item {
+    id: slot
+
+    required property int index
+    required property var object
+    property GridView view
+    property bool tile: false
+    property bool editing: false
+    property int columns: 1
+
+    readonly property string title: object ? object.title : ""
+    readonly property var path: object ? object.location() : []
+
+    signal activated()
+
+    objectName: "favorite " + path.join("/")
+    width: view.cellWidth
+    height: view.cellHeight
+    z: grip.pressed ? 1 : 0
+
+    function moveTo(row) {
+        if (row >= 0 && row < view.count && row !== index) {
+            view.model.move(index, row)
+        }
+    }
+
+    function remove() {
+        view.model.removeFavorite(path.join("/"))
+    }
+
+    Keys.enabled: editing
+    Keys.onDeletePressed: remove()
+    Keys.onPressed: event => {
+        const steps = {}
+        steps[Qt.Key_Left] = -1
+        steps[Qt.Key_Right] = 1
+        steps[Qt.Key_Up] = -columns
+        steps[Qt.Key_Down] = columns
+        if (event.modifiers & Qt.ControlModifier && event.key in steps) {
+            event.accepted = true
+            moveTo(index + steps[event.key])
+        }
+    }
+
+    Controls.AbstractButton {
+        id: button
+
+        // Its place, or below the pointer that has taken it.
+        x: grip.pressed ? grip.pointer.x - grip.hold.x - slot.x : margin
+        y: grip.pressed ? grip.pointer.y - grip.hold.y - slot.y : margin
+        width: slot.width - 2 * margin
+        height: slot.height - 2 * margin
+        leftPadding: Kirigami.Units.largeSpacing
+        rightPadding: Kirigami.Units.largeSpacing
+        topPadding: slot.tile ? Kirigami.Units.largeSpacing : Kirigami.Units.smallSpacing
+        bottomPadding: Kirigami.Units.smallSpacing
+        onClicked: {
+            if (!slot.editing) {
+                slot.activated()
+            }
+        }
+
+        readonly property int margin: Kirigami.Units.smallSpacing
+
+        background: CardBackground {
+            Kirigami.Theme.colorSet: Kirigami.Theme.View
+            Kirigami.Theme.inherit: false
+            color: button.down || button.visualFocus || grip.pressed
+                ? Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor, Kirigami.Theme.highlightColor, 0.2)
+                : Kirigami.Theme.backgroundColor
+        }
+
+        contentItem: GridLayout {
+            columns: slot.tile ? 1 : 2
+            columnSpacing: Kirigami.Units.largeSpacing
+            rowSpacing: Kirigami.Units.smallSpacing
+
+            EntryIcon {
+                Layout.alignment: Qt.AlignCenter
+                source: slot.object ? slot.object.icon : ""
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                // Icons of titles with one and with two lines are level.
+                Layout.minimumHeight: slot.tile ? Kirigami.Units.gridUnit * 2 : 0
+                spacing: 0
+
+                Controls.Label {
+                    Layout.fillWidth: true
+                    Layout.alignment: Qt.AlignTop
+                    horizontalAlignment: slot.tile ? Text.AlignHCenter : Text.AlignLeft
+                    wrapMode: Text.Wrap
+                    maximumLineCount: slot.tile ? 2 : 1
+                    elide: Text.ElideRight
+                    text: slot.title
+                }
+                SecondaryLabel {
+                    Layout.fillWidth: true
+                    visible: !slot.tile
+                    font: Kirigami.Theme.smallFont
+                    maximumLineCount: 1
+                    elide: Text.ElideRight
+                    text: applicationWindow().titlesAbove(slot.path)
+                }
+            }
+        }
+    }
+
+    MouseArea {
+        id: grip
+
+        property point pointer // in the view
+        property point hold // in the button
+
+        function follow(mouse) {
+            pointer = mapToItem(slot.view.contentItem, mouse.x, mouse.y)
+        }
+
+        anchors.fill: parent
+        enabled: slot.editing
+        cursorShape: pressed ? Qt.ClosedHandCursor : Qt.OpenHandCursor
+        // The page would scroll.
+        preventStealing: true
+        onPressed: mouse => {
+            hold = mapToItem(button, mouse.x, mouse.y)
+            follow(mouse)
+        }
+        onPositionChanged: mouse => {
+            follow(mouse)
+            slot.moveTo(slot.view.indexAt(pointer.x, pointer.y))
+        }
+    }
+
+    Controls.RoundButton {
+        objectName: "remove " + slot.path.join("/")
+        visible: slot.editing && !grip.pressed
+        anchors {
+            right: parent.right
+            top: slot.tile ? parent.top : undefined
+            verticalCenter: slot.tile ? undefined : parent.verticalCenter
+            rightMargin: slot.tile ? 0 : Kirigami.Units.largeSpacing
+        }
+        icon.name: "list-remove"
+        text: qsTrId("settings-bt-remove")
+        display: Controls.AbstractButton.IconOnly
+        onClicked: slot.remove()
+    }
+}

@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import com.velka.settings 1.0
+
+/// The model, with the key that says whose selection it is.
+FavoritesModel {
+    userModifiedKey: "/apps/velka-settings/favoritesUserModified"
+}

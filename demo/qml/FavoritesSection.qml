@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import org.kde.kirigami 2.19 as Kirigami
+
+/// The favourites of some kinds under a heading.
+Column {
+    id: section
+
+    property alias heading: headingLabel.text
+    property alias filter: favorites.filter
+    property alias tiles: view.tiles
+    property alias editing: view.editing
+    readonly property alias favorites: favorites
+
+    signal activated(int row, var path)
+
+    spacing: Kirigami.Units.smallSpacing
+
+    /// The title of the action that calls method, empty when it is no favourite (any more).
+    function titleOfCall(method) {
+        for (let row = 0; row < favorites.count; ++row) {
+            if (favorites.get(row).params["remote-method"] === method) {
+                return view.itemAtIndex(row).title
+            }
+        }
+        return ""
+    }
+
+    Controls.Label {
+        id: headingLabel
+        x: Kirigami.Units.largeSpacing
+        font.bold: true
+        color: Kirigami.Theme.linkColor
+    }
+
+    FavoritesView {
+        id: view
+        width: section.width
+        model: Favorites {
+            id: favorites
+        }
+        onActivated: section.activated(row, path)
+    }
+
+    SecondaryLabel {
+        x: Kirigami.Units.largeSpacing
+        width: section.width - 2 * x
+        visible: favorites.count === 0
+        text: qsTrId("settings-la-no_favorites")
+    }
+}
