@@ -16,5 +16,15 @@ const QString StoreService = QStringLiteral("com.velka.velkastore");
 const QString StorePath = QStringLiteral("/StoreClient");
 const QString StoreInterface = QStringLiteral("com.velka.velkastore");
 
+const QString ApplicationsSection = QStringLiteral("applications");
+const QString DesktopSuffix = QStringLiteral(".desktop");
+
+const QString SandboxingService = QStringLiteral("org.orvantaos.tarnholdd1");
+const QString SandboxingPath = QStringLiteral("/org/orvantaos/tarnholdd1");
+const QString AutostartService = QStringLiteral("com.kelo.RuntimeManager");
+const QString AutostartPath = QStringLiteral("/com/kelo/am");
+const QString NotificationsService = QStringLiteral("com.kelo.NotificationsConfig1");
+const QString NotificationsPath = QStringLiteral("/com/kelo/NotificationsConfig1");
+
 const QString SectionType = QStringLiteral("section");
 }

@@ -21,5 +21,15 @@ extern const QString StoreService;
 extern const QString StorePath;
 extern const QString StoreInterface;
 
+extern const QString ApplicationsSection; ///< the node of the installed applications' settings pages
+extern const QString DesktopSuffix;
+
+extern const QString SandboxingService; ///< on the system bus
+extern const QString SandboxingPath;
+extern const QString AutostartService; ///< on the system bus
+extern const QString AutostartPath;
+extern const QString NotificationsService; ///< on the session bus
+extern const QString NotificationsPath;
+
 extern const QString SectionType; ///< the type of an entry that names none
 }

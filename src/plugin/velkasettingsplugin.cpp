@@ -3,9 +3,11 @@
 
 #include "plugin/velkasettingsplugin.h"
 
+#include "applications/applicationssettingsmodel.h"
 #include "models/favoritesmodel.h"
 #include "models/settingscontrolerror.h"
 #include "models/settingsmodel.h"
+#include "models/userapplicationsfiltermodel.h"
 #include "plugin/apptranslator.h"
 #include "plugin/constants.h"
 
@@ -14,10 +16,24 @@
 #include <QQmlEngine>
 #include <qqml.h>
 
+namespace
+{
+/// The model that the pages of @p engine share.
+QObject *makeApplicationsModel(QQmlEngine *engine, QJSEngine *)
+{
+    auto *model = new ApplicationsSettingsModel(engine);
+    model->componentComplete(); // no document declares it
+    return model;
+}
+}
+
 void VelkaSettingsPlugin::registerTypes(const char *uri)
 {
     qmlRegisterType<SettingsModel>(uri, 1, 0, "SettingsModel");
     qmlRegisterType<FavoritesModel>(uri, 1, 0, "FavoritesModel");
+    qmlRegisterType<ApplicationsSettingsModel>(uri, 1, 0, "ApplicationSettingsModel");
+    qmlRegisterType<UserApplicationsFilterModel>(uri, 1, 0, "UserApplicationsFilterModel");
+    qmlRegisterSingletonType<ApplicationsSettingsModel>(uri, 1, 0, "ApplicationsModel", makeApplicationsModel);
     qmlRegisterUncreatableType<SettingsControlError>(uri, 1, 0, "SettingsControlError", QString());
 }
 

@@ -22,5 +22,21 @@ constexpr char CannotQueueCall[]
 constexpr char CallFailed[]
     = "Failed to send dbus call to: service=%1 path=%2 interface=%3 method=%4. Error was: %5 %6";
 constexpr char CannotCallStore[] = "call to com.velka.velkastore failed: ";
+constexpr char NoApplicationsSection[] = "ApplicationsSettingsModel could not find applications section";
+constexpr char IncorrectUid[] = "Incorrect uid";
+constexpr char AllowlistFailed[] = "Failed to get allowlist for uid %1. Error:";
+constexpr char AutostartListFailed[] = "Failed to get autostart list for uid %1. Error:";
+constexpr char AlwaysAllowedFailed[] = "Failed to get always allowlist. Error:";
+constexpr char AppInfoFailed[] = "Couldn't get app info from tarnholdd: ";
+constexpr char CannotReadPermissions[] = "Failed to read application desktop file with Permissions";
+constexpr char NoPermissionsSection[] = "No valid section is providing Permissions";
+constexpr char HidePromptFailed[] = "Failed to hide prompt";
+constexpr char GrantFailed[] = "Failed to set granted permissions";
+constexpr char NotAdding[] = "Not adding";
+constexpr char PermissionsNotGranted[] = "to autostart since permissions not granted";
+constexpr char NotificationsListFailed[] = "Failed to get notifications configs list. Error:";
+constexpr char NotificationsSetFailed[] = "Failed to set notifications config for %1. Error:";
+constexpr char NoApplication[] = "Cant find application: %1";
+constexpr char UnknownConfig[] = "Unknown config changed:";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/applicationitem.h"
+
+#include "models/toqml.h"
+#include "registry/treeitem.h"
+
+#include <launcheritem.h>
+
+#include <QFileInfo>
+
+ApplicationItem::ApplicationItem(LauncherItem *item, TreeItem *applicationsSection, QObject *parent)
+    : QObject(parent)
+    , m_item(item)
+{
+    if (!item) {
+        return;
+    }
+    if (applicationsSection) {
+        m_section = applicationsSection->lookup({QFileInfo(item->filePath()).fileName()});
+    }
+    m_sandboxed = item->isSandboxed();
+    connect(item, &LauncherItem::itemChanged, this, &ApplicationItem::updateSandboxed);
+}
+
+QVariant ApplicationItem::section() const
+{
+    return m_section ? QVariant::fromValue(toQml(m_section)) : QVariant();
+}
+
+QString ApplicationItem::iconId() const
+{
+    return m_item ? m_item->iconId() : QString();
+}
+
+QString ApplicationItem::iconMode() const
+{
+    return m_item ? m_item->readValue(QStringLiteral("IconMode"), QStringLiteral("X-Zephra-Application"))
+                  : QString();
+}
+
+QString ApplicationItem::name() const
+{
+    return m_item ? m_item->title() : QString();
+}
+
+QString ApplicationItem::fileName() const
+{
+    return m_item ? m_item->filePath() : QString();
+}
+
+QString ApplicationItem::fileId() const
+{
+    return m_item ? m_item->fileID() : QString();
+}
+
+bool ApplicationItem::isValid() const
+{
+    return m_item && m_item->isValid();
+}
+
+bool ApplicationItem::sandboxed() const
+{
+    return m_sandboxed;
+}
+
+QString ApplicationItem::dBusServiceName() const
+{
+    return m_item ? m_item->dBusServiceName() : QString();
+}
+
+void ApplicationItem::updateSandboxed()
+{
+    const bool sandboxed = m_item && m_item->isSandboxed();
+    if (sandboxed != m_sandboxed) {
+        m_sandboxed = sandboxed;
+        Q_EMIT sandboxedChanged();
+    }
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+class LauncherItem;
+class TreeItem;
+
+/**
+ * One installed application: what its launcher entry tells, and the settings page of its own that packages may have
+ * declared for it below the "applications" section, under the name of its desktop file.
+ *
+ * The texts are read from the launcher entry each time; they are empty once that is gone.
+ */
+class ApplicationItem : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariant section READ section CONSTANT)
+    Q_PROPERTY(QString iconId READ iconId CONSTANT)
+    Q_PROPERTY(QString iconMode READ iconMode CONSTANT)
+    Q_PROPERTY(QString name READ name CONSTANT)
+    Q_PROPERTY(QString fileName READ fileName CONSTANT)
+    Q_PROPERTY(QString fileId READ fileId CONSTANT)
+    Q_PROPERTY(bool isValid READ isValid CONSTANT)
+    Q_PROPERTY(bool sandboxed READ sandboxed NOTIFY sandboxedChanged)
+
+public:
+    /// @p item and @p applicationsSection may be null. They are not owned.
+    ApplicationItem(LauncherItem *item, TreeItem *applicationsSection, QObject *parent);
+
+    QVariant section() const; ///< the TreeItem as QObject*, invalid when there is none
+    QString iconId() const;
+    QString iconMode() const;
+    QString name() const;
+    QString fileName() const; ///< the whole path of the desktop file
+    QString fileId() const; ///< the desktop file id
+    bool isValid() const;
+    bool sandboxed() const; ///< as last heard of
+    QString dBusServiceName() const;
+
+Q_SIGNALS:
+    void sandboxedChanged();
+
+private:
+    void updateSandboxed();
+
+    const QPointer<LauncherItem> m_item;
+    QPointer<TreeItem> m_section;
+    bool m_sandboxed = false;
+};

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QAbstractListModel>
+#include <QFileSystemWatcher>
+#include <QHash>
+#include <QPointer>
+#include <QQmlParserStatus>
+#include <QSet>
+#include <QStringList>
+#include <QTimer>
+#include <QVariantMap>
+#include <QVector>
+
+#include <optional>
+
+class ApplicationItem;
+class LauncherFolderModel;
+class LauncherItem;
+class LauncherListing;
+class MGConfItem;
+class NotificationsClient;
+class UserApplicationLists;
+
+/**
+ * The installed applications in the launcher's order, joined with what the platform's services tell of them for one
+ * user: allow-list and permissions (sandboxing daemon), autostart, and notifications.
+ *
+ * Applications whose desktop file's path is in the dconf key /apps/velka-settings/maskedSettings are left out. The
+ * list is made anew, with new items, 1000 ms after the last change of the launcher, of that key or of the registry's
+ * content. What a service fails to tell is logged to "org.orvantaos.settings.framework".
+ *
+ * The selection that QML edits is the allow-list or the autostart list, as "filterMode" says. Reading
+ * "filterModeEnabled" of the allow-list and switching autostart wait for the sandboxing daemon.
+ */
+class ApplicationsSettingsModel : public QAbstractListModel, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    /// The launcher's model, a LauncherFolderModel. componentComplete() makes one when there is none.
+    Q_PROPERTY(QObject *applications READ applications WRITE setApplications NOTIFY applicationsChanged)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(QStringList selectedApps READ selectedApps NOTIFY selectedAppsChanged)
+    /// The user whose lists these are: the effective one unless set. 0 is refused with a warning.
+    Q_PROPERTY(uint uid READ uid WRITE setUid NOTIFY uidChanged)
+    Q_PROPERTY(int filterMode READ filterMode WRITE setFilterMode NOTIFY filterModeChanged)
+    /// Whether the user is restricted to what the list of filterMode holds.
+    Q_PROPERTY(
+        bool filterModeEnabled READ filterModeEnabled WRITE setFilterModeEnabled NOTIFY filterModeEnabledChanged)
+
+public:
+    enum ApplicationRoles {
+        SectionRole = Qt::UserRole + 1, ///< QVariant, the TreeItem of its settings page, invalid without one
+        IconIdRole, ///< QString
+        IconModeRole, ///< QString, "IconMode" of the desktop file's group "X-Zephra-Application"
+        NameRole, ///< QString
+        FilePathRole, ///< QString, the desktop file
+        SandboxedRole, ///< bool
+        FileIdRole, ///< QString, the desktop file id
+        AllowedRole, ///< bool, on the user's allow-list
+        AlwaysAllowedRole, ///< bool
+        AutostartedRole, ///< bool
+        ApplicationIdRole, ///< QString, the D-Bus service name
+        NotificationsEnabledRole, ///< bool, true until the service tells otherwise
+    };
+    Q_ENUM(ApplicationRoles)
+
+    enum ApplicationsFilterModeTypes {
+        AllowedOnly = 0, ///< the selection is the allow-list
+        AutostartedOnly = 1, ///< the selection is the autostart list
+    };
+    Q_ENUM(ApplicationsFilterModeTypes)
+
+    explicit ApplicationsSettingsModel(QObject *parent = nullptr);
+    ~ApplicationsSettingsModel() override;
+
+    QObject *applications() const;
+    void setApplications(QObject *applications);
+    int count() const;
+    QStringList selectedApps() const;
+    uint uid() const;
+    void setUid(uint uid);
+    int filterMode() const;
+    void setFilterMode(int mode);
+    bool filterModeEnabled();
+    void setFilterModeEnabled(bool enabled);
+
+    void classBegin() override;
+    void componentComplete() override;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    void applicationsChanged();
+    void countChanged();
+    void uidChanged();
+    void allowlistEnabledChanged();
+    void autostartEnabledChanged();
+    void allowlistChanged();
+    void autostartListChanged();
+    void alwaysAllowedApplicationsChanged();
+    void filterModeEnabledChanged();
+    void filterModeChanged();
+    void selectedAppsChanged();
+    void allowedNotificationsChanged();
+
+private Q_SLOTS:
+    void scheduleUpdate();
+    void launcherModelReset();
+
+public:
+    /// The icon of the application whose desktop file has this name, empty when there is none.
+    Q_INVOKABLE QString iconOf(const QString &desktopFile) const;
+    Q_INVOKABLE void toggleSelectedApp(const QString &fileId);
+    Q_INVOKABLE void selectAllApps();
+    Q_INVOKABLE void clearSelectedApps();
+    Q_INVOKABLE void applyPolicyRules(const QStringList &apps); ///< makes these ids the selection
+    /// The ApplicationItem of a desktop file's path, null when there is none. Gone after the next model reset.
+    Q_INVOKABLE QObject *objectForPath(const QString &path) const;
+    Q_INVOKABLE QString firstObjectPath() const;
+    Q_INVOKABLE void getAllowedNotificationsConfig(); ///< fetches it for all applications
+    Q_INVOKABLE void setNotificationsEnabled(const QString &appID, bool enabled);
+
+private:
+    struct RoleEntry {
+        int role;
+        const char *name;
+        QVariant (*read)(const ApplicationsSettingsModel &model, const ApplicationItem &item);
+    };
+
+    void rebuild();
+    bool isListed(const ApplicationItem &item, const QSet<QString> &masked) const;
+    void addItem(ApplicationItem *item);
+    void notifyRow(int row);
+    void notifyAllRows();
+    int rowOfApplicationId(const QString &applicationId) const;
+    QStringList allIds() const;
+
+    void replaceNotifications(const std::optional<QVariantMap> &enabled);
+    void updateNotifications(const QString &applicationId, const QVariantMap &config);
+    void storeNotifications(const QString &applicationId, bool enabled);
+
+    static const RoleEntry s_roles[];
+
+    QPointer<LauncherFolderModel> m_applications;
+    QVector<ApplicationItem *> m_items;
+    MGConfItem *const m_maskedItem;
+    QFileSystemWatcher m_configWatcher;
+    QTimer m_updateTimer;
+    LauncherListing *const m_launcher;
+    UserApplicationLists *const m_lists;
+    NotificationsClient *const m_notifications;
+    bool m_complete = false;
+    bool m_resetting = false;
+    bool m_resetAgain = false; ///< something demanded a reset in the middle of one
+    int m_filterMode = -1;
+    QHash<QString, bool> m_notificationsEnabled; ///< by application id
+};

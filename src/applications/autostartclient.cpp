@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/autostartclient.h"
+
+#include "applications/pendingreply.h"
+#include "plugin/constants.h"
+#include "registry/logging.h"
+#include "registry/messages.h"
+
+#include "autostartinterface.h"
+
+AutostartClient::AutostartClient(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void AutostartClient::fetchEnabled(uint uid,
+                                   const std::function<void(const std::optional<QStringList> &)> &handler)
+{
+    whenFinished(proxy()->GetEnabled(int(uid)), this, [uid, handler](const QDBusPendingReply<QStringList> &reply) {
+        if (reply.isError()) {
+            qCWarning(lcSettings).noquote()
+                << QString::fromLatin1(Messages::AutostartListFailed).arg(uid) << reply.error();
+            handler({});
+        } else {
+            handler(reply.value());
+        }
+    });
+}
+
+void AutostartClient::setEnabled(uint uid, const QString &application, bool enable,
+                                 const std::function<void()> &succeeded)
+{
+    whenFinished(proxy()->SetEnabled(int(uid), application, enable), this,
+                 [succeeded](const QDBusPendingReply<> &reply) {
+                     if (!reply.isError()) {
+                         succeeded();
+                     }
+                 });
+}
+
+ComKeloAmAutostartInterface *AutostartClient::proxy()
+{
+    if (!m_proxy) {
+        m_proxy = new ComKeloAmAutostartInterface(Constants::AutostartService, Constants::AutostartPath,
+                                                  QDBusConnection::systemBus(), this);
+    }
+    return m_proxy;
+}

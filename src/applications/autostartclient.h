@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+class ComKeloAmAutostartInterface;
+
+/// The autostart service on the system bus. Its proxy is made on first use. Handlers are dropped when this dies.
+class AutostartClient : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AutostartClient(QObject *parent);
+
+    /// The handler gets nothing when the call has failed, which is logged.
+    void fetchEnabled(uint uid, const std::function<void(const std::optional<QStringList> &)> &handler);
+    /// A failure is not told.
+    void setEnabled(uint uid, const QString &application, bool enable, const std::function<void()> &succeeded);
+
+private:
+    ComKeloAmAutostartInterface *proxy();
+
+    ComKeloAmAutostartInterface *m_proxy = nullptr;
+};

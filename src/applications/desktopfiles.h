@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// The application id for a desktop file id: without any ".desktop".
+QString applicationId(const QString &fileId);
+
+/**
+ * The desktop file of an application in the standard application directories, the user's first. Each "-" of the id
+ * may stand for a sub-directory. Empty when there is none, and for an id that no desktop file can have.
+ */
+QString locateDesktopFile(const QString &applicationId);
+
+/**
+ * The permissions that an application's desktop file asks for: "Permissions" of group "X-Application", else of group
+ * "X-Tarnhold", names with ";" between them, empty ones kept. Nothing, with a warning, when the file cannot be read;
+ * an empty list, with a message, when it asks for none.
+ */
+std::optional<QStringList> requestedPermissions(const QString &applicationId);

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QSet>
+#include <QStringList>
+
+/// Application ids in their order, any of which may stand there more than once, that are found in constant time.
+class IdList
+{
+public:
+    IdList() = default;
+    explicit IdList(const QStringList &ids);
+
+    const QStringList &ids() const;
+    bool contains(const QString &id) const;
+    void append(const QString &id);
+    void removeAll(const QString &id);
+
+private:
+    QStringList m_ids;
+    QSet<QString> m_set;
+};

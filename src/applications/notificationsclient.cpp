@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/notificationsclient.h"
+
+#include "applications/pendingreply.h"
+#include "plugin/constants.h"
+#include "registry/logging.h"
+#include "registry/messages.h"
+
+#include "notificationsconfigproxy.h"
+
+NotificationsClient::NotificationsClient(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void NotificationsClient::fetchList(const std::function<void(const std::optional<QVariantMap> &)> &handler)
+{
+    whenFinished(proxy()->getList(), this, [handler](const QDBusPendingReply<QVariantMap> &reply) {
+        if (reply.isError()) {
+            const QDBusError error = reply.error();
+            qCWarning(lcSettings) << Messages::NotificationsListFailed << error.name() << error.message();
+            handler({});
+        } else {
+            handler(reply.value());
+        }
+    });
+}
+
+void NotificationsClient::setEnabled(const QString &application, bool enabled,
+                                     const std::function<void()> &succeeded)
+{
+    whenFinished(proxy()->setEnabled(application, enabled), this,
+                 [application, succeeded](const QDBusPendingReply<> &reply) {
+                     if (reply.isError()) {
+                         qCWarning(lcSettings).noquote()
+                             << QString::fromLatin1(Messages::NotificationsSetFailed).arg(application)
+                             << reply.error();
+                     } else {
+                         succeeded();
+                     }
+                 });
+}
+
+ComKeloNotificationsConfigProxy *NotificationsClient::proxy()
+{
+    if (!m_proxy) {
+        m_proxy = new ComKeloNotificationsConfigProxy(
+            Constants::NotificationsService, Constants::NotificationsPath, QDBusConnection::sessionBus(), this);
+        connect(m_proxy, &ComKeloNotificationsConfigProxy::configChanged, this,
+                &NotificationsClient::configChanged);
+    }
+    return m_proxy;
+}

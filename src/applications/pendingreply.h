@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+/// Calls @p handler with the finished @p reply, unless @p context is dead by then.
+template<typename... Types, typename Handler>
+void whenFinished(const QDBusPendingReply<Types...> &reply, QObject *context, Handler handler)
+{
+    auto *watcher = new QDBusPendingCallWatcher(reply, context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
+                     [handler](QDBusPendingCallWatcher *finished) {
+                         finished->deleteLater();
+                         handler(QDBusPendingReply<Types...>(*finished));
+                     });
+}

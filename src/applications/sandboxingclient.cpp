@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/sandboxingclient.h"
+
+#include "applications/desktopfiles.h"
+#include "applications/pendingreply.h"
+#include "plugin/constants.h"
+#include "registry/logging.h"
+#include "registry/messages.h"
+
+#include "tarnholddinterface.h"
+
+SandboxingClient::SandboxingClient(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void SandboxingClient::fetchAllowlist(uint uid, const ListHandler &handler)
+{
+    whenFinished(proxy()->GetAllowlist(uid), this, [uid, handler](const QDBusPendingReply<QStringList> &reply) {
+        if (reply.isError()) {
+            qCWarning(lcSettings).noquote()
+                << QString::fromLatin1(Messages::AllowlistFailed).arg(uid) << reply.error();
+            handler({});
+        } else {
+            handler(reply.value());
+        }
+    });
+}
+
+void SandboxingClient::fetchAlwaysAllowed(const ListHandler &handler)
+{
+    whenFinished(proxy()->GetAlwaysAllowedApplications(), this,
+                 [handler](const QDBusPendingReply<QStringList> &reply) {
+                     if (reply.isError()) {
+                         qCWarning(lcSettings) << Messages::AlwaysAllowedFailed << reply.error();
+                         handler({});
+                     } else {
+                         handler(reply.value());
+                     }
+                 });
+}
+
+void SandboxingClient::setAllowlist(uint uid, const QStringList &applications,
+                                    const std::function<void()> &finished)
+{
+    whenFinished(proxy()->SetAllowlist(uid, applications), this,
+                 [finished](const QDBusPendingReply<> &) { finished(); });
+}
+
+void SandboxingClient::setAllowlistEnabled(uint uid, bool enabled, const std::function<void()> &finished)
+{
+    whenFinished(proxy()->SetAllowlistEnabled(uid, enabled ? 1 : 0), this,
+                 [finished](const QDBusPendingReply<> &) { finished(); });
+}
+
+bool SandboxingClient::isAllowlistEnabled(uint uid)
+{
+    // BLOCKS: QML reads a property. Not through the generated method, which takes no other type of number.
+    const QDBusMessage reply = proxy()->call(QDBus::Block, QStringLiteral("GetAllowlistEnabled"), uid);
+    return reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toInt() != 0;
+}
+
+bool SandboxingClient::needsPermissions(const QString &application)
+{
+    QDBusPendingReply<QVariantMap> reply = proxy()->GetAppInfo(application);
+    reply.waitForFinished(); // BLOCKS: the answer decides what is sent next
+    if (reply.isError()) {
+        qCWarning(lcSettings) << Messages::AppInfoFailed << reply.error();
+        return false;
+    }
+    return reply.value().value(QStringLiteral("Mode")).toString() != QLatin1String("None");
+}
+
+bool SandboxingClient::grantPermissions(uint uid, const QString &application)
+{
+    const std::optional<QStringList> permissions = requestedPermissions(application);
+    if (!permissions || permissions->isEmpty()) {
+        return permissions.has_value();
+    }
+    QDBusPendingReply<> prompt = proxy()->SetShowPrompt(uid, application, 0);
+    prompt.waitForFinished(); // BLOCKS: nothing may be granted while the user would be asked
+    if (prompt.isError()) {
+        qCWarning(lcSettings) << Messages::HidePromptFailed << application << "application";
+        return false;
+    }
+    QDBusPendingReply<> granted = proxy()->SetGrantedPermissions(uid, application, *permissions);
+    granted.waitForFinished(); // BLOCKS: the application is started only with its permissions
+    if (granted.isError()) {
+        qCWarning(lcSettings) << Messages::GrantFailed << application << "application";
+        return false;
+    }
+    return true;
+}
+
+OrgOrvantaosTarnholdd1Interface *SandboxingClient::proxy()
+{
+    if (!m_proxy) {
+        m_proxy = new OrgOrvantaosTarnholdd1Interface(Constants::SandboxingService, Constants::SandboxingPath,
+                                                      QDBusConnection::systemBus(), this);
+    }
+    return m_proxy;
+}

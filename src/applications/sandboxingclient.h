@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+class OrgOrvantaosTarnholdd1Interface;
+
+/**
+ * The application sandboxing daemon on the system bus: each user's allow-list, what is always allowed, and granted
+ * permissions. Its proxy is made on first use. Handlers get nothing when a call has failed, which is logged, and are
+ * dropped when this object dies.
+ */
+class SandboxingClient : public QObject
+{
+    Q_OBJECT
+
+public:
+    using ListHandler = std::function<void(const std::optional<QStringList> &)>;
+
+    explicit SandboxingClient(QObject *parent);
+
+    void fetchAllowlist(uint uid, const ListHandler &handler);
+    void fetchAlwaysAllowed(const ListHandler &handler);
+    /// Failures are not told.
+    void setAllowlist(uint uid, const QStringList &applications, const std::function<void()> &finished);
+    void setAllowlistEnabled(uint uid, bool enabled, const std::function<void()> &finished);
+
+    bool isAllowlistEnabled(uint uid); ///< blocks; false on any error
+    bool needsPermissions(const QString &application); ///< blocks; false, with a warning, on any error
+    /// Grants what the application's desktop file asks for. Blocks. False, with a warning, when that is not possible.
+    bool grantPermissions(uint uid, const QString &application);
+
+private:
+    OrgOrvantaosTarnholdd1Interface *proxy();
+
+    OrgOrvantaosTarnholdd1Interface *m_proxy = nullptr;
+};

@@ -1,0 +1,213 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/userapplicationlists.h"
+
+#include "applications/autostartclient.h"
+#include "applications/sandboxingclient.h"
+#include "registry/logging.h"
+#include "registry/messages.h"
+
+#include <unistd.h>
+
+const QString UserApplicationLists::EnabledMode = QStringLiteral("enabledMode");
+
+UserApplicationLists::UserApplicationLists(QObject *parent)
+    : QObject(parent)
+    , m_sandboxing(new SandboxingClient(this))
+    , m_autostart(new AutostartClient(this))
+    , m_uid(geteuid())
+{
+}
+
+uint UserApplicationLists::uid() const
+{
+    return m_uid;
+}
+
+void UserApplicationLists::setUid(uint uid)
+{
+    m_uid = uid;
+}
+
+const IdList &UserApplicationLists::allowlist() const
+{
+    return m_allowlist;
+}
+
+const IdList &UserApplicationLists::autostartList() const
+{
+    return m_autostartList;
+}
+
+const IdList &UserApplicationLists::alwaysAllowedList() const
+{
+    return m_alwaysAllowedList;
+}
+
+void UserApplicationLists::forget()
+{
+    m_allowlist = IdList();
+    m_autostartList = IdList();
+}
+
+bool UserApplicationLists::isValidUid() const
+{
+    if (m_uid == 0) {
+        qCWarning(lcSettings) << Messages::IncorrectUid << m_uid;
+    }
+    return m_uid != 0;
+}
+
+void UserApplicationLists::fetchAllowlist()
+{
+    if (!isValidUid()) {
+        return;
+    }
+    m_sandboxing->fetchAllowlist(m_uid, [this, uid = m_uid](const std::optional<QStringList> &ids) {
+        if (uid != m_uid) {
+            return; // the list of another user
+        }
+        if (!ids) {
+            m_allowlist = IdList();
+        } else if (*ids != m_allowlist.ids()) {
+            m_allowlist = IdList(*ids);
+            Q_EMIT allowlistChanged();
+            Q_EMIT selectionChanged();
+            Q_EMIT membersChanged();
+        }
+    });
+}
+
+void UserApplicationLists::fetchAlwaysAllowed()
+{
+    m_sandboxing->fetchAlwaysAllowed([this](const std::optional<QStringList> &ids) {
+        if (!ids) {
+            m_alwaysAllowedList = IdList();
+        } else if (*ids != m_alwaysAllowedList.ids()) {
+            m_alwaysAllowedList = IdList(*ids);
+            Q_EMIT alwaysAllowedChanged();
+            Q_EMIT selectionChanged();
+            Q_EMIT membersChanged();
+        }
+    });
+}
+
+void UserApplicationLists::fetchAutostartList()
+{
+    if (!isValidUid()) {
+        return;
+    }
+    m_autostart->fetchEnabled(m_uid, [this, uid = m_uid](const std::optional<QStringList> &ids) {
+        if (uid == m_uid) {
+            replaceAutostartList(ids);
+        }
+    });
+}
+
+void UserApplicationLists::replaceAutostartList(const std::optional<QStringList> &ids)
+{
+    if (!ids) {
+        m_autostartList = IdList();
+        return;
+    }
+    if (*ids == m_autostartList.ids()) {
+        return;
+    }
+    const bool wasEnabled = m_autostartList.contains(EnabledMode);
+    m_autostartList = IdList(*ids);
+    const bool isEnabled = m_autostartList.contains(EnabledMode);
+    Q_EMIT autostartListChanged();
+    Q_EMIT selectionChanged();
+    if (isEnabled != wasEnabled) {
+        Q_EMIT autostartEnabledChanged();
+    }
+    Q_EMIT membersChanged();
+}
+
+void UserApplicationLists::setAllowlist(const QStringList &ids)
+{
+    m_allowlist = IdList(ids);
+    if (!isValidUid()) {
+        return;
+    }
+    m_sandboxing->setAllowlist(m_uid, m_allowlist.ids(), [this] {
+        Q_EMIT allowlistChanged();
+        Q_EMIT selectionChanged();
+        Q_EMIT membersChanged();
+    });
+}
+
+bool UserApplicationLists::queryAllowlistEnabled()
+{
+    m_allowlistEnabled = m_sandboxing->isAllowlistEnabled(m_uid);
+    if (m_allowlistEnabled) {
+        fetchAlwaysAllowed();
+        fetchAllowlist();
+    }
+    return m_allowlistEnabled;
+}
+
+void UserApplicationLists::setAllowlistEnabled(bool enabled)
+{
+    if (enabled == m_allowlistEnabled || !isValidUid()) {
+        return;
+    }
+    m_sandboxing->setAllowlistEnabled(m_uid, enabled, [this, enabled, uid = m_uid] {
+        if (uid != m_uid) {
+            return; // it was another user's
+        }
+        m_allowlistEnabled = enabled;
+        Q_EMIT allowlistEnabledChanged();
+        if (enabled) {
+            fetchAlwaysAllowed();
+            fetchAllowlist();
+        } else {
+            setAllowlist({});
+        }
+    });
+}
+
+void UserApplicationLists::setAutostart(const QString &id, bool enable)
+{
+    if (id != EnabledMode && m_sandboxing->needsPermissions(id) && !m_sandboxing->grantPermissions(m_uid, id)) {
+        qCWarning(lcSettings) << Messages::NotAdding << id << Messages::PermissionsNotGranted;
+        return;
+    }
+    m_autostart->setEnabled(m_uid, id, enable, [this, id, enable, uid = m_uid] {
+        if (uid == m_uid) {
+            changeAutostartList(id, enable);
+        }
+    });
+}
+
+void UserApplicationLists::changeAutostartList(const QString &id, bool enabled)
+{
+    if (enabled) {
+        m_autostartList.append(id);
+    } else {
+        m_autostartList.removeAll(id);
+    }
+    Q_EMIT selectionChanged();
+    Q_EMIT autostartListChanged();
+    Q_EMIT membersChanged();
+    if (id == EnabledMode) {
+        Q_EMIT autostartEnabledChanged();
+    }
+}
+
+void UserApplicationLists::applyAutostart(const QStringList &ids)
+{
+    const IdList wanted(ids);
+    const IdList current = m_autostartList;
+    for (const QString &id : current.ids()) {
+        if (!wanted.contains(id)) {
+            setAutostart(id, false);
+        }
+    }
+    for (const QString &id : ids) {
+        if (!m_autostartList.contains(id)) {
+            setAutostart(id, true);
+        }
+    }
+}
