@@ -60,7 +60,7 @@ Item {
         width: slot.width - 2 * margin
         height: slot.height - 2 * margin
         leftPadding: Kirigami.Units.largeSpacing
-        rightPadding: Kirigami.Units.largeSpacing
+        rightPadding: Kirigami.Units.largeSpacing + (removal.visible && !slot.tile ? removal.width : 0)
         topPadding: slot.tile ? Kirigami.Units.largeSpacing : Kirigami.Units.smallSpacing
         bottomPadding: Kirigami.Units.smallSpacing
         onClicked: {
@@ -90,6 +90,7 @@ Item {
             }
             ColumnLayout {
                 Layout.fillWidth: true
+                Layout.fillHeight: slot.tile
                 // Icons of titles with one and with two lines are level.
                 Layout.minimumHeight: slot.tile ? Kirigami.Units.gridUnit * 2 : 0
                 spacing: 0
@@ -105,7 +106,7 @@ Item {
                 }
                 SecondaryLabel {
                     Layout.fillWidth: true
-                    visible: !slot.tile
+                    visible: !slot.tile && text !== ""
                     font: Kirigami.Theme.smallFont
                     maximumLineCount: 1
                     elide: Text.ElideRight
@@ -141,6 +142,7 @@ Item {
     }
 
     Controls.RoundButton {
+        id: removal
         objectName: "remove " + slot.path.join("/")
         visible: slot.editing && !grip.pressed
         anchors {

@@ -22,8 +22,10 @@ Column {
     /// The title of the action that calls method, empty when it is no favourite (any more).
     function titleOfCall(method) {
         for (let row = 0; row < favorites.count; ++row) {
-            if (favorites.get(row).params["remote-method"] === method) {
-                return view.itemAtIndex(row).title
+            const params = favorites.get(row).params
+            const slot = view.itemAtIndex(row)
+            if (params && slot && params["remote-method"] === method) {
+                return slot.title
             }
         }
         return ""
