@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef LAUNCHERITEM_H
+#define LAUNCHERITEM_H
+
+#include <QObject>
+
+#include <memory>
+
+class MDesktopEntry;
+
+/// One installed application, as its desktop file describes it. Made and owned by a LauncherFolderModel.
+class Q_DECL_EXPORT LauncherItem : public QObject
+{
+    Q_OBJECT
+
+public:
+    ~LauncherItem() override;
+
+    QString filePath() const; ///< of the desktop file
+    QString fileID() const; ///< the file's path below the application directory, with "-" for each "/"
+    bool isValid() const;
+    QString title() const; ///< in the user's language
+    QString iconId() const;
+    bool isSandboxed() const;
+    QString dBusServiceName() const; ///< empty when the application has none
+    /// Any other value of the desktop file, null when it has none.
+    QString readValue(const QString &key, const QString &group = QStringLiteral("Desktop Entry")) const;
+
+Q_SIGNALS:
+    /// Any of the above but the id may have changed.
+    void itemChanged();
+
+private:
+    friend class LauncherFolderModelPrivate;
+
+    LauncherItem(const QString &fileID, std::unique_ptr<const MDesktopEntry> entry, QObject *parent);
+    void setEntry(std::unique_ptr<const MDesktopEntry> entry);
+
+    const QString m_fileID;
+    std::unique_ptr<const MDesktopEntry> m_entry;
+};
+
+#endif

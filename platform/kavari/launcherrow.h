@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef LAUNCHERROW_H
+#define LAUNCHERROW_H
+
+#include <QCollator>
+#include <QString>
+
+#include <limits>
+
+class QObject;
+
+/// A row and what decides on its place: first what the menu file orders, then the rest by title.
+struct LauncherRow {
+    static constexpr int Unordered = std::numeric_limits<int>::max();
+
+    QObject *object;
+    int rank; ///< the place in the menu file or Unordered
+    QCollatorSortKey title;
+    QString fileID;
+};
+
+inline bool operator<(const LauncherRow &a, const LauncherRow &b)
+{
+    if (a.rank != b.rank) {
+        return a.rank < b.rank;
+    }
+    const int order = a.title.compare(b.title);
+    return order != 0 ? order < 0 : a.fileID < b.fileID;
+}
+
+#endif

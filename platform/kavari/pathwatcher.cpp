@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "pathwatcher.h"
+
+#include <QFile>
+#include <QSocketNotifier>
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+static constexpr quint32 NameEvents = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
+static constexpr quint32 ContentEvents = IN_CLOSE_WRITE | IN_ATTRIB;
+
+PathWatcher::PathWatcher(QObject *parent)
+    : QObject(parent)
+    , m_inotify(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+{
+    if (m_inotify < 0) {
+        qWarning("LauncherFolderModel: cannot follow the applications: %s", std::strerror(errno));
+        return;
+    }
+    const auto *notifier = new QSocketNotifier(m_inotify, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &PathWatcher::read);
+}
+
+PathWatcher::~PathWatcher()
+{
+    if (m_inotify >= 0) {
+        close(m_inotify);
+    }
+}
+
+void PathWatcher::watchDirectory(const QString &path)
+{
+    watch(path, NameEvents | ContentEvents | IN_ONLYDIR);
+}
+
+void PathWatcher::watchNames(const QString &path)
+{
+    watch(path, NameEvents | IN_ONLYDIR);
+}
+
+void PathWatcher::watchFile(const QString &path)
+{
+    watch(path, ContentEvents);
+}
+
+void PathWatcher::watch(const QString &path, quint32 events)
+{
+    // Added to, for the directory of one purpose can be that of another as well.
+    const int descriptor = inotify_add_watch(m_inotify, QFile::encodeName(path).constData(), events | IN_MASK_ADD);
+    if (descriptor < 0) {
+        if (errno == ENOSPC && !std::exchange(m_exhausted, true)) {
+            qWarning("LauncherFolderModel: cannot follow \"%s\": too many watches", qUtf8Printable(path));
+        }
+        return;
+    }
+    if (m_descriptors.value(path, descriptor) != descriptor) {
+        unwatch(path);
+    }
+    m_descriptors.insert(path, descriptor);
+    m_paths[descriptor].insert(path);
+}
+
+void PathWatcher::unwatch(const QString &path)
+{
+    const auto found = m_descriptors.constFind(path);
+    if (found == m_descriptors.cend()) {
+        return;
+    }
+    const int descriptor = *found;
+    m_descriptors.erase(found);
+    QSet<QString> &paths = m_paths[descriptor];
+    paths.remove(path);
+    if (paths.isEmpty()) {
+        m_paths.remove(descriptor);
+        inotify_rm_watch(m_inotify, descriptor);
+    }
+}
+
+void PathWatcher::read()
+{
+    alignas(inotify_event) std::array<char, 65536> buffer;
+    const ssize_t length = ::read(m_inotify, buffer.data(), buffer.size());
+    for (ssize_t offset = 0; offset < length;) {
+        const auto *event = reinterpret_cast<const inotify_event *>(buffer.data() + offset);
+        handle(*event);
+        offset += ssize_t(sizeof(inotify_event)) + event->len;
+    }
+}
+
+void PathWatcher::handle(const inotify_event &event)
+{
+    if (event.mask & IN_Q_OVERFLOW) {
+        Q_EMIT overflown();
+        return;
+    }
+    const QSet<QString> paths = m_paths.value(event.wd);
+    if (event.mask & IN_IGNORED) {
+        for (const QString &path : paths) {
+            m_descriptors.remove(path);
+        }
+        m_paths.remove(event.wd);
+        return;
+    }
+    const QString name = event.len ? QLatin1Char('/') + QFile::decodeName(event.name) : QString();
+    for (const QString &path : paths) {
+        Q_EMIT changed(path + name);
+    }
+}
