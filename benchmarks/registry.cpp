@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 // What the registry costs, as ratios. The floor is its input: reading the same files and turning them into variant
-// maps, in the same process. Each construction is timed between two floors, so that a machine that gets slower or
-// faster meanwhile does so for both. Wall time. Neither the death of the registry nor that of the floor's maps,
-// which live until the clock has stopped, is counted; and each run starts from a trimmed heap, like a program that
-// starts, because malloc would let it sort what the run before it has freed.
+// maps, in the same process. Each construction is timed between two floors. Wall time. Neither the death of the registry
+// nor that of the floor's maps, which live until the clock has stopped, is counted; and each run starts from a trimmed
+// heap, like a program that starts, because malloc would let it sort what the run before it has freed.
 
+#include "comparison.h"
 #include "statistics.h"
 #include "workload.h"
 
-#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
 
 #include <QCoreApplication>
@@ -24,8 +23,6 @@
 
 #include <malloc.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <iostream>
@@ -48,13 +45,6 @@ struct Effort {
 constexpr Effort FullEffort{200, 25, 1000};
 constexpr Effort CheckEffort{25, 5, 200};
 
-double seconds(const std::function<void()> &work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
 double floorSeconds(const QStringList &files)
 {
     QVector<QVariantMap> maps;
@@ -70,14 +60,7 @@ double floorSeconds(const QStringList &files)
     });
 }
 
-/// What the runs of one benchmark took, and their ratios.
-struct Constructions {
-    QVector<double> seconds;
-    QVector<double> overFloor;
-    QVector<double> noise; ///< one floor over the other
-};
-
-void construct(benchmark::State &state, const Workload &workload, Constructions &constructions)
+void construct(benchmark::State &state, const Workload &workload, Runs &constructions)
 {
     workload.putInPlace();
     const QStringList files = workload.files();
@@ -92,9 +75,7 @@ void construct(benchmark::State &state, const Workload &workload, Constructions 
         const double floorAfter = floorSeconds(files);
 
         state.SetIterationTime(construction);
-        constructions.seconds.append(construction);
-        constructions.overFloor.append(2 * construction / (floorBefore + floorAfter));
-        constructions.noise.append(floorAfter / floorBefore);
+        constructions.add(floorBefore, construction, floorAfter);
     }
     state.counters["over_floor"] = median(constructions.overFloor);
     workload.takeAway();
@@ -159,16 +140,10 @@ QVector<double> memorySamples(const Workload &workload)
     return samples;
 }
 
-QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale)
-{
-    std::transform(values.cbegin(), values.cend(), values.begin(), scale);
-    return values;
-}
-
 QVector<Measure> measureAll(const Workload &small, const Workload &large, Effort effort)
 {
-    Constructions smallRuns;
-    Constructions largeRuns;
+    Runs smallRuns;
+    Runs largeRuns;
     QVector<double> reloads;
     benchmark::ClearRegisteredBenchmarks();
     const auto add = [](const char *name, const auto &work, int iterations) {
@@ -187,46 +162,18 @@ QVector<Measure> measureAll(const Workload &small, const Workload &large, Effort
     reporter.SetOutputStream(&std::cerr); // the table goes to standard output
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
-    const double smallSeconds = median(smallRuns.seconds);
     const double largeSeconds = median(largeRuns.seconds);
-    const auto growth = scaled(largeRuns.seconds, [=](double run) { return run / smallSeconds; });
     const auto perReload = scaled(reloads, [=](double run) { return largeSeconds / run; });
     const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
     return {
         {text("construct / floor, 1,000 files"), text("≤ 1.3"), 0, 1.6, smallRuns.overFloor},
         {text("construct / floor, 10,000 files"), text("≤ 1.3"), 0, 1.6, largeRuns.overFloor},
-        {text("construct 10,000 files / construct 1,000 files"), text("≈ 10"), 0, 20, growth},
+        {text("construct 10,000 files / construct 1,000 files"), text("≈ 10"), 0, 20, largeRuns.over(smallRuns)},
         {text("construct / unload and load one file, 10,000 files"), text("≥ 500"), 200, Unlimited, perReload},
         {text("heap per entry, KiB"), text("≤ 1.6"), 0, 1.6, memorySamples(small)},
         {text("floor / same floor again, 1,000 files (noise)"), text("1"), 0, Unlimited, smallRuns.noise},
         {text("floor / same floor again, 10,000 files (noise)"), text("1"), 0, Unlimited, largeRuns.noise},
     };
-}
-
-bool areAcceptable(const QVector<Measure> &measures)
-{
-    return std::all_of(measures.cbegin(), measures.cend(), [](const Measure &m) { return m.isAcceptable(); });
-}
-
-/// Whether the ratios stay in bounds that hold on any machine, at one of three attempts: others may keep it busy.
-bool check(const Workload &small, const Workload &large)
-{
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        const QVector<Measure> measures = measureAll(small, large, CheckEffort);
-        std::fputs(markdownTable(measures).toUtf8().constData(), stdout);
-        if (areAcceptable(measures)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-void writeEmptyBlacklist()
-{
-    QFile file(Constants::FavoritesBlacklistFile);
-    if (!file.open(QIODevice::WriteOnly) || file.write("[]") < 0) {
-        qFatal("Can't write %s", qPrintable(file.fileName()));
-    }
 }
 }
 
@@ -240,10 +187,9 @@ int main(int argc, char *argv[])
     }
     const Workload small(1000);
     const Workload large(10000);
-    writeEmptyBlacklist();
     if (arguments.contains(s_checkOption)) {
-        return check(small, large) ? 0 : 1;
+        return passesOnce([&] { return measureAll(small, large, CheckEffort); }) ? 0 : 1;
     }
-    std::fputs(markdownTable(measureAll(small, large, FullEffort)).toUtf8().constData(), stdout);
+    print(measureAll(small, large, FullEffort));
     return 0;
 }

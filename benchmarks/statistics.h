@@ -6,6 +6,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 /// The value below which @p share (0 to 1) of @p samples lie, between neighbours in proportion. Needs one sample.
 double quantile(QVector<double> samples, double share);
 double median(const QVector<double> &samples);
@@ -22,5 +24,8 @@ struct Measure {
     bool isAcceptable() const;
 };
 
-/// A Markdown table of @p measures with their spread.
-QString markdownTable(const QVector<Measure> &measures);
+/// Prints a Markdown table of @p measures with their spread.
+void print(const QVector<Measure> &measures);
+
+/// Whether all that @p measure returns is acceptable, at one of three attempts: others may keep the machine busy.
+bool passesOnce(const std::function<QVector<Measure>()> &measure);

@@ -15,12 +15,21 @@ namespace
 {
 constexpr int SectionCount = 40;
 
+QString pageName(int file, int index)
+{
+    return QStringLiteral("package%1_page%2").arg(file, 5, 10, QLatin1Char('0')).arg(index);
+}
+
+QString pagePath(int file, int index)
+{
+    return QStringLiteral("system_settings/section%1/%2").arg(file % SectionCount).arg(pageName(file, index));
+}
+
 QJsonObject makeEntry(int file, int index)
 {
-    const QString page = QStringLiteral("package%1_page%2").arg(file, 5, 10, QLatin1Char('0')).arg(index);
-    const QString section = QStringLiteral("section%1").arg(file % SectionCount);
+    const QString page = pageName(file, index);
     return {
-        {QStringLiteral("path"), QStringLiteral("system_settings/%1/%2").arg(section, page)},
+        {QStringLiteral("path"), pagePath(file, index)},
         {QStringLiteral("type"), QStringLiteral("page")},
         {QStringLiteral("title"), QStringLiteral("Page %1 of package %2").arg(index).arg(file)},
         {QStringLiteral("translation_id"), QStringLiteral("settings-he-%1").arg(page)},
@@ -65,6 +74,7 @@ Workload::Workload(int fileCount)
     if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {
         qFatal("This program writes into system directories: run it through scripts/sandbox");
     }
+    writeFile(Constants::FavoritesBlacklistFile, "[]");
     QDir().rmdir(Constants::EntriesDirectory);
     QDir().mkpath(storage());
     for (int file = 0; file < fileCount; ++file) {
@@ -89,6 +99,17 @@ QStringList Workload::files() const
 QString Workload::fileName(int index) const
 {
     return QStringLiteral("package%1.json").arg(index, 5, 10, QLatin1Char('0'));
+}
+
+QStringList Workload::entryPaths() const
+{
+    QStringList paths;
+    for (int file = 0; file < m_fileCount; ++file) {
+        for (int index = 0; index < EntriesPerFile; ++index) {
+            paths.append(pagePath(file, index));
+        }
+    }
+    return paths;
 }
 
 void Workload::putInPlace() const

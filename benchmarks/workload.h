@@ -8,7 +8,7 @@
 
 /**
  * Made-up registration files: five entries each, of seven keys ("params" is an object of one more), in forty
- * sections; one translation catalog for all.
+ * sections; one translation catalog for all. Besides them the blacklist of favourites, which is empty.
  *
  * They are written once, next to the entries directory, and moved into its place when they are needed.
  * Ends the process outside the sandbox.
@@ -24,6 +24,7 @@ public:
     /// Full paths, once the workload is in place.
     QStringList files() const;
     QString fileName(int index) const;
+    QStringList entryPaths() const;
     void putInPlace() const;
     void takeAway() const;
 

@@ -77,6 +77,7 @@ private Q_SLOTS:
     void handlersMayChangeTheModel();
     void rebuildsInLinearTime();
     void rolesInLinearTime();
+    void entriesDieInLinearTime();
 };
 
 void FavoritesModelTest::init()
@@ -769,7 +770,7 @@ void FavoritesModelTest::rebuildsInLinearTime()
         model.setFilter({text("grid_favorites")});
         model.setUserModifiedKey(WatchedFavorites::userModifiedKeyOfTests());
         model.componentComplete();
-        QElapsedTimer timer;
+        CpuTimer timer;
         timer.start();
         storeFavorites(paths.mid(count / 2) + QStringList(text("nowhere")));
         storeFavorites(paths);
@@ -793,7 +794,7 @@ void FavoritesModelTest::rolesInLinearTime()
         FavoritesModel model;
         model.setFilter({text("grid_favorites")});
         model.componentComplete();
-        QElapsedTimer timer;
+        CpuTimer timer;
         timer.start();
         int found = 0;
         for (int row = 0; row < model.rowCount(); ++row) {
@@ -802,6 +803,28 @@ void FavoritesModelTest::rolesInLinearTime()
         return found == count ? timer.nsecsElapsed() : -1;
     };
     QVERIFY(World::isLinear(readAll, 1000));
+}
+
+void FavoritesModelTest::entriesDieInLinearTime()
+{
+    const auto loseAll = [](int count) {
+        QStringList paths;
+        for (int i = 0; i < count; ++i) {
+            paths.append(text("p%1").arg(i));
+        }
+        declareSections(paths);
+        FavoritesModel model;
+        model.setFilter({text("grid_favorites")});
+        model.setShowPotential(true);
+        model.componentComplete();
+        const int before = model.count();
+        CpuTimer timer;
+        timer.start();
+        World::removeEntries(text("x.json"));
+        World::rescan(PluginRegistry::instance());
+        return before == count && model.count() == 0 ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(World::isLinear(loseAll, 3000));
 }
 
 QTEST_GUILESS_MAIN(FavoritesModelTest)

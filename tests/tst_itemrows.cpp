@@ -1,25 +1,24 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "models/shrinkingrows.h"
+#include "models/itemrows.h"
 
 #include "world.h"
 
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
 
 #include <memory>
 #include <vector>
 
-class ShrinkingRowsTest : public QObject
+class ItemRowsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void empty();
     void deadItemReadsAsNull();
-    void randomRemovalsMatchList();
+    void randomChangesMatchList();
     void losingAllRowsIsNotQuadratic();
 };
 
@@ -44,73 +43,93 @@ QList<TreeItem *> pointers(const std::vector<std::unique_ptr<TreeItem>> &items)
 }
 }
 
-void ShrinkingRowsTest::empty()
+void ItemRowsTest::empty()
 {
-    ShrinkingRows rows;
+    ItemRows rows;
     for (int i = 0; i < 2; ++i) {
         QCOMPARE(rows.count(), 0);
         QCOMPARE(rows.at(-1), nullptr);
         QCOMPARE(rows.at(0), nullptr);
         QCOMPARE(rows.rowOf(nullptr), -1);
-        rows.remove(nullptr);
         rows.reset({});
     }
 }
 
-void ShrinkingRowsTest::deadItemReadsAsNull()
+void ItemRowsTest::deadItemReadsAsNull()
 {
     auto items = makeItems(3);
-    ShrinkingRows rows;
+    ItemRows rows;
     rows.reset(pointers(items));
     const QObject *dead = items.at(1).get();
     items.at(1).reset();
     QCOMPARE(rows.count(), 3);
     QCOMPARE(rows.at(1), nullptr);
     QCOMPARE(rows.rowOf(dead), 1);
-    rows.remove(dead);
+    rows.move(0, 2);
+    QCOMPARE(rows.rowOf(dead), 0);
+    rows.move(2, 0);
+    rows.removeAt(1);
     QCOMPARE(rows.at(1), items.at(2).get());
     QCOMPARE(rows.rowOf(dead), -1);
 }
 
-void ShrinkingRowsTest::randomRemovalsMatchList()
+void ItemRowsTest::randomChangesMatchList()
 {
     QRandomGenerator random(3);
-    for (int size = 1; size < 70; ++size) {
-        const auto items = makeItems(size);
-        QList<TreeItem *> expected = pointers(items);
-        ShrinkingRows rows;
-        rows.reset(expected);
-        while (!expected.isEmpty()) {
-            rows.remove(expected.takeAt(random.bounded(expected.size())));
-            QCOMPARE(rows.count(), expected.size());
-            for (int row = 0; row < expected.size(); ++row) {
-                QCOMPARE(rows.at(row), expected.at(row));
-                QCOMPARE(rows.rowOf(expected.at(row)), row);
-            }
-            QCOMPARE(rows.at(expected.size()), nullptr);
+    const auto items = makeItems(20);
+    const QList<TreeItem *> all = pointers(items);
+    QList<TreeItem *> expected;
+    ItemRows rows;
+    for (int step = 0; step < 20000; ++step) {
+        const int size = expected.size();
+        const int change = random.bounded(200);
+        if (change == 0) {
+            expected = all + all;
+            rows.reset(expected);
+        } else if (change < 10 && size > 0) {
+            const int from = random.bounded(size);
+            const int to = random.bounded(size);
+            expected.move(from, to);
+            rows.move(from, to);
+        } else if (change < 110 && size > 0) {
+            const int row = random.bounded(size);
+            expected.removeAt(row);
+            rows.removeAt(row);
+        } else {
+            expected.append(all.at(random.bounded(all.size())));
+            rows.append(expected.last());
+        }
+        QCOMPARE(rows.count(), expected.size());
+        QCOMPARE(rows.at(expected.size()), nullptr);
+        for (int row = 0; row < expected.size(); ++row) {
+            QCOMPARE(rows.at(row), expected.at(row));
+        }
+        for (TreeItem *item : all) {
+            const int row = rows.rowOf(item);
+            QVERIFY(row < 0 ? !expected.contains(item) : expected.at(row) == item);
         }
     }
 }
 
-void ShrinkingRowsTest::losingAllRowsIsNotQuadratic()
+void ItemRowsTest::losingAllRowsIsNotQuadratic()
 {
     const auto work = [](int count) {
         const auto items = makeItems(count);
-        ShrinkingRows rows;
+        ItemRows rows;
         rows.reset(pointers(items));
-        QElapsedTimer timer;
+        CpuTimer timer;
         timer.start();
         for (int i = 0; i < count; ++i) {
             const TreeItem *item = items.at(size_t(i) * 7919 % size_t(count)).get(); // in no order
             if (rows.at(rows.rowOf(item)) != item) {
                 return qint64(-1);
             }
-            rows.remove(item);
+            rows.removeAt(rows.rowOf(item));
         }
         return rows.count() == 0 ? timer.nsecsElapsed() : -1;
     };
     QVERIFY(World::isLinear(work, 10000));
 }
 
-QTEST_GUILESS_MAIN(ShrinkingRowsTest)
-#include "tst_shrinkingrows.moc"
+QTEST_GUILESS_MAIN(ItemRowsTest)
+#include "tst_itemrows.moc"

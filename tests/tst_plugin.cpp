@@ -143,6 +143,7 @@ void PluginTest::namesAreAvailable_data()
 {
     QTest::addColumn<QString>("document");
     QTest::newRow("SettingsModel") << QStringLiteral("import com.velka.settings 1.0\nSettingsModel {}");
+    QTest::newRow("FavoritesModel") << QStringLiteral("import com.velka.settings 1.0\nFavoritesModel {}");
     QTest::newRow("SettingsControlError")
         << QStringLiteral("import com.velka.settings 1.0\nimport QtQml 2.15\n"
                           "QtObject { property int error: SettingsControlError.InProgress }");

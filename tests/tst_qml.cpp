@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "dconftool.h"
+
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
 #include <QQmlEngine>
+#include <QRegularExpression>
 #include <QtQuickTest>
 
 /// What the QML tests may do to the sandbox they run in.
@@ -18,6 +21,7 @@ public Q_SLOTS:
         if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {
             qFatal("This test writes into system directories: run it through scripts/sandbox");
         }
+        write(QStringLiteral("/usr/share/velka-settings/favorites-blacklist.json"), "[]");
     }
 
     void qmlEngineAvailable(QQmlEngine *engine)
@@ -29,10 +33,7 @@ public Q_SLOTS:
 public:
     Q_INVOKABLE void writeEntries(const QString &fileName, const QString &json)
     {
-        QFile file(m_entries.filePath(fileName));
-        if (file.open(QIODevice::WriteOnly)) {
-            file.write(json.toUtf8());
-        }
+        write(m_entries.filePath(fileName), json.toUtf8());
     }
 
     Q_INVOKABLE void removeEntries(const QString &fileName)
@@ -40,7 +41,27 @@ public:
         QFile::remove(m_entries.filePath(fileName));
     }
 
+    /// What the dconf tool prints, in a process of its own.
+    Q_INVOKABLE QString dconf(const QStringList &arguments)
+    {
+        return QString::fromUtf8(::dconf(arguments));
+    }
+
+    /// Fails the test function that ends without information of this @p pattern.
+    Q_INVOKABLE void expectInfo(const QString &pattern)
+    {
+        QTest::ignoreMessage(QtInfoMsg, QRegularExpression(pattern));
+    }
+
 private:
+    static void write(const QString &path, const QByteArray &content)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+            qFatal("Can't write %s", qPrintable(path));
+        }
+    }
+
     const QDir m_entries{QStringLiteral("/usr/share/velka-settings/entries")};
 };
 

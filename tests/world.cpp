@@ -13,14 +13,33 @@
 #include <QFile>
 #include <QStringList>
 
+#include <ctime>
+
 namespace
 {
+qint64 threadTime()
+{
+    timespec time;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
+}
+
 void requireSandbox()
 {
     if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {
         qFatal("This test writes into system directories: run it through scripts/sandbox");
     }
 }
+}
+
+void CpuTimer::start()
+{
+    m_start = threadTime();
+}
+
+qint64 CpuTimer::nsecsElapsed() const
+{
+    return threadTime() - m_start;
 }
 
 void World::writeFile(const QString &path, const QByteArray &content)

@@ -12,6 +12,17 @@
 class PluginRegistry;
 class TreeItem;
 
+/// The time that this thread has been at work, whatever else the machine does. Used like QElapsedTimer.
+class CpuTimer
+{
+public:
+    void start();
+    qint64 nsecsElapsed() const;
+
+private:
+    qint64 m_start = 0;
+};
+
 /// The files and keys that the library reads, in the sandbox that the test runs in. Ends the test anywhere else.
 namespace World
 {
@@ -34,7 +45,7 @@ QStringList brokenInvariants(TreeItem *root);
 
 /**
  * Whether @p work takes about ten times as long for ten times @p size; with quadratic work it would be a hundred
- * times. It returns its nanoseconds, or -1 when its result is wrong.
+ * times. It returns its nanoseconds of a CpuTimer, or -1 when its result is wrong.
  */
 bool isLinear(const std::function<qint64(int)> &work, int size);
 }

@@ -49,8 +49,8 @@ QString namesObjection(const QDBusMessage &call)
         objection = nameObjection(call.member(), dbus_validate_member);
     }
     if (objection.isEmpty()
-        && (call.path() == QLatin1String(DBUS_PATH_LOCAL)
-            || call.interface() == QLatin1String(DBUS_INTERFACE_LOCAL))) {
+        && (call.path().startsWith(QLatin1String(DBUS_PATH_LOCAL))
+            || call.interface().startsWith(QLatin1String(DBUS_INTERFACE_LOCAL)))) {
         objection = QStringLiteral("The path or the interface is reserved");
     }
     return objection;
@@ -77,7 +77,7 @@ public:
     {
         const QVariantList arguments = call.arguments();
         for (const QVariant &argument : arguments) {
-            m_pending.append({argument, 0});
+            m_pending.append({argument, 0, false});
             m_signature += signatureLength(argument);
         }
         while (!m_pending.isEmpty() && objection().isEmpty()) {
@@ -93,6 +93,9 @@ public:
         if (m_containers > MaxContainers) {
             return QStringLiteral("The arguments are nested too deeply");
         }
+        if (m_isUnsendable) {
+            return QStringLiteral("A map holds a value that cannot be sent");
+        }
         if (m_bytes > MaxBytes) {
             return QStringLiteral("The call is too large");
         }
@@ -103,6 +106,7 @@ private:
     struct Value {
         QVariant value;
         int containers; ///< around it
+        bool isInMap;
     };
 
     void add(const Value &value)
@@ -111,36 +115,40 @@ private:
         m_bytes += BytesOfValue;
         switch (value.value.userType()) {
         case QMetaType::QVariantList:
-            addList(value.value.toList(), value.containers + ContainersOfList);
+            addList(value.value.toList(), value.containers + ContainersOfList, value.isInMap);
             break;
         case QMetaType::QVariantMap:
             addMap(value.value.toMap(), value.containers + ContainersOfMap);
+            break;
+        case QMetaType::UnknownType:
+        case QMetaType::Nullptr:
+            // Qt leaves the key without a value, at which libdbus ends the process.
+            m_isUnsendable = m_isUnsendable || value.isInMap;
             break;
         default:
             m_bytes += value.value.toString().toUtf8().size();
         }
     }
 
-    void addList(const QVariantList &list, int containers)
+    void addList(const QVariantList &list, int containers, bool isInMap)
     {
-        m_containers = qMax(m_containers, containers);
         for (const QVariant &element : list) {
-            m_pending.append({element, containers});
+            m_pending.append({element, containers, isInMap});
         }
     }
 
     void addMap(const QVariantMap &map, int containers)
     {
-        m_containers = qMax(m_containers, containers);
         for (auto it = map.cbegin(); it != map.cend(); ++it) {
             m_bytes += BytesOfValue + it.key().toUtf8().size();
-            m_pending.append({it.value(), containers});
+            m_pending.append({it.value(), containers, true});
         }
     }
 
     QVector<Value> m_pending;
     int m_signature = 0;
     int m_containers = 0;
+    bool m_isUnsendable = false;
     qint64 m_bytes;
 };
 }

@@ -11,30 +11,44 @@
 
 #include <QStandardPaths>
 
+#include <algorithm>
+
 QString applicationId(const QString &fileId)
 {
     QString id = fileId;
     return id.remove(Constants::DesktopSuffix);
 }
 
+namespace
+{
+/// Whether @p name leads from a directory to a file in it or below it.
+bool isFileName(const QString &name)
+{
+    const QStringList parts = name.split(QLatin1Char('/'));
+    const auto isPart = [](const QString &part) {
+        return !part.isEmpty() && part != QLatin1String(".") && part != QLatin1String("..");
+    };
+    return !name.contains(QChar(QChar::Null)) && std::all_of(parts.cbegin(), parts.cend(), isPart);
+}
+}
+
 QString locateDesktopFile(const QString &applicationId)
 {
-    // Ids come from strangers: none may lead out of the application directories.
-    if (applicationId.isEmpty() || applicationId.contains(QLatin1Char('/'))
-        || applicationId.contains(QChar(QChar::Null))) {
+    if (applicationId.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
         return {};
     }
     QString name = applicationId + Constants::DesktopSuffix;
     for (;;) {
+        // Ids come from strangers: none may lead out of the application directories.
+        if (!isFileName(name)) {
+            return {};
+        }
         const QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name);
         const int dash = name.indexOf(QLatin1Char('-'));
         if (!path.isEmpty() || dash < 0) {
             return path;
         }
         name.replace(dash, 1, QLatin1Char('/'));
-        if (name.contains(QLatin1String("./"))) {
-            return {};
-        }
     }
 }
 

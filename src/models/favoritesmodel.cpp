@@ -183,12 +183,12 @@ void FavoritesModel::componentComplete()
 int FavoritesModel::rowCount(const QModelIndex &parent) const
 {
     Q_UNUSED(parent)
-    return m_rows.size();
+    return m_rows.count();
 }
 
 QVariant FavoritesModel::data(const QModelIndex &index, int role) const
 {
-    TreeItem *item = itemAt(index.row());
+    TreeItem *item = m_rows.at(index.row());
     if (!item) {
         return {};
     }
@@ -264,15 +264,19 @@ void FavoritesModel::removeFavorite(const QString &path)
 
 int FavoritesModel::indexOf(const QString &path) const
 {
-    const auto isAtPath = [&path](const Row &row) { return row.item && fullPath(row.item) == path; };
-    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), isAtPath);
-    return row == m_rows.cend() ? -1 : int(row - m_rows.cbegin());
+    for (int row = 0; row < m_rows.count(); ++row) {
+        const TreeItem *item = m_rows.at(row);
+        if (item && fullPath(item) == path) {
+            return row;
+        }
+    }
+    return -1;
 }
 
 void FavoritesModel::move(int index, int newIndex)
 {
-    const TreeItem *item = itemAt(index);
-    const TreeItem *target = itemAt(newIndex);
+    const TreeItem *item = m_rows.at(index);
+    const TreeItem *target = m_rows.at(newIndex);
     if (!item || !target) {
         return;
     }
@@ -305,7 +309,7 @@ void FavoritesModel::move(int index, int newIndex)
 
 void FavoritesModel::triggerAction(int index)
 {
-    const TreeItem *item = itemAt(index);
+    const TreeItem *item = m_rows.at(index);
     if (!item) {
         qmlInfo(this) << "invalid index " << index;
     } else if (item->type() == s_action) {
@@ -317,7 +321,7 @@ void FavoritesModel::triggerAction(int index)
 
 QVariantMap FavoritesModel::get(int index) const
 {
-    const TreeItem *item = itemAt(index);
+    const TreeItem *item = m_rows.at(index);
     return item ? item->data() : QVariantMap();
 }
 
@@ -330,11 +334,11 @@ void FavoritesModel::updateItems(bool notifyChanges)
         m_deferred = true;
         return;
     }
-    const int before = m_rows.size();
+    const int before = m_rows.count();
     m_changing = true;
     rebuild(notifyChanges);
     m_changing = false;
-    if (m_rows.size() != before) {
+    if (m_rows.count() != before) {
         Q_EMIT countChanged();
     }
     applyDeferred();
@@ -342,12 +346,13 @@ void FavoritesModel::updateItems(bool notifyChanges)
 
 void FavoritesModel::addItem(TreeItem *item, bool notifyChanges)
 {
-    // Guarded and connected first: whoever hears of the row may let the entry die.
-    const Row row{item, connect(item, &QObject::destroyed, this, &FavoritesModel::removeDestroyedItem)};
+    // Connected first: whoever hears of the row may let the entry die.
+    const QPointer<TreeItem> guarded(item);
+    connect(item, &QObject::destroyed, this, &FavoritesModel::itemDestroyed, Qt::UniqueConnection);
     if (notifyChanges) {
-        beginInsertRows({}, m_rows.size(), m_rows.size());
+        beginInsertRows({}, m_rows.count(), m_rows.count());
     }
-    m_rows.append(row);
+    m_rows.append(guarded);
     if (notifyChanges) {
         endInsertRows();
     }
@@ -358,7 +363,11 @@ void FavoritesModel::removeItem(int index, bool notifyChanges)
     if (notifyChanges) {
         beginRemoveRows({}, index, index);
     }
-    disconnect(m_rows.takeAt(index).destroyed);
+    const TreeItem *item = m_rows.at(index);
+    m_rows.removeAt(index);
+    if (item && m_rows.rowOf(item) < 0) {
+        disconnect(item, &QObject::destroyed, this, &FavoritesModel::itemDestroyed);
+    }
     if (notifyChanges) {
         endRemoveRows();
     }
@@ -366,17 +375,15 @@ void FavoritesModel::removeItem(int index, bool notifyChanges)
 
 void FavoritesModel::removeDestroyedItem()
 {
+    const QObject *item = std::exchange(m_destroyedItem, nullptr);
     if (m_changing) {
         m_deferred = true;
         return;
     }
     m_changing = true;
-    // Who died is not asked: QObject::sender() would search the connections of all rows.
-    for (int row = m_rows.size() - 1; row >= 0; --row) {
-        if (!m_rows.at(row).item) {
-            removeItem(row, true);
-            Q_EMIT countChanged();
-        }
+    for (int row = m_rows.rowOf(item); row >= 0; row = m_rows.rowOf(item)) {
+        removeItem(row, true);
+        Q_EMIT countChanged();
     }
     m_changing = false;
     applyDeferred();
@@ -400,29 +407,31 @@ void FavoritesModel::resetModel()
         m_deferred = true;
         return;
     }
-    const int before = m_rows.size();
+    const int before = m_rows.count();
     m_root = m_registry->getItem(m_path);
     updatePotentialItems();
     m_changing = true;
     beginResetModel();
-    while (!m_rows.isEmpty()) {
-        removeItem(m_rows.size() - 1, false);
+    while (m_rows.count() > 0) {
+        removeItem(m_rows.count() - 1, false);
     }
     rebuild(false);
-    if (!m_rows.isEmpty()) {
+    if (m_rows.count() > 0) {
         Q_EMIT countChanged();
     }
     endResetModel();
     m_changing = false;
-    if (m_rows.size() != before) {
+    if (m_rows.count() != before) {
         Q_EMIT countChanged();
     }
     applyDeferred();
 }
 
-TreeItem *FavoritesModel::itemAt(int row) const
+void FavoritesModel::itemDestroyed(QObject *item)
 {
-    return row >= 0 && row < m_rows.size() ? m_rows.at(row).item.data() : nullptr;
+    // QObject::sender() would search the connections of all rows.
+    m_destroyedItem = item;
+    removeDestroyedItem();
 }
 
 QuickActionReader *FavoritesModel::actionReader() const
@@ -479,8 +488,8 @@ FavoritesModel::Difference FavoritesModel::differenceTo(const Items &wanted) con
         ++lacking[item];
     }
     Difference difference;
-    for (int row = m_rows.size() - 1; row >= 0; --row) {
-        TreeItem *item = m_rows.at(row).item;
+    for (int row = m_rows.count() - 1; row >= 0; --row) {
+        TreeItem *item = m_rows.at(row);
         const auto found = item ? lacking.find(item) : lacking.end();
         if (found == lacking.end() || *found == 0) {
             difference.obsolete.append(row);
@@ -508,7 +517,7 @@ void FavoritesModel::rebuild(bool notifyChanges)
     for (const int row : difference.obsolete) {
         removeItem(row, notifyChanges);
     }
-    const int kept = m_rows.size();
+    const int kept = m_rows.count();
     for (const QPointer<TreeItem> &item : difference.missing) {
         if (item) {
             addItem(item, notifyChanges);

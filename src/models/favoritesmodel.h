@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "models/itemrows.h"
+
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QQmlParserStatus>
@@ -109,10 +111,6 @@ private Q_SLOTS:
     void resetModel();
 
 private:
-    struct Row {
-        QPointer<TreeItem> item; ///< null when it died in the middle of another change
-        QMetaObject::Connection destroyed; ///< each row's own: an entry may have several
-    };
     struct RoleEntry {
         int role;
         const char *name;
@@ -126,7 +124,7 @@ private:
     QVariant favorite(TreeItem *item) const;
     QVariant remoteAction(TreeItem *item) const;
 
-    TreeItem *itemAt(int row) const;
+    void itemDestroyed(QObject *item);
     QuickActionReader *actionReader() const;
     void openFavorites();
     void updatePotentialItems();
@@ -146,7 +144,8 @@ private:
     MGConfItem *m_userModified = nullptr;
     mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
     Items m_potentialItems;
-    QList<Row> m_rows; ///< a list of pointers: rows go out of its middle
+    ItemRows m_rows;
+    QObject *m_destroyedItem = nullptr;
     QString m_key;
     QStringList m_path;
     const QSet<QString> m_blacklist;

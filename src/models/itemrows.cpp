@@ -1,61 +1,105 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "models/shrinkingrows.h"
+#include "models/itemrows.h"
 
-void ShrinkingRows::reset(const QList<TreeItem *> &items)
+namespace
 {
-    m_slots.clear();
-    m_slots.reserve(items.size());
-    m_slotOf.clear();
-    m_slotOf.reserve(items.size());
-    for (TreeItem *item : items) {
-        m_slotOf.insert(item, m_slots.size());
-        m_slots.append(item);
-    }
-    m_removed.fill(0, items.size() + 1);
-    m_count = items.size();
+constexpr int MaxSpareSlots = 64;
 }
 
-int ShrinkingRows::count() const
+void ItemRows::reset(const QList<TreeItem *> &items)
+{
+    assign({});
+    for (TreeItem *item : items) {
+        append(item);
+    }
+}
+
+int ItemRows::count() const
 {
     return m_count;
 }
 
-TreeItem *ShrinkingRows::at(int row) const
+TreeItem *ItemRows::at(int row) const
 {
-    return row >= 0 && row < m_count ? m_slots.at(slotOfRow(row)).data() : nullptr;
+    return row >= 0 && row < m_count ? m_slots.at(slotOfRow(row)).item.data() : nullptr;
 }
 
-int ShrinkingRows::rowOf(const QObject *item) const
+int ItemRows::rowOf(const QObject *item) const
 {
-    const int slot = m_slotOf.value(item, -1);
-    return slot < 0 ? -1 : rowsBefore(slot);
+    const int slot = m_slotsOf.value(item, -1);
+    return slot < 0 ? -1 : slot - removedBefore(slot);
 }
 
-void ShrinkingRows::remove(const QObject *item)
+void ItemRows::append(TreeItem *item)
 {
-    const auto slot = m_slotOf.find(item);
-    if (slot == m_slotOf.end()) {
-        return;
+    if (m_slots.size() > 2 * m_count + MaxSpareSlots) {
+        assign(rows());
     }
-    for (int i = *slot + 1; i < m_removed.size(); i += i & -i) {
+    appendSlot({item, item});
+}
+
+void ItemRows::removeAt(int row)
+{
+    const int slot = slotOfRow(row);
+    m_slotsOf.remove(m_slots.at(slot).key, slot);
+    for (int i = slot + 1; i < m_removed.size(); i += i & -i) {
         ++m_removed[i];
     }
-    m_slotOf.erase(slot);
     --m_count;
 }
 
-int ShrinkingRows::rowsBefore(int slot) const
+void ItemRows::move(int from, int to)
 {
-    int rows = slot;
-    for (int i = slot; i > 0; i -= i & -i) {
-        rows -= m_removed.at(i);
+    QVector<Slot> moved = rows();
+    moved.move(from, to);
+    assign(moved);
+}
+
+QVector<ItemRows::Slot> ItemRows::rows() const
+{
+    QVector<Slot> rows;
+    rows.reserve(m_count);
+    for (int row = 0; row < m_count; ++row) {
+        rows.append(m_slots.at(slotOfRow(row)));
     }
     return rows;
 }
 
-int ShrinkingRows::slotOfRow(int row) const
+void ItemRows::assign(const QVector<Slot> &rows)
+{
+    m_slots.clear();
+    m_slots.reserve(rows.size());
+    m_slotsOf.clear();
+    m_slotsOf.reserve(rows.size());
+    m_removed = {0};
+    m_removed.reserve(rows.size() + 1);
+    m_count = 0;
+    for (const Slot &row : rows) {
+        appendSlot(row);
+    }
+}
+
+void ItemRows::appendSlot(const Slot &slot)
+{
+    m_slotsOf.insert(slot.key, m_slots.size());
+    m_slots.append(slot);
+    const int end = m_slots.size();
+    m_removed.append(removedBefore(end - 1) - removedBefore(end - (end & -end)));
+    ++m_count;
+}
+
+int ItemRows::removedBefore(int slot) const
+{
+    int removed = 0;
+    for (int i = slot; i > 0; i -= i & -i) {
+        removed += m_removed.at(i);
+    }
+    return removed;
+}
+
+int ItemRows::slotOfRow(int row) const
 {
     if (m_count == m_slots.size()) {
         return row;

@@ -10,26 +10,36 @@
 #include <QVector>
 
 /**
- * Rows of tree items that are not owned and vanish one by one between two resets. Finding and removing a row takes
- * logarithmic time, so that a page may lose all of its rows in a batch. An item that died without being removed
- * yet reads as null.
+ * Rows of tree items that are not owned and may vanish one by one. Finding, appending and removing a row takes
+ * logarithmic time, so that a page may lose all of its rows in a batch; moving one takes linear time. An item may have
+ * several rows. One that died without being removed yet reads as null.
  */
-class ShrinkingRows
+class ItemRows
 {
 public:
-    void reset(const QList<TreeItem *> &items); ///< no item stands twice
+    void reset(const QList<TreeItem *> &items);
     int count() const;
     TreeItem *at(int row) const; ///< null when there is no such row
-    int rowOf(const QObject *item) const; ///< -1 when it has none; @p item may be dead
-    void remove(const QObject *item);
+    int rowOf(const QObject *item) const; ///< one of its rows, -1 when it has none; @p item may be dead
+    void append(TreeItem *item);
+    void removeAt(int row);
+    void move(int from, int to);
 
 private:
-    int slotOfRow(int row) const;
-    int rowsBefore(int slot) const;
+    struct Slot {
+        QPointer<TreeItem> item;
+        const QObject *key; ///< the item even when it is dead
+    };
 
-    QVector<QPointer<TreeItem>> m_slots; ///< as they were at the reset
-    QHash<const QObject *, int> m_slotOf;
+    QVector<Slot> rows() const;
+    void assign(const QVector<Slot> &rows);
+    void appendSlot(const Slot &slot);
+    int slotOfRow(int row) const;
+    int removedBefore(int slot) const;
+
+    QVector<Slot> m_slots; ///< those of removed rows, too, until they are many
+    QMultiHash<const QObject *, int> m_slotsOf;
     /// Fenwick tree over the slots: element i counts the removed ones of the (i & -i) slots that end with slot i - 1.
-    QVector<int> m_removed;
+    QVector<int> m_removed{0};
     int m_count = 0;
 };

@@ -145,7 +145,7 @@ void SettingsModel::removeDestroyedItem()
         return;
     }
     beginRemoveRows({}, row, row);
-    m_rows.remove(item);
+    m_rows.removeAt(row);
     endRemoveRows();
     Q_EMIT countChanged();
 }

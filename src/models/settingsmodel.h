@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "models/shrinkingrows.h"
+#include "models/itemrows.h"
 
 #include <QAbstractListModel>
 #include <QPointer>
@@ -68,6 +68,6 @@ private:
     QStringList m_path;
     PluginRegistry *const m_registry;
     QPointer<TreeItem> m_root;
-    ShrinkingRows m_rows;
+    ItemRows m_rows;
     QObject *m_destroyedItem = nullptr;
 };

@@ -34,7 +34,7 @@
  *                        says, and has its entries, or none of them when it is refused.
  *   json favorites-blacklist.json  is read as what it is.
  *   qml                  is a document that can be created over the entries of all json blocks. It prints its
- *                        console block and no warning.
+ *                        console block and no warning. Its own place is page.qml in what it prints.
  *   cpp NAME, cmake NAME  are files in the directory that the document's sh blocks run in.
  *   sh                   is run. What it prints ends with its console block. Commands of the project itself are not
  *                        run (scripts/test would come back here): their names, options and presets are checked.
@@ -241,12 +241,17 @@ void DocsTest::checkQml(const CodeBlock &block)
     const MessageLog log;
     QQmlEngine engine;
     QQmlComponent component(&engine);
-    component.setData(block.text.toUtf8(), QUrl::fromLocalFile(block.document));
+    const QString page = QStringLiteral("page.qml");
+    const QUrl place = QUrl::fromLocalFile(QFileInfo(block.document).dir().filePath(page));
+    component.setData(block.text.toUtf8(), place);
     std::unique_ptr<QObject> object(component.create());
     QVERIFY2(object, qPrintable(component.errorString()));
     const QString expected = block.output.join(QLatin1Char('\n'));
     QStringList printed;
-    const auto collect = [&printed] { return (printed += takeTexts()).join(QLatin1Char('\n')); };
+    const auto collect = [&] {
+        printed += takeTexts().replaceInStrings(place.toString(), page);
+        return printed.join(QLatin1Char('\n'));
+    };
     QTRY_COMPARE(collect(), expected);
     object.reset();
     QCOMPARE(collect(), expected);
@@ -324,7 +329,8 @@ void DocsTest::checkMessages(const CodeBlock &block)
 void DocsTest::checkPicture(const CodeBlock &block)
 {
     QString sources;
-    const QStringList folders{QStringLiteral("plugin"), QStringLiteral("registry"), QStringLiteral("models")};
+    const QStringList folders{QStringLiteral("plugin"), QStringLiteral("registry"), QStringLiteral("models"),
+                              QStringLiteral("actions"), QStringLiteral("applications")};
     for (const QString &folder : folders) {
         const QDir directory(s_project.filePath(QStringLiteral("src/") + folder));
         const QStringList names = directory.entryList({QStringLiteral("*.cpp"), QStringLiteral("*.h")});

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "comparison.h"
+
+#include "statistics.h"
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+
+namespace
+{
+double threadTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
+}
+}
+
+double seconds(const std::function<void()> &work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double cpuSeconds(const std::function<void()> &work)
+{
+    const double start = threadTime();
+    work();
+    return threadTime() - start;
+}
+
+QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale)
+{
+    std::transform(values.cbegin(), values.cend(), values.begin(), scale);
+    return values;
+}
+
+void Runs::add(double floorBefore, double work, double floorAfter)
+{
+    seconds.append(work);
+    overFloor.append(2 * work / (floorBefore + floorAfter));
+    noise.append(floorAfter / floorBefore);
+}
+
+QVector<double> Runs::over(const Runs &other) const
+{
+    const double usual = median(other.seconds);
+    return scaled(seconds, [usual](double run) { return run / usual; });
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QVector>
+
+#include <functional>
+
+/// The wall time of @p work.
+double seconds(const std::function<void()> &work);
+/// The processor time of this thread for @p work: what others do on the machine counts less.
+double cpuSeconds(const std::function<void()> &work);
+
+/// @p values, each turned by @p scale.
+QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale);
+
+/// Repeated runs of some work, each between two runs of its floor, so that a machine that gets slower or faster
+/// meanwhile does so for both.
+struct Runs {
+    QVector<double> seconds;
+    QVector<double> overFloor;
+    QVector<double> noise; ///< one floor over the other
+
+    void add(double floorBefore, double work, double floorAfter);
+    /// How many times longer each run took than the usual one of @p other.
+    QVector<double> over(const Runs &other) const;
+};

@@ -1,0 +1,333 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+// What favourites cost, as ratios. The floor is what nobody can do without who follows a list in dconf: to read it,
+// write it, read it again when the change is announced, and find each path in a hash of all entries. For the question
+// whether entries are favourites it is to read the list into a hash and ask that for all. Each run is timed between
+// two floors, in the same process. Processor time of the thread, for dconf's service takes the writes meanwhile in a
+// process of its own.
+
+#include "comparison.h"
+#include "models/favoritesmodel.h"
+#include "registry/pluginregistry.h"
+#include "statistics.h"
+#include "workload.h"
+
+#include <mgconfitem.h>
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QLocale>
+#include <QSet>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <map>
+
+namespace
+{
+constexpr int Many = 1000;
+constexpr int VeryMany = 10000;
+/// What ten times the favourites may cost on any machine: a quadratic step makes it a hundred times.
+constexpr double MaxGrowth = 30;
+/// How many times its target a cost may be on any machine. Growth alone does not tell a search of the list from a
+/// look-up: for each question both grow tenfold at most.
+constexpr double MaxOverTarget = 3;
+
+struct Effort {
+    int files;
+    QVector<int> sizes;
+    int runs;
+};
+const Effort s_fullEffort{10000, {10, Many, VeryMany}, 30};
+const Effort s_checkEffort{2100, {Many, VeryMany}, 3}; // with a few entries more than favourites
+
+const QString s_key = QStringLiteral("/benchmark/favorites");
+const QString s_floorKey = QStringLiteral("/benchmark/floor");
+const QString s_userModifiedKey = QStringLiteral("/benchmark/modified");
+
+/// The entries of a workload that is in place, in an order that is not theirs.
+class Entries
+{
+public:
+    explicit Entries(const Workload &workload)
+    {
+        const QStringList paths = workload.entryPaths();
+        for (int i = 0; i < paths.size(); ++i) {
+            // Prime to their number: each comes once.
+            m_paths.append(paths.at(int(qint64(i) * 7919 % paths.size())));
+            m_index.insert(m_paths.last(), i);
+        }
+    }
+
+    const QStringList &paths() const
+    {
+        return m_paths;
+    }
+
+    bool haveAll(const QStringList &paths) const
+    {
+        return std::all_of(paths.cbegin(), paths.cend(),
+                           [this](const QString &path) { return m_index.contains(path); });
+    }
+
+private:
+    QStringList m_paths;
+    QHash<QString, int> m_index;
+};
+
+QStringList everySecond(const QStringList &paths)
+{
+    QStringList half;
+    for (int i = 0; i < paths.size(); i += 2) {
+        half.append(paths.at(i));
+    }
+    return half;
+}
+
+/// One size of favourites: the lists, a model of them, and the floor.
+class Subject
+{
+public:
+    Subject(const Entries &entries, int size)
+        : m_entries(entries)
+        , m_size(size)
+        , m_all(entries.paths().mid(0, size))
+        , m_half(everySecond(m_all))
+        , m_writer(s_key)
+        , m_floor(s_floorKey)
+    {
+        QObject::connect(&m_floor, &MGConfItem::valueChanged, &m_floor,
+                         [this] { require(m_entries.haveAll(m_floor.value().toStringList())); });
+        m_writer.set(m_all);
+        m_floor.set(m_all);
+        m_model.setFilter({QStringLiteral("grid_favorites")});
+        m_model.setKey(s_key);
+        m_model.setUserModifiedKey(s_userModifiedKey);
+        m_model.componentComplete();
+        require(m_model.count() == size);
+    }
+
+    ~Subject()
+    {
+        m_writer.set({});
+        m_floor.set({});
+        MGConfItem(s_userModifiedKey).set({});
+    }
+
+    void setUserModified(bool modified)
+    {
+        MGConfItem(s_userModifiedKey).set(modified);
+    }
+
+    void writeOther()
+    {
+        const QStringList &other = m_model.count() == m_size ? m_half : m_all;
+        m_writer.set(other);
+        require(m_model.count() == other.size());
+    }
+
+    void add()
+    {
+        m_model.addFavorite(m_entries.paths().at(m_size));
+        require(m_model.count() == m_size + 1);
+    }
+
+    void removeLast()
+    {
+        m_model.removeFavorite(m_entries.paths().at(m_size));
+        require(m_model.count() == m_size);
+    }
+
+    void move()
+    {
+        m_model.move(0, m_size - 1);
+    }
+
+    void showPotential()
+    {
+        m_model.setPath({QStringLiteral("system_settings")});
+        m_model.setShowPotential(true);
+    }
+
+    void readRoles()
+    {
+        int favorites = 0;
+        for (int row = 0; row < m_model.count(); ++row) {
+            favorites += m_model.data(m_model.index(row), FavoritesModel::FavoriteRole).toBool() ? 1 : 0;
+        }
+        require(favorites == m_size);
+    }
+
+    void askForAll()
+    {
+        int favorites = 0;
+        for (const QString &path : m_entries.paths()) {
+            favorites += m_model.isFavorite(path) ? 1 : 0;
+        }
+        require(favorites == m_size);
+    }
+
+    /// Makes the model read the list anew at the next question.
+    void touch()
+    {
+        m_writer.set(QStringList());
+        m_writer.set(m_all);
+    }
+
+    void floor()
+    {
+        QStringList paths = m_floor.value().toStringList();
+        paths.move(0, paths.size() - 1);
+        m_floor.set(paths);
+    }
+
+    void floorOfQuestions()
+    {
+        const QStringList stored = m_floor.value().toStringList();
+        const QSet<QString> favorites(stored.cbegin(), stored.cend());
+        int found = 0;
+        for (const QString &path : m_entries.paths()) {
+            found += favorites.contains(path) ? 1 : 0;
+        }
+        require(found == m_size);
+    }
+
+private:
+    void require(bool condition) const
+    {
+        if (!condition) {
+            qFatal("The result with %d favourites is wrong", m_size);
+        }
+    }
+
+    const Entries &m_entries;
+    const int m_size;
+    const QStringList m_all;
+    const QStringList m_half;
+    MGConfItem m_writer;
+    MGConfItem m_floor;
+    FavoritesModel m_model;
+};
+
+/// Something that is measured with each size.
+struct Operation {
+    QString name;
+    void (Subject::*work)();
+    void (Subject::*floor)();
+    double target; ///< what it should cost at most, in floors
+    void (*prepare)(Subject &subject); ///< once
+    void (*before)(Subject &subject); ///< each run; like after() not timed
+    void (*after)(Subject &subject);
+};
+
+void nothing(Subject &) {}
+
+const std::array<Operation, 7> s_operations{{
+    {QStringLiteral("another list, reset"), &Subject::writeOther, &Subject::floor, 2,
+     [](Subject &s) { s.setUserModified(false); }, nothing, nothing},
+    {QStringLiteral("another list, row by row"), &Subject::writeOther, &Subject::floor, 2,
+     [](Subject &s) { s.setUserModified(true); }, nothing, nothing},
+    {QStringLiteral("add"), &Subject::add, &Subject::floor, 3, nothing, nothing,
+     [](Subject &s) { s.removeLast(); }},
+    {QStringLiteral("remove the last"), &Subject::removeLast, &Subject::floor, 3, nothing,
+     [](Subject &s) { s.add(); }, nothing},
+    {QStringLiteral("move the first to the end"), &Subject::move, &Subject::floor, 3, nothing, nothing, nothing},
+    {QStringLiteral("isFavorite() of all"), &Subject::askForAll, &Subject::floorOfQuestions, 1.5, nothing,
+     [](Subject &s) { s.touch(); }, nothing},
+    {QStringLiteral("role \"favorite\" of all"), &Subject::readRoles, &Subject::floorOfQuestions, 12,
+     [](Subject &s) { s.showPotential(); }, [](Subject &s) { s.touch(); }, nothing},
+}};
+
+void run(benchmark::State &state, const Entries &entries, int size, const Operation &operation, Runs &runs)
+{
+    Subject subject(entries, size);
+    operation.prepare(subject);
+    const auto floor = [&] {
+        QCoreApplication::processEvents(); // what dconf has to say of the writes before
+        return cpuSeconds([&] { (subject.*operation.floor)(); });
+    };
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        operation.before(subject);
+        const double floorBefore = floor();
+        QCoreApplication::processEvents();
+        const double work = cpuSeconds([&] { (subject.*operation.work)(); });
+        const double floorAfter = floor();
+        operation.after(subject);
+        state.SetIterationTime(work);
+        runs.add(floorBefore, work, floorAfter);
+    }
+    state.counters["over_floor"] = median(runs.overFloor);
+}
+
+QString sizeText(int size)
+{
+    return QLocale(QLocale::English).toString(size);
+}
+
+using RunsOfSizes = std::map<int, Runs>;
+
+QVector<Measure> measures(const Operation &operation, const RunsOfSizes &runs)
+{
+    QVector<Measure> measures;
+    for (const auto &[size, ofSize] : runs) {
+        measures.append({QStringLiteral("%1 / floor, %2 favourites").arg(operation.name, sizeText(size)),
+                         QStringLiteral("≤ %1").arg(operation.target), 0, MaxOverTarget * operation.target,
+                         ofSize.overFloor});
+    }
+    measures.append(
+        {QStringLiteral("%1, %2 / %3 favourites").arg(operation.name, sizeText(VeryMany), sizeText(Many)),
+         QStringLiteral("≲ 10"), 0, MaxGrowth, runs.at(VeryMany).over(runs.at(Many))});
+    return measures;
+}
+
+QVector<Measure> measureAll(const Entries &entries, const Effort &effort)
+{
+    std::array<RunsOfSizes, s_operations.size()> runs;
+    benchmark::ClearRegisteredBenchmarks();
+    for (std::size_t i = 0; i < s_operations.size(); ++i) {
+        const Operation &operation = s_operations[i];
+        for (const int size : effort.sizes) {
+            const QString name = QStringLiteral("%1, %2").arg(operation.name, sizeText(size));
+            Runs &ofSize = runs[i][size];
+            benchmark::RegisterBenchmark(name.toUtf8().constData(),
+                                         [&entries, size, &operation, &ofSize](auto &state) {
+                                             run(state, entries, size, operation, ofSize);
+                                         })
+                ->UseManualTime()
+                ->Iterations(effort.runs)
+                ->Unit(benchmark::kMicrosecond);
+        }
+    }
+    benchmark::ConsoleReporter reporter;
+    reporter.SetOutputStream(&std::cerr); // the table goes to standard output
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+
+    QVector<Measure> all;
+    for (std::size_t i = 0; i < s_operations.size(); ++i) {
+        all += measures(s_operations[i], runs[i]);
+    }
+    return all;
+}
+}
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const bool check = application.arguments().contains(QStringLiteral("--check"));
+    const Effort &effort = check ? s_checkEffort : s_fullEffort;
+    const Workload workload(effort.files);
+    workload.putInPlace();
+    PluginRegistry::instance();
+    const Entries entries(workload);
+    const auto measure = [&] { return measureAll(entries, effort); };
+    if (check) {
+        return passesOnce(measure) ? 0 : 1;
+    }
+    print(measure());
+    return 0;
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+class LauncherFolderItem;
+class LauncherItem;
+
+/**
+ * Application directories of a test's own, in the place of the user's and the system's while this lives. They are not
+ * there before a file is written into them.
+ *
+ * Paths are relative to the directory that holds "user", "first" and "second", in falling order of precedence.
+ */
+class Applications
+{
+public:
+    Applications();
+
+    QString path(const char *relative) const;
+    QString menuFile() const;
+
+    void write(const char *file, const QByteArray &content) const;
+    /// Puts a new file in the place of the old one.
+    void replace(const char *file, const QByteArray &content) const;
+    void remove(const char *path) const; ///< a directory with all that is in it
+    void rename(const char *from, const char *to) const;
+    void link(const QString &target, const char *path) const;
+    void writeMenu(const QByteArray &content) const;
+
+private:
+    void makeParent(const QString &path) const;
+
+    const QTemporaryDir m_directory;
+};
+
+/// A desktop file with @p lines after the usual ones.
+QByteArray application(const QByteArray &name, const QByteArray &lines = {});
+
+/// The titles of the rows, those of a folder in braces after its own: "A B Folder{C D}".
+QString rows(const LauncherFolderItem &folder);
+QStringList fileIds(const LauncherFolderItem &folder);
+LauncherItem *itemAt(const LauncherFolderItem &folder, int row);

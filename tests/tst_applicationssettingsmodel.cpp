@@ -1,0 +1,701 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/applicationssettingsmodel.h"
+
+#include "applications.h"
+#include "messagelog.h"
+#include "modelreplica.h"
+#include "registry/messages.h"
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+#include "signallog.h"
+#include "text.h"
+#include "world.h"
+
+#include <launcherfoldermodel.h>
+#include <mgconfitem.h>
+
+#include <QAbstractItemModelTester>
+#include <QElapsedTimer>
+#include <QMetaMethod>
+#include <QMetaProperty>
+#include <QPointer>
+#include <QQmlEngine>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+#include <unistd.h>
+
+using Model = ApplicationsSettingsModel;
+
+// The rows of the applications model. What it says to the platform's services has tests of its own.
+class ApplicationsSettingsModelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void showsExactlyItsMembers();
+    void roleNames();
+    void emptyBeforeCompletion();
+    void makesALauncherWhenThereIsNone();
+    void listsTheLauncher();
+    void roles();
+    void rolesOutside();
+    void sections();
+    void withoutSection();
+    void sectionComesAndGoes();
+    void masked();
+    void restrictedApplication();
+    void foldersStandInPlace();
+    void emptiedFolder();
+    void burstIsOneRebuild();
+    void launcherResetsAtOnce();
+    void everyRebuildMakesNewItems();
+    void sandboxedChangeIsOneRow();
+    void otherLauncher();
+    void launcherDies();
+    void launcherEntryDies();
+    void leftLauncherIsNotHeard();
+    void setsNoOtherObject();
+    void configFileIsFollowedForRootOnly();
+    void uid();
+    void filterMode();
+    void withoutMode();
+    void lookups();
+    void objectsSurviveTheGarbageCollector();
+    void handlersMayResetAgain();
+    void destroyedWithAPendingUpdate();
+    void roleLookupsDoNotGrowWithTheLists();
+    void rebuildTakesLinearTime();
+
+private:
+    void complete(Model *model);
+    QStringList names(const Model &model) const;
+
+    std::unique_ptr<Applications> m_applications;
+};
+
+namespace
+{
+constexpr uint User = 100000; // in no group
+
+QVariant value(const Model &model, int row, int role)
+{
+    return model.data(model.index(row), role);
+}
+
+QString outOf(const QString &id)
+{
+    return id + text(".desktop");
+}
+}
+
+void ApplicationsSettingsModelTest::init()
+{
+    World::reset();
+    World::writeEntries(text("x.json"), R"({"entries": [{"path": "applications"}]})");
+    World::rescan(PluginRegistry::instance());
+    m_applications = std::make_unique<Applications>();
+    m_applications->write("first/a.desktop", application("A"));
+    m_applications->write("first/b.desktop", application("B"));
+    m_applications->write("first/sub/c.desktop", application("C"));
+}
+
+void ApplicationsSettingsModelTest::complete(Model *model)
+{
+    model->setUid(User);
+    model->classBegin();
+    model->componentComplete();
+}
+
+QStringList ApplicationsSettingsModelTest::names(const Model &model) const
+{
+    QStringList names;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        names.append(value(model, row, Model::NameRole).toString());
+    }
+    return names;
+}
+
+void ApplicationsSettingsModelTest::showsExactlyItsMembers()
+{
+    const QMetaObject &meta = Model::staticMetaObject;
+    QStringList properties;
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()) + QLatin1Char(' ')
+                          + text(property.isWritable() ? "rw" : "r") + QLatin1Char(' ')
+                          + QString::fromLatin1(property.notifySignal().name()));
+    }
+    QCOMPARE(properties,
+             (QStringList{text("QObject* applications rw applicationsChanged"), text("int count r countChanged"),
+                          text("QStringList selectedApps r selectedAppsChanged"), text("uint uid rw uidChanged"),
+                          text("int filterMode rw filterModeChanged"),
+                          text("bool filterModeEnabled rw filterModeEnabledChanged")}));
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
+    }
+    QCOMPARE(methods, (QStringList{text("applicationsChanged()"),
+                                   text("countChanged()"),
+                                   text("uidChanged()"),
+                                   text("allowlistEnabledChanged()"),
+                                   text("autostartEnabledChanged()"),
+                                   text("allowlistChanged()"),
+                                   text("autostartListChanged()"),
+                                   text("alwaysAllowedApplicationsChanged()"),
+                                   text("filterModeEnabledChanged()"),
+                                   text("filterModeChanged()"),
+                                   text("selectedAppsChanged()"),
+                                   text("allowedNotificationsChanged()"),
+                                   text("scheduleUpdate()"),
+                                   text("launcherModelReset()"),
+                                   text("iconOf(QString)"),
+                                   text("toggleSelectedApp(QString)"),
+                                   text("selectAllApps()"),
+                                   text("clearSelectedApps()"),
+                                   text("applyPolicyRules(QStringList)"),
+                                   text("objectForPath(QString)"),
+                                   text("firstObjectPath()"),
+                                   text("getAllowedNotificationsConfig()"),
+                                   text("setNotificationsEnabled(QString,bool)")}));
+    const QMetaEnum modes = meta.enumerator(meta.indexOfEnumerator("ApplicationsFilterModeTypes"));
+    QCOMPARE(modes.keyToValue("AllowedOnly"), 0);
+    QCOMPARE(modes.keyToValue("AutostartedOnly"), 1);
+    const QMetaEnum roles = meta.enumerator(meta.indexOfEnumerator("ApplicationRoles"));
+    QCOMPARE(roles.keyCount(), 12);
+    QCOMPARE(roles.keyToValue("SectionRole"), 257);
+    QCOMPARE(roles.keyToValue("NotificationsEnabledRole"), 268);
+}
+
+void ApplicationsSettingsModelTest::roleNames()
+{
+    const QHash<int, QByteArray> expected{
+        {257, "section"},       {258, "iconId"},      {259, "iconMode"},      {260, "name"},
+        {261, "filePath"},      {262, "sandboxed"},   {263, "fileId"},        {264, "allowed"},
+        {265, "alwaysAllowed"}, {266, "autostarted"}, {267, "applicationId"}, {268, "notificationsEnabled"}};
+    QCOMPARE(Model().roleNames(), expected);
+}
+
+void ApplicationsSettingsModelTest::emptyBeforeCompletion()
+{
+    LauncherFolderModel launcher;
+    Model model;
+    QSignalSpy reset(&model, &Model::modelReset);
+    model.setApplications(&launcher);
+    QCOMPARE(model.count(), 0);
+    QCOMPARE(reset.count(), 0);
+    QCOMPARE(model.firstObjectPath(), QString());
+    QCOMPARE(model.objectForPath({}), nullptr);
+    QCOMPARE(model.iconOf({}), QString());
+    QVERIFY(!model.filterModeEnabled());
+    model.toggleSelectedApp(text("a.desktop"));
+    model.selectAllApps();
+    model.clearSelectedApps();
+    model.applyPolicyRules(path("a"));
+    QCOMPARE(model.selectedApps(), QStringList());
+    model.componentComplete();
+    QCOMPARE(model.count(), 3);
+    QCOMPARE(model.applications(), &launcher);
+}
+
+void ApplicationsSettingsModelTest::makesALauncherWhenThereIsNone()
+{
+    Model model;
+    SignalLog log(&model);
+    complete(&model);
+    QVERIFY(qobject_cast<LauncherFolderModel *>(model.applications()));
+    QCOMPARE(model.applications()->parent(), &model);
+    QCOMPARE(model.count(), 3);
+    QCOMPARE(log.take(), (QStringList{text("uidChanged"), text("modelAboutToBeReset"), text("countChanged"),
+                                      text("modelReset"), text("applicationsChanged")}));
+}
+
+void ApplicationsSettingsModelTest::listsTheLauncher()
+{
+    m_applications->write("user/b.desktop", application("Zed"));
+    m_applications->write("first/hidden.desktop", application("Hidden", "NoDisplay=true\n"));
+    Model model;
+    complete(&model);
+    QCOMPARE(names(model), path("A/C/Zed"));
+    QCOMPARE(model.rowCount(model.index(0)), 3);
+}
+
+void ApplicationsSettingsModelTest::roles()
+{
+    m_applications->write("first/a.desktop",
+                          application("A", "Icon=icon-a\nX-DBus-ServiceName=org.example.A\n[X-Tarnhold]\n"
+                                           "[X-Zephra-Application]\nIconMode=crop\n"));
+    Model model;
+    complete(&model);
+    QCOMPARE(value(model, 0, 257), QVariant());
+    QCOMPARE(value(model, 0, 258), QVariant(text("icon-a")));
+    QCOMPARE(value(model, 0, 259), QVariant(text("crop")));
+    QCOMPARE(value(model, 0, 260), QVariant(text("A")));
+    QCOMPARE(value(model, 0, 261), QVariant(m_applications->path("first/a.desktop")));
+    QCOMPARE(value(model, 0, 262), QVariant(true));
+    QCOMPARE(value(model, 0, 263), QVariant(text("a.desktop")));
+    QCOMPARE(value(model, 0, 264), QVariant(false));
+    QCOMPARE(value(model, 0, 265), QVariant(false));
+    QCOMPARE(value(model, 0, 266), QVariant(false));
+    QCOMPARE(value(model, 0, 267), QVariant(text("org.example.A")));
+    QCOMPARE(value(model, 0, 268), QVariant(true));
+    QCOMPARE(value(model, 2, 263), QVariant(text("sub-c.desktop")));
+    // The user's choice is shown at once.
+    model.setFilterMode(Model::AllowedOnly);
+    model.toggleSelectedApp(text("sub-c.desktop"));
+    QCOMPARE(value(model, 2, 264), QVariant(true));
+    QCOMPARE(model.selectedApps(), path("sub-c"));
+    model.toggleSelectedApp(text("sub-c.desktop"));
+    QCOMPARE(value(model, 2, 264), QVariant(false));
+}
+
+void ApplicationsSettingsModelTest::rolesOutside()
+{
+    Model model;
+    complete(&model);
+    for (const int row : {-1, 3, 1000000}) {
+        QVERIFY(!value(model, row, Model::NameRole).isValid());
+    }
+    for (const int role : {-1, 0, 1, 256, 269}) {
+        QVERIFY(!value(model, 0, role).isValid());
+    }
+}
+
+void ApplicationsSettingsModelTest::sections()
+{
+    World::writeEntries(text("a.json"), R"({"entries": [{"path": "applications/a.desktop"},
+                                                        {"path": "applications/c.desktop", "title": "Of C"}]})");
+    World::rescan(PluginRegistry::instance());
+    Model model;
+    complete(&model);
+    const auto section = [&](int row) {
+        return qobject_cast<TreeItem *>(value(model, row, Model::SectionRole).value<QObject *>());
+    };
+    QCOMPARE(section(0)->location(), path("applications/a.desktop"));
+    QVERIFY(!value(model, 1, Model::SectionRole).isValid());
+    QCOMPARE(section(2)->title(), text("Of C")); // by the file's name, not by the id
+    QCOMPARE(QQmlEngine::objectOwnership(section(2)), QQmlEngine::CppOwnership);
+}
+
+void ApplicationsSettingsModelTest::withoutSection()
+{
+    World::removeEntries(text("x.json"));
+    World::rescan(PluginRegistry::instance());
+    const MessageLog log;
+    Model model;
+    QCOMPARE(
+        MessageLog::take(),
+        QStringList{
+            text("critical org.orvantaos.settings.framework: %1").arg(text(Messages::NoApplicationsSection))});
+    complete(&model);
+    QCOMPARE(names(model), path("A/B/C"));
+    QVERIFY(!value(model, 0, Model::SectionRole).isValid());
+    QCOMPARE(MessageLog::take(), QStringList());
+}
+
+void ApplicationsSettingsModelTest::sectionComesAndGoes()
+{
+    Model model;
+    complete(&model);
+    QSignalSpy reset(&model, &Model::modelReset);
+    const auto title = [&] {
+        auto *section = qobject_cast<TreeItem *>(value(model, 0, Model::SectionRole).value<QObject *>());
+        return section ? section->title() : QString();
+    };
+    World::writeEntries(text("a.json"), R"({"entries": [{"path": "applications/a.desktop", "title": "Page"}]})");
+    World::rescan(PluginRegistry::instance());
+    QTRY_COMPARE(title(), text("Page"));
+    QCOMPARE(reset.count(), 1);
+    World::removeEntries(text("a.json"));
+    World::removeEntries(text("x.json"));
+    World::rescan(PluginRegistry::instance());
+    QVERIFY(!value(model, 0, Model::SectionRole).isValid()); // the node is gone, the row still there
+    QTRY_COMPARE(reset.count(), 2);
+    World::writeEntries(text("z.json"), R"({"entries": [{"path": "applications/a.desktop", "title": "Anew"}]})");
+    World::rescan(PluginRegistry::instance());
+    QTRY_COMPARE(title(), text("Anew"));
+}
+
+void ApplicationsSettingsModelTest::masked()
+{
+    World::setMasked({m_applications->path("first/b.desktop"), m_applications->path("first/A.desktop")});
+    Model model;
+    complete(&model);
+    QCOMPARE(names(model), path("A/C"));
+    QSignalSpy reset(&model, &Model::modelReset);
+    World::setMasked({m_applications->path("first/sub/c.desktop")});
+    World::setMasked({m_applications->path("first/sub/c.desktop"), text("a.desktop")});
+    QTRY_COMPARE(names(model), path("A/B"));
+    QCOMPARE(reset.count(), 1);
+    World::setMasked({});
+    QTRY_COMPARE(names(model), path("A/B/C"));
+}
+
+void ApplicationsSettingsModelTest::restrictedApplication()
+{
+    m_applications->write("first/quillon.desktop", application("Quillon"));
+    m_applications->write("first/sub/quillon.desktop", application("Not that one"));
+    Model model;
+    complete(&model);
+    // Whoever is in the group "orvanta-system" sees it; nobody is, where there is no such group.
+    QCOMPARE(names(model), (QStringList{text("A"), text("B"), text("C"), text("Not that one")}));
+}
+
+void ApplicationsSettingsModelTest::foldersStandInPlace()
+{
+    m_applications->writeMenu("<Menu><Filename>b.desktop</Filename><Menu><Name>Folder</Name>"
+                              "<Filename>sub-c.desktop</Filename></Menu></Menu>");
+    m_applications->write("first/d.desktop", application("D"));
+    Model model;
+    complete(&model);
+    QCOMPARE(names(model), path("B/C/A/D"));
+    QCOMPARE(value(model, 1, Model::FileIdRole), QVariant(text("sub-c.desktop")));
+}
+
+void ApplicationsSettingsModelTest::emptiedFolder()
+{
+    m_applications->writeMenu("<Menu><Menu><Name>Folder</Name><Filename>b.desktop</Filename>"
+                              "<Filename>sub-c.desktop</Filename></Menu></Menu>");
+    Model model;
+    complete(&model);
+    QCOMPARE(names(model), path("B/C/A"));
+    m_applications->remove("first/sub/c.desktop");
+    QTRY_COMPARE(names(model), path("B/A"));
+    m_applications->remove("first/b.desktop");
+    QTRY_COMPARE(names(model), path("A"));
+    m_applications->write("first/b.desktop", application("Back"));
+    QTRY_COMPARE(names(model), path("Back/A"));
+    // The folder gets another name and another place.
+    m_applications->writeMenu("<Menu><Filename>a.desktop</Filename><Menu><Name>Other</Name>"
+                              "<Filename>b.desktop</Filename></Menu></Menu>");
+    qobject_cast<LauncherFolderModel *>(model.applications())->load();
+    QTRY_COMPARE(names(model), path("A/Back"));
+    m_applications->write("first/b.desktop", application("Again"));
+    QTRY_COMPARE(names(model), path("A/Again"));
+}
+
+void ApplicationsSettingsModelTest::burstIsOneRebuild()
+{
+    Model model;
+    complete(&model);
+    auto *launcher = qobject_cast<LauncherFolderModel *>(model.applications());
+    QSignalSpy inserted(launcher, &LauncherFolderModel::rowsInserted);
+    QSignalSpy reset(&model, &Model::modelReset);
+    QElapsedTimer sinceLast;
+    connect(launcher, &LauncherFolderModel::rowsInserted, &model, [&sinceLast] { sinceLast.start(); });
+    for (const char *file : {"first/d.desktop", "first/e.desktop", "first/f.desktop"}) {
+        const int before = inserted.count();
+        m_applications->write(file, application(QByteArray(file).mid(6, 1).toUpper()));
+        QTRY_COMPARE(inserted.count(), before + 1);
+    }
+    QCOMPARE(reset.count(), 0);
+    QCOMPARE(names(model), path("A/B/C"));
+    QVERIFY(reset.wait());
+    QVERIFY(sinceLast.elapsed() >= 940); // the timer is a coarse one
+    QCOMPARE(names(model), path("A/B/C/D/E/F"));
+    QCOMPARE(reset.count(), 1);
+    m_applications->remove("first/a.desktop");
+    QTRY_COMPARE(names(model), path("B/C/D/E/F"));
+    QCOMPARE(reset.count(), 2);
+}
+
+void ApplicationsSettingsModelTest::launcherResetsAtOnce()
+{
+    Model model;
+    complete(&model);
+    QSignalSpy reset(&model, &Model::modelReset);
+    m_applications->writeMenu("<Menu><Filename>b.desktop</Filename></Menu>");
+    auto *launcher = qobject_cast<LauncherFolderModel *>(model.applications());
+    launcher->load();
+    QCOMPARE(names(model), path("B/A/C"));
+    QCOMPARE(reset.count(), 1);
+}
+
+void ApplicationsSettingsModelTest::everyRebuildMakesNewItems()
+{
+    Model model;
+    complete(&model);
+    const QPointer<QObject> before(model.objectForPath(model.firstObjectPath()));
+    QVERIFY(before);
+    model.setFilterMode(Model::AllowedOnly);
+    QVERIFY(!before);
+    QVERIFY(model.objectForPath(model.firstObjectPath()));
+}
+
+void ApplicationsSettingsModelTest::sandboxedChangeIsOneRow()
+{
+    Model model;
+    complete(&model);
+    SignalLog log(&model);
+    m_applications->replace("first/b.desktop", application("B", "[X-Tarnhold]\n"));
+    QTRY_COMPARE(value(model, 1, Model::SandboxedRole), QVariant(true));
+    QCOMPARE(log.take(), QStringList{text("dataChanged 1-1")});
+}
+
+void ApplicationsSettingsModelTest::otherLauncher()
+{
+    Model model;
+    complete(&model);
+    m_applications->writeMenu("<Menu><Filename>sub-c.desktop</Filename></Menu>");
+    LauncherFolderModel other;
+    SignalLog log(&model);
+    model.setApplications(&other);
+    QCOMPARE(names(model), path("C/A/B"));
+    QCOMPARE(log.take(), (QStringList{text("modelAboutToBeReset"), text("countChanged"), text("modelReset"),
+                                      text("applicationsChanged")}));
+    model.setApplications(&other);
+    QCOMPARE(log.take(), QStringList());
+    model.setApplications(nullptr);
+    QCOMPARE(model.count(), 0);
+    QCOMPARE(model.applications(), nullptr);
+}
+
+void ApplicationsSettingsModelTest::launcherDies()
+{
+    auto launcher = std::make_unique<LauncherFolderModel>();
+    Model model;
+    model.setApplications(launcher.get());
+    complete(&model);
+    QCOMPARE(model.count(), 3);
+    launcher.reset();
+    QCOMPARE(model.applications(), nullptr);
+    // The rows stay until the next rebuild, and tell nothing.
+    QCOMPARE(names(model), (QStringList{QString(), QString(), QString()}));
+    QCOMPARE(model.firstObjectPath(), QString());
+    model.selectAllApps();
+    model.setFilterMode(Model::AutostartedOnly);
+    QCOMPARE(model.count(), 0);
+    LauncherFolderModel other;
+    model.setApplications(&other);
+    QCOMPARE(names(model), path("A/B/C"));
+}
+
+void ApplicationsSettingsModelTest::launcherEntryDies()
+{
+    Model model;
+    complete(&model);
+    QSignalSpy removed(qobject_cast<LauncherFolderModel *>(model.applications()),
+                       &LauncherFolderModel::rowsRemoved);
+    m_applications->remove("first/b.desktop");
+    QTRY_COMPARE(removed.count(), 1);
+    QTRY_COMPARE(value(model, 1, Model::NameRole), QVariant(QString()));
+    QCOMPARE(model.count(), 3);
+    QTRY_COMPARE(names(model), path("A/C"));
+}
+
+void ApplicationsSettingsModelTest::leftLauncherIsNotHeard()
+{
+    LauncherFolderModel left;
+    Model model;
+    model.setApplications(&left);
+    complete(&model);
+    LauncherFolderModel other;
+    model.setApplications(&other);
+    QSignalSpy reset(&model, &Model::modelReset);
+    QSignalSpy leftReset(&left, &LauncherFolderModel::modelReset);
+    m_applications->writeMenu("<Menu><Filename>b.desktop</Filename></Menu>");
+    left.load();
+    QCOMPARE(leftReset.count(), 1);
+    QCOMPARE(reset.count(), 0);
+    other.load();
+    QCOMPARE(reset.count(), 1);
+}
+
+void ApplicationsSettingsModelTest::setsNoOtherObject()
+{
+    Model model;
+    complete(&model);
+    QObject nothing;
+    model.setApplications(&nothing);
+    QCOMPARE(model.applications(), nullptr);
+    QCOMPARE(model.count(), 0);
+}
+
+void ApplicationsSettingsModelTest::configFileIsFollowedForRootOnly()
+{
+    m_applications->writeMenu("<Menu/>");
+    for (const uint uid : {User, 0u}) {
+        LauncherFolderModel launcher;
+        Model model;
+        model.setUid(uid);
+        model.setApplications(&launcher);
+        model.componentComplete();
+        QCOMPARE(names(model), path("A/B/C"));
+        QSignalSpy loaded(&launcher, &LauncherFolderModel::modelReset);
+        m_applications->writeMenu("<Menu><Filename>b.desktop</Filename></Menu>");
+        if (uid == 0) {
+            QTRY_COMPARE(names(model), path("B/A/C"));
+            // With another user it stays connected to a launcher, and is not connected to another.
+            LauncherFolderModel other;
+            model.setApplications(&other);
+        } else {
+            // What another watcher of the file hears is not taken from this one.
+            QFileSystemWatcher barrier({LauncherFolderModel::configFile()});
+            QSignalSpy changed(&barrier, &QFileSystemWatcher::fileChanged);
+            m_applications->writeMenu("<Menu><Filename>sub-c.desktop</Filename></Menu>");
+            QVERIFY(changed.count() > 0 || changed.wait());
+            QCOMPARE(loaded.count(), 0);
+        }
+        m_applications->writeMenu("<Menu/>");
+    }
+}
+
+void ApplicationsSettingsModelTest::uid()
+{
+    Model model;
+    QCOMPARE(model.uid(), uint(geteuid()));
+    SignalLog log(&model);
+    model.setUid(User);
+    model.setUid(User);
+    QCOMPARE(log.take(), QStringList{text("uidChanged")});
+    model.setUid(4294967295u);
+    QCOMPARE(model.uid(), 4294967295u);
+}
+
+void ApplicationsSettingsModelTest::filterMode()
+{
+    Model model;
+    complete(&model);
+    QCOMPARE(model.filterMode(), -1);
+    SignalLog log(&model);
+    model.setFilterMode(Model::AutostartedOnly);
+    QCOMPARE(log.take(), (QStringList{text("filterModeChanged"), text("modelAboutToBeReset"), text("countChanged"),
+                                      text("modelReset")}));
+    model.setFilterMode(Model::AutostartedOnly);
+    QCOMPARE(log.take(), QStringList());
+    model.setFilterMode(7);
+    QCOMPARE(model.filterMode(), 7);
+}
+
+void ApplicationsSettingsModelTest::withoutMode()
+{
+    for (const int mode : {-1, 2, 100}) {
+        Model model;
+        complete(&model);
+        model.setFilterMode(mode);
+        SignalLog log(&model);
+        const MessageLog messages;
+        QCOMPARE(model.selectedApps(), QStringList());
+        QVERIFY(!model.filterModeEnabled());
+        model.setFilterModeEnabled(true);
+        model.toggleSelectedApp(text("a.desktop"));
+        model.selectAllApps();
+        model.applyPolicyRules(path("a"));
+        model.clearSelectedApps();
+        QCOMPARE(model.selectedApps(), QStringList());
+        QVERIFY(!value(model, 0, Model::AllowedRole).toBool());
+        QCOMPARE(log.take(), QStringList());
+        QCOMPARE(MessageLog::take(), QStringList());
+    }
+}
+
+void ApplicationsSettingsModelTest::lookups()
+{
+    m_applications->write("first/b.desktop", application("B", "Icon=icon-b\n"));
+    m_applications->write("first/sub/b.desktop", application("Second", "Icon=icon-second\n"));
+    Model model;
+    complete(&model);
+    QCOMPARE(model.iconOf(text("b.desktop")), text("icon-b"));
+    QCOMPARE(model.iconOf(text("B.desktop")), QString());
+    QCOMPARE(model.iconOf(m_applications->path("first/b.desktop")), QString());
+    QCOMPARE(model.iconOf(text("sub-b.desktop")), QString());
+    QCOMPARE(model.firstObjectPath(), m_applications->path("first/a.desktop"));
+    QObject *object = model.objectForPath(m_applications->path("first/sub/b.desktop"));
+    QCOMPARE(object->property("name").toString(), text("Second"));
+    for (const QString &other : {QString(), text("b.desktop"), outOf(m_applications->path("first/b.desktop"))}) {
+        QCOMPARE(model.objectForPath(other), nullptr);
+    }
+}
+
+void ApplicationsSettingsModelTest::objectsSurviveTheGarbageCollector()
+{
+    Model model;
+    complete(&model);
+    QQmlEngine engine;
+    QQmlEngine::setObjectOwnership(&model, QQmlEngine::CppOwnership);
+    const QJSValue value = engine.newQObject(&model);
+    const QPointer<QObject> object(model.objectForPath(model.firstObjectPath()));
+    engine.globalObject().setProperty(text("model"), value);
+    const QString get = text("model.objectForPath(model.firstObjectPath()).name");
+    QCOMPARE(engine.evaluate(get).toString(), text("A"));
+    engine.collectGarbage();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(object);
+}
+
+void ApplicationsSettingsModelTest::handlersMayResetAgain()
+{
+    Model model;
+    complete(&model);
+    FlatProxy flat;
+    flat.setSourceModel(&model);
+    const QAbstractItemModelTester tester(&flat, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const ModelReplica replica(&model, Model::NameRole);
+    // In the middle of a reset
+    connect(&model, &Model::countChanged, this, [&model] { model.setFilterMode(Model::AutostartedOnly); });
+    SignalLog log(&model);
+    model.setFilterMode(Model::AllowedOnly);
+    QCOMPARE(model.filterMode(), int(Model::AutostartedOnly));
+    QCOMPARE(log.take().count(text("modelReset")), 2);
+    QVERIFY(replica.isEqual());
+}
+
+void ApplicationsSettingsModelTest::destroyedWithAPendingUpdate()
+{
+    auto model = std::make_unique<Model>();
+    complete(model.get());
+    World::setMasked({text("x")});
+    model.reset();
+    QCOMPARE(names(Model()), QStringList());
+}
+
+void ApplicationsSettingsModelTest::roleLookupsDoNotGrowWithTheLists()
+{
+    for (int i = 0; i < 1000; ++i) {
+        m_applications->write(qPrintable(text("first/x%1.desktop").arg(i)), application("X"));
+    }
+    Model model;
+    complete(&model);
+    model.setFilterMode(Model::AllowedOnly);
+    const auto readAll = [&model](int size) {
+        QStringList ids;
+        for (int i = 0; i < size; ++i) {
+            ids.append(text("none%1").arg(i));
+        }
+        model.applyPolicyRules(ids);
+        CpuTimer timer;
+        timer.start();
+        for (int row = 0; row < model.count(); ++row) {
+            value(model, row, Model::AllowedRole);
+        }
+        return timer.nsecsElapsed();
+    };
+    const qint64 few = readAll(10);
+    const qint64 many = readAll(10000);
+    QVERIFY2(many < 10 * few, qPrintable(text("%1 ns, %2 ns").arg(few).arg(many)));
+}
+
+void ApplicationsSettingsModelTest::rebuildTakesLinearTime()
+{
+    const auto rebuild = [this](int count) {
+        for (int i = 0; i < count; ++i) {
+            m_applications->write(qPrintable(text("first/x%1.desktop").arg(i)), application("X"));
+        }
+        Model model;
+        complete(&model);
+        CpuTimer timer;
+        timer.start();
+        QMetaObject::invokeMethod(&model, "launcherModelReset");
+        return model.count() == count + 3 ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(World::isLinear(rebuild, 200));
+}
+
+QTEST_GUILESS_MAIN(ApplicationsSettingsModelTest)
+#include "tst_applicationssettingsmodel.moc"

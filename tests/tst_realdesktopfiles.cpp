@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications.h"
+#include "messagelog.h"
+#include "text.h"
+
+#include <launcherfoldermodel.h>
+#include <mdesktopentry.h>
+
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QTest>
+
+// Desktop files as Debian's packages ship them, against a second reader that is as plain as can be.
+class tst_RealDesktopFiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsThem_data();
+    void readsThem();
+    void listsThem();
+};
+
+using Values = QHash<QString, QString>; // of the main group
+
+static Values readPlainly(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("Can't read %s", qPrintable(path));
+    }
+    Values values;
+    QString group;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
+        const int equals = line.indexOf(QLatin1Char('='));
+        if (line.startsWith(QLatin1Char('['))) {
+            group = line.trimmed();
+        } else if (equals > 0 && group == text("[Desktop Entry]")) {
+            values.insert(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
+        }
+    }
+    return values;
+}
+
+static QStringList allFiles(const QString &directory)
+{
+    QStringList paths;
+    QDirIterator it(directory, {text("*.desktop")}, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        paths.append(it.next());
+    }
+    return paths;
+}
+
+static QStringList applicationNames(const QString &directory)
+{
+    QStringList names;
+    for (const QString &path : allFiles(directory)) {
+        const Values values = readPlainly(path);
+        if (values.value(text("Type")) == text("Application") && values.value(text("NoDisplay")) != text("true")
+            && values.value(text("Hidden")) != text("true")) {
+            names.append(values.value(text("Name")));
+        }
+    }
+    names.sort();
+    return names;
+}
+
+void tst_RealDesktopFiles::readsThem_data()
+{
+    QTest::addColumn<QByteArray>("language");
+    QTest::newRow("untranslated") << QByteArrayLiteral("C");
+    QTest::newRow("German") << QByteArrayLiteral("de");
+    QTest::newRow("Japanese") << QByteArrayLiteral("ja");
+}
+
+void tst_RealDesktopFiles::readsThem()
+{
+    QFETCH(QByteArray, language);
+    qputenv("LANGUAGE", language);
+    const MessageLog log;
+    const QString translated = text("Name[%1]").arg(QString::fromLatin1(language));
+    const QStringList paths = allFiles(text(VELKA_DESKTOP_FILES));
+    QVERIFY2(paths.size() >= 200, qPrintable(QString::number(paths.size())));
+    QStringList unreadable;
+    for (const QString &path : paths) {
+        const MDesktopEntry entry(path);
+        if (!entry.errorString().isEmpty()) {
+            unreadable.append(QFileInfo(path).fileName());
+            continue;
+        }
+        const Values values = readPlainly(path);
+        const bool isComplete = values.contains(text("Type")) && values.contains(text("Name"));
+        QVERIFY2(entry.isValid() == isComplete, qPrintable(path));
+        const QString name = values.value(text("Name"));
+        QCOMPARE(entry.value(text("Desktop Entry/Name")), name);
+        QCOMPARE(entry.localizedValue(text("Desktop Entry"), text("Name")), values.value(translated, name));
+        for (const char *key : {"Type", "Icon", "NoDisplay", "Categories", "MimeType"}) {
+            QCOMPARE(entry.value(text("Desktop Entry"), text(key)), values.value(text(key)));
+        }
+    }
+    // This one's values stand in no group.
+    QCOMPARE(unreadable, QStringList{text("kcmtrash.desktop")});
+    QCOMPARE(MessageLog::take(), QStringList());
+}
+
+void tst_RealDesktopFiles::listsThem()
+{
+    qputenv("LANGUAGE", "C");
+    const MessageLog log;
+    const Applications noUser;
+    const QString share = text(VELKA_DESKTOP_FILES "/usr/share");
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(share));
+    const LauncherFolderModel model;
+    QStringList names;
+    for (int row = 0; row < model.itemCount(); ++row) {
+        names.append(itemAt(model, row)->title());
+    }
+    names.sort();
+    QVERIFY2(names.size() >= 150, qPrintable(QString::number(names.size())));
+    QCOMPARE(names, applicationNames(share + text("/applications")));
+    QCOMPARE(MessageLog::take(), QStringList());
+}
+
+QTEST_GUILESS_MAIN(tst_RealDesktopFiles)
+#include "tst_realdesktopfiles.moc"
