@@ -3,6 +3,8 @@
 
 #pragma once
 
+class QString;
+
 /// Before the application object is made.
 void prepareApplication();
 
@@ -11,3 +13,8 @@ void setAppearance();
 
 /// The warnings and worse that the program has printed since prepareApplication().
 int warningCount();
+
+/// Neither prints nor counts warnings that begin so, from now on.
+void expectWarning(const QString &beginning);
+/// Whether there has been one since then.
+bool expectedWarningCame();

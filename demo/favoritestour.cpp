@@ -4,12 +4,12 @@
 #include "favoritestour.h"
 
 #include "qmlcall.h"
+#include "windowinput.h"
 
 #include <mgconfitem.h>
 
-#include <QCoreApplication>
+#include <QEvent>
 #include <QFile>
-#include <QMouseEvent>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -33,28 +33,6 @@ const QString s_uninstalled = QStringLiteral("system_settings/connectivity/wlan/
 QStringList stored()
 {
     return MGConfItem(QStringLiteral("/apps/velka-settings/favorites")).value().toStringList();
-}
-
-QQuickItem *findBelow(QQuickItem *top, const QString &name)
-{
-    if (top->objectName() == name) {
-        return top;
-    }
-    const QList<QQuickItem *> children = top->childItems();
-    for (QQuickItem *child : children) {
-        if (QQuickItem *const found = findBelow(child, name)) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
-void sendMouse(QQuickWindow *window, QEvent::Type type, const QPointF &position)
-{
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, position, window->mapToGlobal(position.toPoint()), button, buttons, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &event);
 }
 }
 
@@ -87,7 +65,8 @@ bool FavoritesTour::walkChanges(const QString &form)
     if (!m_pictures->save(form + QLatin1String("-favorites-installed"))) {
         return false;
     }
-    return find(s_favorite + s_optional) || fail(QStringLiteral("A favourite does not come with its package"));
+    return findItem(m_window, s_favorite + s_optional)
+           || fail(QStringLiteral("A favourite does not come with its package"));
 }
 
 bool FavoritesTour::walkEdits(const QString &form)
@@ -123,7 +102,7 @@ bool FavoritesTour::walkActions(const QString &form)
     }
     const QString picture = m_pictures->file(QStringLiteral("store"));
     QFile::remove(picture);
-    if (!click(s_favorite + s_uninstalled)) {
+    if (!click(m_window, s_favorite + s_uninstalled)) {
         return false;
     }
     const bool shown = m_pictures->waitFor([&picture] { return QFile::exists(picture); });
@@ -133,14 +112,14 @@ bool FavoritesTour::walkActions(const QString &form)
 bool FavoritesTour::add(const QString &path)
 {
     const QStringList paths = stored() + QStringList(path);
-    return click(QLatin1String("star ") + path) && waitForStored(paths);
+    return click(m_window, QLatin1String("star ") + path) && waitForStored(paths);
 }
 
 bool FavoritesTour::remove(const QString &path)
 {
     QStringList paths = stored();
     paths.removeAll(path);
-    return click(QLatin1String("remove ") + path) && waitForStored(paths);
+    return click(m_window, QLatin1String("remove ") + path) && waitForStored(paths);
 }
 
 bool FavoritesTour::drag(const QString &path, const QString &target)
@@ -149,7 +128,7 @@ bool FavoritesTour::drag(const QString &path, const QString &target)
     paths.move(paths.indexOf(path), paths.indexOf(target));
     QPointF from;
     QPointF to;
-    if (!findCenter(s_favorite + path, &from) || !findCenter(s_favorite + target, &to)) {
+    if (!findCenter(m_window, s_favorite + path, &from) || !findCenter(m_window, s_favorite + target, &to)) {
         return false;
     }
     sendMouse(m_window, QEvent::MouseButtonPress, from);
@@ -161,44 +140,18 @@ bool FavoritesTour::drag(const QString &path, const QString &target)
 /// Presses an action that a service takes, and saves a picture of what it says.
 bool FavoritesTour::trigger(const QString &path, const QString &name)
 {
-    if (!click(s_favorite + path)) {
+    if (!click(m_window, s_favorite + path)) {
         return false;
     }
     const bool answered = m_pictures->waitFor([this] {
-        const QQuickItem *const outcome = find(QStringLiteral("outcome"));
+        const QQuickItem *const outcome = findItem(m_window, QStringLiteral("outcome"));
         return outcome && outcome->isVisible();
     });
     return (answered || fail(QStringLiteral("The service is not called: ") + path)) && m_pictures->save(name);
-}
-
-bool FavoritesTour::click(const QString &itemName)
-{
-    QPointF center;
-    if (!findCenter(itemName, &center)) {
-        return false;
-    }
-    sendMouse(m_window, QEvent::MouseButtonPress, center);
-    sendMouse(m_window, QEvent::MouseButtonRelease, center);
-    return true;
-}
-
-bool FavoritesTour::findCenter(const QString &itemName, QPointF *center)
-{
-    const QQuickItem *const item = find(itemName);
-    if (item) {
-        *center = item->mapToScene(item->boundingRect().center());
-    }
-    const bool isInSight = item && m_window->contentItem()->boundingRect().contains(*center);
-    return isInSight || fail(QStringLiteral("Not in sight: ") + itemName);
 }
 
 bool FavoritesTour::waitForStored(const QStringList &paths)
 {
     return m_pictures->waitFor([&paths] { return stored() == paths; })
            || fail(QStringLiteral("Not stored: ") + paths.join(QLatin1Char(' ')));
-}
-
-QQuickItem *FavoritesTour::find(const QString &itemName) const
-{
-    return findBelow(m_window->contentItem(), itemName);
 }

@@ -5,11 +5,9 @@
 
 #include "windowpictures.h"
 
-#include <QPointF>
 #include <QString>
 #include <QStringList>
 
-class QQuickItem;
 class QQuickWindow;
 
 /// The part of the tour that shows the favourites, and edits and triggers them by mouse.
@@ -29,10 +27,7 @@ private:
     bool remove(const QString &path);
     bool drag(const QString &path, const QString &target);
     bool trigger(const QString &path, const QString &name);
-    bool click(const QString &itemName);
-    bool findCenter(const QString &itemName, QPointF *center);
     bool waitForStored(const QStringList &paths);
-    QQuickItem *find(const QString &itemName) const;
 
     QQuickWindow *const m_window;
     WindowPictures *const m_pictures;

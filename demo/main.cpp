@@ -5,9 +5,11 @@
 #include "maintenanceinterface.h"
 #include "registrationfiles.h"
 #include "screenshottour.h"
+#include "servicefaults.h"
 #include "treeprinter.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QQmlApplicationEngine>
@@ -30,9 +32,10 @@ const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
                                        QStringLiteral("Save a picture of every page into DIR and quit."),
                                        QStringLiteral("DIR"));
 
-int takeScreenshots(QQuickWindow *window, RegistrationFiles *files, const QString &directory)
+int takeScreenshots(QQuickWindow *window, RegistrationFiles *files, ServiceFaults *faults,
+                    const QString &directory)
 {
-    return ScreenshotTour(window, files, directory).run() && warningCount() == 0 ? 0 : 1;
+    return ScreenshotTour(window, files, faults, directory).run() && warningCount() == 0 ? 0 : 1;
 }
 }
 
@@ -47,6 +50,8 @@ int main(int argc, char *argv[])
 
     if (parser.isSet(s_locale)) {
         QLocale::setDefault(QLocale(parser.value(s_locale)));
+        // The names in desktop files follow the environment.
+        qputenv("LANGUAGE", parser.value(s_locale).toUtf8());
     }
     if (parser.isSet(s_tree)) {
         QTextStream out(stdout);
@@ -58,10 +63,13 @@ int main(int argc, char *argv[])
     RegistrationFiles files(parser.value(s_packages));
     OrgExampleMaintenanceInterface maintenance(QStringLiteral("org.example.Maintenance"),
                                                QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
+    ServiceFaults faults;
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral(VELKA_QML_BUILD_DIR));
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &files);
     engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
+    engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
+    engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
     engine.setInitialProperties({
         {QStringLiteral("wide"), parser.isSet(s_wide)},
         {QStringLiteral("animated"), !parser.isSet(s_screenshots)},
@@ -72,7 +80,7 @@ int main(int argc, char *argv[])
     }
     if (parser.isSet(s_screenshots)) {
         auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
-        return takeScreenshots(window, &files, parser.value(s_screenshots));
+        return takeScreenshots(window, &files, &faults, parser.value(s_screenshots));
     }
     return application.exec();
 }

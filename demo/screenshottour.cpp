@@ -52,11 +52,13 @@ bool isPresentable(const TreeItem *item)
 }
 }
 
-ScreenshotTour::ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, const QDir &directory)
+ScreenshotTour::ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, ServiceFaults *faults,
+                               const QDir &directory)
     : m_window(window)
     , m_files(files)
     , m_pictures(window, directory, [this] { return m_window->property("settled").toBool() && showsTree(); })
     , m_favorites(window, &m_pictures)
+    , m_applications(window, faults, &m_pictures)
 {
 }
 
@@ -64,13 +66,15 @@ bool ScreenshotTour::run()
 {
     m_window->resize(PhoneSize);
     if (!walkPages(QStringLiteral("phone"), -1) || !walkDrawer(QStringLiteral("phone"))
-        || !m_favorites.walkPages(QStringLiteral("phone"))) {
+        || !m_favorites.walkPages(QStringLiteral("phone")) || !m_applications.walkPages(QStringLiteral("phone"))) {
         return false;
     }
     m_window->resize(WideSize);
     return walkPages(QStringLiteral("wide"), 2) && walkDrawer(QStringLiteral("wide"))
-           && m_favorites.walkPages(QStringLiteral("wide")) && walkChanges(QStringLiteral("wide"))
-           && m_favorites.walkEdits(QStringLiteral("wide")) && m_favorites.walkActions(QStringLiteral("wide"));
+           && m_favorites.walkPages(QStringLiteral("wide")) && m_applications.walkPages(QStringLiteral("wide"))
+           && walkChanges(QStringLiteral("wide")) && m_favorites.walkEdits(QStringLiteral("wide"))
+           && m_favorites.walkActions(QStringLiteral("wide")) && m_applications.walkEdits(QStringLiteral("wide"))
+           && m_applications.walkFaults(QStringLiteral("wide"));
 }
 
 bool ScreenshotTour::walkPages(const QString &form, int depth)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "applicationstour.h"
 #include "favoritestour.h"
 #include "windowpictures.h"
 
@@ -12,6 +13,7 @@
 
 class QQuickWindow;
 class RegistrationFiles;
+class ServiceFaults;
 
 /**
  * Walks through every page of the application, on a phone-sized and on a wide window, and saves a picture of each.
@@ -19,7 +21,7 @@ class RegistrationFiles;
 class ScreenshotTour
 {
 public:
-    ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, const QDir &directory);
+    ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, ServiceFaults *faults, const QDir &directory);
 
     /// False when a picture could not be made; the reason has been printed.
     bool run();
@@ -36,4 +38,5 @@ private:
     RegistrationFiles *const m_files;
     WindowPictures m_pictures;
     FavoritesTour m_favorites;
+    ApplicationsTour m_applications;
 };

@@ -29,7 +29,7 @@ Kirigami.OverlayDrawer {
             clip: true
             model: registrationFiles
             header: drawerHeader
-            footer: maskedPaths
+            footer: drawerFooter
             delegate: RegistrationFileRow {
                 width: list.width
             }
@@ -61,7 +61,7 @@ Kirigami.OverlayDrawer {
     }
 
     Component {
-        id: maskedPaths
+        id: drawerFooter
 
         ColumnLayout {
             width: list.width
@@ -100,6 +100,32 @@ Kirigami.OverlayDrawer {
                         text: qsTrId("settings-bt-unmask")
                         onClicked: registrationFiles.setPathMasked(modelData, false)
                     }
+                }
+            }
+            Kirigami.Heading {
+                Layout.fillWidth: true
+                Layout.margins: Kirigami.Units.largeSpacing
+                Layout.topMargin: Kirigami.Units.gridUnit
+                Layout.bottomMargin: 0
+                level: 3
+                wrapMode: Text.Wrap
+                text: qsTrId("settings-he-services")
+            }
+            SecondaryLabel {
+                Layout.fillWidth: true
+                Layout.margins: Kirigami.Units.largeSpacing
+                Layout.topMargin: 0
+                text: qsTrId("settings-la-services_help")
+            }
+            Repeater {
+                model: serviceFaults.services
+
+                ServiceFaultRow {
+                    Layout.fillWidth: true
+                    Layout.leftMargin: Kirigami.Units.largeSpacing
+                    Layout.rightMargin: Kirigami.Units.largeSpacing
+                    Layout.bottomMargin: Kirigami.Units.smallSpacing
+                    service: modelData
                 }
             }
             Item {

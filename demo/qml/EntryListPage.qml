@@ -14,15 +14,6 @@ Kirigami.ScrollablePage {
     property int depth: 1
     property bool isTop: false
     readonly property int column: Kirigami.ColumnView.index
-    readonly property string openPath: applicationWindow().pathNextTo(column)
-    readonly property int openRow: {
-        for (let row = 0; row < entries.count; ++row) {
-            if (entries.objectAt(row).location().join("/") === openPath) {
-                return row
-            }
-        }
-        return -1
-    }
     readonly property SettingsModel entries: SettingsModel {
         path: page.path
         depth: page.depth
@@ -58,7 +49,7 @@ Kirigami.ScrollablePage {
         model: page.entries
         // Makes all rows at once: a list only estimates the heights of rows that it has not made yet.
         cacheBuffer: 4000
-        currentIndex: page.openRow
+        currentIndex: applicationWindow().openRow(page.entries, page.column)
         highlightMoveDuration: 0
         // The row that was tapped stays in sight when its page takes room from the list.
         onWidthChanged: positionViewAtIndex(currentIndex, ListView.Center)
@@ -70,6 +61,7 @@ Kirigami.ScrollablePage {
             showsCategory: page.depth > 1
             column: page.column
         }
+        footer: page.isTop ? otherTrees : null
 
         SecondaryLabel {
             anchors.centerIn: parent
@@ -77,6 +69,33 @@ Kirigami.ScrollablePage {
             horizontalAlignment: Text.AlignHCenter
             visible: page.entries.count === 0
             text: qsTrId("settings-la-no_entries")
+        }
+    }
+
+    /// What packages have put beside the settings.
+    Component {
+        id: otherTrees
+
+        Column {
+            width: list.width
+            topPadding: Kirigami.Units.gridUnit
+
+            Repeater {
+                model: applicationWindow().trees
+
+                EntryButton {
+                    readonly property var path: model.object.location()
+
+                    visible: path.join("/") !== page.path.join("/")
+                    x: Kirigami.Units.largeSpacing
+                    width: parent.width - 2 * x
+                    current: applicationWindow().pathNextTo(page.column) === path.join("/")
+                    iconName: model.object.icon
+                    title: model.object.title
+                    subtitle: model.object.shortTitle
+                    onClicked: applicationWindow().openEntry(path, page.column)
+                }
+            }
         }
     }
 }

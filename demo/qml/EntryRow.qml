@@ -45,70 +45,28 @@ Column {
         }
     }
 
-    Controls.AbstractButton {
-        id: button
-
+    EntryButton {
+        objectName: "entry " + row.path.join("/")
         x: Kirigami.Units.largeSpacing
         width: row.width - 2 * x
-        leftPadding: Kirigami.Units.largeSpacing
-        rightPadding: Kirigami.Units.largeSpacing
-        topPadding: Kirigami.Units.largeSpacing
-        bottomPadding: Kirigami.Units.largeSpacing
+        first: row.first
+        last: row.last
+        current: row.ListView.isCurrentItem
+        iconName: row.object.icon
+        title: row.object.title
+        subtitle: row.object.shortTitle || childTitles.join(", ")
         onClicked: applicationWindow().openEntry(row.path, row.column)
 
-        background: CardBackground {
-            Kirigami.Theme.colorSet: Kirigami.Theme.View
-            Kirigami.Theme.inherit: false
-            first: row.first
-            last: row.last
-            color: row.ListView.isCurrentItem || button.down
-                ? Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor, Kirigami.Theme.highlightColor, 0.2)
-                : Kirigami.Theme.backgroundColor
-
-            Kirigami.Separator {
-                visible: !row.last
-                anchors {
-                    left: parent.left
-                    right: parent.right
-                    bottom: parent.bottom
-                    leftMargin: label.x + button.leftPadding
-                }
-                opacity: 0.5
+        readonly property var childTitles: {
+            const titles = []
+            for (let i = 0; i < children.count; ++i) {
+                titles.push(children.objectAt(i).title)
             }
+            return titles
         }
-
-        contentItem: RowLayout {
-            spacing: Kirigami.Units.largeSpacing
-
-            EntryIcon {
-                source: row.object.icon
-            }
-            EntryLabel {
-                id: label
-                Layout.fillWidth: true
-                title: row.object.title
-                subtitle: row.object.shortTitle || childTitles.join(", ")
-
-                readonly property var childTitles: {
-                    const titles = []
-                    for (let i = 0; i < children.count; ++i) {
-                        titles.push(children.objectAt(i).title)
-                    }
-                    return titles
-                }
-                readonly property SettingsModel children: SettingsModel {
-                    path: row.path
-                    depth: 1
-                }
-            }
-            Kirigami.Icon {
-                implicitWidth: Kirigami.Units.iconSizes.small
-                implicitHeight: implicitWidth
-                source: "go-next-symbolic"
-                isMask: true
-                color: Kirigami.Theme.textColor
-                opacity: 0.5
-            }
+        readonly property SettingsModel children: SettingsModel {
+            path: row.path
+            depth: 1
         }
     }
 }

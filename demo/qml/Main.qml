@@ -12,6 +12,8 @@ Kirigami.ApplicationWindow {
     property bool animated: true
 
     readonly property var topPath: ["system_settings"]
+    readonly property var applicationsPath: ["applications"]
+    readonly property alias trees: tree
     readonly property int openPages: pageStack.depth
     readonly property int topRows: topPage.entries.count
     readonly property bool settled: !pageStack.columnView.moving && !drawer.animating
@@ -63,7 +65,11 @@ Kirigami.ApplicationWindow {
 
     /// Shows the page of the entry at path in the column next to the given one.
     function openEntry(path, column) {
-        openPage(entryAt(path).count() > 0 ? "EntryListPage.qml" : "DetailsPage.qml", path, column)
+        if (path.join("/") === applicationsPath.join("/")) {
+            openPage("ApplicationsPage.qml", path, column)
+        } else {
+            openPage(entryAt(path).count() > 0 ? "EntryListPage.qml" : "DetailsPage.qml", path, column)
+        }
     }
 
     function openDetails(path, column) {
@@ -75,6 +81,38 @@ Kirigami.ApplicationWindow {
         pageStack.push(Qt.resolvedUrl(page), {path: path, entry: described(path)})
     }
 
+    function openApplications() {
+        openEntry(applicationsPath, 0)
+    }
+
+    /// Shows the application of a desktop file.
+    function openApplication(filePath, column) {
+        pageStack.pop(pageStack.get(column))
+        pageStack.push(Qt.resolvedUrl("ApplicationPage.qml"), {path: applicationsPath, filePath: filePath})
+    }
+
+    /// Closes the page in a column and those behind it.
+    function closeFrom(column) {
+        pageStack.pop(pageStack.get(column - 1))
+    }
+
+    function serviceTitle(service) {
+        return {
+            sandboxing: qsTrId("settings-la-sandboxing"),
+            autostart: qsTrId("settings-la-autostart"),
+            notifications: qsTrId("settings-la-notifications")
+        }[service]
+    }
+
+    function faultTitle(fault) {
+        return {
+            none: qsTrId("settings-bt-fault_none"),
+            slow: qsTrId("settings-bt-fault_slow"),
+            fail: qsTrId("settings-bt-fault_fail"),
+            nonsense: qsTrId("settings-bt-fault_nonsense")
+        }[fault]
+    }
+
     function openFavorites() {
         pageStack.pop(topPage)
         pageStack.push(Qt.resolvedUrl("FavoritesPage.qml"))
@@ -83,6 +121,10 @@ Kirigami.ApplicationWindow {
     function openFavoriteChoice(column) {
         pageStack.pop(pageStack.get(column))
         pageStack.push(Qt.resolvedUrl("FavoriteChoicePage.qml"))
+    }
+
+    function setSelectedOnly(selectedOnly) {
+        pageStack.get(1).selectedOnly = selectedOnly
     }
 
     function setFavoritesEditing(editing) {
@@ -135,16 +177,33 @@ Kirigami.ApplicationWindow {
         return endIsKnown
     }
 
-    /// The path of the page in the column after the given one, as a string. Empty when that page is not in sight.
-    function pathNextTo(column) {
+    /// The page in the column after the given one, null when it is not in sight.
+    function pageNextTo(column) {
         const isInSight = pageStack.wideMode && column + 1 < pageStack.depth
-        return isInSight ? pageStack.get(column + 1).path.join("/") : ""
+        return isInSight ? pageStack.get(column + 1) : null
+    }
+
+    /// The path of that page, as a string.
+    function pathNextTo(column) {
+        const page = pageNextTo(column)
+        return page ? page.path.join("/") : ""
+    }
+
+    /// The row of the entry whose page is in the column after that of the entries, -1 without one.
+    function openRow(entries, column) {
+        const path = pathNextTo(column)
+        for (let row = 0; row < entries.count; ++row) {
+            if (entries.objectAt(row).location().join("/") === path) {
+                return row
+            }
+        }
+        return -1
     }
 
     function closeVanishedPages() {
         for (let column = 1; column < pageStack.depth; ++column) {
             if (!entryAt(pageStack.get(column).path)) {
-                pageStack.pop(pageStack.get(column - 1))
+                closeFrom(column)
                 return
             }
         }

@@ -8,6 +8,8 @@ import org.kde.kirigami 2.19 as Kirigami
 Controls.Switch {
     id: toggle
 
+    opacity: enabled ? 1 : 0.5
+
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         x: toggle.leftPadding

@@ -3,14 +3,12 @@
 
 #include "publish.h"
 
-#include <QDBusConnection>
 #include <QDBusError>
 #include <QDebug>
 #include <QTextStream>
 
-bool publish(QObject *object, const QString &service, const QString &path)
+bool publish(QObject *object, const QString &service, const QString &path, QDBusConnection bus)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.registerObject(path, object) || !bus.registerService(service)) {
         qWarning() << "Can't offer" << service << bus.lastError();
         return false;

@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include <QDBusConnection>
+
 class QObject;
 class QString;
 
-/// Offers the adaptors of @p object on the session bus, then prints the service's name: whoever has started the
-/// program may wait for that line. False, with a warning, when the bus refuses.
-bool publish(QObject *object, const QString &service, const QString &path);
+/// Offers the adaptors of @p object on @p bus, then prints the service's name: whoever has started the program may
+/// wait for that line. False, with a warning, when the bus refuses.
+bool publish(QObject *object, const QString &service, const QString &path,
+             QDBusConnection bus = QDBusConnection::sessionBus());

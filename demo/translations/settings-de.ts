@@ -264,5 +264,121 @@
         <source>Simple grid</source>
         <translation>Einfache Kachel</translation>
     </message>
+    <message id="settings-bt-allowed_apps">
+        <source>Allow list</source>
+        <translation>Erlaubt</translation>
+    </message>
+    <message id="settings-bt-autostarted_apps">
+        <source>Autostart</source>
+        <translation>Autostart</translation>
+    </message>
+    <message id="settings-la-allowed_only">
+        <source>Allow list enabled</source>
+        <translation>Nur erlaubte Apps öffnen sich</translation>
+    </message>
+    <message id="settings-la-autostarted_only">
+        <source>Autostart mode enabled</source>
+        <translation>Nur diese Apps starten von selbst</translation>
+    </message>
+    <message id="settings-la-selected_apps">
+        <source>%1 of %2</source>
+        <translation>%1 von %2 Apps</translation>
+    </message>
+    <message id="settings-bt-select_all">
+        <source>Select all</source>
+        <translation>Alle auswählen</translation>
+    </message>
+    <message id="settings-bt-clear">
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message id="settings-bt-policy_rules">
+        <source>Policy rules</source>
+        <translation>Firmenregeln</translation>
+    </message>
+    <message id="settings-bt-selected_only">
+        <source>Selected only</source>
+        <translation>Nur ausgewählte</translation>
+    </message>
+    <message id="settings-la-always_allowed">
+        <source>Always allowed</source>
+        <translation>Immer erlaubt</translation>
+    </message>
+    <message id="settings-bt-notify">
+        <source>Notifications</source>
+        <translation>Mitteilungen</translation>
+    </message>
+    <message id="settings-la-no_apps">
+        <source>No applications</source>
+        <translation>Keine Apps</translation>
+    </message>
+    <message id="settings-he-application">
+        <source>Application</source>
+        <translation>App</translation>
+    </message>
+    <message id="settings-la-name">
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message id="settings-la-file_id">
+        <source>File ID</source>
+        <translation>Datei-ID</translation>
+    </message>
+    <message id="settings-la-icon_mode">
+        <source>Icon mode</source>
+        <translation>Symbolmodus</translation>
+    </message>
+    <message id="settings-la-sandboxed">
+        <source>Sandboxed</source>
+        <translation>Abgeschirmt</translation>
+    </message>
+    <message id="settings-la-valid">
+        <source>Valid</source>
+        <translation>Gültig</translation>
+    </message>
+    <message id="settings-la-section">
+        <source>Section</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="settings-he-services">
+        <source>Services</source>
+        <translation>Plattformdienste</translation>
+    </message>
+    <message id="settings-la-services_help">
+        <source>Give the services faults</source>
+        <translation>Zeigt, was geschieht, wenn ein Dienst schlecht antwortet.</translation>
+    </message>
+    <message id="settings-la-sandboxing">
+        <source>Sandboxing</source>
+        <translation>Abschirmung</translation>
+    </message>
+    <message id="settings-la-autostart">
+        <source>Autostart</source>
+        <translation>Autostart</translation>
+    </message>
+    <message id="settings-la-notifications">
+        <source>Notifications</source>
+        <translation>Mitteilungen</translation>
+    </message>
+    <message id="settings-bt-fault_none">
+        <source>No fault</source>
+        <translation>Funktioniert</translation>
+    </message>
+    <message id="settings-bt-fault_slow">
+        <source>Slow</source>
+        <translation>Antwortet spät</translation>
+    </message>
+    <message id="settings-bt-fault_fail">
+        <source>Fail</source>
+        <translation>Scheitert</translation>
+    </message>
+    <message id="settings-bt-fault_nonsense">
+        <source>Nonsense</source>
+        <translation>Antwortet Unsinn</translation>
+    </message>
+    <message id="settings-la-fault">
+        <source>Fault: %1: %2</source>
+        <translation>Fehler aus der Entwicklerleiste – %1: %2</translation>
+    </message>
 </context>
 </TS>

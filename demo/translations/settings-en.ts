@@ -264,5 +264,121 @@
         <source>Simple grid</source>
         <translation>Simple tile</translation>
     </message>
+    <message id="settings-bt-allowed_apps">
+        <source>Allow list</source>
+        <translation>Allowed</translation>
+    </message>
+    <message id="settings-bt-autostarted_apps">
+        <source>Autostart</source>
+        <translation>Autostart</translation>
+    </message>
+    <message id="settings-la-allowed_only">
+        <source>Allow list enabled</source>
+        <translation>Only allowed apps can be opened</translation>
+    </message>
+    <message id="settings-la-autostarted_only">
+        <source>Autostart mode enabled</source>
+        <translation>Only these apps start by themselves</translation>
+    </message>
+    <message id="settings-la-selected_apps">
+        <source>%1 of %2</source>
+        <translation>%1 of %2 apps</translation>
+    </message>
+    <message id="settings-bt-select_all">
+        <source>Select all</source>
+        <translation>Select all</translation>
+    </message>
+    <message id="settings-bt-clear">
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+    <message id="settings-bt-policy_rules">
+        <source>Policy rules</source>
+        <translation>Company rules</translation>
+    </message>
+    <message id="settings-bt-selected_only">
+        <source>Selected only</source>
+        <translation>Selected only</translation>
+    </message>
+    <message id="settings-la-always_allowed">
+        <source>Always allowed</source>
+        <translation>Always allowed</translation>
+    </message>
+    <message id="settings-bt-notify">
+        <source>Notifications</source>
+        <translation>Notifications</translation>
+    </message>
+    <message id="settings-la-no_apps">
+        <source>No applications</source>
+        <translation>No apps</translation>
+    </message>
+    <message id="settings-he-application">
+        <source>Application</source>
+        <translation>App</translation>
+    </message>
+    <message id="settings-la-name">
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message id="settings-la-file_id">
+        <source>File ID</source>
+        <translation>File ID</translation>
+    </message>
+    <message id="settings-la-icon_mode">
+        <source>Icon mode</source>
+        <translation>Icon mode</translation>
+    </message>
+    <message id="settings-la-sandboxed">
+        <source>Sandboxed</source>
+        <translation>Sandboxed</translation>
+    </message>
+    <message id="settings-la-valid">
+        <source>Valid</source>
+        <translation>Valid file</translation>
+    </message>
+    <message id="settings-la-section">
+        <source>Section</source>
+        <translation>Settings</translation>
+    </message>
+    <message id="settings-he-services">
+        <source>Services</source>
+        <translation>Platform services</translation>
+    </message>
+    <message id="settings-la-services_help">
+        <source>Give the services faults</source>
+        <translation>See what happens when a service answers badly.</translation>
+    </message>
+    <message id="settings-la-sandboxing">
+        <source>Sandboxing</source>
+        <translation>Sandboxing</translation>
+    </message>
+    <message id="settings-la-autostart">
+        <source>Autostart</source>
+        <translation>Autostart</translation>
+    </message>
+    <message id="settings-la-notifications">
+        <source>Notifications</source>
+        <translation>Notifications</translation>
+    </message>
+    <message id="settings-bt-fault_none">
+        <source>No fault</source>
+        <translation>Works</translation>
+    </message>
+    <message id="settings-bt-fault_slow">
+        <source>Slow</source>
+        <translation>Answers late</translation>
+    </message>
+    <message id="settings-bt-fault_fail">
+        <source>Fail</source>
+        <translation>Fails</translation>
+    </message>
+    <message id="settings-bt-fault_nonsense">
+        <source>Nonsense</source>
+        <translation>Answers nonsense</translation>
+    </message>
+    <message id="settings-la-fault">
+        <source>Fault: %1: %2</source>
+        <translation>Fault in the developer drawer – %1: %2</translation>
+    </message>
 </context>
 </TS>

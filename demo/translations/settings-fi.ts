@@ -264,5 +264,121 @@
         <source>Simple grid</source>
         <translation>Yksinkertainen ruutu</translation>
     </message>
+    <message id="settings-bt-allowed_apps">
+        <source>Allow list</source>
+        <translation>Sallitut</translation>
+    </message>
+    <message id="settings-bt-autostarted_apps">
+        <source>Autostart</source>
+        <translation>Käynnistyvät</translation>
+    </message>
+    <message id="settings-la-allowed_only">
+        <source>Allow list enabled</source>
+        <translation>Vain sallitut sovellukset avautuvat</translation>
+    </message>
+    <message id="settings-la-autostarted_only">
+        <source>Autostart mode enabled</source>
+        <translation>Vain nämä sovellukset käynnistyvät itse</translation>
+    </message>
+    <message id="settings-la-selected_apps">
+        <source>%1 of %2</source>
+        <translation>%1/%2 sovellusta</translation>
+    </message>
+    <message id="settings-bt-select_all">
+        <source>Select all</source>
+        <translation>Valitse kaikki</translation>
+    </message>
+    <message id="settings-bt-clear">
+        <source>Clear</source>
+        <translation>Tyhjennä</translation>
+    </message>
+    <message id="settings-bt-policy_rules">
+        <source>Policy rules</source>
+        <translation>Yrityksen säännöt</translation>
+    </message>
+    <message id="settings-bt-selected_only">
+        <source>Selected only</source>
+        <translation>Vain valitut</translation>
+    </message>
+    <message id="settings-la-always_allowed">
+        <source>Always allowed</source>
+        <translation>Aina sallittu</translation>
+    </message>
+    <message id="settings-bt-notify">
+        <source>Notifications</source>
+        <translation>Ilmoitukset</translation>
+    </message>
+    <message id="settings-la-no_apps">
+        <source>No applications</source>
+        <translation>Ei sovelluksia</translation>
+    </message>
+    <message id="settings-he-application">
+        <source>Application</source>
+        <translation>Sovellus</translation>
+    </message>
+    <message id="settings-la-name">
+        <source>Name</source>
+        <translation>Nimi</translation>
+    </message>
+    <message id="settings-la-file_id">
+        <source>File ID</source>
+        <translation>Tiedostotunniste</translation>
+    </message>
+    <message id="settings-la-icon_mode">
+        <source>Icon mode</source>
+        <translation>Kuvaketila</translation>
+    </message>
+    <message id="settings-la-sandboxed">
+        <source>Sandboxed</source>
+        <translation>Eristetty</translation>
+    </message>
+    <message id="settings-la-valid">
+        <source>Valid</source>
+        <translation>Kelvollinen</translation>
+    </message>
+    <message id="settings-la-section">
+        <source>Section</source>
+        <translation>Asetukset</translation>
+    </message>
+    <message id="settings-he-services">
+        <source>Services</source>
+        <translation>Alustan palvelut</translation>
+    </message>
+    <message id="settings-la-services_help">
+        <source>Give the services faults</source>
+        <translation>Katso, mitä tapahtuu, kun palvelu vastaa huonosti.</translation>
+    </message>
+    <message id="settings-la-sandboxing">
+        <source>Sandboxing</source>
+        <translation>Eristys</translation>
+    </message>
+    <message id="settings-la-autostart">
+        <source>Autostart</source>
+        <translation>Käynnistys</translation>
+    </message>
+    <message id="settings-la-notifications">
+        <source>Notifications</source>
+        <translation>Ilmoitukset</translation>
+    </message>
+    <message id="settings-bt-fault_none">
+        <source>No fault</source>
+        <translation>Toimii</translation>
+    </message>
+    <message id="settings-bt-fault_slow">
+        <source>Slow</source>
+        <translation>Vastaa myöhään</translation>
+    </message>
+    <message id="settings-bt-fault_fail">
+        <source>Fail</source>
+        <translation>Epäonnistuu</translation>
+    </message>
+    <message id="settings-bt-fault_nonsense">
+        <source>Nonsense</source>
+        <translation>Vastaa mitä sattuu</translation>
+    </message>
+    <message id="settings-la-fault">
+        <source>Fault: %1: %2</source>
+        <translation>Kehittäjän asettama vika – %1: %2</translation>
+    </message>
 </context>
 </TS>

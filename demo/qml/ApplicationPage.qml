@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import QtQuick.Layouts 1.15
+import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings 1.0
+
+/// What is known of one application, and its own settings.
+Kirigami.ScrollablePage {
+    id: page
+
+    property var path
+    property string filePath
+    property var application: ({})
+    readonly property int column: Kirigami.ColumnView.index
+    readonly property SettingsModel entries: SettingsModel {
+        path: page.path.concat(page.filePath.split("/").pop())
+        depth: 1
+    }
+
+    title: application.name
+    Kirigami.ColumnView.reservedSpace: applicationWindow().spaceBefore(column)
+    Kirigami.Theme.colorSet: Kirigami.Theme.Window
+    Kirigami.Theme.inherit: false
+
+    actions.main: Kirigami.Action {
+        icon.name: "view-hidden"
+        text: qsTrId("settings-bt-mask")
+        onTriggered: registrationFiles.setPathMasked(page.filePath, true)
+    }
+
+    Component.onCompleted: describe()
+
+    /// Copies what the page shows: the model makes new objects with each reset.
+    function describe() {
+        const object = ApplicationsModel.objectForPath(filePath)
+        if (!object) {
+            applicationWindow().closeFrom(column)
+            return
+        }
+        application = {
+            name: object.name,
+            iconId: object.iconId,
+            iconMode: object.iconMode,
+            fileName: object.fileName,
+            fileId: object.fileId,
+            sandboxed: object.sandboxed,
+            isValid: object.isValid,
+            section: object.section ? object.section.title : ""
+        }
+    }
+
+    function shownPath() {
+        return (application.fileName || "").replace(homePath, "~")
+    }
+
+    function yesOrNo(value) {
+        return value ? qsTrId("settings-la-yes") : qsTrId("settings-la-no")
+    }
+
+    Connections {
+        target: ApplicationsModel
+
+        function onModelReset() {
+            page.describe()
+        }
+    }
+
+    ListView {
+        id: list
+        model: page.entries
+        cacheBuffer: 4000
+        currentIndex: applicationWindow().openRow(page.entries, page.column)
+        highlightMoveDuration: 0
+        section.property: "category"
+        bottomMargin: Kirigami.Units.largeSpacing
+        header: Column {
+            width: list.width
+            topPadding: Kirigami.Units.largeSpacing
+            spacing: Kirigami.Units.gridUnit
+
+            RowLayout {
+                x: Kirigami.Units.gridUnit
+                width: parent.width - 2 * x
+                spacing: Kirigami.Units.largeSpacing
+
+                Kirigami.Icon {
+                    implicitWidth: Kirigami.Units.iconSizes.large
+                    implicitHeight: implicitWidth
+                    source: page.application.iconId
+                    fallback: "application-x-executable"
+                }
+                Kirigami.Heading {
+                    Layout.fillWidth: true
+                    wrapMode: Text.Wrap
+                    text: page.application.name
+                }
+            }
+            DetailsCard {
+                x: Kirigami.Units.largeSpacing
+                width: parent.width - 2 * x
+                heading: qsTrId("settings-he-application")
+                rows: [
+                    {label: qsTrId("settings-la-name"), value: page.application.name},
+                    {label: qsTrId("settings-la-file_id"), value: page.application.fileId},
+                    {label: qsTrId("settings-la-file"), value: page.shownPath()},
+                    {label: qsTrId("settings-la-icon"), value: page.application.iconId},
+                    {label: qsTrId("settings-la-icon_mode"), value: page.application.iconMode},
+                    {label: qsTrId("settings-la-sandboxed"), value: page.yesOrNo(page.application.sandboxed)},
+                    {label: qsTrId("settings-la-valid"), value: page.yesOrNo(page.application.isValid)},
+                    {label: qsTrId("settings-la-section"), value: page.application.section}
+                ].filter(row => row.value)
+            }
+        }
+        delegate: EntryRow {
+            width: ListView.view.width
+            showsCategory: true
+            column: page.column
+        }
+    }
+}

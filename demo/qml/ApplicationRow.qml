@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import QtQuick.Layouts 1.15
+import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings 1.0
+
+/// An application with the switches for its notifications and for the selection that is being edited.
+CardRow {
+    id: row
+
+    required property int index
+    required property string name
+    required property string iconId
+    required property string filePath
+    required property string fileId
+    required property string applicationId
+    required property var section
+    required property bool allowed
+    required property bool alwaysAllowed
+    required property bool autostarted
+    property bool restricted: false
+    property int notificationChanges: 0
+
+    readonly property var view: ListView.view
+    readonly property bool editsAllowlist: ApplicationsModel.filterMode === ApplicationSettingsModel.AllowedOnly
+    readonly property bool selected: editsAllowlist ? allowed || alwaysAllowed : autostarted
+    // The service's list of all applications comes without a change of the rows.
+    readonly property bool notifies: notificationChanges >= 0
+        && view.model.data(view.model.index(index, 0), ApplicationSettingsModel.NotificationsEnabledRole) === true
+
+    objectName: "application " + fileId
+    textX: label.x
+
+    function subtitle() {
+        if (editsAllowlist && alwaysAllowed) {
+            return qsTrId("settings-la-always_allowed")
+        }
+        return section ? section.shortTitle || section.title : ""
+    }
+
+    // A tap ends the binding of a button's state, so that it is made anew.
+    contentItem: RowLayout {
+        spacing: Kirigami.Units.largeSpacing
+
+        Kirigami.Icon {
+            implicitWidth: Kirigami.Units.iconSizes.medium
+            implicitHeight: implicitWidth
+            source: row.iconId
+            fallback: "application-x-executable"
+        }
+        EntryLabel {
+            id: label
+            Layout.fillWidth: true
+            title: row.name
+            subtitle: row.subtitle()
+        }
+        Controls.ToolButton {
+            objectName: "notify " + row.fileId
+            visible: row.applicationId !== ""
+            icon.name: row.notifies ? "notifications" : "notifications-disabled"
+            text: qsTrId("settings-bt-notify")
+            display: Controls.AbstractButton.IconOnly
+            background: null // the icon tells the state
+            checkable: true
+            checked: row.notifies
+            onToggled: {
+                ApplicationsModel.setNotificationsEnabled(row.applicationId, checked)
+                checked = Qt.binding(() => row.notifies)
+            }
+        }
+        Toggle {
+            objectName: "selected " + row.fileId
+            enabled: row.editsAllowlist ? row.restricted && !row.alwaysAllowed : true
+            checked: row.selected
+            onToggled: {
+                ApplicationsModel.toggleSelectedApp(row.fileId)
+                checked = Qt.binding(() => row.selected)
+            }
+        }
+    }
+}

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import QtQuick.Layouts 1.15
+import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings 1.0
+
+/// Which selection of applications is edited, whether it counts, and what can be done with all of it.
+Column {
+    id: header
+
+    property bool restricted: false
+    property int selectedCount: 0
+    readonly property bool autostart: ApplicationsModel.filterMode === ApplicationSettingsModel.AutostartedOnly
+    readonly property var modes: [
+        {name: "allowed", mode: ApplicationSettingsModel.AllowedOnly, title: qsTrId("settings-bt-allowed_apps")},
+        {
+            name: "autostart",
+            mode: ApplicationSettingsModel.AutostartedOnly,
+            title: qsTrId("settings-bt-autostarted_apps")
+        }
+    ]
+
+    leftPadding: Kirigami.Units.largeSpacing
+    rightPadding: Kirigami.Units.largeSpacing
+    topPadding: Kirigami.Units.largeSpacing
+    bottomPadding: Kirigami.Units.gridUnit
+    spacing: Kirigami.Units.largeSpacing
+
+    function applyRules() {
+        const rules = ["browser", "calendar", "camera", "maps"]
+        // Autostart keeps in its list that it is switched on.
+        ApplicationsModel.applyPolicyRules(autostart ? rules.concat("enabledMode") : rules)
+    }
+
+    RowLayout {
+        width: header.width - header.leftPadding - header.rightPadding
+        spacing: Kirigami.Units.smallSpacing
+
+        Repeater {
+            model: header.modes
+
+            Controls.Button {
+                objectName: "mode " + modelData.name
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                text: modelData.title
+                checkable: true
+                autoExclusive: true
+                checked: ApplicationsModel.filterMode === modelData.mode
+                onClicked: ApplicationsModel.filterMode = modelData.mode
+            }
+        }
+    }
+
+    CardRow {
+        width: header.width - header.leftPadding - header.rightPadding
+
+        contentItem: RowLayout {
+            spacing: Kirigami.Units.largeSpacing
+
+            EntryLabel {
+                Layout.fillWidth: true
+                title: header.autostart
+                    ? qsTrId("settings-la-autostarted_only")
+                    : qsTrId("settings-la-allowed_only")
+                subtitle: qsTrId("settings-la-selected_apps").arg(header.selectedCount).arg(ApplicationsModel.count)
+            }
+            Toggle {
+                id: toggle
+                objectName: "restricted"
+                checked: header.restricted
+                onToggled: {
+                    ApplicationsModel.filterModeEnabled = checked
+                    checked = Qt.binding(() => header.restricted)
+                }
+            }
+        }
+    }
+
+    Flow {
+        width: header.width - header.leftPadding - header.rightPadding
+        spacing: Kirigami.Units.smallSpacing
+
+        Controls.Button {
+            objectName: "select all"
+            text: qsTrId("settings-bt-select_all")
+            onClicked: ApplicationsModel.selectAllApps()
+        }
+        Controls.Button {
+            objectName: "clear"
+            text: qsTrId("settings-bt-clear")
+            onClicked: ApplicationsModel.clearSelectedApps()
+        }
+        Controls.Button {
+            objectName: "policy rules"
+            text: qsTrId("settings-bt-policy_rules")
+            onClicked: header.applyRules()
+        }
+    }
+}

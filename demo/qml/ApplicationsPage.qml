@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings 1.0
+
+/// The installed applications, and which of them are allowed, start by themselves and may notify.
+Kirigami.ScrollablePage {
+    id: page
+
+    property var path
+    property var entry
+    property bool selectedOnly: false
+    property bool restricted: false
+    property int notificationChanges: 0
+    readonly property int column: Kirigami.ColumnView.index
+    readonly property string openFile: {
+        const next = applicationWindow().pageNextTo(column)
+        return next && next.filePath || ""
+    }
+
+    title: entry.title
+    Kirigami.ColumnView.reservedSpace: applicationWindow().spaceBefore(column)
+    Kirigami.Theme.colorSet: Kirigami.Theme.Window
+    Kirigami.Theme.inherit: false
+
+    actions.main: Kirigami.Action {
+        icon.name: "view-filter"
+        text: qsTrId("settings-bt-selected_only")
+        checkable: true
+        checked: page.selectedOnly
+        onTriggered: page.selectedOnly = checked
+    }
+
+    footer: Kirigami.InlineMessage {
+        visible: text !== ""
+        type: Kirigami.MessageType.Warning
+        text: page.faultTexts().join("\n")
+    }
+
+    Component.onCompleted: {
+        // The model refuses root, which the sandbox may run as.
+        if (ApplicationsModel.uid === 0) {
+            ApplicationsModel.uid = 100000
+        }
+        if (ApplicationsModel.filterMode < 0) {
+            ApplicationsModel.filterMode = ApplicationSettingsModel.AllowedOnly
+        }
+        readRestricted()
+        ApplicationsModel.getAllowedNotificationsConfig()
+    }
+
+    /// Each reading of the property waits for a service: no binding shall do that.
+    function readRestricted() {
+        restricted = ApplicationsModel.filterModeEnabled
+    }
+
+    function faultTexts() {
+        const faults = serviceFaults.faults
+        const faulty = serviceFaults.services.filter(service => faults[service] !== "none")
+        return faulty.map(service => qsTrId("settings-la-fault")
+            .arg(applicationWindow().serviceTitle(service))
+            .arg(applicationWindow().faultTitle(faults[service])))
+    }
+
+    function fetchAgain() {
+        const mode = ApplicationsModel.filterMode
+        ApplicationsModel.filterMode = -1
+        ApplicationsModel.filterMode = mode
+        ApplicationsModel.getAllowedNotificationsConfig()
+    }
+
+    Connections {
+        target: ApplicationsModel
+
+        function onFilterModeEnabledChanged() {
+            page.readRestricted()
+        }
+        // The other mode's switch is another one, which the signal above is not about.
+        function onFilterModeChanged() {
+            page.readRestricted()
+        }
+        function onAllowedNotificationsChanged() {
+            ++page.notificationChanges
+        }
+    }
+
+    Connections {
+        target: serviceFaults
+
+        function onFaultsChanged() {
+            page.fetchAgain()
+        }
+    }
+
+    UserApplicationsFilterModel {
+        id: selected
+        sourceModel: ApplicationsModel
+        filter: ApplicationsModel.filterMode
+    }
+
+    ListView {
+        id: list
+        model: page.selectedOnly ? selected : ApplicationsModel
+        cacheBuffer: 4000
+        bottomMargin: Kirigami.Units.largeSpacing
+        header: ApplicationsHeader {
+            width: list.width
+            restricted: page.restricted
+            selectedCount: selected.count
+        }
+        delegate: ApplicationRow {
+            x: Kirigami.Units.largeSpacing
+            width: list.width - 2 * x
+            first: index === 0
+            last: index === list.count - 1
+            current: filePath === page.openFile
+            restricted: page.restricted
+            notificationChanges: page.notificationChanges
+            onClicked: applicationWindow().openApplication(filePath, page.column)
+        }
+
+        SecondaryLabel {
+            anchors.centerIn: parent
+            visible: list.count === 0
+            text: qsTrId("settings-la-no_apps")
+        }
+    }
+}

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Layouts 1.15
+import org.kde.kirigami 2.19 as Kirigami
+
+/// What an entry looks like in a list, and leads to its page.
+CardRow {
+    id: button
+
+    property string title
+    property string subtitle
+    property string iconName
+
+    textX: label.x
+
+    contentItem: RowLayout {
+        spacing: Kirigami.Units.largeSpacing
+
+        EntryIcon {
+            source: button.iconName
+        }
+        EntryLabel {
+            id: label
+            Layout.fillWidth: true
+            title: button.title
+            subtitle: button.subtitle
+        }
+        Kirigami.Icon {
+            implicitWidth: Kirigami.Units.iconSizes.small
+            implicitHeight: implicitWidth
+            source: "go-next-symbolic"
+            isMask: true
+            color: Kirigami.Theme.textColor
+            opacity: 0.5
+        }
+    }
+}

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import QtQuick.Layouts 1.15
+import org.kde.kirigami 2.19 as Kirigami
+
+/// How badly a service answers.
+RowLayout {
+    id: row
+
+    property string service
+    readonly property var faults: ["none", "slow", "fail", "nonsense"]
+
+    spacing: Kirigami.Units.smallSpacing
+
+    Controls.Label {
+        Layout.fillWidth: true
+        wrapMode: Text.Wrap
+        text: applicationWindow().serviceTitle(row.service)
+    }
+    Controls.ComboBox {
+        Layout.preferredWidth: Kirigami.Units.gridUnit * 9
+        model: row.faults.map(fault => applicationWindow().faultTitle(fault))
+        currentIndex: row.faults.indexOf(serviceFaults.faults[row.service])
+        // A choice ends the binding, so that it is made anew.
+        onActivated: {
+            serviceFaults.setFault(row.service, row.faults[index])
+            currentIndex = Qt.binding(() => row.faults.indexOf(serviceFaults.faults[row.service]))
+        }
+    }
+}
