@@ -7,11 +7,22 @@
 
 static const QString s_mainGroup = QStringLiteral("Desktop Entry");
 
+static bool isSandboxed(const MDesktopEntry &entry)
+{
+    for (const QString &group : {QStringLiteral("X-Tarnhold"), QStringLiteral("X-Application")}) {
+        if (entry.containsGroup(group)
+            && entry.value(group, QStringLiteral("Sandboxing")) != QLatin1String("Disabled")) {
+            return true;
+        }
+    }
+    return false;
+}
+
 LauncherItem::LauncherItem(const QString &fileID, std::unique_ptr<const MDesktopEntry> entry, QObject *parent)
     : QObject(parent)
     , m_fileID(fileID)
-    , m_entry(std::move(entry))
 {
+    setEntry(std::move(entry));
 }
 
 LauncherItem::~LauncherItem() = default;
@@ -43,13 +54,7 @@ QString LauncherItem::iconId() const
 
 bool LauncherItem::isSandboxed() const
 {
-    for (const QString &group : {QStringLiteral("X-Tarnhold"), QStringLiteral("X-Application")}) {
-        if (m_entry->containsGroup(group)
-            && m_entry->value(group, QStringLiteral("Sandboxing")) != QLatin1String("Disabled")) {
-            return true;
-        }
-    }
-    return false;
+    return m_sandboxed;
 }
 
 QString LauncherItem::dBusServiceName() const
@@ -72,4 +77,5 @@ QString LauncherItem::readValue(const QString &key, const QString &group) const
 void LauncherItem::setEntry(std::unique_ptr<const MDesktopEntry> entry)
 {
     m_entry = std::move(entry);
+    m_sandboxed = ::isSandboxed(*m_entry);
 }

@@ -40,6 +40,7 @@ private:
 
     const QString m_fileID;
     std::unique_ptr<const MDesktopEntry> m_entry;
+    bool m_sandboxed = false;
 };
 
 #endif

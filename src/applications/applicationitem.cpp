@@ -8,8 +8,6 @@
 
 #include <launcheritem.h>
 
-#include <QFileInfo>
-
 ApplicationItem::ApplicationItem(LauncherItem *item, TreeItem *applicationsSection, QObject *parent)
     : QObject(parent)
     , m_item(item)
@@ -18,7 +16,8 @@ ApplicationItem::ApplicationItem(LauncherItem *item, TreeItem *applicationsSecti
         return;
     }
     if (applicationsSection) {
-        m_section = applicationsSection->lookup({QFileInfo(item->filePath()).fileName()});
+        const QString path = item->filePath();
+        m_section = applicationsSection->lookup({path.mid(path.lastIndexOf(QLatin1Char('/')) + 1)});
     }
     m_sandboxed = item->isSandboxed();
     connect(item, &LauncherItem::itemChanged, this, &ApplicationItem::updateSandboxed);
