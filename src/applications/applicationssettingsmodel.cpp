@@ -417,8 +417,7 @@ void ApplicationsSettingsModel::replaceNotifications(const std::optional<QVarian
             m_notificationsEnabled.insert(it.key(), it.value().toBool());
         }
     }
-    Q_EMIT allowedNotificationsChanged();
-    Q_EMIT selectedAppsChanged();
+    announceNotifications();
 }
 
 void ApplicationsSettingsModel::updateNotifications(const QString &applicationId, const QVariantMap &config)
@@ -439,7 +438,18 @@ void ApplicationsSettingsModel::storeNotifications(const QString &applicationId,
         return;
     }
     m_notificationsEnabled.insert(applicationId, enabled);
+    const QPointer<ApplicationsSettingsModel> self(this);
     notifyRow(row);
+    if (self) {
+        announceNotifications();
+    }
+}
+
+void ApplicationsSettingsModel::announceNotifications()
+{
+    const QPointer<ApplicationsSettingsModel> self(this);
     Q_EMIT allowedNotificationsChanged();
-    Q_EMIT selectedAppsChanged();
+    if (self) {
+        Q_EMIT selectedAppsChanged();
+    }
 }

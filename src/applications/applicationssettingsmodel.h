@@ -143,6 +143,7 @@ private:
     void replaceNotifications(const std::optional<QVariantMap> &enabled);
     void updateNotifications(const QString &applicationId, const QVariantMap &config);
     void storeNotifications(const QString &applicationId, bool enabled);
+    void announceNotifications();
 
     static const RoleEntry s_roles[];
 

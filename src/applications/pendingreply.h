@@ -10,6 +10,12 @@
 template<typename... Types, typename Handler>
 void whenFinished(const QDBusPendingReply<Types...> &reply, QObject *context, Handler handler)
 {
+    // Without a connection there is nothing that could ever finish.
+    if (reply.isError()) {
+        QMetaObject::invokeMethod(
+            context, [handler, reply] { handler(reply); }, Qt::QueuedConnection);
+        return;
+    }
     auto *watcher = new QDBusPendingCallWatcher(reply, context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
                      [handler](QDBusPendingCallWatcher *finished) {

@@ -8,7 +8,11 @@
 #include "registry/logging.h"
 #include "registry/messages.h"
 
+#include <QPointer>
+
 #include <unistd.h>
+
+using Self = UserApplicationLists;
 
 const QString UserApplicationLists::EnabledMode = QStringLiteral("enabledMode");
 
@@ -59,6 +63,19 @@ bool UserApplicationLists::isValidUid() const
     return m_uid != 0;
 }
 
+/// Emits one after the other. False when a handler has deleted this object.
+bool UserApplicationLists::announce(std::initializer_list<Signal> changes)
+{
+    const QPointer<UserApplicationLists> self(this);
+    for (const Signal change : changes) {
+        if (!self) {
+            return false;
+        }
+        Q_EMIT(this->*change)();
+    }
+    return self;
+}
+
 void UserApplicationLists::fetchAllowlist()
 {
     if (!isValidUid()) {
@@ -72,9 +89,7 @@ void UserApplicationLists::fetchAllowlist()
             m_allowlist = IdList();
         } else if (*ids != m_allowlist.ids()) {
             m_allowlist = IdList(*ids);
-            Q_EMIT allowlistChanged();
-            Q_EMIT selectionChanged();
-            Q_EMIT membersChanged();
+            announce({&Self::allowlistChanged, &Self::selectionChanged, &Self::membersChanged});
         }
     });
 }
@@ -86,9 +101,7 @@ void UserApplicationLists::fetchAlwaysAllowed()
             m_alwaysAllowedList = IdList();
         } else if (*ids != m_alwaysAllowedList.ids()) {
             m_alwaysAllowedList = IdList(*ids);
-            Q_EMIT alwaysAllowedChanged();
-            Q_EMIT selectionChanged();
-            Q_EMIT membersChanged();
+            announce({&Self::alwaysAllowedChanged, &Self::selectionChanged, &Self::membersChanged});
         }
     });
 }
@@ -117,12 +130,12 @@ void UserApplicationLists::replaceAutostartList(const std::optional<QStringList>
     const bool wasEnabled = m_autostartList.contains(EnabledMode);
     m_autostartList = IdList(*ids);
     const bool isEnabled = m_autostartList.contains(EnabledMode);
-    Q_EMIT autostartListChanged();
-    Q_EMIT selectionChanged();
-    if (isEnabled != wasEnabled) {
-        Q_EMIT autostartEnabledChanged();
+    if (isEnabled == wasEnabled) {
+        announce({&Self::autostartListChanged, &Self::selectionChanged, &Self::membersChanged});
+    } else {
+        announce({&Self::autostartListChanged, &Self::selectionChanged, &Self::autostartEnabledChanged,
+                  &Self::membersChanged});
     }
-    Q_EMIT membersChanged();
 }
 
 void UserApplicationLists::setAllowlist(const QStringList &ids)
@@ -132,9 +145,7 @@ void UserApplicationLists::setAllowlist(const QStringList &ids)
         return;
     }
     m_sandboxing->setAllowlist(m_uid, m_allowlist.ids(), [this] {
-        Q_EMIT allowlistChanged();
-        Q_EMIT selectionChanged();
-        Q_EMIT membersChanged();
+        announce({&Self::allowlistChanged, &Self::selectionChanged, &Self::membersChanged});
     });
 }
 
@@ -158,7 +169,9 @@ void UserApplicationLists::setAllowlistEnabled(bool enabled)
             return; // it was another user's
         }
         m_allowlistEnabled = enabled;
-        Q_EMIT allowlistEnabledChanged();
+        if (!announce({&Self::allowlistEnabledChanged})) {
+            return;
+        }
         if (enabled) {
             fetchAlwaysAllowed();
             fetchAllowlist();
@@ -188,10 +201,8 @@ void UserApplicationLists::changeAutostartList(const QString &id, bool enabled)
     } else {
         m_autostartList.removeAll(id);
     }
-    Q_EMIT selectionChanged();
-    Q_EMIT autostartListChanged();
-    Q_EMIT membersChanged();
-    if (id == EnabledMode) {
+    const bool alive = announce({&Self::selectionChanged, &Self::autostartListChanged, &Self::membersChanged});
+    if (alive && id == EnabledMode) {
         Q_EMIT autostartEnabledChanged();
     }
 }

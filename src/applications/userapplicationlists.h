@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include <initializer_list>
 #include <optional>
 
 class AutostartClient;
@@ -59,6 +60,9 @@ Q_SIGNALS:
     void autostartEnabledChanged();
 
 private:
+    using Signal = void (UserApplicationLists::*)();
+
+    bool announce(std::initializer_list<Signal> changes);
     void fetchAlwaysAllowed();
     void replaceAutostartList(const std::optional<QStringList> &ids);
     void changeAutostartList(const QString &id, bool enabled);

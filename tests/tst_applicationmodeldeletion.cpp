@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications.h"
+#include "applicationservices.h"
+
+#include <QMetaMethod>
+#include <QPointer>
+#include <QTest>
+
+#include <iterator>
+
+using Model = ApplicationsSettingsModel;
+
+// A handler of one of its signals deletes the applications model, while it handles a service's answer.
+class ApplicationModelDeletionTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void handlerDeletesTheModel_data();
+    void handlerDeletesTheModel();
+    void handlerOfChangedRowsDeletesTheModel_data();
+    void handlerOfChangedRowsDeletesTheModel();
+
+private:
+    Applications m_applications;
+    ApplicationServices m_services;
+};
+
+namespace
+{
+void (Model::*const s_signals[])() = {
+    &Model::allowlistChanged,     &Model::allowlistEnabledChanged,     &Model::alwaysAllowedApplicationsChanged,
+    &Model::autostartListChanged, &Model::autostartEnabledChanged,     &Model::filterModeEnabledChanged,
+    &Model::selectedAppsChanged,  &Model::allowedNotificationsChanged,
+};
+
+void (*const s_requests[])(Model *) = {
+    [](Model *model) { model->setFilterMode(Model::AllowedOnly); },
+    [](Model *model) { model->setFilterMode(Model::AutostartedOnly); },
+    [](Model *model) {
+        model->setFilterMode(Model::AutostartedOnly);
+        model->toggleSelectedApp(QStringLiteral("b.desktop"));
+    },
+    // Of the first row, which has no application id
+    [](Model *model) { model->setNotificationsEnabled({}, false); },
+};
+}
+
+void ApplicationModelDeletionTest::initTestCase()
+{
+    writeThreeApplications(m_applications);
+}
+
+void ApplicationModelDeletionTest::init()
+{
+    m_services.reset();
+}
+
+void ApplicationModelDeletionTest::handlerDeletesTheModel_data()
+{
+    QTest::addColumn<int>("signal");
+    for (size_t i = 0; i < std::size(s_signals); ++i) {
+        QTest::newRow(QMetaMethod::fromSignal(s_signals[i]).name().constData()) << int(i);
+    }
+}
+
+void ApplicationModelDeletionTest::handlerDeletesTheModel()
+{
+    QFETCH(int, signal);
+    QPointer<ServedModel> model(new ServedModel(&m_services));
+    model->setFilterMode(Model::AllowedOnly);
+    model->setFilterModeEnabled(true);
+    model->setFilterMode(Model::AutostartedOnly);
+    model->setFilterModeEnabled(true);
+    model->getAllowedNotificationsConfig();
+    connect(model, s_signals[signal], this, [&] { delete model; });
+    m_services.settle();
+    QVERIFY(!model);
+}
+
+void ApplicationModelDeletionTest::handlerOfChangedRowsDeletesTheModel_data()
+{
+    QTest::addColumn<int>("request");
+    QTest::newRow("allow-list") << 0;
+    QTest::newRow("autostart list") << 1;
+    QTest::newRow("switched") << 2;
+    QTest::newRow("notifications") << 3;
+}
+
+void ApplicationModelDeletionTest::handlerOfChangedRowsDeletesTheModel()
+{
+    QFETCH(int, request);
+    QPointer<ServedModel> model(new ServedModel(&m_services));
+    s_requests[request](model);
+    connect(model, &Model::dataChanged, this, [&] { delete model; });
+    m_services.settle();
+    QVERIFY(!model);
+}
+
+QTEST_GUILESS_MAIN(ApplicationModelDeletionTest)
+#include "tst_applicationmodeldeletion.moc"

@@ -1,0 +1,437 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications.h"
+#include "applicationservices.h"
+#include "text.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <memory>
+#include <optional>
+
+using Fault = ApplicationServices::Fault;
+using Model = ApplicationsSettingsModel;
+using Service = ApplicationServices::Service;
+
+// Whether each application may notify, which the notifications service keeps.
+class ApplicationNotificationsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void enabledUntilToldOtherwise();
+    void fetchesAll();
+    void listOverwritesOnlyWhatItNames();
+    void valuesAreMadeFlags_data();
+    void valuesAreMadeFlags();
+    void failedListEmptiesAll_data();
+    void failedListEmptiesAll();
+    void outlivesARebuild();
+
+    void setsOne();
+    void failedSetChangesNothing_data();
+    void failedSetChangesNothing();
+    void setsUnknownApplication();
+    void firstRowOfTheIdIsMeant();
+    void applicationWithoutId();
+
+    void hearsOfAChange();
+    void hearsOfAnUnknownApplication_data();
+    void hearsOfAnUnknownApplication();
+    void hearsOfAnotherChange();
+    void otherSignalsAreNotHeard();
+    void nobodyElseIsHeard();
+    void hearsNothingBeforeFirstUse();
+
+    void answersAfterTheRowsAreGone();
+    void answersAfterTheEnd();
+    void serviceComesAndGoes();
+    void nothingWaits();
+
+private:
+    void tell(const QString &applicationId, const QVariantMap &config);
+    void tell(const QVariantList &arguments, const char *signature);
+
+    std::unique_ptr<Applications> m_applications;
+    ApplicationServices m_services;
+};
+
+namespace
+{
+const QStringList s_none;
+const QString s_a = QStringLiteral("com.app.a");
+
+const QStringList s_announcement = texts({"allowedNotificationsChanged", "selectedAppsChanged"});
+
+QStringList announcementOf(const char *row)
+{
+    return QStringList(text("dataChanged ") + text(row)) + s_announcement;
+}
+
+QVariantMap enabled(bool value)
+{
+    return {{text("enabled"), value}};
+}
+}
+
+void ApplicationNotificationsTest::init()
+{
+    m_services.reset();
+    m_applications = std::make_unique<Applications>();
+    writeThreeApplications(*m_applications);
+    for (const char *id : {"a", "b"}) {
+        m_applications->write(
+            QByteArray(QByteArray("first/") + id + ".desktop").constData(),
+            application(QByteArray(id).toUpper(), QByteArray("X-DBus-ServiceName=com.app.") + id));
+    }
+}
+
+void ApplicationNotificationsTest::tell(const QString &applicationId, const QVariantMap &config)
+{
+    tell({applicationId, config}, "sa{sv}");
+}
+
+void ApplicationNotificationsTest::tell(const QVariantList &arguments, const char *signature)
+{
+    m_services[Service::Notifications].emitSignal(text("configChanged"), text(signature), arguments);
+    m_services.settle();
+}
+
+void ApplicationNotificationsTest::enabledUntilToldOtherwise()
+{
+    ServedModel model(&m_services);
+    QCOMPARE(model.column(Model::ApplicationIdRole), QVariantList({s_a, text("com.app.b"), text("")}));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCOMPARE(m_services.takeCalls(), s_none);
+}
+
+void ApplicationNotificationsTest::fetchesAll()
+{
+    const MessageLog log;
+    m_services.answer("getList", "{'com.app.a': False, 'com.app.b': True, 'a': False, 'com.app.x': False}");
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(m_services.takeCalls(), texts({"getList()"}));
+    QCOMPARE(model.takeSignals(), s_announcement);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+    QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationNotificationsTest::listOverwritesOnlyWhatItNames()
+{
+    m_services.answerInTurn("getList", {"{'com.app.a': False}", "{'com.app.b': False}", "{}"});
+    ServedModel model(&m_services);
+    for (const QVariantList &expected :
+         {QVariantList{false, true, true}, QVariantList{false, false, true}, QVariantList{false, false, true}}) {
+        model.getAllowedNotificationsConfig();
+        m_services.settle();
+        QCOMPARE(model.takeSignals(), s_announcement);
+        QCOMPARE(model.column(Model::NotificationsEnabledRole), expected);
+    }
+}
+
+void ApplicationNotificationsTest::valuesAreMadeFlags_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("true") << QByteArray("True") << true;
+    QTest::newRow("false") << QByteArray("False") << false;
+    QTest::newRow("one") << QByteArray("1") << true;
+    QTest::newRow("zero") << QByteArray("0") << false;
+    QTest::newRow("fraction") << QByteArray("0.5") << true;
+    QTest::newRow("text") << QByteArray("'true'") << true;
+    QTest::newRow("text for false") << QByteArray("'false'") << false;
+    QTest::newRow("empty text") << QByteArray("''") << false;
+    QTest::newRow("list") << QByteArray("[True]") << false;
+}
+
+void ApplicationNotificationsTest::valuesAreMadeFlags()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(bool, enabled);
+    m_services.answer("getList", "{'com.app.a': " + value + "}");
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({enabled, true, true}));
+}
+
+void ApplicationNotificationsTest::failedListEmptiesAll_data()
+{
+    faults("getList");
+}
+
+void ApplicationNotificationsTest::failedListEmptiesAll()
+{
+    QFETCH(Fault, fault);
+    QFETCH(QDBusError, error);
+    ServedModel model(&m_services);
+    m_services.answer("getList", "{'com.app.a': False}");
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+    model.takeSignals();
+    const MessageLog log;
+    m_services.spoil("getList", fault);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    QCOMPARE(model.takeSignals(), s_announcement);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QString expected;
+    QDebug(&expected) << "Failed to get notifications configs list. Error:" << error.name() << error.message();
+    QCOMPARE(log.take(), QStringList(warning(expected.trimmed())));
+}
+
+void ApplicationNotificationsTest::outlivesARebuild()
+{
+    m_services.answer("getList", "{'com.app.a': False}");
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    model.setFilterMode(Model::AllowedOnly);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+}
+
+void ApplicationNotificationsTest::setsOne()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.setNotificationsEnabled(text("com.app.b"), false);
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.app.b', 0) sb"}));
+    QCOMPARE(model.takeSignals(), announcementOf("1-1"));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, true}));
+    model.setNotificationsEnabled(text("com.app.b"), true);
+    model.setNotificationsEnabled(text("com.app.b"), true);
+    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.app.b', 1) sb", "setEnabled('com.app.b', 1) sb"}));
+    QCOMPARE(model.takeSignals(), announcementOf("1-1") + announcementOf("1-1"));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationNotificationsTest::failedSetChangesNothing_data()
+{
+    faults("setEnabled");
+}
+
+void ApplicationNotificationsTest::failedSetChangesNothing()
+{
+    QFETCH(Fault, fault);
+    QFETCH(QDBusError, error);
+    const MessageLog log;
+    ServedModel model(&m_services);
+    m_services.spoil("setEnabled", fault);
+    model.setNotificationsEnabled(s_a, false);
+    m_services.settle();
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCOMPARE(log.take(), QStringList(warning(text("Failed to set notifications config for com.app.a. Error: ")
+                                             + unquotedText(error))));
+}
+
+void ApplicationNotificationsTest::setsUnknownApplication()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.setNotificationsEnabled(text("a"), false);
+    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('a', 0) sb"}));
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: a"))));
+}
+
+void ApplicationNotificationsTest::firstRowOfTheIdIsMeant()
+{
+    m_applications->write("first/c.desktop", application("C", "X-DBus-ServiceName=com.app.b"));
+    ServedModel model(&m_services);
+    model.setNotificationsEnabled(text("com.app.b"), false);
+    m_services.settle();
+    QCOMPARE(model.takeSignals(), announcementOf("1-1"));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, false}));
+}
+
+void ApplicationNotificationsTest::applicationWithoutId()
+{
+    ServedModel model(&m_services);
+    model.setNotificationsEnabled({}, false);
+    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('', 0) sb"}));
+    QCOMPARE(model.takeSignals(), announcementOf("2-2"));
+}
+
+void ApplicationNotificationsTest::hearsOfAChange()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    model.takeSignals();
+    tell(s_a, {{text("enabled"), false}, {text("sound"), true}});
+    QCOMPARE(model.takeSignals(), announcementOf("0-0"));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+    tell(s_a, enabled(true));
+    QCOMPARE(model.takeSignals(), announcementOf("0-0"));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    tell(s_a, {{text("enabled"), text("false")}});
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+    QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationNotificationsTest::hearsOfAnUnknownApplication_data()
+{
+    QTest::addColumn<QVariantMap>("config");
+    QTest::newRow("with a flag") << enabled(false);
+    QTest::newRow("without a flag") << QVariantMap();
+}
+
+void ApplicationNotificationsTest::hearsOfAnUnknownApplication()
+{
+    QFETCH(QVariantMap, config);
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    model.takeSignals();
+    tell(text("com.app.x"), config);
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.app.x"))));
+}
+
+void ApplicationNotificationsTest::hearsOfAnotherChange()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    model.takeSignals();
+    tell(s_a, {{text("Enabled"), false}});
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCOMPARE(log.take(),
+             QStringList(warning(text("Unknown config changed: QMap((\"Enabled\", QVariant(bool, false)))"))));
+}
+
+void ApplicationNotificationsTest::otherSignalsAreNotHeard()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    model.takeSignals();
+    tell({s_a}, "s");
+    tell({s_a, false}, "sb");
+    tell({}, "");
+    m_services[Service::Notifications].emitSignal(text("otherChanged"), text("sa{sv}"), {s_a, enabled(false)});
+    m_services.settle();
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationNotificationsTest::nobodyElseIsHeard()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.getAllowedNotificationsConfig();
+    m_services.settle();
+    model.takeSignals();
+    QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, text("other"));
+    QDBusMessage signal = QDBusMessage::createSignal(text("/com/kelo/NotificationsConfig1"),
+                                                     text("com.kelo.NotificationsConfig1"), text("configChanged"));
+    signal.setArguments({s_a, enabled(false)});
+    QVERIFY(other.send(signal));
+    // When this is answered, the bus has passed on the signal.
+    other.call(QDBusMessage::createMethodCall(text("org.freedesktop.DBus"), text("/"),
+                                              text("org.freedesktop.DBus"), text("GetId")));
+    m_services.settle();
+    QDBusConnection::disconnectFromBus(text("other"));
+    QCOMPARE(model.takeSignals(), s_none);
+    QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationNotificationsTest::hearsNothingBeforeFirstUse()
+{
+    ServedModel model(&m_services);
+    tell(s_a, enabled(false));
+    QCOMPARE(model.takeSignals(), s_none);
+    model.setNotificationsEnabled(text("com.app.b"), false);
+    m_services.settle();
+    model.takeSignals();
+    tell(s_a, enabled(false));
+    QCOMPARE(model.takeSignals(), announcementOf("0-0"));
+}
+
+void ApplicationNotificationsTest::answersAfterTheRowsAreGone()
+{
+    const MessageLog log;
+    ServedModel model(&m_services);
+    model.setNotificationsEnabled(s_a, false);
+    model.getAllowedNotificationsConfig();
+    model.setApplications(nullptr);
+    model.takeSignals();
+    m_services.settle();
+    QCOMPARE(model.takeSignals(), s_announcement);
+    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.app.a"))));
+}
+
+void ApplicationNotificationsTest::answersAfterTheEnd()
+{
+    const MessageLog log;
+    m_services.spoil("getList", Fault::Refuses);
+    std::optional<ServedModel> model(&m_services);
+    m_services[Service::Notifications].suspend();
+    model->getAllowedNotificationsConfig();
+    model->setNotificationsEnabled(text("com.app.x"), false);
+    model.reset();
+    m_services[Service::Notifications].resume();
+    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.x', 0) sb"}));
+    tell(text("com.app.x"), {});
+    QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationNotificationsTest::serviceComesAndGoes()
+{
+    m_services.stop(Service::Notifications);
+    ServedModel model(&m_services);
+    for (int i = 0; i < 2; ++i) {
+        const MessageLog log;
+        model.getAllowedNotificationsConfig();
+        m_services.settle();
+        QCOMPARE(log.take().size(), 1);
+        m_services.start(Service::Notifications);
+        model.takeSignals();
+        tell(s_a, enabled(false));
+        QCOMPARE(model.takeSignals(), announcementOf("0-0"));
+        model.setNotificationsEnabled(s_a, true);
+        m_services.settle();
+        QCOMPARE(model.takeSignals(), announcementOf("0-0"));
+        QCOMPARE(log.take(), s_none);
+        m_services.stop(Service::Notifications);
+    }
+}
+
+void ApplicationNotificationsTest::nothingWaits()
+{
+    ServedModel model(&m_services);
+    m_services[Service::Notifications].suspend();
+    QElapsedTimer timer;
+    timer.start();
+    model.getAllowedNotificationsConfig();
+    model.setNotificationsEnabled(s_a, false);
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
+    QCoreApplication::processEvents();
+    QVERIFY(timer.elapsed() < NoTime);
+    m_services[Service::Notifications].resume();
+    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.a', 0) sb"}));
+    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+}
+
+QTEST_GUILESS_MAIN(ApplicationNotificationsTest)
+#include "tst_applicationnotifications.moc"
