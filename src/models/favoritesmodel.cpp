@@ -444,8 +444,8 @@ QuickActionReader *FavoritesModel::actionReader() const
 
 void FavoritesModel::openFavorites()
 {
-    m_favorites = std::make_shared<StoredFavorites>(m_key);
-    connect(m_favorites.get(), &StoredFavorites::changed, this, &FavoritesModel::favoritesUpdated);
+    m_favorites = QSharedPointer<StoredFavorites>::create(m_key);
+    connect(m_favorites.data(), &StoredFavorites::changed, this, &FavoritesModel::favoritesUpdated);
 }
 
 void FavoritesModel::updatePotentialItems()
@@ -542,7 +542,7 @@ std::optional<QStringList> FavoritesModel::edit(const Edit &edit)
 {
     // Handlers of userModifiedChanged() may change the keys and delete the model. The list that the user edits stays
     // the same one.
-    const std::shared_ptr<StoredFavorites> favorites = m_favorites;
+    const QSharedPointer<StoredFavorites> favorites = m_favorites;
     const QPointer<FavoritesModel> self(this);
     if (m_userModified) {
         m_userModified->set(true);

@@ -9,11 +9,11 @@
 #include <QPointer>
 #include <QQmlParserStatus>
 #include <QSet>
+#include <QSharedPointer>
 #include <QStringList>
 #include <QVector>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 class FavoritesFilter;
@@ -140,7 +140,7 @@ private:
     QStringList m_filter;
     QPointer<TreeItem> m_root;
     PluginRegistry *const m_registry;
-    std::shared_ptr<StoredFavorites> m_favorites; ///< from componentComplete() on
+    QSharedPointer<StoredFavorites> m_favorites; ///< from componentComplete() on
     MGConfItem *m_userModified = nullptr;
     mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
     Items m_potentialItems;
