@@ -18,7 +18,7 @@ constexpr int MaxContainers = 64;
 constexpr int ContainersOfList = 2;
 constexpr int ContainersOfMap = 3;
 // Half of what a message bus takes by default
-constexpr qint64 MaxBytes = 16 * 1024 * 1024;
+constexpr qint64 MaxBytes = qint64(16) * 1024 * 1024;
 // The most that a value of fixed size and a variant around it take, with all padding
 constexpr int BytesOfValue = 24;
 
@@ -31,7 +31,7 @@ QString nameObjection(const QString &name, dbus_bool_t (*validate)(const char *,
     if (validate(name.toUtf8().constData(), &error)) {
         return {};
     }
-    const QString text = QString::fromUtf8(error.message);
+    QString text = QString::fromUtf8(error.message);
     dbus_error_free(&error);
     return text;
 }

@@ -261,15 +261,20 @@ void ApplicationsSettingsModel::launcherModelReset()
         m_resetting = true;
         beginResetModel();
         rebuild();
-        if (m_filterMode == AllowedOnly) {
-            m_lists->fetchAllowlist();
-        } else if (m_filterMode == AutostartedOnly) {
-            m_lists->fetchAutostartList();
-        }
+        fetchSelection();
         Q_EMIT countChanged();
         endResetModel();
         m_resetting = false;
     } while (m_resetAgain);
+}
+
+void ApplicationsSettingsModel::fetchSelection()
+{
+    if (m_filterMode == AllowedOnly) {
+        m_lists->fetchAllowlist();
+    } else if (m_filterMode == AutostartedOnly) {
+        m_lists->fetchAutostartList();
+    }
 }
 
 QString ApplicationsSettingsModel::iconOf(const QString &desktopFile) const
@@ -394,7 +399,7 @@ void ApplicationsSettingsModel::notifyAllRows()
 int ApplicationsSettingsModel::rowOfApplicationId(const QString &applicationId) const
 {
     const auto hasId = [&](const ApplicationItem *item) { return item->dBusServiceName() == applicationId; };
-    const auto item = std::find_if(m_items.cbegin(), m_items.cend(), hasId);
+    const auto *const item = std::find_if(m_items.cbegin(), m_items.cend(), hasId);
     return item == m_items.cend() ? -1 : int(item - m_items.cbegin());
 }
 

@@ -133,6 +133,7 @@ private:
     };
 
     void rebuild();
+    void fetchSelection();
     bool isListed(const ApplicationItem &item, const QSet<QString> &masked) const;
     void addItem(ApplicationItem *item);
     void notifyRow(int row);

@@ -43,7 +43,7 @@ QString locateDesktopFile(const QString &applicationId)
         if (!isFileName(name)) {
             return {};
         }
-        const QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name);
+        QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name);
         const int dash = name.indexOf(QLatin1Char('-'));
         if (!path.isEmpty() || dash < 0) {
             return path;
