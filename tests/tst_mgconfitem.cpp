@@ -42,6 +42,7 @@ private Q_SLOTS:
     void changeBeforeTheWatchStands();
     void changeOfTypeAlone();
     void equalValueIsSilent();
+    void valueReadInBetweenIsTakenBack();
     void otherKeysAreSilent();
     void handlerDeletesTheItem();
     void handlerDeletesAnotherItem();
@@ -289,6 +290,23 @@ void tst_MGConfItem::equalValueIsSilent()
     store(item.key(), QStringLiteral("{'a': nan, 'b': 2.5}"));
     settle();
     QCOMPARE(spy.count(), 0);
+}
+
+void tst_MGConfItem::valueReadInBetweenIsTakenBack()
+{
+    MGConfItem item(testKey());
+    for (const QString &start : {QStringLiteral("1"), QString()}) {
+        item.set(start.isEmpty() ? QVariant() : QVariant(1));
+        settle();
+        QSignalSpy spy(&item, &MGConfItem::valueChanged);
+
+        store(item.key(), QStringLiteral("2"));
+        QCOMPARE(item.value(), QVariant(2));
+        start.isEmpty() ? dconf({QStringLiteral("reset"), item.key()}) : (store(item.key(), start), QByteArray());
+        settle();
+        QVERIFY(spy.count() >= 1);
+        QCOMPARE(item.value(), start.isEmpty() ? QVariant() : QVariant(1));
+    }
 }
 
 void tst_MGConfItem::otherKeysAreSilent()

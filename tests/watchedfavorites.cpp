@@ -77,15 +77,22 @@ QStringList WatchedFavorites::takeSignals()
     return m_log.take();
 }
 
-bool WatchedFavorites::isConsistent() const
+QStringList WatchedFavorites::wantedNames()
 {
-    QStringList expected;
+    QStringList wanted;
     for (const QString &stored : storedFavorites()) {
-        TreeItem *item = PluginRegistry::instance()->getItem(stored.split(QLatin1Char('/'), Qt::SkipEmptyParts));
-        if (item && item->type() == text("section")) {
-            expected.append(item->name());
+        const QStringList path = stored.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+        const TreeItem *item = PluginRegistry::instance()->getItem(path);
+        if (!path.isEmpty() && item && item->type() == text("section")) {
+            wanted.append(item->name());
         }
     }
+    return wanted;
+}
+
+bool WatchedFavorites::isConsistent() const
+{
+    QStringList expected = wantedNames();
     QStringList rows = names();
     std::sort(expected.begin(), expected.end());
     std::sort(rows.begin(), rows.end());

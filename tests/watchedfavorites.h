@@ -26,6 +26,7 @@ public:
 
     TreeItem *item(int row) const;
     QStringList names() const; ///< of the rows' entries
+    static QStringList wantedNames(); ///< of the sections that the stored list names, in its order
     QStringList takeSignals();
     /// Whether the signals told what happened to the rows, and the rows are what stored list and tree demand.
     bool isConsistent() const;

@@ -9,6 +9,9 @@
 
 #include <dconf.h>
 
+#include <optional>
+#include <utility>
+
 // GIO ends the process when the session bus goes away, unless the connection, which dconf shares, is told not
 // to. Connecting can take its time, so that happens in a thread. The connection is kept for good, or the next
 // one would be made with the default again.
@@ -99,6 +102,7 @@ private:
 
     MGConfItem *const m_item;
     QByteArray m_seen;
+    mutable std::optional<GVariantPointer> m_handedOut; ///< what value() returned since m_seen was looked up
     gulong m_handler = 0;
 };
 
@@ -120,7 +124,7 @@ MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
     // Watch before the first read, or a change in between is lost.
     m_handler = g_signal_connect(client(), "changed", G_CALLBACK(changed), this);
     dconf_client_watch_fast(client(), m_path.constData());
-    m_seen = fingerprint(read());
+    m_seen = fingerprint(fromGVariant(::read(m_path).get()));
 }
 
 MGConfItemPrivate::~MGConfItemPrivate()
@@ -137,7 +141,8 @@ QVariant MGConfItemPrivate::read() const
     if (m_path.isEmpty()) {
         return {};
     }
-    return fromGVariant(::read(m_path).get());
+    m_handedOut = ::read(m_path);
+    return fromGVariant(m_handedOut->get());
 }
 
 void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
@@ -161,8 +166,10 @@ bool MGConfItemPrivate::concerns(const char *prefix, const char *const *changes)
 
 void MGConfItemPrivate::update()
 {
-    QByteArray seen = fingerprint(read());
-    if (seen == m_seen) {
+    QByteArray seen = fingerprint(fromGVariant(::read(m_path).get()));
+    // A value that came and went is news to whoever read it in between.
+    const auto handedOut = std::exchange(m_handedOut, std::nullopt);
+    if (seen == m_seen && (!handedOut || fingerprint(fromGVariant(handedOut->get())) == seen)) {
         return;
     }
     m_seen = std::move(seen);

@@ -6,6 +6,7 @@
 #include "actions/quickactionreader.h"
 #include "models/favoritesfilter.h"
 #include "models/pathlist.h"
+#include "models/rowdifference.h"
 #include "models/storedfavorites.h"
 #include "models/toqml.h"
 #include "plugin/constants.h"
@@ -18,6 +19,7 @@
 #include <mgconfitem.h>
 
 #include <QQmlInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <limits>
@@ -27,12 +29,6 @@ const FavoritesModel::RoleEntry FavoritesModel::s_roles[] = {
     {ObjectRole, "object", &FavoritesModel::object},
     {FavoriteRole, "favorite", &FavoritesModel::favorite},
     {RemoteActionRole, "remoteAction", &FavoritesModel::remoteAction},
-};
-
-/// What makes the rows show other entries.
-struct FavoritesModel::Difference {
-    QVector<int> obsolete; ///< rows, the last one first
-    Items missing;
 };
 
 namespace
@@ -47,11 +43,6 @@ QString fullPath(const TreeItem *item)
 QVariantMap params(const TreeItem *item)
 {
     return item->value(QStringLiteral("params")).toMap();
-}
-
-bool orderOnlyLessThan(const TreeItem *a, const TreeItem *b)
-{
-    return a->order() < b->order();
 }
 }
 
@@ -238,28 +229,17 @@ void FavoritesModel::addFavorite(const QString &path)
 
 void FavoritesModel::removeFavorite(const QString &path)
 {
-    const int row = indexOf(path);
+    const int row = m_showPotential ? -1 : indexOf(path);
     if (!m_favorites || (row < 0 && !m_showPotential)) {
         return;
     }
-    const Edit remove = [path](const QStringList &paths) { return PathList::removedAll(paths, path); };
-    if (m_showPotential || m_changing) {
-        m_deferred = m_changing;
+    const Edit remove = [&path](const QStringList &paths) { return PathList::removedAll(paths, path); };
+    if (m_changing || m_showPotential) {
         edit(remove);
-        return;
+    } else if (const std::optional<QStringList> written = removeRow(row, remove)) {
+        Q_EMIT countChanged();
+        finishEdit(*written);
     }
-    m_changing = true;
-    beginRemoveRows({}, row, row);
-    m_editing = true;
-    removeItem(row, false);
-    const std::optional<QStringList> written = edit(remove);
-    if (!written) {
-        return;
-    }
-    endRemoveRows();
-    m_changing = false;
-    Q_EMIT countChanged();
-    finishEdit(*written);
 }
 
 int FavoritesModel::indexOf(const QString &path) const
@@ -290,21 +270,9 @@ void FavoritesModel::move(int index, int newIndex)
     if (m_changing) {
         m_deferred = true;
         edit(moveStored);
-        return;
+    } else if (const std::optional<QStringList> written = moveRow(index, newIndex, moveStored)) {
+        finishEdit(*written);
     }
-    m_changing = true;
-    const bool moves = beginMoveRows({}, index, index, {}, index < newIndex ? newIndex + 1 : newIndex);
-    m_editing = true;
-    m_rows.move(index, newIndex);
-    const std::optional<QStringList> written = edit(moveStored);
-    if (!written) {
-        return;
-    }
-    if (moves) {
-        endMoveRows();
-    }
-    m_changing = false;
-    finishEdit(*written);
 }
 
 void FavoritesModel::triggerAction(int index)
@@ -456,17 +424,19 @@ void FavoritesModel::updatePotentialItems()
     }
     const FavoritesFilter filter(m_filter, m_blacklist);
     const auto admits = [&filter](const TreeItem *item) { return filter.admits(item); };
-    const QList<TreeItem *> items = m_root->getSubitems(orderOnlyLessThan, admits,
+    const QList<TreeItem *> items = m_root->getSubitems(TreeItem::orderLessThan, admits,
                                                         std::numeric_limits<int>::max());
     std::copy(items.cbegin(), items.cend(), std::back_inserter(m_potentialItems));
 }
 
-FavoritesModel::Items FavoritesModel::wantedItems() const
+QList<TreeItem *> FavoritesModel::wantedItems() const
 {
+    QList<TreeItem *> items;
     if (m_showPotential) {
-        return m_potentialItems;
+        std::copy_if(m_potentialItems.cbegin(), m_potentialItems.cend(), std::back_inserter(items),
+                     [](const TreeItem *item) { return item; });
+        return items;
     }
-    Items items;
     if (!m_root) {
         return items;
     }
@@ -474,38 +444,11 @@ FavoritesModel::Items FavoritesModel::wantedItems() const
     const QStringList paths = m_favorites->read();
     for (const QString &path : paths) {
         TreeItem *item = m_root->lookup(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
-        if (item && filter.admits(item)) {
+        if (item && item != m_root && filter.admits(item)) {
             items.append(item);
         }
     }
     return items;
-}
-
-FavoritesModel::Difference FavoritesModel::differenceTo(const Items &wanted) const
-{
-    QHash<TreeItem *, int> lacking; // how many rows of an entry are still to be found
-    for (const QPointer<TreeItem> &item : wanted) {
-        ++lacking[item];
-    }
-    Difference difference;
-    for (int row = m_rows.count() - 1; row >= 0; --row) {
-        TreeItem *item = m_rows.at(row);
-        const auto found = item ? lacking.find(item) : lacking.end();
-        if (found == lacking.end() || *found == 0) {
-            difference.obsolete.append(row);
-        } else {
-            --*found;
-        }
-    }
-    // The rows that are there stand for the first of equal entries.
-    for (auto it = wanted.crbegin(); it != wanted.crend(); ++it) {
-        if (lacking.value(*it) > 0) {
-            --lacking[*it];
-            difference.missing.append(*it);
-        }
-    }
-    std::reverse(difference.missing.begin(), difference.missing.end());
-    return difference;
 }
 
 void FavoritesModel::rebuild(bool notifyChanges)
@@ -513,7 +456,7 @@ void FavoritesModel::rebuild(bool notifyChanges)
     if (!m_complete) {
         return;
     }
-    const Difference difference = differenceTo(wantedItems());
+    const RowDifference difference(m_rows, wantedItems());
     for (const int row : difference.obsolete) {
         removeItem(row, notifyChanges);
     }
@@ -537,6 +480,19 @@ void FavoritesModel::applyDeferred()
     }
 }
 
+/// Ends the change of rows that an edit has begun, unless this object has died meanwhile.
+template<typename End>
+auto FavoritesModel::endOfEdit(End end)
+{
+    return qScopeGuard([self = QPointer<FavoritesModel>(this), end] {
+        if (self) {
+            self->m_editing = false;
+            end();
+            self->m_changing = false;
+        }
+    });
+}
+
 /// Writes what @p edit makes of the stored list. Nothing is returned when this object has died meanwhile.
 std::optional<QStringList> FavoritesModel::edit(const Edit &edit)
 {
@@ -550,11 +506,33 @@ std::optional<QStringList> FavoritesModel::edit(const Edit &edit)
     // Read after them, so that no change of theirs is lost.
     const QStringList paths = edit(favorites->read());
     favorites->write(paths);
-    if (!self) {
-        return {};
-    }
-    m_editing = false;
-    return paths;
+    return self ? std::optional(paths) : std::nullopt;
+}
+
+/// Edits as removing the row does. Nothing is returned when this object has died meanwhile.
+std::optional<QStringList> FavoritesModel::removeRow(int row, const Edit &edit)
+{
+    m_changing = true;
+    beginRemoveRows({}, row, row);
+    const auto end = endOfEdit([this] { endRemoveRows(); });
+    m_editing = true;
+    removeItem(row, false);
+    return this->edit(edit);
+}
+
+/// Edits as moving the row does. Nothing is returned when this object has died meanwhile.
+std::optional<QStringList> FavoritesModel::moveRow(int from, int to, const Edit &edit)
+{
+    m_changing = true;
+    const bool moves = beginMoveRows({}, from, from, {}, from < to ? to + 1 : to);
+    const auto end = endOfEdit([this, moves] {
+        if (moves) {
+            endMoveRows();
+        }
+    });
+    m_editing = true;
+    m_rows.move(from, to);
+    return this->edit(edit);
 }
 
 /// Lets the rows follow what has happened in the middle of an edit.
@@ -569,8 +547,7 @@ void FavoritesModel::finishEdit(const QStringList &written)
         return;
     }
     // Other rows of the same entry, or a stored path that is another spelling of it
-    const Difference difference = differenceTo(wantedItems());
-    if (!difference.obsolete.isEmpty() || !difference.missing.isEmpty()) {
+    if (!RowDifference(m_rows, wantedItems()).isEmpty()) {
         updateItems(true);
     }
 }

@@ -116,9 +116,7 @@ private:
         const char *name;
         QVariant (FavoritesModel::*read)(TreeItem *item) const;
     };
-    using Items = QVector<QPointer<TreeItem>>;
     using Edit = std::function<QStringList(const QStringList &)>;
-    struct Difference;
 
     QVariant object(TreeItem *item) const;
     QVariant favorite(TreeItem *item) const;
@@ -128,11 +126,14 @@ private:
     QuickActionReader *actionReader() const;
     void openFavorites();
     void updatePotentialItems();
-    Items wantedItems() const;
-    Difference differenceTo(const Items &wanted) const;
+    QList<TreeItem *> wantedItems() const;
     void rebuild(bool notifyChanges);
     void applyDeferred();
+    template<typename End>
+    auto endOfEdit(End end);
     std::optional<QStringList> edit(const Edit &edit);
+    std::optional<QStringList> removeRow(int row, const Edit &edit);
+    std::optional<QStringList> moveRow(int from, int to, const Edit &edit);
     void finishEdit(const QStringList &written);
 
     static const RoleEntry s_roles[];
@@ -143,7 +144,7 @@ private:
     QSharedPointer<StoredFavorites> m_favorites; ///< from componentComplete() on
     MGConfItem *m_userModified = nullptr;
     mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
-    Items m_potentialItems;
+    QVector<QPointer<TreeItem>> m_potentialItems;
     ItemRows m_rows;
     QObject *m_destroyedItem = nullptr;
     QString m_key;
