@@ -58,6 +58,7 @@ const std::map<QByteArray, Method> s_methods{
     {"SetGrantedPermissions", {Service::Sandboxing, "usas", {}, ""}},
     {"GetEnabled", {Service::Autostart, "i", "['a', 'x']", "as"}},
     {"SetEnabled", {Service::Autostart, "isb", {}, ""}},
+    {"getConfig", {Service::Notifications, "s", "{'enabled': True}", "a{sv}"}},
     {"getList", {Service::Notifications, "", "{}", "a{sv}"}},
     {"setEnabled", {Service::Notifications, "sb", {}, ""}},
 };
@@ -151,6 +152,9 @@ void ApplicationServices::spoil(const QByteArray &method, Fault fault)
     case AnswersNothing:
         define(method, {}, "");
         break;
+    case AnswersTooLate: // for the buses' limit, see CMakeLists.txt
+        define(method, text("import time\ntime.sleep(1.2)\n") + assignment(s_methods.at(method).result));
+        break;
     case Dies:
         define(method, text("os._exit(0)"));
         break;
@@ -233,6 +237,9 @@ void faults(const char *method)
         QTest::newRow("answers with nothing")
             << Fault::AnswersNothing << error(name, unexpected.arg(QString(), expected));
     }
+    QTest::newRow("answers too late") << Fault::AnswersTooLate
+                                      << error("org.freedesktop.DBus.Error.NoReply",
+                                               text("Message did not receive a reply (timeout by message bus)"));
     QTest::newRow("dies in the call")
         << Fault::Dies
         << error("org.freedesktop.DBus.Error.NoReply",

@@ -25,7 +25,7 @@ class ApplicationServices
 {
 public:
     enum Service { Sandboxing, Autostart, Notifications };
-    enum Fault { Refuses, AnswersAnotherType, AnswersNothing, Dies, IsMissing };
+    enum Fault { Refuses, AnswersAnotherType, AnswersNothing, AnswersTooLate, Dies, IsMissing };
 
     /// Puts all of them on their buses, answering each call with success, and forgets the calls so far.
     void reset();

@@ -3,9 +3,11 @@
 
 #include "applications.h"
 #include "applicationservices.h"
+#include "models/userapplicationsfiltermodel.h"
 #include "text.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <QTest>
 
 using Fault = ApplicationServices::Fault;
@@ -21,6 +23,7 @@ private Q_SLOTS:
     void init();
 
     void fetchesAllowlist();
+    void filterFollowsTheModel();
     void sameAllowlistIsNotAnnounced();
     void allowlistOfNoRows();
     void failedAllowlistIsSilent_data();
@@ -462,6 +465,37 @@ void ApplicationAllowlistTest::asksForRootWhetherTheAllowlistIsEnabled()
     QVERIFY(model.filterModeEnabled());
     QCOMPARE(m_services.takeCalls(), texts({"GetAllowlistEnabled(0) u", "GetAlwaysAllowedApplications()"}));
     QCOMPARE(log.take(), incorrectUid(1));
+}
+
+void ApplicationAllowlistTest::filterFollowsTheModel()
+{
+    ServedModel model(&m_services);
+    UserApplicationsFilterModel filter;
+    filter.setSourceModel(&model);
+    const auto shown = [&filter] {
+        QString names;
+        for (int row = 0; row < filter.rowCount(); ++row) {
+            names.append(filter.index(row, 0).data(Model::NameRole).toString());
+        }
+        return names;
+    };
+    QCOMPARE(shown(), QString());
+    model.setFilterMode(Model::AllowedOnly); // "a" is
+    m_services.settle();
+    QCOMPARE(shown(), text("A"));
+    QSignalSpy count(&filter, &UserApplicationsFilterModel::countChanged);
+    m_services.answer("GetAllowlist", "['a', 'c']");
+    model.toggleSelectedApp(text("c.desktop"));
+    m_services.settle();
+    QCOMPARE(shown(), text("AC"));
+    QVERIFY(count.count() > 0);
+    QCOMPARE(filter.count(), 2);
+    m_services.answer("GetAllowlist", "[]");
+    model.clearSelectedApps();
+    m_services.settle();
+    QCOMPARE(shown(), QString());
+    model.setFilterMode(NoMode); // resets the model, which forgets the lists
+    QCOMPARE(shown(), QString());
 }
 
 QTEST_GUILESS_MAIN(ApplicationAllowlistTest)

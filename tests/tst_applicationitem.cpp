@@ -111,6 +111,9 @@ void ApplicationItemTest::section()
     section.insertItem({text("sub-app.desktop")}, {});
     QVERIFY(!ApplicationItem(itemAt(launcher, 0), &section, nullptr).section().isValid());
     TreeItem *page = section.insertItem({text("app.desktop")}, {});
+    QQmlEngine engine;
+    engine.newQObject(page); // makes it QML's, if nobody says otherwise
+    QCOMPARE(QQmlEngine::objectOwnership(page), QQmlEngine::JavaScriptOwnership);
     const ApplicationItem item(itemAt(launcher, 0), &section, nullptr);
     QCOMPARE(item.section().value<QObject *>(), page);
     QCOMPARE(QQmlEngine::objectOwnership(page), QQmlEngine::CppOwnership);
@@ -202,6 +205,9 @@ void ApplicationItemTest::locatesDesktopFiles_data()
     row("sub-app", "first/sub/app.desktop");
     row("sub-deep-app", "first/sub/deep/app.desktop");
     row("sub-deep-other", "first/sub/deep-other.desktop");
+    row("two-parts-app", "first/two-parts/app.desktop");
+    row("some-of-user", "user/some/of-user.desktop"); // as the launcher: the user's file comes first
+    row("loop-loop-app", ""); // through links
     row("missing", "");
     row("", "");
     row("sub/app", "");
@@ -218,12 +224,16 @@ void ApplicationItemTest::locatesDesktopFiles()
     QFETCH(QString, id);
     QFETCH(QByteArray, file);
     const Applications applications;
-    for (const char *name : {"user/plain.desktop", "first/plain.desktop", "first/system.desktop",
-                             "first/with-dash.desktop", "first/with/dash.desktop", "first/sub/app.desktop",
-                             "first/sub/deep/app.desktop", "first/sub/deep-other.desktop", "outside.desktop",
-                             "user/../outside.desktop", "first/directory.desktop/x.desktop"}) {
+    for (const char *name :
+         {"user/plain.desktop", "first/plain.desktop", "first/system.desktop", "first/with-dash.desktop",
+          "first/with/dash.desktop", "first/sub/app.desktop", "first/sub/deep/app.desktop",
+          "first/sub/deep-other.desktop", "outside.desktop", "user/../outside.desktop",
+          "first/directory.desktop/x.desktop", "first/two-parts/app.desktop", "first/some-of-user.desktop",
+          "user/some/of-user.desktop"}) {
         applications.write(name, application("App"));
     }
+    QVERIFY(QFile::link(applications.path("first"), applications.path("first/loop")));
+    applications.write("first/app.desktop", application("App"));
     QCOMPARE(locateDesktopFile(id), file.isEmpty() ? QString() : applications.path(file.constData()));
 }
 

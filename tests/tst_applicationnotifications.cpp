@@ -5,10 +5,13 @@
 #include "applicationservices.h"
 #include "text.h"
 
+#include "notificationsconfigproxy.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDebug>
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -26,6 +29,7 @@ class ApplicationNotificationsTest : public QObject
 private Q_SLOTS:
     void init();
 
+    void proxy();
     void enabledUntilToldOtherwise();
     void fetchesAll();
     void listOverwritesOnlyWhatItNames();
@@ -431,6 +435,28 @@ void ApplicationNotificationsTest::nothingWaits()
     m_services[Service::Notifications].resume();
     QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.a', 0) sb"}));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+}
+
+void ApplicationNotificationsTest::proxy()
+{
+    using Proxy = ComKeloNotificationsConfigProxy;
+    QCOMPARE(Proxy::staticInterfaceName(), "com.kelo.NotificationsConfig1");
+    QByteArrayList members;
+    const QMetaObject &meta = Proxy::staticMetaObject;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        members.append(meta.method(i).methodSignature());
+    }
+    QCOMPARE(members, (QByteArrayList{"configChanged(QString,QVariantMap)", "getConfig(QString)", "getList()",
+                                      "setEnabled(QString,bool)"}));
+
+    Proxy proxy(text("com.kelo.NotificationsConfig1"), text("/com/kelo/NotificationsConfig1"),
+                QDBusConnection::sessionBus(), nullptr);
+    QDBusPendingReply<QVariantMap> config = proxy.getConfig(text("com.app.a"));
+    QDBusPendingCallWatcher watcher(config);
+    QSignalSpy finished(&watcher, &QDBusPendingCallWatcher::finished);
+    QVERIFY(finished.wait());
+    QCOMPARE(config.value(), (QVariantMap{{text("enabled"), true}}));
+    QCOMPARE(m_services.takeCalls(), texts({"getConfig('com.app.a') s"}));
 }
 
 QTEST_GUILESS_MAIN(ApplicationNotificationsTest)

@@ -84,6 +84,7 @@ void failures()
 {
     QTest::addColumn<Fault>("fault");
     QTest::newRow("refuses") << Fault::Refuses;
+    QTest::newRow("answers too late") << Fault::AnswersTooLate;
     QTest::newRow("dies in the call") << Fault::Dies;
 }
 }
@@ -138,7 +139,7 @@ void ApplicationPermissionsTest::whoNeedsPermissions_data()
     QTest::newRow("blank after it") << QByteArray("{'Mode': 'None '}") << true;
     QTest::newRow("empty mode") << QByteArray("{'Mode': ''}") << true;
     QTest::newRow("number") << QByteArray("{'Mode': 0}") << true;
-    QTest::newRow("list") << QByteArray("{'Mode': ['None', 'None']}") << true;
+    QTest::newRow("list") << QByteArray("{'Mode': ['None']}") << true;
     QTest::newRow("without mode") << QByteArray("{'Other': 'None'}") << true;
     QTest::newRow("key in another case") << QByteArray("{'mode': 'None'}") << true;
     QTest::newRow("nothing") << QByteArray("{}") << true;
@@ -278,6 +279,10 @@ void ApplicationPermissionsTest::findsDesktopFile_data()
                                      << QByteArray();
     QTest::newRow("sub-directory and dash") << QByteArray("sub-dir-x") << QByteArray("first/sub/dir-x.desktop")
                                             << QByteArray("first/sub/dir/x.desktop");
+    QTest::newRow("dash in the sub-directory's name")
+        << QByteArray("sub-dir-x") << QByteArray("first/sub-dir/x.desktop") << QByteArray();
+    QTest::newRow("user's sub-directory")
+        << QByteArray("sub-x") << QByteArray("user/sub/x.desktop") << QByteArray("first/sub-x.desktop");
     QTest::newRow("dots in the name") << QByteArray("com.app..x") << QByteArray("first/com.app..x.desktop")
                                       << QByteArray();
 }
@@ -329,6 +334,7 @@ void ApplicationPermissionsTest::strangeIdsDoNoHarm_data()
     QTest::newRow("line") << text("app\n[X-Application]");
     QTest::newRow("long") << QString(1 << 20, QLatin1Char('a'));
     QTest::newRow("dashes") << QString(200, QLatin1Char('-'));
+    QTest::newRow("names and dashes") << text("a-").repeated(100000);
 }
 
 void ApplicationPermissionsTest::strangeIdsDoNoHarm()

@@ -67,6 +67,7 @@ void ApplicationServicesNoBusTest::listsApplications()
     QCOMPARE(model.count(), 2);
     QCOMPARE(model.index(0).data(Model::NameRole).toString(), text("A"));
     QCOMPARE(model.index(0).data(Model::NotificationsEnabledRole), QVariant(true));
+    QCOMPARE(log.take(), s_none);
 }
 
 void ApplicationServicesNoBusTest::allowlist()

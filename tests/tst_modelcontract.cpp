@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "applications.h"
+#include "applications/applicationssettingsmodel.h"
 #include "messagelog.h"
 #include "modelreplica.h"
 #include "models/favoritesmodel.h"
 #include "models/settingsmodel.h"
+#include "models/userapplicationsfiltermodel.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "world.h"
@@ -57,6 +60,26 @@ Model makeFavoritesModel()
     model->setPath({QStringLiteral("page")});
     model->componentComplete();
     return model;
+}
+
+Model makeApplicationsModel()
+{
+    auto model = std::make_unique<ApplicationsSettingsModel>();
+    model->componentComplete();
+    return model;
+}
+
+/// Both applications are allowed.
+Model makeFilterModel()
+{
+    auto filter = std::make_unique<UserApplicationsFilterModel>();
+    auto *source = new ApplicationsSettingsModel(filter.get());
+    source->setUid(1000);
+    source->componentComplete();
+    source->setFilterMode(ApplicationsSettingsModel::AllowedOnly);
+    source->selectAllApps();
+    filter->setSourceModel(source);
+    return filter;
 }
 
 void declareEntries(const QString &file, const QStringList &paths)
@@ -132,15 +155,24 @@ void ModelContractTest::followsTheRegistry()
 void ModelContractTest::readsNothingOutsideItsRows_data()
 {
     models();
+    QTest::newRow("ApplicationsSettingsModel") << MakeModel(makeApplicationsModel) << QVariant();
+    QTest::newRow("UserApplicationsFilterModel") << MakeModel(makeFilterModel) << QVariant();
 }
 
 void ModelContractTest::readsNothingOutsideItsRows()
 {
     QFETCH(MakeModel, make);
-    declareEntries(QStringLiteral("x.json"), {QStringLiteral("page/a"), QStringLiteral("page/b")});
+    const Applications applications;
+    applications.write("first/a.desktop", application("A"));
+    applications.write("first/b.desktop", application("B"));
+    declareEntries(QStringLiteral("x.json"),
+                   {QStringLiteral("page/a"), QStringLiteral("page/b"), QStringLiteral("applications")});
     World::rescan(PluginRegistry::instance());
     const Model model = make();
     QCOMPARE(model->rowCount(), 2);
+    FlatProxy flat;
+    flat.setSourceModel(model.get());
+    const QAbstractItemModelTester tester(&flat, QAbstractItemModelTester::FailureReportingMode::QtTest);
     for (const int row : {-1, 2, 3, 1000000}) {
         for (const int role : model->roleNames().keys()) {
             QVERIFY(!model->data(model->index(row, 0), role).isValid());

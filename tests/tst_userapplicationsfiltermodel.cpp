@@ -164,6 +164,14 @@ void UserApplicationsFilterModelTest::setFilter()
     QVERIFY(signalled.contains(text("countChanged")));
     filter.setFilter(2);
     QCOMPARE(log.take(), QStringList());
+    filter.setFilter(-1);
+    QCOMPARE(log.take(), QStringList{text("filterChanged")}); // no row comes or goes
+    filter.setFilter(0);
+    QCOMPARE(filter.count(), 3);
+    log.take();
+    filter.setFilter(-7);
+    QCOMPARE(filter.count(), 0);
+    QCOMPARE(log.take(), signalled);
 }
 
 void UserApplicationsFilterModelTest::sourceChanges()

@@ -109,8 +109,9 @@ void PathWatcher::handle(const inotify_event &event)
         m_paths.remove(event.wd);
         return;
     }
-    const QString name = event.len ? QLatin1Char('/') + QFile::decodeName(event.name) : QString();
+    const QString name = event.len ? QFile::decodeName(event.name) : QString();
     for (const QString &path : paths) {
-        Q_EMIT changed(path + name);
+        const bool isRoot = path == QLatin1String("/");
+        Q_EMIT changed(name.isEmpty() ? path : (isRoot ? path : path + QLatin1Char('/')) + name);
     }
 }

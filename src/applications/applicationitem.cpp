@@ -3,7 +3,7 @@
 
 #include "applications/applicationitem.h"
 
-#include "models/toqml.h"
+#include "registry/toqml.h"
 #include "registry/treeitem.h"
 
 #include <launcheritem.h>

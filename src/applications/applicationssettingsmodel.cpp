@@ -15,6 +15,7 @@
 #include "registry/treeitem.h"
 
 #include <launcherfoldermodel.h>
+#include <launcheritem.h>
 #include <mgconfitem.h>
 #include <orvantaaccesscontrol.h>
 
@@ -73,7 +74,7 @@ const ApplicationsSettingsModel::RoleEntry ApplicationsSettingsModel::s_roles[] 
 ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     : QAbstractListModel(parent)
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
-    , m_configWatcher({LauncherFolderModel::configFile()})
+    , m_configWatcher(LauncherFolderModel::configFile())
     , m_launcher(new LauncherListing(this))
     , m_lists(new UserApplicationLists(this))
     , m_notifications(new NotificationsClient(this))
@@ -118,11 +119,11 @@ void ApplicationsSettingsModel::setApplications(QObject *applications)
     // With any other user the launcher's order is not followed.
     const bool followsConfigFile = uid() == 0;
     if (m_applications && followsConfigFile) {
-        disconnect(&m_configWatcher, &QFileSystemWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
+        disconnect(&m_configWatcher, &FileWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
     }
     m_applications = launcher;
     if (launcher && followsConfigFile) {
-        connect(&m_configWatcher, &QFileSystemWatcher::fileChanged, launcher, &LauncherFolderModel::load);
+        connect(&m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
     }
     if (m_complete) {
         launcherModelReset();
@@ -361,21 +362,18 @@ void ApplicationsSettingsModel::rebuild()
     TreeItem *section = applicationsSection();
     const QVector<LauncherItem *> launcherItems = m_launcher->list(m_applications);
     for (LauncherItem *launcherItem : launcherItems) {
-        auto *item = new ApplicationItem(launcherItem, section, this);
-        if (isListed(*item, masked)) {
-            addItem(item);
-        } else {
-            item->deleteLater();
+        if (isListed(*launcherItem, masked)) {
+            addItem(new ApplicationItem(launcherItem, section, this));
         }
     }
 }
 
-bool ApplicationsSettingsModel::isListed(const ApplicationItem &item, const QSet<QString> &masked) const
+bool ApplicationsSettingsModel::isListed(const LauncherItem &item, const QSet<QString> &masked) const
 {
-    if (masked.contains(item.fileName())) {
+    if (masked.contains(item.filePath())) {
         return false;
     }
-    return item.fileId() != s_restrictedApplication || orvanta_access_control_hasgroup(uid(), "orvanta-system");
+    return item.fileID() != s_restrictedApplication || orvanta_access_control_hasgroup(uid(), "orvanta-system");
 }
 
 void ApplicationsSettingsModel::addItem(ApplicationItem *item)
@@ -407,7 +405,10 @@ QStringList ApplicationsSettingsModel::allIds() const
 {
     QStringList ids;
     for (const ApplicationItem *item : m_items) {
-        ids.append(applicationId(item->fileId()));
+        const QString id = applicationId(item->fileId());
+        if (!id.isEmpty()) { // the launcher entry may be gone, and its row about to go
+            ids.append(id);
+        }
     }
     return ids;
 }
@@ -427,11 +428,11 @@ void ApplicationsSettingsModel::replaceNotifications(const std::optional<QVarian
 
 void ApplicationsSettingsModel::updateNotifications(const QString &applicationId, const QVariantMap &config)
 {
-    const auto enabled = config.constFind(QStringLiteral("enabled"));
-    if (enabled == config.cend() && rowOfApplicationId(applicationId) >= 0) {
-        qCWarning(lcSettings) << Messages::UnknownConfig << config;
+    const QString key = QStringLiteral("enabled");
+    if (config.contains(key) || rowOfApplicationId(applicationId) < 0) {
+        storeNotifications(applicationId, config.value(key).toBool());
     } else {
-        storeNotifications(applicationId, enabled != config.cend() && enabled->toBool());
+        qCWarning(lcSettings) << Messages::UnknownConfig << config;
     }
 }
 

@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include "applications/filewatcher.h"
+
 #include <QAbstractListModel>
-#include <QFileSystemWatcher>
 #include <QHash>
 #include <QPointer>
 #include <QQmlParserStatus>
@@ -134,7 +135,7 @@ private:
 
     void rebuild();
     void fetchSelection();
-    bool isListed(const ApplicationItem &item, const QSet<QString> &masked) const;
+    bool isListed(const LauncherItem &item, const QSet<QString> &masked) const;
     void addItem(ApplicationItem *item);
     void notifyRow(int row);
     void notifyAllRows();
@@ -151,7 +152,7 @@ private:
     QPointer<LauncherFolderModel> m_applications;
     QVector<ApplicationItem *> m_items;
     MGConfItem *const m_maskedItem;
-    QFileSystemWatcher m_configWatcher;
+    FileWatcher m_configWatcher;
     QTimer m_updateTimer;
     LauncherListing *const m_launcher;
     UserApplicationLists *const m_lists;

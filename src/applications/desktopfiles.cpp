@@ -9,9 +9,8 @@
 
 #include <mdesktopentry.h>
 
+#include <QFileInfo>
 #include <QStandardPaths>
-
-#include <algorithm>
 
 QString applicationId(const QString &fileId)
 {
@@ -21,35 +20,51 @@ QString applicationId(const QString &fileId)
 
 namespace
 {
-/// Whether @p name leads from a directory to a file in it or below it.
-bool isFileName(const QString &name)
+constexpr int MaxFileName = 255;
+
+/// Whether @p folder has a sub-directory of this name. Links are none, so that the search ends.
+bool hasFolder(const QString &folder, const QString &name)
 {
-    const QStringList parts = name.split(QLatin1Char('/'));
-    const auto isPart = [](const QString &part) {
-        return !part.isEmpty() && part != QLatin1String(".") && part != QLatin1String("..");
-    };
-    return !name.contains(QChar(QChar::Null)) && std::all_of(parts.cbegin(), parts.cend(), isPart);
+    const QFileInfo info(folder + QLatin1Char('/') + name);
+    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") && info.isDir()
+           && !info.isSymLink();
+}
+
+QString locateBelow(const QString &folder, const QString &name)
+{
+    QString path = folder + QLatin1Char('/') + name;
+    if (QFileInfo(path).isFile()) {
+        return path;
+    }
+    for (int dash = name.indexOf(QLatin1Char('-')); dash >= 0 && dash <= MaxFileName;
+         dash = name.indexOf(QLatin1Char('-'), dash + 1)) {
+        const QString subfolder = name.left(dash);
+        if (hasFolder(folder, subfolder)) {
+            path = locateBelow(folder + QLatin1Char('/') + subfolder, name.mid(dash + 1));
+            if (!path.isEmpty()) {
+                return path;
+            }
+        }
+    }
+    return {};
 }
 }
 
 QString locateDesktopFile(const QString &applicationId)
 {
-    if (applicationId.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
+    // Ids come from strangers: none may lead out of the application directories.
+    if (applicationId.isEmpty() || applicationId.contains(QLatin1Char('/'))
+        || applicationId.contains(QChar(QChar::Null))) {
         return {};
     }
-    QString name = applicationId + Constants::DesktopSuffix;
-    for (;;) {
-        // Ids come from strangers: none may lead out of the application directories.
-        if (!isFileName(name)) {
-            return {};
-        }
-        QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name);
-        const int dash = name.indexOf(QLatin1Char('-'));
-        if (!path.isEmpty() || dash < 0) {
+    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
+    for (const QString &folder : folders) {
+        QString path = locateBelow(folder, applicationId + Constants::DesktopSuffix);
+        if (!path.isEmpty()) {
             return path;
         }
-        name.replace(dash, 1, QLatin1Char('/'));
     }
+    return {};
 }
 
 std::optional<QStringList> requestedPermissions(const QString &applicationId)
@@ -62,7 +77,7 @@ std::optional<QStringList> requestedPermissions(const QString &applicationId)
     const QString key = QStringLiteral("Permissions");
     for (const QString &group : {QStringLiteral("X-Application"), QStringLiteral("X-Tarnhold")}) {
         if (entry.contains(group, key)) {
-            return entry.value(group + QLatin1Char('/') + key).split(QLatin1Char(';'));
+            return entry.value(group, key).split(QLatin1Char(';'));
         }
     }
     qCWarning(lcSettings) << Messages::NoPermissionsSection;

@@ -70,7 +70,8 @@ bool SandboxingClient::needsPermissions(const QString &application)
         qCWarning(lcSettings) << Messages::AppInfoFailed << reply.error();
         return false;
     }
-    return reply.value().value(QStringLiteral("Mode")).toString() != QLatin1String("None");
+    const QVariant mode = reply.value().value(QStringLiteral("Mode"));
+    return mode.userType() != QMetaType::QString || mode.toString() != QLatin1String("None");
 }
 
 bool SandboxingClient::grantPermissions(uint uid, const QString &application)

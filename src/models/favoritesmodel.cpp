@@ -8,12 +8,12 @@
 #include "models/pathlist.h"
 #include "models/rowdifference.h"
 #include "models/storedfavorites.h"
-#include "models/toqml.h"
 #include "plugin/constants.h"
 #include "registry/favoritesblacklist.h"
 #include "registry/logging.h"
 #include "registry/messages.h"
 #include "registry/pluginregistry.h"
+#include "registry/toqml.h"
 #include "registry/treeitem.h"
 
 #include <mgconfitem.h>

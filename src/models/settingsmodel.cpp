@@ -3,10 +3,10 @@
 
 #include "models/settingsmodel.h"
 
-#include "models/toqml.h"
 #include "registry/logging.h"
 #include "registry/messages.h"
 #include "registry/pluginregistry.h"
+#include "registry/toqml.h"
 #include "registry/treeitem.h"
 
 #include <utility>

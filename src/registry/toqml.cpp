@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "models/toqml.h"
+#include "registry/toqml.h"
 
 #include "registry/treeitem.h"
 

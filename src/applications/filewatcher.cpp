@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applications/filewatcher.h"
+
+#include <QFileInfo>
+
+FileWatcher::FileWatcher(const QString &path, QObject *parent)
+    : QObject(parent)
+    , m_path(path)
+    , m_watcher({QFileInfo(path).path()})
+{
+    watch();
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
+        watch(); // what replaces a file is not watched with it
+        Q_EMIT fileChanged();
+    });
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] {
+        if (m_watcher.files().isEmpty() && watch()) {
+            Q_EMIT fileChanged();
+        }
+    });
+}
+
+bool FileWatcher::watch()
+{
+    return QFileInfo::exists(m_path) && m_watcher.addPath(m_path);
+}

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QFileSystemWatcher>
+
+/// Follows one file, also when it is replaced by another one, or is made later in a directory that is there.
+class FileWatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FileWatcher(const QString &path, QObject *parent = nullptr);
+
+Q_SIGNALS:
+    void fileChanged();
+
+private:
+    bool watch();
+
+    const QString m_path;
+    QFileSystemWatcher m_watcher;
+};
