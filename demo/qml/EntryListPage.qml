@@ -61,7 +61,7 @@ Kirigami.ScrollablePage {
             showsCategory: page.depth > 1
             column: page.column
         }
-        footer: page.isTop ? otherTrees : null
+        footer: page.isTop && page.path.length > 0 ? otherTrees : null
 
         SecondaryLabel {
             anchors.centerIn: parent

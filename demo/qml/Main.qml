@@ -11,7 +11,9 @@ Kirigami.ApplicationWindow {
     property bool wide: false
     property bool animated: true
 
-    readonly property var topPath: ["system_settings"]
+    /// What the top page lists, and how deep.
+    property var topPath: ["system_settings"]
+    property int topDepth: 2
     readonly property var applicationsPath: ["applications"]
     readonly property alias trees: tree
     readonly property int openPages: pageStack.depth
@@ -33,7 +35,7 @@ Kirigami.ApplicationWindow {
         isTop: true
         path: window.topPath
         entry: ({title: window.title})
-        depth: 2
+        depth: window.topDepth
     }
 
     Component.onCompleted: {
@@ -133,7 +135,7 @@ Kirigami.ApplicationWindow {
 
     /// The titles that lead from the top page to the entry at path.
     function titlesAbove(path) {
-        const above = path.slice(topPath.length, -1).map((name, index) => entryAt(path.slice(0, index + 2)))
+        const above = path.slice(topPath.length, -1).map((name, index) => entryAt(path.slice(0, topPath.length + index + 1)))
         return above.map(entry => entry ? entry.title : "").join(" › ")
     }
 
@@ -142,7 +144,8 @@ Kirigami.ApplicationWindow {
     function showEntry(path, details) {
         pageStack.pop(topPage)
         topPage.flickable.positionViewAtBeginning()
-        for (let length = Math.min(path.length, 3); length > 1 && length <= path.length; ++length) {
+        const first = Math.min(path.length, topPath.length + topDepth)
+        for (let length = first; length > topPath.length && length <= path.length; ++length) {
             openEntry(path.slice(0, length), pageStack.depth - 1)
         }
         if (details) {

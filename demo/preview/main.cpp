@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "appearance.h"
+#include "maintenanceinterface.h"
+#include "pluginregistry.h"
+#include "previewedfiles.h"
+#include "previewtour.h"
+#include "registrationfiles.h"
+#include "servicefaults.h"
+
+#include <mgconfitem.h>
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+#include <QQuickWindow>
+
+namespace
+{
+const QCommandLineOption s_locale(QStringLiteral("locale"), QStringLiteral("Locale of the texts."),
+                                  QStringLiteral("LOCALE"));
+const QCommandLineOption s_mask(QStringLiteral("mask"), QStringLiteral("Hide the entry that is declared as PATH."),
+                                QStringLiteral("PATH"));
+const QCommandLineOption s_wide(QStringLiteral("wide"), QStringLiteral("Open a wide window."));
+const QCommandLineOption s_page(QStringLiteral("page"), QStringLiteral("Open the page of the entry PATH."),
+                                QStringLiteral("PATH"));
+const QCommandLineOption s_screenshot(QStringLiteral("screenshot"), QStringLiteral("Save a picture and quit."),
+                                      QStringLiteral("FILE.png"));
+const QCommandLineOption s_smokeTest(QStringLiteral("smoke-test"),
+                                     QStringLiteral("Open every page, and fail if anything warns."));
+
+/// The settings when there are any, else all that the files declare.
+QVariantMap topPage()
+{
+    const QStringList settings{QStringLiteral("system_settings")};
+    const bool hasSettings = PluginRegistry::instance()->getItem(settings);
+    return {{QStringLiteral("topPath"), hasSettings ? settings : QStringList()},
+            {QStringLiteral("topDepth"), hasSettings ? 2 : 1}};
+}
+
+bool act(PreviewTour *tour, const QCommandLineParser &parser)
+{
+    const QStringList page = parser.value(s_page).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    return (!parser.isSet(s_smokeTest) || tour->openAllPages()) && (page.isEmpty() || tour->openPage(page))
+           && (!parser.isSet(s_screenshot) || tour->savePicture(parser.value(s_screenshot)));
+}
+}
+
+int main(int argc, char *argv[])
+{
+    prepareApplication();
+    QGuiApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addOptions({s_locale, s_mask, s_wide, s_page, s_screenshot, s_smokeTest});
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Registration files."));
+    parser.process(application);
+    if (parser.isSet(s_locale)) {
+        QLocale::setDefault(QLocale(parser.value(s_locale)));
+    }
+    MGConfItem(QStringLiteral("/apps/velka-settings/maskedSettings")).set(parser.values(s_mask));
+
+    setAppearance();
+    PreviewedFiles files(parser.positionalArguments());
+    files.follow();
+    PluginRegistry::instance()->loadTranslationCatalog(QStringLiteral("settings"));
+    RegistrationFiles drawerFiles(QStringLiteral("/usr/share/velka-settings/entries"));
+    OrgExampleMaintenanceInterface maintenance(QStringLiteral("org.example.Maintenance"),
+                                               QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
+    ServiceFaults faults;
+    QQmlApplicationEngine engine;
+    engine.addImportPath(QStringLiteral(VELKA_QML_BUILD_DIR));
+    engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &drawerFiles);
+    engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
+    engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
+    engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
+    const bool quits = parser.isSet(s_screenshot) || parser.isSet(s_smokeTest);
+    const QVariantMap top = topPage();
+    QVariantMap properties = top;
+    properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));
+    properties.insert(QStringLiteral("animated"), !quits);
+    engine.setInitialProperties(properties);
+    engine.load(QStringLiteral("qrc:/qml/Main.qml"));
+    if (engine.rootObjects().isEmpty()) {
+        return 1;
+    }
+    PreviewTour tour(qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst()),
+                     top.value(QStringLiteral("topPath")).toStringList());
+    if (!act(&tour, parser)) {
+        return 1;
+    }
+    if (!quits) {
+        return application.exec();
+    }
+    return parser.isSet(s_smokeTest) && warningCount() > 0 ? 1 : 0;
+}
