@@ -11,6 +11,8 @@ packages=(
     cmake g++ ninja-build pkg-config
     # the library and the platform's stand-ins
     qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools libdbus-1-dev libdconf-dev
+    # the command-line tool
+    libjsoncpp-dev libvalijson-dev
     # the sandbox
     bubblewrap dbus-daemon dconf-cli dconf-service
     # the demo
@@ -21,7 +23,7 @@ packages=(
     libbenchmark-dev
 )
 # What the tests need besides, scripts/lint among them.
-test_packages=(python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse)
+test_packages=(python3 scdoc python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse)
 
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.
 install_packages() {

@@ -33,6 +33,7 @@
  *   json NAME [refused]  is a registration file of that name. The registry logs what the console block behind it
  *                        says, and has its entries, or none of them when it is refused.
  *   json favorites-blacklist.json  is read as what it is.
+ *   json NAME file       is no registration file, but a file like those of cpp.
  *   qml                  is a document that can be created over the entries of all json blocks. It prints its
  *                        console block and no warning. Its own place is page.qml in what it prints.
  *   cpp NAME, cmake NAME  are files in the directory that the document's sh blocks run in.
@@ -94,7 +95,8 @@ bool isBlacklist(const CodeBlock &block)
 /// Whether @p block is a file that sh blocks use.
 bool isFile(const CodeBlock &block)
 {
-    return block.language == QLatin1String("cpp") || block.language == QLatin1String("cmake");
+    return block.language == QLatin1String("cpp") || block.language == QLatin1String("cmake")
+           || block.flags.contains(QStringLiteral("file"));
 }
 
 /// The texts of what was logged since the last call, without levels and categories.
@@ -163,7 +165,7 @@ void DocsTest::initTestCase()
 
     writeFile(s_blacklist, QStringLiteral("[]"));
     for (const CodeBlock &block : qAsConst(m_blocks)) {
-        if (block.language == QLatin1String("json") && !isBlacklist(block)) {
+        if (block.language == QLatin1String("json") && !isBlacklist(block) && !isFile(block)) {
             QVERIFY2(!QFile::exists(s_entries + block.name), qPrintable(block.name));
             writeFile(s_entries + block.name, block.text);
         }
@@ -196,6 +198,10 @@ void DocsTest::codeBlocks()
 
 void DocsTest::checkJson(const CodeBlock &block)
 {
+    if (isFile(block)) {
+        checkFile(block);
+        return;
+    }
     if (isBlacklist(block)) {
         checkBlacklist(block);
         return;

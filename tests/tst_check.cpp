@@ -1,0 +1,334 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "checker.h"
+#include "tags.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QXmlStreamReader>
+
+using namespace Check;
+
+/// The command "check": what each tag finds, and what the program prints and returns.
+class CheckTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tagsAreInOrder();
+    void fixtures_data();
+    void fixtures();
+    void places_data();
+    void places();
+    void exitCodes_data();
+    void exitCodes();
+    void textOfFinding();
+    void explainsEachTag();
+    void listsEachTag();
+    void json();
+    void sarif();
+    void junit();
+    void overriddenSeverity();
+    void terminalIsSafe();
+    void helpFitsAScreen();
+};
+
+namespace
+{
+const QDir s_fixtures(QStringLiteral(CHECK_FIXTURES));
+const QString s_catalogs = QStringLiteral(VELKA_TEST_CATALOGS);
+
+/// What a fixture finds besides its tag.
+const QHash<QString, QStringList> s_companions{{QStringLiteral("path-spelling"), {QStringLiteral("path-slashes")}},
+                                               {QStringLiteral("schema"), {QStringLiteral("missing-catalog")}}};
+
+struct Finished {
+    int exitCode;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Finished check(const QStringList &arguments)
+{
+    QProcess process;
+    process.setWorkingDirectory(s_fixtures.path());
+    process.start(QStringLiteral(VELKA_TOOL), QStringList(QStringLiteral("check")) + arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
+        return {-1, {}, process.errorString().toUtf8()};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QSet<QString> tagsIn(const QString &path)
+{
+    QSet<QString> tags;
+    for (const FileFindings &file : Checker(s_catalogs, [](int, int) {}).check({path})) {
+        for (const Finding &finding : file.findings) {
+            tags.insert(QLatin1String(info(finding.tag).name));
+        }
+    }
+    return tags;
+}
+
+QStringList fixtureNames(const QDir &directory, const QString &kind)
+{
+    return directory.entryList({QLatin1Char('*') + kind + QLatin1Char('*')},
+                               QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+}
+}
+
+void CheckTest::tagsAreInOrder()
+{
+    QVERIFY(tags().size() >= 30);
+    for (int i = 0; i < tags().size(); ++i) {
+        QCOMPARE(int(tags().at(i).tag), i);
+    }
+    QCOMPARE(int(Tag::WrongType), tags().size() - 1);
+    QCOMPARE(s_fixtures.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), tags().size());
+}
+
+void CheckTest::fixtures_data()
+{
+    QTest::addColumn<QString>("tag");
+    for (const TagInfo &tag : tags()) {
+        QTest::newRow(tag.name) << QString::fromLatin1(tag.name);
+    }
+}
+
+void CheckTest::fixtures()
+{
+    QFETCH(QString, tag);
+    const QDir directory(s_fixtures.filePath(tag));
+    const QStringList bad = fixtureNames(directory, QStringLiteral("bad"));
+    const QStringList good = fixtureNames(directory, QStringLiteral("good"));
+    QVERIFY(!bad.isEmpty());
+    QVERIFY(!good.isEmpty());
+    const QStringList companions = s_companions.value(tag);
+    const QSet<QString> others(companions.cbegin(), companions.cend());
+    for (const QString &name : bad) {
+        QCOMPARE(tagsIn(directory.filePath(name)), others + QSet<QString>{tag});
+    }
+    for (const QString &name : good) {
+        QVERIFY2((tagsIn(directory.filePath(name)) - others).isEmpty(), qPrintable(name));
+    }
+}
+
+void CheckTest::places_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("tag");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
+
+    QTest::newRow("value") << QByteArray("{\n \"entries\":\n  5}") << "value-lost" << 3 << 3;
+    QTest::newRow("key") << QByteArray("{\"entries\": [{\"path\": \"a\", \"title\": \"A\",\n\"Icon\"  :  \"a\"}]}")
+                         << "key-misspelt" << 2 << 1;
+    QTest::newRow("key with quotes") << QByteArray(R"({"entries": [{"path": "a", "title": "A", "a\"\\\"": 1}]})")
+                                     << "key-unknown" << 1 << 42;
+    QTest::newRow("behind other letters")
+        << QByteArray(u8"{\"entries\": [{\"title\": \"\u00e9\U0001F600\", \"path\": \"/\"}]}") << "path-empty" << 1
+        << 39;
+    QTest::newRow("behind a byte order mark")
+        << QByteArray("\xef\xbb\xbf{\"entries\": 5}") << "value-lost" << 1 << 13;
+    QTest::newRow("lines of another system") << QByteArray("{\r\n\"entries\":\r\n  5}") << "value-lost" << 3 << 3;
+    QTest::newRow("what is no JSON") << QByteArray("{\n\"entries\": [\n{\"path\": tru}]}") << "json-syntax" << 3
+                                     << 13;
+    QTest::newRow("doubled key, once escaped")
+        << QByteArray("{\"entries\": [{\"path\": \"a\", \"title\": \"A\",\n \"\\u0070ath\": \"b\"}]}")
+        << "doubled-key" << 2 << 2;
+}
+
+void CheckTest::places()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, tag);
+    QFETCH(int, line);
+    QFETCH(int, column);
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("a.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(json);
+    file.close();
+    const std::vector<FileFindings> report = Checker(s_catalogs, [](int, int) {}).check({file.fileName()});
+    QCOMPARE(int(report.size()), 1);
+    for (const Finding &finding : report.front().findings) {
+        if (QLatin1String(info(finding.tag).name) == tag) {
+            QCOMPARE(finding.place.line, line);
+            QCOMPARE(finding.place.column, column);
+            return;
+        }
+    }
+    QFAIL("The tag was not found");
+}
+
+void CheckTest::exitCodes_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+
+    const QString error = QStringLiteral("order-lost/bad.json");
+    const QString warning = QStringLiteral("order-rounded/bad.json");
+    const QString note = QStringLiteral("key-unknown/bad.json");
+    const QString strict = QStringLiteral("--strict");
+    const auto override = [](const char *value) { return QStringLiteral("--override=") + QLatin1String(value); };
+    QTest::newRow("nothing") << QStringList{QStringLiteral("order-lost/good.json")} << 0;
+    QTest::newRow("error") << QStringList{error} << 1;
+    QTest::newRow("directory") << QStringList{QStringLiteral("order-lost")} << 1;
+    QTest::newRow("warning") << QStringList{warning} << 0;
+    QTest::newRow("strict warning") << QStringList{strict, warning} << 1;
+    QTest::newRow("strict note") << QStringList{strict, note} << 0;
+    QTest::newRow("ignored") << QStringList{override("order-lost=ignore"), error} << 0;
+    QTest::newRow("less") << QStringList{override("order-lost=warning"), error} << 0;
+    QTest::newRow("more") << QStringList{override("key-unknown=error"), note} << 1;
+    QTest::newRow("no file") << QStringList{} << 2;
+    QTest::newRow("missing file") << QStringList{QStringLiteral("nowhere.json")} << 2;
+    QTest::newRow("unknown option") << QStringList{QStringLiteral("--fast"), error} << 2;
+    QTest::newRow("unknown format") << QStringList{QStringLiteral("--format=yaml"), error} << 2;
+    QTest::newRow("unknown tag") << QStringList{override("order=error"), error} << 2;
+    QTest::newRow("unknown severity") << QStringList{override("order-lost=fatal"), error} << 2;
+    QTest::newRow("explain an unknown tag") << QStringList{QStringLiteral("--explain=order")} << 2;
+    for (const char *format : {"text", "json", "sarif", "junit"}) {
+        QTest::addRow("%s with errors", format)
+            << QStringList{QStringLiteral("--format"), QLatin1String(format), error} << 1;
+    }
+}
+
+void CheckTest::exitCodes()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    const Finished finished = check(arguments);
+    QCOMPARE(finished.exitCode, exitCode);
+    QCOMPARE(finished.errors.isEmpty(), exitCode != 2);
+}
+
+void CheckTest::textOfFinding()
+{
+    QCOMPARE(check({QStringLiteral("order-lost/bad.json")}).output,
+             QByteArray("order-lost/bad.json:3:54: error: the library reads this order as -1294967296 "
+                        "[order-lost]\n"));
+    QCOMPARE(check({QStringLiteral("order-lost/good.json")}).output, QByteArray());
+}
+
+void CheckTest::explainsEachTag()
+{
+    for (const TagInfo &tag : tags()) {
+        const Finished finished = check({QStringLiteral("--explain"), QLatin1String(tag.name)});
+        QCOMPARE(finished.exitCode, 0);
+        QVERIFY2(finished.output.contains(tag.explanation), tag.name);
+    }
+}
+
+void CheckTest::listsEachTag()
+{
+    const QList<QByteArray> lines = check({QStringLiteral("--list-tags")}).output.trimmed().split('\n');
+    QCOMPARE(lines.size(), tags().size());
+    for (int i = 0; i < lines.size(); ++i) {
+        QVERIFY2(lines.at(i).startsWith(tags().at(i).name), lines.at(i).constData());
+    }
+}
+
+void CheckTest::json()
+{
+    const QByteArray output
+        = check({QStringLiteral("--format=json"), QStringLiteral("order-lost/bad.json")}).output;
+    const QJsonArray findings = QJsonDocument::fromJson(output).array();
+    QCOMPARE(findings.size(), 1);
+    const QJsonObject expected{
+        {QStringLiteral("file"), QStringLiteral("order-lost/bad.json")},
+        {QStringLiteral("line"), 3},
+        {QStringLiteral("column"), 54},
+        {QStringLiteral("severity"), QStringLiteral("error")},
+        {QStringLiteral("tag"), QStringLiteral("order-lost")},
+        {QStringLiteral("text"), QStringLiteral("the library reads this order as -1294967296")}};
+    QCOMPARE(findings.first().toObject(), expected);
+}
+
+void CheckTest::sarif()
+{
+    const QByteArray output
+        = check({QStringLiteral("--format=sarif"), QStringLiteral("order-lost/bad.json")}).output;
+    const QJsonObject log = QJsonDocument::fromJson(output).object();
+    QCOMPARE(log.value(QStringLiteral("version")).toString(), QStringLiteral("2.1.0"));
+    const QJsonObject run = log.value(QStringLiteral("runs")).toArray().first().toObject();
+    const QJsonObject driver
+        = run.value(QStringLiteral("tool")).toObject().value(QStringLiteral("driver")).toObject();
+    const QJsonArray rules = driver.value(QStringLiteral("rules")).toArray();
+    QCOMPARE(rules.size(), tags().size());
+    const QJsonObject result = run.value(QStringLiteral("results")).toArray().first().toObject();
+    const QJsonValue rule = rules.at(result.value(QStringLiteral("ruleIndex")).toInt());
+    QCOMPARE(rule.toObject().value(QStringLiteral("id")), result.value(QStringLiteral("ruleId")));
+    QCOMPARE(result.value(QStringLiteral("ruleId")).toString(), QStringLiteral("order-lost"));
+    QCOMPARE(result.value(QStringLiteral("level")).toString(), QStringLiteral("error"));
+    const QJsonObject place = result.value(QStringLiteral("locations"))
+                                  .toArray()
+                                  .first()
+                                  .toObject()
+                                  .value(QStringLiteral("physicalLocation"))
+                                  .toObject();
+    QCOMPARE(place.value(QStringLiteral("artifactLocation")).toObject().value(QStringLiteral("uri")).toString(),
+             QStringLiteral("order-lost/bad.json"));
+    QCOMPARE(place.value(QStringLiteral("region")).toObject().value(QStringLiteral("startLine")).toInt(), 3);
+}
+
+void CheckTest::junit()
+{
+    QXmlStreamReader xml(check({QStringLiteral("--format=junit"), QStringLiteral("order-lost/bad.json"),
+                                QStringLiteral("order-rounded/good.json")})
+                             .output);
+    int cases = 0;
+    int failures = 0;
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement) {
+            cases += xml.name() == QLatin1String("testcase") ? 1 : 0;
+            failures += xml.name() == QLatin1String("failure") ? 1 : 0;
+        }
+    }
+    QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+    QCOMPARE(cases, 2);
+    QCOMPARE(failures, 1);
+}
+
+void CheckTest::overriddenSeverity()
+{
+    const Finished finished = check(
+        {QStringLiteral("--override=order-lost=note"), QStringLiteral("order-lost/bad.json")});
+    QVERIFY2(finished.output.contains(": note: "), finished.output.constData());
+}
+
+void CheckTest::terminalIsSafe()
+{
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("a.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"entries": [{"path": "a", "title": "A", "\u001b[31m\u0000\n\uffff": 1}]})");
+    file.close();
+    for (const char *format : {"text", "json", "sarif", "junit"}) {
+        const QByteArray output
+            = check({QStringLiteral("--format"), QLatin1String(format), file.fileName()}).output;
+        QVERIFY(output.contains("[31m"));
+        QVERIFY(!output.contains('\x1b'));
+        QVERIFY(!output.contains('\0'));
+    }
+}
+
+void CheckTest::helpFitsAScreen()
+{
+    const Finished finished = check({QStringLiteral("--help")});
+    QCOMPARE(finished.exitCode, 0);
+    const QList<QByteArray> lines = finished.output.split('\n');
+    QVERIFY(lines.size() <= 25);
+    for (const QByteArray &line : lines) {
+        QVERIFY2(line.size() <= 80, line.constData());
+    }
+}
+
+QTEST_GUILESS_MAIN(CheckTest)
+#include "tst_check.moc"

@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "actions/callcheck.h"
+#include "knownkeys.h"
+#include "registry/jsonvariant.h"
+#include "rules.h"
+
+#include <QDBusError>
+#include <QDBusMessage>
+
+namespace Check
+{
+namespace
+{
+/// The parts of a call. Those that are left as they are give no reason to refuse it.
+struct Call {
+    QString service = QStringLiteral("a.a");
+    QString path = QStringLiteral("/a");
+    QString interface = QStringLiteral("a.a");
+    QString method = QStringLiteral("a");
+    QVariantList arguments;
+};
+
+struct NameKey {
+    const char *key;
+    Tag tag;
+    QString Call::*part;
+    bool isRequired;
+};
+
+constexpr NameKey s_names[] = {{"remote-service", Tag::DBusService, &Call::service, true},
+                               {"remote-path", Tag::DBusPath, &Call::path, true},
+                               {"remote-interface", Tag::DBusInterface, &Call::interface, false},
+                               {"remote-method", Tag::DBusMethod, &Call::method, true}};
+
+QString objectionTo(const Call &call)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(call.service, call.path, call.interface, call.method);
+    message.setArguments(call.arguments);
+    const QDBusError error = ::objectionTo(message);
+    return error.isValid() ? error.message() : QString();
+}
+
+bool isAction(const Entry &entry)
+{
+    return readString(entry.read, QLatin1String("type")) == QLatin1String("action");
+}
+
+QJsonObject paramsOf(const Entry &entry)
+{
+    return entry.read.value(QLatin1String("params")).toObject();
+}
+
+void actionNames(const Entry &entry, Findings *findings)
+{
+    if (!isAction(entry)) {
+        return;
+    }
+    const Json::Value *params = member(*entry.written, "params");
+    const bool hasParams = params && params->isObject();
+    const QJsonObject read = paramsOf(entry);
+    for (const NameKey &name : s_names) {
+        const Json::Value *value = hasParams ? member(*params, name.key) : nullptr;
+        Call call;
+        call.*name.part = readString(read, QLatin1String(name.key));
+        if ((call.*name.part).isEmpty()) {
+            if (name.isRequired) {
+                const Json::Value &place = value ? *value : hasParams ? *params : *entry.written;
+                findings->atValue(
+                    Tag::ActionIncomplete, place,
+                    QStringLiteral("an action needs \"%1\" in \"params\"").arg(QLatin1String(name.key)));
+            }
+            continue;
+        }
+        const QString objection = objectionTo(call);
+        if (!objection.isEmpty()) {
+            findings->atValue(
+                name.tag, *value,
+                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), printable(objection)));
+        }
+    }
+}
+
+/// Whether there is a null anywhere among @p arguments.
+bool holdsNull(const Json::Value &arguments)
+{
+    std::vector<const Json::Value *> pending{&arguments};
+    while (!pending.empty()) {
+        const Json::Value *value = pending.back();
+        pending.pop_back();
+        if (value->isNull()) {
+            return true;
+        }
+        if (value->isArray() || value->isObject()) {
+            for (const Json::Value &element : *value) {
+                pending.push_back(&element);
+            }
+        }
+    }
+    return false;
+}
+
+void actionArguments(const Entry &entry, Findings *findings)
+{
+    const Json::Value *params = member(*entry.written, "params");
+    const Json::Value *arguments = params && params->isObject() ? member(*params, "remote-arguments") : nullptr;
+    if (!isAction(entry) || !arguments || arguments->isNull()) {
+        return;
+    }
+    if (!arguments->isArray()) {
+        findings->atValue(Tag::ArgumentsLost, *arguments,
+                          QStringLiteral("the arguments are no array: there are none"));
+        return;
+    }
+    if (holdsNull(*arguments)) {
+        findings->atValue(Tag::ArgumentNull, *arguments, QStringLiteral("null cannot be sent"));
+        return;
+    }
+    Call call;
+    call.arguments = jsonToVariant(paramsOf(entry).value(QLatin1String("remote-arguments"))).toList();
+    const QString objection = objectionTo(call);
+    if (!objection.isEmpty()) {
+        findings->atValue(Tag::ArgumentsRefused, *arguments, objection);
+    }
+    for (const Json::Value &argument : *arguments) {
+        if (argument.type() == Json::intValue || argument.type() == Json::uintValue) {
+            findings->atValue(Tag::ArgumentNumber, argument, QStringLiteral("this number travels as a double"));
+        }
+    }
+}
+
+void callWithoutAction(const Entry &entry, Findings *findings)
+{
+    const Json::Value *params = member(*entry.written, "params");
+    if (isAction(entry) || !params || !params->isObject()) {
+        return;
+    }
+    for (const NameKey &name : s_names) {
+        if (const Json::Value *value = member(*params, name.key)) {
+            findings->atKey(
+                Tag::NotAnAction, *value,
+                QStringLiteral("\"%1\" is read for the type \"action\" only").arg(QLatin1String(name.key)));
+            return;
+        }
+    }
+}
+}
+
+QVector<EntryRule> actionRules()
+{
+    return {actionNames, actionArguments, callWithoutAction};
+}
+}

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "catalogs.h"
+
+#include <QDir>
+#include <QTranslator>
+
+namespace Check
+{
+namespace
+{
+/// Whether @p name can be that of a file in the directory. QTranslator would look for others for hours.
+bool isFileName(const QString &name)
+{
+    constexpr int LongestName = 240;
+    return name.toUtf8().size() <= LongestName && !name.contains(QLatin1Char('/'))
+           && !name.contains(QChar(QChar::Null));
+}
+
+bool hasText(const QTranslator &translator, const QString &id)
+{
+    const QString text = translator.translate("", id.toLatin1().constData());
+    return !text.isEmpty() && text != id;
+}
+}
+
+Catalog::Catalog(const QString &name, const QString &directory)
+    : m_fallback(std::make_unique<QTranslator>())
+{
+    if (!isFileName(name)) {
+        return;
+    }
+    m_fallback->load(name + QLatin1String("_eng_en"), directory);
+    const QString prefix = name + QLatin1Char('-');
+    const QStringList files = QDir(directory).entryList({QStringLiteral("*.qm")}, QDir::Files);
+    for (const QString &file : files) {
+        if (file.startsWith(prefix)) {
+            auto translator = std::make_unique<QTranslator>();
+            if (translator->load(file, directory)) {
+                m_byLocale.emplace(file.mid(prefix.size()).chopped(3), std::move(translator));
+            }
+        }
+    }
+}
+
+Catalog::~Catalog() = default;
+
+bool Catalog::isFound() const
+{
+    return !m_byLocale.empty() || !m_fallback->isEmpty();
+}
+
+QStringList Catalog::locales() const
+{
+    QStringList locales;
+    for (const auto &[locale, translator] : m_byLocale) {
+        locales.append(locale);
+    }
+    return locales;
+}
+
+bool Catalog::has(const QString &id, const QString &locale) const
+{
+    const auto it = m_byLocale.find(locale);
+    return it != m_byLocale.end() && hasText(*it->second, id);
+}
+
+bool Catalog::hasFallback(const QString &id) const
+{
+    return hasText(*m_fallback, id);
+}
+
+Catalogs::Catalogs(const QString &directory)
+    : m_directory(directory)
+{
+}
+
+const Catalog &Catalogs::catalog(const QString &name)
+{
+    std::unique_ptr<Catalog> &catalog = m_catalogs[name];
+    if (!catalog) {
+        catalog = std::make_unique<Catalog>(name, m_directory);
+    }
+    return *catalog;
+}
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <memory>
+
+class QTranslator;
+
+namespace Check
+{
+/// The texts of one catalog, in each language that there is.
+class Catalog
+{
+public:
+    Catalog(const QString &name, const QString &directory);
+    ~Catalog();
+    Catalog(const Catalog &) = delete;
+    Catalog &operator=(const Catalog &) = delete;
+
+    bool isFound() const;
+    QStringList locales() const;
+    bool has(const QString &id, const QString &locale) const;
+    bool hasFallback(const QString &id) const; ///< in engineering English
+
+private:
+    std::map<QString, std::unique_ptr<QTranslator>> m_byLocale;
+    const std::unique_ptr<QTranslator> m_fallback;
+};
+
+/// The catalogs in a directory, each loaded once.
+class Catalogs
+{
+public:
+    explicit Catalogs(const QString &directory);
+    const Catalog &catalog(const QString &name);
+
+private:
+    const QString m_directory;
+    std::map<QString, std::unique_ptr<Catalog>> m_catalogs;
+};
+}

@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "document.h"
+
+#include "doubledkeys.h"
+#include "registry/jsonvariant.h"
+
+#include <json/reader.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <memory>
+
+namespace Check
+{
+namespace
+{
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+constexpr int DeepestNesting = 1024;
+
+bool isContinuation(char c)
+{
+    return (uchar(c) & 0xC0U) == 0x80U;
+}
+
+int columnsOf(char c)
+{
+    if (isContinuation(c)) {
+        return 0;
+    }
+    return uchar(c) >= 0xF0U ? 2 : 1; // a surrogate pair
+}
+
+Tag tagOf(QJsonParseError::ParseError error)
+{
+    switch (error) {
+    case QJsonParseError::DeepNesting:
+        return Tag::Nesting;
+    case QJsonParseError::IllegalUTF8String:
+        return Tag::NotUtf8;
+    default:
+        return Tag::JsonSyntax;
+    }
+}
+
+/// The byte that the parser stumbled over. Except for wrong UTF-8, it has read that already.
+int offsetOf(const QJsonParseError &error, const QByteArray &text)
+{
+    const int offset = error.error == QJsonParseError::IllegalUTF8String ? error.offset : error.offset - 1;
+    return qBound(0, offset, text.size());
+}
+
+bool readWithOffsets(const QByteArray &text, bool rejectDoubledKeys, Json::Value *root, std::string *errors)
+{
+    Json::CharReaderBuilder builder;
+    Json::CharReaderBuilder::strictMode(&builder.settings_);
+    builder["rejectDupKeys"] = rejectDoubledKeys;
+    builder["stackLimit"] = DeepestNesting + 1;
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    return reader->parse(text.constData(), text.constData() + text.size(), root, errors);
+}
+
+/// The first place that @p errors of the reader name, "* Line 3, Column 8", as an offset.
+int offsetOfError(const QByteArray &text, const std::string &errors)
+{
+    int line = 1;
+    int column = 1;
+    if (std::sscanf(errors.c_str(), "* Line %d, Column %d", &line, &column) != 2) { // NOLINT(cert-err34-c)
+        return 0;
+    }
+    int start = 0;
+    for (; line > 1; --line) {
+        start = text.indexOf('\n', start) + 1;
+    }
+    return std::min(start + column - 1, text.size());
+}
+
+QString messageOf(const std::string &errors)
+{
+    return toText(errors).section(QLatin1Char('\n'), 1, 1).trimmed();
+}
+
+void collectEntries(Document *document)
+{
+    const Json::Value *entries = document->root.isObject() ? member(document->root, "entries") : nullptr;
+    if (!entries || !entries->isArray()) {
+        return;
+    }
+    const QJsonArray read = document->read.toObject().value(QLatin1String("entries")).toArray();
+    document->entries.reserve(read.size());
+    for (Json::ArrayIndex i = 0; i < entries->size(); ++i) {
+        if ((*entries)[i].isObject()) {
+            document->entries.append({&(*entries)[i], read.at(int(i)).toObject()});
+        }
+    }
+}
+}
+
+Findings::Findings(const QByteArray &text)
+    : m_text(text)
+{
+}
+
+void Findings::atOffset(Tag tag, int offset, const QString &text)
+{
+    m_findings.append({tag, offset, text, {}});
+    m_offsets.insert(offset);
+}
+
+void Findings::atValue(Tag tag, const Json::Value &value, const QString &text)
+{
+    atOffset(tag, int(value.getOffsetStart()), text);
+}
+
+void Findings::atKey(Tag tag, const Json::Value &value, const QString &text)
+{
+    const int colon = m_text.lastIndexOf(':', int(value.getOffsetStart()));
+    int quote = m_text.lastIndexOf('"', m_text.lastIndexOf('"', colon) - 1);
+    const auto isEscaped = [this](int i) {
+        int backslashes = 0;
+        while (i - backslashes > 0 && m_text.at(i - backslashes - 1) == '\\') {
+            ++backslashes;
+        }
+        return backslashes % 2 == 1;
+    };
+    while (isEscaped(quote)) {
+        quote = m_text.lastIndexOf('"', quote - 1);
+    }
+    atOffset(tag, quote, text);
+}
+
+bool Findings::isEmpty() const
+{
+    return m_findings.isEmpty();
+}
+
+bool Findings::hasAt(const Json::Value &value) const
+{
+    return m_offsets.contains(int(value.getOffsetStart()));
+}
+
+QVector<Finding> Findings::take()
+{
+    std::stable_sort(m_findings.begin(), m_findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.offset < b.offset; });
+    PlaceFinder places(m_text);
+    for (Finding &finding : m_findings) {
+        finding.place = places.at(finding.offset);
+    }
+    return std::exchange(m_findings, {});
+}
+
+PlaceFinder::PlaceFinder(const QByteArray &text)
+    : m_text(text)
+{
+}
+
+Place PlaceFinder::at(int offset)
+{
+    if (offset < m_offset) {
+        m_offset = 0;
+        m_place = {};
+    }
+    for (; m_offset < offset; ++m_offset) {
+        if (m_text.at(m_offset) == '\n') {
+            m_place = {m_place.line + 1, 1};
+        } else {
+            m_place.column += columnsOf(m_text.at(m_offset));
+        }
+    }
+    return m_place;
+}
+
+std::optional<QByteArray> readText(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QByteArray text = file.readAll();
+    text.replace('\r', "");
+    return text;
+}
+
+bool parse(Document *document, Findings *findings)
+{
+    QByteArray &text = document->text;
+    if (text.trimmed().isEmpty()) {
+        findings->atOffset(Tag::EmptyFile, 0, QStringLiteral("the file is empty"));
+        return false;
+    }
+    if (text.startsWith(ByteOrderMark)) {
+        findings->atOffset(Tag::ByteOrderMark, 0, QStringLiteral("the file begins with a byte order mark"));
+        text.remove(0, int(qstrlen(ByteOrderMark)));
+    }
+    QJsonParseError error;
+    const QJsonDocument json = QJsonDocument::fromJson(text, &error);
+    if (json.isNull()) {
+        findings->atOffset(tagOf(error.error), offsetOf(error, text), error.errorString());
+        return false;
+    }
+    document->read = json.isObject() ? QJsonValue(json.object()) : QJsonValue(json.array());
+    std::string errors;
+    if (!readWithOffsets(text, true, &document->root, &errors)) {
+        if (!readWithOffsets(text, false, &document->root, &errors)) {
+            findings->atOffset(Tag::NotPortable, offsetOfError(text, errors), messageOf(errors));
+            return false;
+        }
+        reportDoubledKeys(text, findings);
+    }
+    collectEntries(document);
+    return true;
+}
+
+const Json::Value *member(const Json::Value &object, const char *key)
+{
+    return object.find(key, key + qstrlen(key));
+}
+
+bool contains(const Json::Value &object, const char *key)
+{
+    return member(object, key) != nullptr;
+}
+
+QString toText(const std::string &text)
+{
+    return QString::fromUtf8(text.data(), int(text.size()));
+}
+
+QString readString(const QJsonObject &object, QLatin1String key)
+{
+    return jsonToVariant(object.value(key)).toString();
+}
+}

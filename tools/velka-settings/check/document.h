@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "finding.h"
+
+#include <json/value.h>
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QSet>
+
+#include <optional>
+
+namespace Check
+{
+/// An element of "entries" that is an object: as it is written, and as the library reads it.
+struct Entry {
+    const Json::Value *written;
+    QJsonObject read;
+};
+
+/// A registration file or favourites blacklist that the library can parse.
+struct Document {
+    QString path; ///< as it was given
+    QByteArray text; ///< as the library parses it
+    Json::Value root; ///< with the offsets of its values
+    QJsonValue read; ///< what the library makes of it
+    QVector<Entry> entries;
+};
+
+/// Collects what is found in one text.
+class Findings
+{
+public:
+    explicit Findings(const QByteArray &text);
+
+    void atOffset(Tag tag, int offset, const QString &text);
+    void atValue(Tag tag, const Json::Value &value, const QString &text);
+    void atKey(Tag tag, const Json::Value &value, const QString &text); ///< at the key of a member
+    bool isEmpty() const;
+    bool hasAt(const Json::Value &value) const;
+
+    /// All findings, by place.
+    QVector<Finding> take();
+
+private:
+    const QByteArray &m_text;
+    QVector<Finding> m_findings;
+    QSet<int> m_offsets;
+};
+
+/// Follows offsets through a text. Cheap when they ascend.
+class PlaceFinder
+{
+public:
+    explicit PlaceFinder(const QByteArray &text);
+    Place at(int offset);
+
+private:
+    const QByteArray &m_text;
+    int m_offset = 0;
+    Place m_place;
+};
+
+/// The content of a file as the library reads it; nothing when it cannot.
+std::optional<QByteArray> readText(const QString &path);
+/// Fills @p document by its text. False, and findings that tell why, when there is no more to check. What the
+/// library reads is known even then, if it reads anything.
+bool parse(Document *document, Findings *findings);
+
+const Json::Value *member(const Json::Value &object, const char *key); ///< null when there is none
+bool contains(const Json::Value &object, const char *key);
+QString toText(const std::string &text);
+/// The value as the library makes a string of it.
+QString readString(const QJsonObject &object, QLatin1String key);
+}

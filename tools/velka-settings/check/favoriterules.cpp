@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "rules.h"
+
+namespace Check
+{
+namespace
+{
+QString typeOf(const Entry &entry)
+{
+    return readString(entry.read, QLatin1String("type"));
+}
+
+bool isCustom(const Entry &entry)
+{
+    return typeOf(entry).contains(QLatin1String("custom"));
+}
+
+const Json::Value *paramOf(const Entry &entry, const char *key)
+{
+    const Json::Value *params = member(*entry.written, "params");
+    return params && params->isObject() ? member(*params, key) : nullptr;
+}
+
+QString placeOf(const Entry &entry)
+{
+    return readString(entry.read.value(QLatin1String("params")).toObject(), QLatin1String("type"));
+}
+
+void misplacedFavorite(const Entry &entry, Findings *findings)
+{
+    if (const Json::Value *value = member(*entry.written, "allow_favorite")) {
+        findings->atKey(Tag::FavoriteMisplaced, *value,
+                        QStringLiteral("\"allow_favorite\" is read in \"params\" only"));
+    }
+}
+
+void unreadFavorite(const Entry &entry, Findings *findings)
+{
+    const Json::Value *allowed = paramOf(entry, "allow_favorite");
+    if (allowed && typeOf(entry) != QLatin1String("page")) {
+        findings->atKey(Tag::FavoriteUnread, *allowed,
+                        QStringLiteral("\"allow_favorite\" is read for the type \"page\" only"));
+    }
+    const Json::Value *simple = paramOf(entry, "simpleGrid");
+    if (simple && !(isCustom(entry) && placeOf(entry) == QLatin1String("grid"))) {
+        findings->atKey(Tag::FavoriteUnread, *simple,
+                        QStringLiteral("\"simpleGrid\" is read for custom types in a grid only"));
+    }
+}
+
+void customWithoutPlace(const Entry &entry, Findings *findings)
+{
+    const QString place = placeOf(entry);
+    if (isCustom(entry) && place != QLatin1String("grid") && place != QLatin1String("list")) {
+        findings->atValue(Tag::CustomWithoutPlace, *member(*entry.written, "type"),
+                          QStringLiteral("no favourite without \"type\": \"grid\" or \"list\" in \"params\""));
+    }
+}
+}
+
+QVector<EntryRule> favoriteRules()
+{
+    return {misplacedFavorite, unreadFavorite, customWithoutPlace};
+}
+}

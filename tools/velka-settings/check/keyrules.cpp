@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "knownkeys.h"
+#include "nearest.h"
+#include "registry/jsonvariant.h"
+#include "registry/treeitem.h"
+#include "rules.h"
+
+namespace Check
+{
+namespace
+{
+void reportUnknown(const Json::Value &object, const QStringList &known, bool isOther, Findings *findings)
+{
+    for (auto it = object.begin(); it != object.end(); ++it) {
+        const QString key = toText(it.name());
+        if (known.contains(key)) {
+            continue;
+        }
+        const QString meant = nearest(key, known);
+        if (!meant.isEmpty()) {
+            findings->atKey(Tag::KeyMisspelt, *it,
+                            QStringLiteral("unknown key %1: did you mean %2?").arg(quoted(key), quoted(meant)));
+        } else if (!isOther) {
+            findings->atKey(Tag::KeyUnknown, *it, QStringLiteral("unknown key %1").arg(quoted(key)));
+        }
+    }
+}
+
+void unknownKeys(const Entry &entry, Findings *findings)
+{
+    static const QStringList elsewhere = KnownKeys::action()
+                                         + QStringList{QStringLiteral("from_file"),
+                                                       QStringLiteral("allow_favorite"),
+                                                       QStringLiteral("simpleGrid")};
+    static const QStringList known = KnownKeys::entry() + elsewhere;
+    reportUnknown(*entry.written, known, false, findings);
+}
+
+void unknownParams(const Entry &entry, Findings *findings)
+{
+    const Json::Value *params = member(*entry.written, "params");
+    if (!params || !params->isObject()) {
+        return;
+    }
+    const bool isAction = readString(entry.read, QLatin1String("type")) == QLatin1String("action");
+    reportUnknown(*params, KnownKeys::params(), !isAction, findings);
+}
+
+void misplacedParams(const Entry &entry, Findings *findings)
+{
+    static const QStringList names = KnownKeys::action() + QStringList{QStringLiteral("simpleGrid")};
+    for (const QString &name : names) {
+        if (const Json::Value *value = member(*entry.written, name.toUtf8().constData())) {
+            findings->atKey(Tag::ParamMisplaced, *value,
+                            QStringLiteral("%1 is read in \"params\" only").arg(quoted(name)));
+        }
+    }
+}
+
+void fromFile(const Entry &entry, Findings *findings)
+{
+    if (const Json::Value *value = member(*entry.written, "from_file")) {
+        findings->atKey(Tag::FromFile, *value,
+                        QStringLiteral("the library replaces \"from_file\" with the name of the file"));
+    }
+}
+
+void misspeltType(const Entry &entry, Findings *findings)
+{
+    static const QStringList types{QStringLiteral("action"), QStringLiteral("bool"),    QStringLiteral("custom"),
+                                   QStringLiteral("enum"),   QStringLiteral("integer"), QStringLiteral("page"),
+                                   QStringLiteral("section")};
+    const QString type = readString(entry.read, QLatin1String("type"));
+    if (type.isEmpty() || types.contains(type) || type.contains(QLatin1String("custom"))) {
+        return;
+    }
+    const QString meant = nearest(type, types);
+    if (!meant.isEmpty()) {
+        findings->atValue(Tag::TypeMisspelt, *member(*entry.written, "type"),
+                          QStringLiteral("unknown type %1: did you mean %2?").arg(quoted(type), quoted(meant)));
+    }
+}
+
+/// Whether @p value is a string that the library takes for a number.
+bool isNumberAsText(const QJsonValue &value)
+{
+    bool isNumber = false;
+    value.toString().toInt(&isNumber);
+    return isNumber;
+}
+
+void order(const Entry &entry, Findings *findings)
+{
+    const Json::Value *written = member(*entry.written, "order");
+    const QJsonValue value = entry.read.value(QLatin1String("order"));
+    if (!written || value.isNull() || value.isBool() || isNumberAsText(value)) {
+        return;
+    }
+    const int result = TreeItem({}, {{QStringLiteral("order"), jsonToVariant(value)}}).order();
+    if (!value.isDouble() || qAbs(value.toDouble() - result) >= 1) {
+        findings->atValue(Tag::OrderLost, *written,
+                          QStringLiteral("the library reads this order as %1").arg(result));
+    } else if (value.toDouble() != result) {
+        findings->atValue(Tag::OrderRounded, *written,
+                          QStringLiteral("the library rounds this order to %1").arg(result));
+    }
+}
+}
+
+QVector<EntryRule> keyRules()
+{
+    return {unknownKeys, unknownParams, misplacedParams, fromFile, misspeltType, order};
+}
+
+void checkTopLevel(const Document &document, Findings *findings)
+{
+    const Json::Value &root = document.root;
+    reportUnknown(root, KnownKeys::topLevel(), false, findings);
+    const Json::Value *entries = member(root, "entries");
+    if (!entries || (entries->isArray() && entries->empty())) {
+        findings->atValue(Tag::NoEntries, entries ? *entries : root, QStringLiteral("the file declares nothing"));
+    }
+    const QJsonObject read = document.read.toObject();
+    const QString group = read.value(QLatin1String("required_group")).toString();
+    if (!group.isEmpty() && group == read.value(QLatin1String("disabled_group")).toString()) {
+        findings->atValue(
+            Tag::GroupsContradict, *member(root, "disabled_group"),
+            QStringLiteral("nobody is and is not in the group %1: the file is never used").arg(quoted(group)));
+    }
+}
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QStringList>
+
+/// The keys that the schema names.
+namespace Check::KnownKeys
+{
+const QStringList &topLevel();
+const QStringList &entry();
+const QStringList &params();
+/// The keys of "params" that describe a D-Bus call.
+QStringList action();
+}

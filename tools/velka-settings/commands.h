@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QStringList>
+
+/// The commands of velka-settings. Each takes what follows its name and returns the exit code.
+namespace Commands
+{
+constexpr int Success = 0;
+constexpr int Findings = 1;
+constexpr int CannotRun = 2;
+
+int check(const QStringList &arguments);
+}

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "commands.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <iterator>
+
+#include <cstdio>
+
+namespace
+{
+struct Command {
+    const char *name;
+    const char *summary;
+    int (*run)(const QStringList &arguments);
+};
+
+const Command s_commands[] = {
+    {"check", "finds mistakes in registration files", Commands::check},
+};
+
+void printUsage(std::FILE *stream)
+{
+    std::fputs("Usage: velka-settings COMMAND [OPTION]... [ARGUMENT]...\n\nCommands:\n", stream);
+    for (const Command &command : s_commands) {
+        std::fprintf(stream, "  %-8s %s\n", command.name, command.summary);
+    }
+    std::fputs("\nvelka-settings COMMAND --help tells more.\n", stream);
+}
+}
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments.isEmpty()) {
+        printUsage(stderr);
+        return Commands::CannotRun;
+    }
+    const QString name = arguments.takeFirst();
+    if (name == QLatin1String("--help")) {
+        printUsage(stdout);
+        return Commands::Success;
+    }
+    const auto *const command = std::find_if(
+        std::begin(s_commands), std::end(s_commands),
+        [&](const Command &candidate) { return name == QLatin1String(candidate.name); });
+    if (command == std::end(s_commands)) {
+        std::fprintf(stderr, "velka-settings: there is no command \"%s\"\n", qUtf8Printable(name));
+        return Commands::CannotRun;
+    }
+    return command->run(arguments);
+}
