@@ -13,4 +13,5 @@ constexpr int Findings = 1;
 constexpr int CannotRun = 2;
 
 int check(const QStringList &arguments);
+int preview(const QStringList &arguments);
 }

@@ -20,6 +20,7 @@ struct Command {
 
 const Command s_commands[] = {
     {"check", "finds mistakes in registration files", Commands::check},
+    {"preview", "shows registration files in a Settings window", Commands::preview},
 };
 
 void printUsage(std::FILE *stream)
