@@ -21,9 +21,12 @@ packages=(
     qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core qtwayland5
     # benchmarks
     libbenchmark-dev
+    # the man pages
+    scdoc
 )
 # What the tests need besides, scripts/lint among them.
-test_packages=(python3 scdoc python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse)
+test_packages=(python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
+    zsh fish)
 
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.
 install_packages() {

@@ -33,26 +33,53 @@ FavoritesFilter::FavoritesFilter(const QStringList &kinds, const QSet<QString> &
 
 bool FavoritesFilter::isKind(const QString &name)
 {
-    return name == s_grid || name == s_list || name == s_simpleGrid || name == s_pages || name == s_actions;
+    return kinds().contains(name);
+}
+
+QStringList FavoritesFilter::kinds()
+{
+    return {s_grid, s_list, s_simpleGrid, s_pages, s_actions};
 }
 
 bool FavoritesFilter::admits(const TreeItem *item) const
 {
+    switch (ruleFor(item)) {
+    case FavoritesRule::GridType:
+    case FavoritesRule::ListType:
+    case FavoritesRule::Page:
+    case FavoritesRule::Action:
+    case FavoritesRule::CustomForList:
+    case FavoritesRule::CustomForGrid:
+    case FavoritesRule::CustomForSimpleGrid:
+        return true;
+    case FavoritesRule::OtherType:
+    case FavoritesRule::PageOnBlacklist:
+    case FavoritesRule::PageForbidsIt:
+    case FavoritesRule::ActionOnBlacklist:
+    case FavoritesRule::CustomElsewhere:
+    case FavoritesRule::CustomNotSimple:
+        break;
+    }
+    return false;
+}
+
+FavoritesRule FavoritesFilter::ruleFor(const TreeItem *item) const
+{
     const QString type = item->type();
     const bool isPage = type == QLatin1String("page");
     if (m_grid && (isPage || type == QLatin1String("bool") || type == QLatin1String("section"))) {
-        return true;
+        return FavoritesRule::GridType;
     }
     if (m_list && (type == QLatin1String("integer") || type == QLatin1String("enum"))) {
-        return true;
+        return FavoritesRule::ListType;
     }
     if (m_pages && isPage) {
-        return !isBlacklisted(item) && params(item).value(QStringLiteral("allow_favorite"), true).toBool();
+        return ruleForPage(item);
     }
     if (m_actions && type == QLatin1String("action")) {
-        return !isBlacklisted(item);
+        return isBlacklisted(item) ? FavoritesRule::ActionOnBlacklist : FavoritesRule::Action;
     }
-    return type.contains(QLatin1String("custom")) && admitsCustom(item);
+    return type.contains(QLatin1String("custom")) ? ruleForCustom(item) : FavoritesRule::OtherType;
 }
 
 bool FavoritesFilter::isBlacklisted(const TreeItem *item) const
@@ -60,15 +87,28 @@ bool FavoritesFilter::isBlacklisted(const TreeItem *item) const
     return m_blacklist.contains(item->value(QStringLiteral("path")).toString());
 }
 
-bool FavoritesFilter::admitsCustom(const TreeItem *item) const
+FavoritesRule FavoritesFilter::ruleForPage(const TreeItem *item) const
+{
+    if (isBlacklisted(item)) {
+        return FavoritesRule::PageOnBlacklist;
+    }
+    const bool isAllowed = params(item).value(QStringLiteral("allow_favorite"), true).toBool();
+    return isAllowed ? FavoritesRule::Page : FavoritesRule::PageForbidsIt;
+}
+
+FavoritesRule FavoritesFilter::ruleForCustom(const TreeItem *item) const
 {
     const QVariantMap itemParams = params(item);
     const QString type = itemParams.value(QStringLiteral("type")).toString();
     if (type == QLatin1String("list")) {
-        return m_list;
+        return m_list ? FavoritesRule::CustomForList : FavoritesRule::CustomElsewhere;
     }
-    if (type == QLatin1String("grid")) {
-        return m_grid || (m_simpleGrid && itemParams.value(QStringLiteral("simpleGrid"), true).toBool());
+    if (type != QLatin1String("grid") || !(m_grid || m_simpleGrid)) {
+        return FavoritesRule::CustomElsewhere;
     }
-    return false;
+    if (m_grid) {
+        return FavoritesRule::CustomForGrid;
+    }
+    const bool isSimple = itemParams.value(QStringLiteral("simpleGrid"), true).toBool();
+    return isSimple ? FavoritesRule::CustomForSimpleGrid : FavoritesRule::CustomNotSimple;
 }

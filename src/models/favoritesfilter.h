@@ -8,6 +8,23 @@
 
 class TreeItem;
 
+/// What decides whether an entry is admitted.
+enum class FavoritesRule {
+    OtherType, ///< no kind takes the type
+    GridType,
+    ListType,
+    Page,
+    PageOnBlacklist,
+    PageForbidsIt,
+    Action,
+    ActionOnBlacklist,
+    CustomForList,
+    CustomForGrid,
+    CustomForSimpleGrid,
+    CustomElsewhere, ///< its place is another one, or none
+    CustomNotSimple,
+};
+
 /**
  * Which settings entries a kind of favourites admits. The kinds: "grid_favorites" (types "bool", "section", "page" and
  * custom entries for a grid), "list_favorites" ("integer", "enum" and custom entries for a list),
@@ -20,12 +37,15 @@ public:
     FavoritesFilter(const QStringList &kinds, const QSet<QString> &blacklist);
 
     static bool isKind(const QString &name);
+    static QStringList kinds();
 
     bool admits(const TreeItem *item) const;
+    FavoritesRule ruleFor(const TreeItem *item) const;
 
 private:
     bool isBlacklisted(const TreeItem *item) const;
-    bool admitsCustom(const TreeItem *item) const;
+    FavoritesRule ruleForPage(const TreeItem *item) const;
+    FavoritesRule ruleForCustom(const TreeItem *item) const;
 
     const bool m_grid;
     const bool m_list;

@@ -4,8 +4,22 @@
 #include "plugin/apptranslator.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 AppTranslator::~AppTranslator()
 {
     QCoreApplication::removeTranslator(this);
+}
+
+FrameworkCatalog installFrameworkCatalog(QObject *parent, const QString &directory)
+{
+    // The translator installed last is asked first: the locale's texts win over the engineering English ones.
+    auto *engineeringEnglish = new AppTranslator(parent);
+    QCoreApplication::installTranslator(engineeringEnglish);
+    auto *localized = new AppTranslator(parent);
+    QCoreApplication::installTranslator(localized);
+
+    engineeringEnglish->load(QStringLiteral("settings_eng_en"), directory);
+    localized->load(QLocale(), QStringLiteral("settings"), QStringLiteral("-"), directory);
+    return {engineeringEnglish, localized};
 }

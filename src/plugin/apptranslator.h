@@ -13,3 +13,11 @@ public:
     using QTranslator::QTranslator;
     ~AppTranslator() override;
 };
+
+struct FrameworkCatalog {
+    AppTranslator *engineeringEnglish;
+    AppTranslator *localized; ///< asked first
+};
+
+/// Installs the framework's own texts of @p directory. The translators belong to @p parent.
+FrameworkCatalog installFrameworkCatalog(QObject *parent, const QString &directory);

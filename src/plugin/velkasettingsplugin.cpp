@@ -11,8 +11,6 @@
 #include "plugin/apptranslator.h"
 #include "plugin/constants.h"
 
-#include <QCoreApplication>
-#include <QLocale>
 #include <QQmlEngine>
 #include <qqml.h>
 
@@ -40,12 +38,5 @@ void VelkaSettingsPlugin::registerTypes(const char *uri)
 void VelkaSettingsPlugin::initializeEngine(QQmlEngine *engine, const char *uri)
 {
     Q_UNUSED(uri)
-    // The translator installed last is asked first: the locale's texts win over the engineering English ones.
-    auto *engineeringEnglish = new AppTranslator(engine);
-    QCoreApplication::installTranslator(engineeringEnglish);
-    auto *localized = new AppTranslator(engine);
-    QCoreApplication::installTranslator(localized);
-
-    engineeringEnglish->load(QStringLiteral("settings_eng_en"), Constants::TranslationsDirectory);
-    localized->load(QLocale(), QStringLiteral("settings"), QStringLiteral("-"), Constants::TranslationsDirectory);
+    installFrameworkCatalog(engine, Constants::TranslationsDirectory);
 }

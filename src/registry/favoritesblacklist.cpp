@@ -4,6 +4,7 @@
 #include "registry/favoritesblacklist.h"
 
 #include "plugin/constants.h"
+#include "registry/blacklistfile.h"
 #include "registry/messages.h"
 
 #include <QDebug>
@@ -14,7 +15,12 @@
 
 QSet<QString> readFavoritesBlacklist()
 {
-    QFile file(Constants::FavoritesBlacklistFile);
+    return readBlacklistFile(Constants::FavoritesBlacklistFile);
+}
+
+QSet<QString> readBlacklistFile(const QString &path)
+{
+    QFile file(path);
     // To open a pipe would wait for its writer.
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         qWarning() << Messages::CannotReadBlacklist << file.fileName();

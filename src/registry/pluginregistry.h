@@ -5,8 +5,6 @@
 
 #include "velkasettings_export.h"
 
-#include <QHash>
-#include <QMap>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
@@ -14,12 +12,10 @@
 
 #include <memory>
 
-class FileIndex;
+class EntryTree;
 class MGConfItem;
 class QFileSystemWatcher;
-class QTranslator;
 class TreeItem;
-struct RegistrationFile;
 
 /**
  * The settings entries of this process: one tree, built from the registration files in
@@ -68,22 +64,9 @@ private Q_SLOTS:
     void maskedSettingsChanged();
 
 private:
-    void unload(const QSet<QString> &fileNames);
-    void pruneUpwards(TreeItem *item, const QSet<QString> &fileNames);
-    bool isRemovable(const TreeItem *item, const QSet<QString> &fileNames) const;
-    void insertEntries(const RegistrationFile &file, const QString &fileName);
-    void maskEntry(const QString &path, const QString &fileName);
-    QSet<QString> filesToReload(const QSet<QString> &masked) const;
-
-    QStringList m_knownFiles;
     QFileSystemWatcher *const m_watcher;
-    const std::unique_ptr<FileIndex> m_index; ///< outlives the tree
-    const std::unique_ptr<TreeItem> m_root;
-    QHash<QString, QTranslator *> m_translators;
+    const std::unique_ptr<EntryTree> m_entries;
     MGConfItem *const m_maskedItem;
-    QSet<QString> m_maskedSettings;
-    QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
     QTimer m_scanTimer;
-    QSet<QString> m_favoritesBlacklist;
-    QSet<QString> m_loadedFiles;
+    const QSet<QString> m_favoritesBlacklist;
 };

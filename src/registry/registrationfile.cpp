@@ -3,15 +3,22 @@
 
 #include "registry/registrationfile.h"
 
+#include "registry/jsonvariant.h"
 #include "registry/logging.h"
 #include "registry/messages.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
-std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName)
+bool isRegistrationFile(const QString &fileName)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(json);
+    return fileName.endsWith(QLatin1String(".json")) && !fileName.startsWith(QLatin1String("fake"));
+}
+
+std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName,
+                                                      QJsonParseError *error)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(json, error);
     if (document.isNull()) {
         qCWarning(lcSettings) << Messages::CannotParseJson << fileName;
         return {};
@@ -26,4 +33,18 @@ std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, co
                             object.value(QLatin1String("translation_catalog")).toString(),
                             object.value(QLatin1String("complementary_translation_catalog")).toString(),
                             object.value(QLatin1String("entries")).toArray()};
+}
+
+std::optional<QString> pathOfEntry(const QJsonObject &entry)
+{
+    const auto path = entry.constFind(QLatin1String("path"));
+    if (path == entry.constEnd()) {
+        return {};
+    }
+    return jsonToVariant(*path).toString();
+}
+
+QStringList splitPath(const QString &path)
+{
+    return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
 }

@@ -4,9 +4,12 @@
 #pragma once
 
 #include <QJsonArray>
-#include <QString>
+#include <QStringList>
 
 #include <optional>
+
+class QJsonObject;
+struct QJsonParseError;
 
 /// What one registration file says; a key that is missing or of the wrong type is empty.
 struct RegistrationFile {
@@ -17,5 +20,14 @@ struct RegistrationFile {
     QJsonArray entries;
 };
 
+/// Whether a file in the entries directory is loaded, by its name.
+bool isRegistrationFile(const QString &fileName);
+
 /// Parses @p json. Nothing, with a warning that names @p fileName, when it is no JSON or no object.
-std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName);
+std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName,
+                                                      QJsonParseError *error = nullptr);
+
+/// The path that @p entry declares, as it is spelled there. Nothing when it declares none.
+std::optional<QString> pathOfEntry(const QJsonObject &entry);
+/// The names of the nodes down to @p path.
+QStringList splitPath(const QString &path);

@@ -7,6 +7,7 @@
 #include "registry/fileindex.h"
 #include "registry/jsonvariant.h"
 #include "registry/logging.h"
+#include "registry/titles.h"
 
 #include <algorithm>
 
@@ -64,13 +65,12 @@ QString TreeItem::type() const
 
 QString TreeItem::title() const
 {
-    const QString title = translatedTitle(QStringLiteral("translation_id"), QStringLiteral("title"));
-    return title.isEmpty() ? QLatin1String("!!") + m_name : title;
+    return titleOf(*this).text;
 }
 
 QString TreeItem::shortTitle() const
 {
-    return translatedTitle(QStringLiteral("translation_id_short"), QStringLiteral("title_short"));
+    return shortTitleOf(*this).text;
 }
 
 QString TreeItem::icon() const
@@ -343,18 +343,6 @@ void TreeItem::setIndex(FileIndex *index)
         }
         item = pending.takeLast();
     }
-}
-
-QString TreeItem::translatedTitle(const QString &idKey, const QString &plainKey) const
-{
-    const QString id = value(idKey).toString();
-    if (!id.isEmpty()) {
-        QString text = qtTrId(id.toLocal8Bit().constData());
-        if (text != id) {
-            return text;
-        }
-    }
-    return value(plainKey).toString();
 }
 
 QList<TreeItem *> TreeItem::sortedChildren(const Comparison &lessThan) const

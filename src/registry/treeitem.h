@@ -102,7 +102,6 @@ private:
 
     TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile);
     void setEntry(const QJsonObject &entry, const QString &fromFile);
-    QString translatedTitle(const QString &idKey, const QString &plainKey) const;
     QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
     void enterIndex();
     void leaveIndex();

@@ -13,5 +13,9 @@ constexpr int Findings = 1;
 constexpr int CannotRun = 2;
 
 int check(const QStringList &arguments);
+int diff(const QStringList &arguments);
 int preview(const QStringList &arguments);
+int show(const QStringList &arguments);
+int tree(const QStringList &arguments);
+int why(const QStringList &arguments);
 }

@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QSet>
+#include <QString>
+
+/// readFavoritesBlacklist() of another place.
+QSet<QString> readBlacklistFile(const QString &path);

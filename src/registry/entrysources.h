@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <sys/types.h>
+
+#include <functional>
+#include <optional>
+
+/// Where registration files and what belongs to them are read, and for whom.
+struct EntrySources {
+    /// The places of this system, for the user of this process.
+    static EntrySources ofSystem();
+
+    uid_t userId() const;
+    bool userHasGroup(const QString &group) const;
+
+    QString entriesDirectory;
+    QString translationsDirectory;
+    QString favoritesBlacklistFile;
+    std::optional<uid_t> user; ///< without it the effective user, asked for anew each time
+    std::function<bool(uid_t user, const QString &group)> isMember;
+};

@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/entrytree.h"
+
+#include "registry/fileindex.h"
+#include "registry/filereport.h"
+#include "registry/loadobserver.h"
+#include "registry/logging.h"
+#include "registry/messages.h"
+#include "registry/registrationfile.h"
+#include "registry/treeitem.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QJsonObject>
+#include <QLocale>
+#include <QPointer>
+#include <QTranslator>
+
+#include <climits>
+
+namespace
+{
+/// Whether a file can have @p name. QTranslator would look for a longer one in ever shorter forms, for hours.
+bool isFileName(const QString &name)
+{
+    return QFile::encodeName(name).size() <= NAME_MAX;
+}
+}
+
+EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, LoadObserver *observer)
+    : m_sources(sources)
+    , m_translatorParent(translatorParent)
+    , m_observer(observer)
+    , m_index(std::make_unique<FileIndex>())
+    , m_root(std::make_unique<TreeItem>(QString(), QVariantMap()))
+{
+    m_root->setIndex(m_index.get());
+}
+
+EntryTree::~EntryTree()
+{
+    m_root->removeItems([](const TreeItem *) { return true; });
+    for (QTranslator *translator : qAsConst(m_translators)) {
+        QCoreApplication::removeTranslator(translator);
+        delete translator;
+    }
+}
+
+TreeItem *EntryTree::root() const
+{
+    return m_root.get();
+}
+
+bool EntryTree::scan()
+{
+    const QStringList listed = QDir(m_sources.entriesDirectory).entryList(QDir::Files);
+    const QSet<QString> present(listed.cbegin(), listed.cend());
+    const QSet<QString> known(m_knownFiles.cbegin(), m_knownFiles.cend());
+    const QSet<QString> vanished = known - present;
+    if (!vanished.isEmpty()) {
+        unload(vanished);
+        const auto isGone = [&vanished](const QString &name) { return vanished.contains(name); };
+        m_knownFiles.erase(std::remove_if(m_knownFiles.begin(), m_knownFiles.end(), isGone), m_knownFiles.end());
+    }
+    QStringList added;
+    for (const QString &name : listed) {
+        if (isRegistrationFile(name) && !known.contains(name)) {
+            added.append(name);
+        }
+    }
+    if (m_observer) {
+        m_observer->scanStarted(added.size());
+    }
+    for (const QString &name : qAsConst(added)) {
+        m_knownFiles.append(name);
+        load(name);
+    }
+    return !vanished.isEmpty() || !added.isEmpty();
+}
+
+void EntryTree::load(const QString &fileName)
+{
+    qCInfo(lcSettings) << Messages::ParsingFile << "parsing" << fileName;
+    const FileReport report = readRegistrationFile(m_sources, fileName);
+    if (m_observer) {
+        m_observer->fileRead(report);
+    }
+    if (report.fate != FileFate::Loaded) {
+        return;
+    }
+    loadCatalog(report.file->translationCatalog);
+    loadCatalog(report.file->complementaryTranslationCatalog);
+    m_loadedFiles.insert(fileName);
+    insertEntries(*report.file, fileName);
+}
+
+void EntryTree::insertEntries(const RegistrationFile &file, const QString &fileName)
+{
+    int index = 0;
+    for (const QJsonValue &element : file.entries) {
+        const TreeItem *item = nullptr;
+        const EntryFate fate = insertEntry(element.toObject(), fileName, &item);
+        if (m_observer) {
+            m_observer->entryRead(fileName, index, fate, item);
+        }
+        ++index;
+    }
+}
+
+EntryFate EntryTree::insertEntry(const QJsonObject &entry, const QString &fileName, const TreeItem **item)
+{
+    const std::optional<QString> path = pathOfEntry(entry);
+    if (!path) {
+        qCWarning(lcSettings) << Messages::PathMissing << fileName;
+        return EntryFate::Pathless;
+    }
+    if (m_maskedPaths.contains(*path)) {
+        maskEntry(*path, fileName);
+        return EntryFate::Masked;
+    }
+    *item = m_root->insertEntry(splitPath(*path), entry, fileName);
+    return EntryFate::Inserted;
+}
+
+void EntryTree::maskEntry(const QString &path, const QString &fileName)
+{
+    m_maskedEntries.insert(path, fileName);
+    // Entries of other files may have kept the node when this file was unloaded. It must not show what is masked.
+    TreeItem *item = m_root->lookup(splitPath(path));
+    if (item && item->fromFile() == fileName && item->value(QStringLiteral("path")).toString() == path) {
+        item->clearData();
+    }
+}
+
+void EntryTree::unload(const QSet<QString> &fileNames)
+{
+    for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
+        it = fileNames.contains(it.value()) ? m_maskedEntries.erase(it) : std::next(it);
+    }
+    m_loadedFiles.subtract(fileNames);
+    const QVector<QPointer<TreeItem>> items = m_index->removableWith(fileNames);
+    for (const QPointer<TreeItem> &item : items) {
+        pruneUpwards(item, fileNames);
+    }
+}
+
+void EntryTree::pruneUpwards(TreeItem *item, const QSet<QString> &fileNames)
+{
+    while (item && isRemovable(item, fileNames)) {
+        // Whoever hears that the item is gone runs code of its own.
+        const QPointer<TreeItem> parent = item->parentItem();
+        parent->removeChild(item);
+        item = parent;
+    }
+}
+
+bool EntryTree::isRemovable(const TreeItem *item, const QSet<QString> &fileNames) const
+{
+    if (item->count() > 0 || item == m_root.get()) {
+        return false;
+    }
+    // A node of a file that was unloaded earlier lived on for its children alone.
+    return !item->isDeclared() || fileNames.contains(item->fromFile())
+           || !m_loadedFiles.contains(item->fromFile());
+}
+
+void EntryTree::loadCatalog(const QString &catalog)
+{
+    if (catalog.isEmpty()) {
+        return;
+    }
+    const QString &directory = m_sources.translationsDirectory;
+    installCatalog(catalog + QLatin1String("_eng_en"), [&](QTranslator *translator, const QString &name) {
+        return translator->load(name, directory);
+    });
+    // Installed last, asked first.
+    installCatalog(catalog, [&](QTranslator *translator, const QString &name) {
+        return translator->load(QLocale(), name, QStringLiteral("-"), directory);
+    });
+}
+
+template<typename Load>
+void EntryTree::installCatalog(const QString &name, const Load &load)
+{
+    if (m_translators.contains(name)) {
+        return;
+    }
+    auto *translator = new QTranslator(m_translatorParent);
+    m_translators.insert(name, translator);
+    if (isFileName(name)) {
+        load(translator, name);
+    }
+    QCoreApplication::installTranslator(translator);
+    if (m_observer) {
+        m_observer->catalogInstalled(name, translator);
+    }
+}
+
+void EntryTree::setMasked(const QSet<QString> &paths)
+{
+    m_maskedPaths = paths;
+}
+
+bool EntryTree::changeMasked(const QSet<QString> &paths)
+{
+    const QSet<QString> reload = filesToReload(paths);
+    m_maskedPaths = paths; // the files are loaded by the new list
+    unload(reload);
+    // In the order of a scan, so that of two files with one path the same one wins.
+    QStringList fileNames = reload.values();
+    fileNames.sort(Qt::CaseInsensitive);
+    for (const QString &fileName : qAsConst(fileNames)) {
+        load(fileName);
+    }
+    return !reload.isEmpty();
+}
+
+QSet<QString> EntryTree::filesToReload(const QSet<QString> &masked) const
+{
+    QSet<QString> files;
+    for (auto it = m_maskedEntries.cbegin(); it != m_maskedEntries.cend(); ++it) {
+        if (!masked.contains(it.key())) {
+            files.insert(it.value());
+        }
+    }
+    const QSet<QString> newlyMasked = masked - m_maskedPaths;
+    for (const QString &path : newlyMasked) {
+        if (const TreeItem *item = m_root->lookup(splitPath(path))) {
+            files.insert(item->fromFile());
+        }
+    }
+    return files;
+}

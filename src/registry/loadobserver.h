@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+class QString;
+class QTranslator;
+class TreeItem;
+struct FileReport;
+
+enum class EntryFate {
+    Inserted,
+    Pathless, ///< no object, or one without a path
+    Masked,
+};
+
+/// Hears what an EntryTree makes of what is declared.
+class LoadObserver
+{
+public:
+    LoadObserver() = default;
+    virtual ~LoadObserver() = default;
+    LoadObserver(const LoadObserver &) = delete;
+    LoadObserver &operator=(const LoadObserver &) = delete;
+
+    /// Before the first of @p newFiles registration files is read.
+    virtual void scanStarted(int newFiles) = 0;
+    /// Before the file's entries, if it gives any.
+    virtual void fileRead(const FileReport &report) = 0;
+    /// The element @p index of the file's entries. @p item is the node that took its data, null when none did.
+    virtual void entryRead(const QString &fileName, int index, EntryFate fate, const TreeItem *item) = 0;
+    /// What is installed later is asked first. @p translator is empty when there was nothing to load.
+    virtual void catalogInstalled(const QString &catalog, const QTranslator *translator) = 0;
+};

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QMap>
+#include <QStringList>
+
+/// Runs velka-settings.
+namespace Tool
+{
+struct Result {
+    int exitCode;
+    QByteArray output;
+    QByteArray errors;
+
+    QJsonObject json() const;
+};
+
+Result run(const QStringList &arguments);
+/// The same on a terminal, which shows the output and the errors.
+QByteArray runOnTerminal(const QStringList &arguments);
+
+using Files = QMap<QString, QByteArray>; ///< name -> content
+/// Makes the files of @p directory these, and no others.
+void writeFiles(const QString &directory, const Files &files);
+}

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "text.h"
+#include "tool.h"
+#include "world.h"
+
+#include <QTest>
+
+/// What all commands have in common.
+class CommandLineTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void helpFitsScreen_data();
+    void helpFitsScreen();
+    void mistakes_data();
+    void mistakes();
+    void coloursOnTerminalsAlone_data();
+    void coloursOnTerminalsAlone();
+    void noColor();
+};
+
+void CommandLineTest::init()
+{
+    World::reset();
+    World::writeEntries(text("x.json"), R"({"entries": [{"path": "x"}]})");
+    World::writeEntries(text("broken.json"), "{");
+    qunsetenv("NO_COLOR");
+    qputenv("TERM", "xterm");
+}
+
+void CommandLineTest::helpFitsScreen_data()
+{
+    QTest::addColumn<QStringList>("command");
+    QTest::newRow("all") << QStringList();
+    for (const char *command : {"tree", "show", "why", "diff"}) {
+        QTest::newRow(command) << QStringList{text(command)};
+    }
+}
+
+void CommandLineTest::helpFitsScreen()
+{
+    QFETCH(QStringList, command);
+    const Tool::Result result = Tool::run(command + QStringList{text("--help")});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.errors, QByteArray());
+    QVERIFY(result.output.startsWith("Usage: velka-settings "));
+    const QList<QByteArray> lines = result.output.trimmed().split('\n');
+    QVERIFY(lines.size() <= 24);
+    for (const QByteArray &line : lines) {
+        QVERIFY2(line.size() <= 80, line.constData());
+    }
+}
+
+void CommandLineTest::mistakes_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char *command :
+         {"", "nothing", "--nothing", "tree --nothing", "tree more", "tree --format xml", "tree --uid me",
+          "tree --locale nowhere", "tree --root", "show", "show x y", "why", "why --format markdown x", "diff x",
+          "diff --root x y z", "diff --locale fi / /"}) {
+        QTest::newRow(command) << text(command);
+    }
+}
+
+void CommandLineTest::mistakes()
+{
+    QFETCH(QString, command);
+    const Tool::Result result = Tool::run(command.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(result.output, QByteArray());
+    QVERIFY(!result.errors.isEmpty());
+}
+
+void CommandLineTest::coloursOnTerminalsAlone_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char *command :
+         {"tree", "show x", "why x", "why y", "diff /usr/share/velka-settings/entries /usr/share/translations"}) {
+        QTest::newRow(command) << text(command);
+    }
+}
+
+void CommandLineTest::coloursOnTerminalsAlone()
+{
+    QFETCH(QString, command);
+    const QStringList arguments = command.split(QLatin1Char(' '));
+    QVERIFY(Tool::runOnTerminal(arguments).contains('\x1b'));
+    const Tool::Result result = Tool::run(arguments);
+    QVERIFY(!result.output.isEmpty());
+    QVERIFY(!result.output.contains('\x1b'));
+    QVERIFY(!result.errors.contains('\x1b'));
+    qputenv("TERM", "dumb");
+    QVERIFY(!Tool::runOnTerminal(arguments).contains('\x1b'));
+}
+
+void CommandLineTest::noColor()
+{
+    qputenv("NO_COLOR", "1");
+    QVERIFY(!Tool::runOnTerminal({text("tree")}).contains('\x1b'));
+}
+
+QTEST_GUILESS_MAIN(CommandLineTest)
+#include "tst_commandline.moc"

@@ -1,0 +1,88 @@
+# SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+# SPDX-License-Identifier: LGPL-2.1-or-later
+#
+# Completion of velka-settings for bash.
+
+# The paths of the tree that the command line names.
+_velka_settings_paths() {
+    local root=() i
+    for ((i = 2; i < COMP_CWORD; ++i)); do
+        if [[ ${COMP_WORDS[i]} == --root ]]; then
+            root=(--root "${COMP_WORDS[i + 1]}")
+        fi
+    done
+    "${COMP_WORDS[0]}" tree --format paths "${root[@]}" 2>/dev/null
+}
+
+# Offers the lines of $1 that go on from the word at the cursor.
+_velka_settings_offer() {
+    local word=${COMP_WORDS[COMP_CWORD]} line
+    word=${word//\\/}
+    while IFS= read -r line; do
+        if [[ -n $line && $line == "$word"* ]]; then
+            COMPREPLY+=("$(printf '%q' "$line")")
+        fi
+    done <<<"$1"
+}
+
+_velka_settings_words() {
+    _velka_settings_offer "$(printf '%s\n' "$@")"
+}
+
+_velka_settings_files() {
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen "$@" -- "${COMP_WORDS[COMP_CWORD]}")
+}
+
+# The value of the option $1 of the command $2; fails when it takes none.
+_velka_settings_value() {
+    case $1 in
+        --root) _velka_settings_files -d ;;
+        --screenshot) _velka_settings_files -f ;;
+        --masked | --mask) _velka_settings_offer "$(_velka_settings_paths)" ;;
+        --group) _velka_settings_offer "$(getent group | cut -d: -f1)" ;;
+        --locale) _velka_settings_offer "$(locale -a 2>/dev/null | sed 's/[.@].*//' | sort -u)" ;;
+        --uid | --explain | --override) ;;
+        --format)
+            case $2 in
+                check) _velka_settings_words text json sarif junit ;;
+                tree) _velka_settings_words text json paths ;;
+                diff) _velka_settings_words text markdown json ;;
+                *) _velka_settings_words text json ;;
+            esac ;;
+        *) return 1 ;;
+    esac
+}
+
+_velka_settings_options() {
+    case $1 in
+        check) _velka_settings_words --explain --strict --override --format --help ;;
+        tree | show | why) _velka_settings_words --root --uid --locale --masked --format --help ;;
+        diff) _velka_settings_words --uid --masked --format --help ;;
+        preview)
+            _velka_settings_words --locale --mask --group --phone --wide --screenshot --smoke-test --help ;;
+    esac
+}
+
+_velka_settings() {
+    local command=${COMP_WORDS[1]}
+    COMPREPLY=()
+    if ((COMP_CWORD == 1)); then
+        _velka_settings_words check tree show why diff preview --help
+        return
+    fi
+    if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then
+        return
+    fi
+    if [[ ${COMP_WORDS[COMP_CWORD]} == -* ]]; then
+        _velka_settings_options "$command"
+        return
+    fi
+    case $command in
+        show | why) _velka_settings_offer "$(_velka_settings_paths)" ;;
+        diff) _velka_settings_files -d ;;
+        check | preview) _velka_settings_files -f ;;
+    esac
+}
+
+complete -F _velka_settings velka-settings

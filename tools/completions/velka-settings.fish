@@ -1,0 +1,62 @@
+# SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+# SPDX-License-Identifier: LGPL-2.1-or-later
+#
+# Completion of velka-settings for fish.
+
+# The paths of the tree that the command line names.
+function __velka_settings_paths
+    set -l words (commandline --tokenize --cut-at-cursor --current-process)
+    set -l root
+    if set -l position (contains --index -- --root $words)
+        set root --root $words[(math $position + 1)]
+    end
+    velka-settings tree --format paths $root 2>/dev/null
+end
+
+function __velka_settings_uses
+    __fish_seen_subcommand_from $argv
+end
+
+complete --command velka-settings --no-files
+complete --command velka-settings --long-option help --description 'Print a short help'
+
+set --local commands check tree show why diff preview
+set --local descriptions 'Look for mistakes in registration files' 'Print the tree of entries' \
+    'Print one entry in full' 'Tell why an entry is in the tree, or why it is not' \
+    'Tell what an update of a directory changes' 'Open the Settings window over files'
+for i in (seq (count $commands))
+    complete --command velka-settings --condition "not __velka_settings_uses $commands" \
+        --arguments $commands[$i] --description $descriptions[$i]
+end
+
+set --local reading '__velka_settings_uses tree show why'
+complete --command velka-settings --condition $reading --long-option root --require-parameter --force-files
+complete --command velka-settings --condition '__velka_settings_uses tree show why preview' --long-option locale \
+    --exclusive --arguments "(locale -a | string replace --regex '[.@].*' '')"
+complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option uid --exclusive
+complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option masked \
+    --exclusive --arguments '(__velka_settings_paths)'
+complete --command velka-settings --condition '__velka_settings_uses show why' --arguments '(__velka_settings_paths)'
+
+complete --command velka-settings --condition '__velka_settings_uses check preview diff' --force-files
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option strict
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option override --exclusive
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option mask --exclusive \
+    --arguments '(__velka_settings_paths)'
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option group --exclusive \
+    --arguments '(__fish_complete_groups)'
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option phone
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option wide
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option screenshot \
+    --require-parameter --force-files
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option smoke-test
+
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option format --exclusive \
+    --arguments 'text json sarif junit'
+complete --command velka-settings --condition '__velka_settings_uses tree' --long-option format --exclusive \
+    --arguments 'text json paths'
+complete --command velka-settings --condition '__velka_settings_uses show why' --long-option format --exclusive \
+    --arguments 'text json'
+complete --command velka-settings --condition '__velka_settings_uses diff' --long-option format --exclusive \
+    --arguments 'text markdown json'

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+struct QJsonParseError;
+
+/// What can be said of a text that is no JSON.
+namespace BrokenJson
+{
+/// "line 3, column 14: illegal value". Columns count characters.
+QString errorOf(const QByteArray &text, const QJsonParseError &error);
+/// The strings that stand as values of keys called "path".
+QStringList paths(const QByteArray &text);
+}

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "declarations.h"
+
+#include "brokenjson.h"
+#include "inspection.h"
+#include "replacements.h"
+
+#include <QDir>
+#include <QJsonObject>
+#include <QSet>
+
+#include <algorithm>
+
+Declarations::Declarations(const Inspection &inspection)
+    : m_inspection(inspection)
+{
+    for (const FileReport &report : inspection.record().files()) {
+        addFile(report, {});
+    }
+    addUnlistedFiles();
+    findReplaced(&m_all);
+}
+
+const QVector<Declaration> &Declarations::all() const
+{
+    return m_all;
+}
+
+QVector<Declaration> Declarations::ofNode(const QString &node) const
+{
+    QVector<Declaration> found;
+    std::copy_if(m_all.cbegin(), m_all.cend(), std::back_inserter(found),
+                 [&node](const Declaration &declaration) { return declaration.node() == node; });
+    return found;
+}
+
+const QStringList &Declarations::unknownFiles() const
+{
+    return m_unknownFiles;
+}
+
+void Declarations::addFile(const FileReport &report, const QVector<Obstacle> &obstacles)
+{
+    switch (report.fate) {
+    case FileFate::Unreadable:
+        m_unknownFiles.append(report.name);
+        break;
+    case FileFate::NotJson:
+        addPathsOfText(
+            report,
+            obstacles + QVector<Obstacle>{{Obstacle::NotJson, BrokenJson::errorOf(report.content, report.error)}});
+        break;
+    case FileFate::NotAnObject:
+        addPathsOfText(report, obstacles + QVector<Obstacle>{{Obstacle::NotAnObject, {}}});
+        break;
+    case FileFate::Loaded:
+    case FileFate::LacksGroup:
+    case FileFate::HasGroup:
+        addEntries(report, obstacles + groupObstacles(*report.file));
+        break;
+    }
+}
+
+void Declarations::addEntries(const FileReport &report, const QVector<Obstacle> &obstacles)
+{
+    int index = 0;
+    for (const QJsonValue &element : report.file->entries) {
+        const QJsonObject entry = element.toObject();
+        const QString path = pathOfEntry(entry).value_or(QString());
+        m_all.append({report.name, index++, path, obstacles + entryObstacles(entry)});
+    }
+}
+
+void Declarations::addPathsOfText(const FileReport &report, const QVector<Obstacle> &obstacles)
+{
+    int index = 0;
+    const QStringList paths = BrokenJson::paths(report.content);
+    for (const QString &path : paths) {
+        m_all.append({report.name, index++, path, obstacles + pathObstacles(path)});
+    }
+}
+
+void Declarations::addUnlistedFiles()
+{
+    QSet<QString> listed;
+    for (const FileReport &report : m_inspection.record().files()) {
+        listed.insert(report.name);
+    }
+    const QDir directory(m_inspection.sources().entriesDirectory);
+    const QFileInfoList present = directory.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                                          | QDir::NoDotAndDotDot);
+    for (const QFileInfo &info : present) {
+        const QString name = info.fileName();
+        if (listed.contains(name)) {
+            continue;
+        }
+        if (info.isFile()) {
+            addFile(readRegistrationFile(m_inspection.sources(), name), {{Obstacle::FileName, name}});
+        } else if (isRegistrationFile(name)) {
+            m_unknownFiles.append(name);
+        }
+    }
+}
+
+QVector<Obstacle> Declarations::groupObstacles(const RegistrationFile &file) const
+{
+    QVector<Obstacle> obstacles;
+    RegistrationFile remaining = file;
+    FileFate fate = fateByGroups(m_inspection.sources(), remaining);
+    if (fate == FileFate::LacksGroup) {
+        obstacles.append({Obstacle::LacksGroup, file.requiredGroup});
+        remaining.requiredGroup.clear();
+        fate = fateByGroups(m_inspection.sources(), remaining);
+    }
+    if (fate == FileFate::HasGroup) {
+        obstacles.append({Obstacle::HasGroup, file.disabledGroup});
+    }
+    return obstacles;
+}
+
+QVector<Obstacle> Declarations::entryObstacles(const QJsonObject &entry) const
+{
+    const std::optional<QString> path = pathOfEntry(entry);
+    if (!path) {
+        return {{Obstacle::Pathless, {}}};
+    }
+    return pathObstacles(*path);
+}
+
+QVector<Obstacle> Declarations::pathObstacles(const QString &path) const
+{
+    QVector<Obstacle> obstacles;
+    if (m_inspection.isMasked(path)) {
+        obstacles.append({Obstacle::Masked, path});
+    }
+    if (splitPath(path).isEmpty()) {
+        obstacles.append({Obstacle::RootPath, path});
+    }
+    return obstacles;
+}

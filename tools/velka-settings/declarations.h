@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "declaration.h"
+#include "registry/filereport.h"
+
+class Inspection;
+
+/// All that is declared in a directory, also in files that are not loaded.
+class Declarations
+{
+public:
+    explicit Declarations(const Inspection &inspection);
+
+    const QVector<Declaration> &all() const; ///< in the order of loading, never loaded files last
+    QVector<Declaration> ofNode(const QString &node) const;
+    /// Files that may declare anything: unreadable ones, and what bears the name of a registration file but is none.
+    const QStringList &unknownFiles() const;
+
+private:
+    void addFile(const FileReport &report, const QVector<Obstacle> &obstacles);
+    void addEntries(const FileReport &report, const QVector<Obstacle> &obstacles);
+    void addPathsOfText(const FileReport &report, const QVector<Obstacle> &obstacles);
+    void addUnlistedFiles();
+    QVector<Obstacle> groupObstacles(const RegistrationFile &file) const;
+    QVector<Obstacle> entryObstacles(const QJsonObject &entry) const;
+    QVector<Obstacle> pathObstacles(const QString &path) const;
+
+    const Inspection &m_inspection;
+    QVector<Declaration> m_all;
+    QStringList m_unknownFiles;
+};

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "commandline.h"
+#include "commands.h"
+#include "differenceformats.h"
+#include "problems.h"
+#include "readingoptions.h"
+#include "terminal.h"
+
+#include <QJsonDocument>
+
+namespace
+{
+const char s_help[] = R"(Usage: velka-settings diff [OPTION]... OLD NEW
+
+Prints which entries the directory NEW adds to those of OLD, which it removes,
+and which keys of the others it changes. Each is the root of a system or of an
+unpacked package, or a directory of registration files. The names of the files
+are not compared, nor are nodes that no file declares.
+
+  --uid N            for the user N instead of the one who asks
+  --masked PATH      as if the key of hidden entries held PATH; repeatable
+  --format text      for people; in colours on a terminal without NO_COLOR
+  --format markdown  for a changelog or a review
+  --format json      for programs
+  --help             prints this
+
+What is wrong with files is told on standard error.
+Exit code: 0; 1 when there are differences; 2 when a directory cannot be read.
+)";
+
+/// Nothing when it cannot be read. The tree is gone afterwards, and with it its translators.
+std::optional<EntrySnapshot> readSnapshot(const QCommandLineParser &parser, const QString &directory)
+{
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser, directory);
+    if (!inspection) {
+        return {};
+    }
+    printProblems(inspection->record());
+    return snapshotOf(inspection->root());
+}
+
+void print(const EntryDifference &difference, const QString &format)
+{
+    const Terminal out(stdout);
+    if (format == QLatin1String("json")) {
+        const QByteArray json = QJsonDocument(DifferenceFormats::toJson(difference)).toJson();
+        std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+    } else if (format == QLatin1String("markdown")) {
+        DifferenceFormats::printMarkdown(difference, out);
+    } else {
+        DifferenceFormats::printText(difference, out);
+    }
+}
+}
+
+int Commands::diff(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    ReadingOptions::addUserTo(&parser);
+    const CommandSyntax syntax{
+        "diff", s_help, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2};
+    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
+        return *exitCode;
+    }
+    const QStringList directories = parser.positionalArguments();
+    const std::optional<EntrySnapshot> before = readSnapshot(parser, directories.at(0));
+    const std::optional<EntrySnapshot> after = readSnapshot(parser, directories.at(1));
+    if (!before || !after) {
+        return CannotRun;
+    }
+    const EntryDifference difference = differenceBetween(*before, *after);
+    print(difference, formatOf(parser));
+    return difference.isEmpty() ? Success : Findings;
+}

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QJsonObject>
+#include <QMap>
+#include <QStringList>
+
+class TreeItem;
+
+/// The declared entries of a tree: path -> data, without the name of the file.
+using EntrySnapshot = QMap<QString, QJsonObject>;
+
+struct ChangedKey {
+    QString key;
+    QJsonValue before; ///< undefined when it is new
+    QJsonValue after; ///< undefined when it is gone
+};
+
+struct ChangedEntry {
+    QString path;
+    QVector<ChangedKey> keys;
+};
+
+/// What became of one tree's entries in another. Each list is sorted by path.
+struct EntryDifference {
+    bool isEmpty() const;
+
+    QStringList added;
+    QStringList removed;
+    QVector<ChangedEntry> changed;
+};
+
+EntrySnapshot snapshotOf(TreeItem *root);
+EntryDifference differenceBetween(const EntrySnapshot &before, const EntrySnapshot &after);

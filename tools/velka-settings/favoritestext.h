@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+class TreeItem;
+
+/// Whether one kind of favourites admits an entry, and by which rule.
+struct FavoritesAnswer {
+    QString kind;
+    bool isAdmitted;
+    QString rule;
+};
+
+QVector<FavoritesAnswer> favoritesAnswers(const TreeItem *item, const QSet<QString> &blacklist);

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "loadrecord.h"
+#include "registry/entrytree.h"
+
+#include <QObject>
+
+/// The tree of a directory as a program that starts now would have it, and how it came about.
+class Inspection
+{
+public:
+    Inspection(const EntrySources &sources, const QStringList &masked, const LoadRecord::Progress &progress);
+
+    const EntrySources &sources() const;
+    bool isMasked(const QString &path) const; ///< as it is spelled in a registration file
+    TreeItem *root() const;
+    const LoadRecord &record() const;
+
+private:
+    const EntrySources m_sources;
+    const QSet<QString> m_masked;
+    QObject m_translators; ///< outlives the tree
+    LoadRecord m_record;
+    EntryTree m_tree;
+};

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "problems.h"
+
+#include "brokenjson.h"
+#include "loadrecord.h"
+#include "terminal.h"
+
+namespace
+{
+QString problemOf(const FileReport &report)
+{
+    switch (report.fate) {
+    case FileFate::Unreadable:
+        return QStringLiteral("cannot be read");
+    case FileFate::NotJson:
+        return BrokenJson::errorOf(report.content, report.error);
+    case FileFate::NotAnObject:
+        return QStringLiteral("the top level is no object");
+    case FileFate::Loaded:
+    case FileFate::LacksGroup:
+    case FileFate::HasGroup:
+        break;
+    }
+    return {};
+}
+}
+
+void printProblems(const LoadRecord &record)
+{
+    const Terminal err(stderr);
+    for (const FileReport &report : record.files()) {
+        const QString name = Terminal::printable(report.name);
+        const QString problem = problemOf(report);
+        if (!problem.isEmpty()) {
+            err.writeLine(QStringLiteral("%1: %2").arg(name, err.bad(problem)));
+        }
+        const QVector<LoadRecord::Entry> entries = record.entriesOf(report.name);
+        for (int i = 0; i < entries.size(); ++i) {
+            if (entries.at(i).fate == EntryFate::Pathless) {
+                err.writeLine(QStringLiteral("%1: entry %2 %3")
+                                  .arg(name, QString::number(i + 1), err.bad(QStringLiteral("has no path"))));
+            }
+        }
+    }
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+/// Writes text for people: in UTF-8, in colours when a terminal shows them.
+class Terminal
+{
+public:
+    explicit Terminal(std::FILE *stream);
+
+    void writeLine(const QString &line) const;
+
+    QString strong(const QString &text) const;
+    QString faint(const QString &text) const;
+    QString good(const QString &text) const;
+    QString bad(const QString &text) const;
+    QString notable(const QString &text) const;
+
+    /// @p text with escapes in the place of what would control the terminal, or would not be seen.
+    static QString printable(const QString &text);
+
+private:
+    QString styled(const char *code, const QString &text) const;
+
+    std::FILE *const m_stream;
+    const bool m_hasColours;
+};

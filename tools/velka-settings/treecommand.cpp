@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "commandline.h"
+#include "commands.h"
+#include "problems.h"
+#include "readingoptions.h"
+#include "registry/treeitem.h"
+#include "terminal.h"
+#include "treelisting.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace
+{
+const char s_help[] = R"(Usage: velka-settings tree [OPTION]...
+
+Prints the tree of settings entries as a program that starts now has it, in the
+order of its pages: path, title, type, "order" and the file that declares it.
+
+  --root DIR      the tree of DIR: the root of a system or of an unpacked
+                  package, or a directory of registration files
+  --uid N         for the user N instead of the one who asks
+  --locale L      with the titles of the locale L, such as fi_FI
+  --masked PATH   as if the key of hidden entries held PATH, too; repeatable
+  --format text   for people; in colours on a terminal unless NO_COLOR is set
+  --format json   all that a page sees of each entry
+  --format paths  nothing but the paths
+  --help          prints this
+
+What is wrong with files is told on standard error.
+Exit code: 0, or 2 when the directory cannot be read.
+)";
+
+void printText(TreeItem *root)
+{
+    const Terminal out(stdout);
+    const QList<TreeItem *> items = TreeListing::itemsOf(root);
+    for (const TreeItem *item : items) {
+        const QString indent(2 * (item->depth(root) - 1), QLatin1Char(' '));
+        const QString name = Terminal::printable(item->name());
+        const QString title = Terminal::printable(item->title());
+        const QString kind = QStringLiteral("%1, %2").arg(Terminal::printable(item->type())).arg(item->order());
+        const QString origin = item->isDeclared() ? out.faint(Terminal::printable(item->fromFile()))
+                                                  : out.notable(QStringLiteral("not declared"));
+        out.writeLine(QStringLiteral("%1%2  \"%3\"  (%4)  %5").arg(indent, out.strong(name), title, kind, origin));
+    }
+}
+
+void printJson(TreeItem *root)
+{
+    QJsonArray entries;
+    const QList<TreeItem *> items = TreeListing::itemsOf(root);
+    for (TreeItem *item : items) {
+        entries.append(TreeListing::toJson(item));
+    }
+    const QByteArray json = QJsonDocument(QJsonObject{{QStringLiteral("entries"), entries}}).toJson();
+    std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+}
+
+/// One to a line. What would not be a line is left out.
+void printPaths(TreeItem *root)
+{
+    const Terminal out(stdout);
+    const QList<TreeItem *> items = TreeListing::itemsOf(root);
+    for (TreeItem *item : items) {
+        const QString path = TreeListing::pathOf(item);
+        if (Terminal::printable(path) == path) {
+            out.writeLine(path);
+        }
+    }
+}
+}
+
+int Commands::tree(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    ReadingOptions::addTo(&parser);
+    const CommandSyntax syntax{
+        "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0};
+    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
+        return *exitCode;
+    }
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser);
+    if (!inspection) {
+        return CannotRun;
+    }
+    printProblems(inspection->record());
+    const QString format = formatOf(parser);
+    if (format == QLatin1String("json")) {
+        printJson(inspection->root());
+    } else if (format == QLatin1String("paths")) {
+        printPaths(inspection->root());
+    } else {
+        printText(inspection->root());
+    }
+    return Success;
+}

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "commandline.h"
+#include "commands.h"
+#include "readingoptions.h"
+#include "registry/registrationfile.h"
+#include "terminal.h"
+#include "whyreport.h"
+
+#include <QJsonDocument>
+
+namespace
+{
+const char s_help[] = R"(Usage: velka-settings why [OPTION]... PATH
+
+Tells whether the entry at PATH is in the tree of a program that starts now, and
+the one reason if it is not; then every declaration of PATH and what became of
+it, where the title comes from, and which kinds of favourites admit the entry.
+
+  --root DIR      the tree of DIR: the root of a system or of an unpacked
+                  package, or a directory of registration files
+  --uid N         for the user N instead of the one who asks
+  --locale L      with the titles of the locale L, such as fi_FI
+  --masked PATH   as if the key of hidden entries held PATH, too; repeatable
+  --format text   for people; in colours on a terminal unless NO_COLOR is set
+  --format json   for programs
+  --help          prints this
+
+Exit code: 0; 1 when the entry is not in the tree; 2 when it cannot be told.
+)";
+}
+
+int Commands::why(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    ReadingOptions::addTo(&parser);
+    const CommandSyntax syntax{"why", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1};
+    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
+        return *exitCode;
+    }
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser);
+    if (!inspection) {
+        return CannotRun;
+    }
+    const QString node = splitPath(parser.positionalArguments().constFirst()).join(QLatin1Char('/'));
+    const WhyReport report(*inspection, node);
+    if (formatOf(parser) == QLatin1String("json")) {
+        const QByteArray json = QJsonDocument(report.toJson()).toJson();
+        std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+    } else {
+        report.print(Terminal(stdout));
+    }
+    return report.isPresent() ? Success : Findings;
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "verdict.h"
+
+class Inspection;
+
+/// Verdicts in words.
+class WhyText
+{
+public:
+    explicit WhyText(const Inspection &inspection);
+
+    /// What follows "PATH is in the tree" or "PATH is not in the tree".
+    QString reasonOf(const Verdict &verdict, const Declarations &declarations) const;
+    QString obstacleText(const Declaration &declaration, const Obstacle &obstacle) const;
+    /// A short name for programs.
+    static QString kindOf(const Verdict &verdict);
+    static QString kindOf(const Obstacle &obstacle);
+
+private:
+    const Inspection &m_inspection;
+};
