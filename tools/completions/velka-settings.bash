@@ -37,12 +37,13 @@ _velka_settings_files() {
 # The value of the option $1 of the command $2; fails when it takes none.
 _velka_settings_value() {
     case $1 in
-        --root) _velka_settings_files -d ;;
+        --root | --translations) _velka_settings_files -d ;;
         --screenshot) _velka_settings_files -f ;;
-        --masked | --mask) _velka_settings_offer "$(_velka_settings_paths)" ;;
+        --masked | --mask | --page) _velka_settings_offer "$(_velka_settings_paths)" ;;
         --group) _velka_settings_offer "$(getent group | cut -d: -f1)" ;;
         --locale) _velka_settings_offer "$(locale -a 2>/dev/null | sed 's/[.@].*//' | sort -u)" ;;
-        --uid | --explain | --override) ;;
+        --explain) _velka_settings_offer "$("${COMP_WORDS[0]}" check --list-tags 2>/dev/null | cut -d" " -f1)" ;;
+        --uid | --override) ;;
         --format)
             case $2 in
                 check) _velka_settings_words text json sarif junit ;;
@@ -56,11 +57,12 @@ _velka_settings_value() {
 
 _velka_settings_options() {
     case $1 in
-        check) _velka_settings_words --explain --strict --override --format --help ;;
+        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --help ;;
         tree | show | why) _velka_settings_words --root --uid --locale --masked --format --help ;;
         diff) _velka_settings_words --uid --masked --format --help ;;
         preview)
-            _velka_settings_words --locale --mask --group --phone --wide --screenshot --smoke-test --help ;;
+            _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
+                --smoke-test --help ;;
     esac
 }
 

@@ -39,13 +39,19 @@ complete --command velka-settings --condition '__velka_settings_uses tree show w
 complete --command velka-settings --condition '__velka_settings_uses show why' --arguments '(__velka_settings_paths)'
 
 complete --command velka-settings --condition '__velka_settings_uses check preview diff' --force-files
-complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive \
+    --arguments "(velka-settings check --list-tags | string replace --regex ' .*' '')"
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option list-tags
+complete --command velka-settings --condition '__velka_settings_uses check preview' --long-option translations \
+    --require-parameter --force-files
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option strict
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option override --exclusive
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option mask --exclusive \
     --arguments '(__velka_settings_paths)'
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option group --exclusive \
     --arguments '(__fish_complete_groups)'
+complete --command velka-settings --condition '__velka_settings_uses preview' --long-option page --exclusive \
+    --arguments '(__velka_settings_paths)'
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option phone
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option wide
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option screenshot \
