@@ -285,7 +285,8 @@ QByteArray RandomFiles::document(bool hostile)
 
 QByteArray RandomFiles::damaged(QByteArray content)
 {
-    static const QByteArray bytes("{}[]\",:\\/ntfe0123456789.-+u\0\n\r\xff\xc3 ", 38);
+    static constexpr char Bytes[] = "{}[]\",:\\/ntfe0123456789.-+u\0\n\r\xff\xc3 ";
+    static const QByteArray bytes(Bytes, sizeof(Bytes) - 1);
     for (int i = 1 + below(3); i > 0 && !content.isEmpty(); --i) {
         const int place = below(content.size());
         switch (below(5)) {
