@@ -115,6 +115,7 @@ void collectDeclared(const Document &document, FileSummary *summary)
     for (const Entry &entry : document.entries) {
         if (const Json::Value *path = member(*entry.written, "path")) {
             summary->declared.append(writtenPath(entryPath(entry), *path, &places));
+            summary->declared.last().entry = entry.read;
         }
     }
 }
@@ -125,7 +126,8 @@ void collectUnplaced(const Document &document, FileSummary *summary)
     const QJsonArray entries = document.read.toObject().value(QLatin1String("entries")).toArray();
     for (const QJsonValue &entry : entries) {
         if (entry.toObject().contains(QLatin1String("path"))) {
-            summary->declared.append({readString(entry.toObject(), QLatin1String("path")), 0, {}});
+            summary->declared.append(
+                {readString(entry.toObject(), QLatin1String("path")), 0, {}, entry.toObject()});
         }
     }
 }

@@ -78,11 +78,26 @@ void DirectoryRules::checkDuplicates()
 {
     for (const Node &node : m_nodes) {
         for (const auto *earlier = node.declarations.cbegin(); earlier != node.declarations.cend(); ++earlier) {
+            if (reportRepeated(*earlier, std::next(earlier), node.declarations.cend())) {
+                continue;
+            }
             // The next one that can meet it is enough.
             std::any_of(std::next(earlier), node.declarations.cend(),
                         [&](const Declaration &later) { return reportReplaced(*earlier, later); });
         }
     }
+}
+
+bool DirectoryRules::reportRepeated(const Declaration &earlier, const Declaration *next, const Declaration *end)
+{
+    const auto *const same = std::find_if(next, end, [&earlier](const Declaration &later) {
+        return later.file == earlier.file && later.written->entry == earlier.written->entry;
+    });
+    if (same == end) {
+        return false;
+    }
+    report(earlier, Tag::EntryRepeated, QStringLiteral("the entry is repeated %1").arg(describe(*same, earlier)));
+    return true;
 }
 
 bool DirectoryRules::reportReplaced(const Declaration &earlier, const Declaration &later)

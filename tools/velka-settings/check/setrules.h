@@ -6,6 +6,7 @@
 #include "finding.h"
 
 #include <QHash>
+#include <QJsonObject>
 #include <QPair>
 #include <QStringList>
 
@@ -18,6 +19,7 @@ struct WrittenPath {
     QString path;
     int offset;
     Place place;
+    QJsonObject entry = {}; ///< that declares it, as the library reads it
 };
 
 /// What the other files have to know of one file.
@@ -56,6 +58,7 @@ private:
     int node(const QString &path);
     int find(const QString &path) const;
     void report(const Declaration &declaration, Tag tag, const QString &text);
+    bool reportRepeated(const Declaration &earlier, const Declaration *next, const Declaration *end);
     bool reportReplaced(const Declaration &earlier, const Declaration &later);
     QString describe(const Declaration &declaration, const Declaration &seenFrom) const;
 

@@ -84,6 +84,10 @@ const QVector<TagInfo> &tags()
         {Tag::EntryNotObject, "entry-not-object", Severity::Error,
          "An element of \"entries\" is no object",
          "It is skipped with the warning that its path is missing."},
+        {Tag::EntryRepeated, "entry-repeated", Severity::Warning,
+         "An entry stands in its file twice",
+         "The later one replaces the earlier one and is the same, so nothing is lost. Has one of them "
+         "been meant for another place?"},
         {Tag::FavoriteMisplaced, "favorite-misplaced", Severity::Warning,
          "\"allow_favorite\" stands on the entry, where nobody reads it",
          "It belongs into \"params\" of the entry."},

@@ -32,6 +32,7 @@ enum class Tag {
     DuplicatePathGroups,
     EmptyFile,
     EntryNotObject,
+    EntryRepeated,
     FavoriteMisplaced,
     FavoriteUnread,
     FromFile,
