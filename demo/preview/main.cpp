@@ -95,7 +95,7 @@ int main(int argc, char *argv[])
         return 1;
     }
     if (!quits) {
-        return application.exec();
+        return QGuiApplication::exec();
     }
     return parser.isSet(s_smokeTest) && warningCount() > 0 ? 1 : 0;
 }

@@ -22,8 +22,9 @@ PreviewedFiles::~PreviewedFiles() = default;
 void PreviewedFiles::follow()
 {
     for (const QString &path : m_paths) {
-        m_watchers.push_back(std::make_unique<FileWatcher>(path));
-        QObject::connect(m_watchers.back().get(), &FileWatcher::fileChanged, [this, path] { reload(path); });
+        auto watcher = std::make_unique<FileWatcher>(path);
+        QObject::connect(watcher.get(), &FileWatcher::fileChanged, watcher.get(), [this, path] { reload(path); });
+        m_watchers.push_back(std::move(watcher));
     }
 }
 

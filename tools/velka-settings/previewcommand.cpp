@@ -20,7 +20,7 @@ namespace
 QString previewProgram()
 {
     for (const char *place : {"/../libexec/velka-settings/preview", "/../../demo/preview/preview"}) {
-        const QString path = QCoreApplication::applicationDirPath() + QLatin1String(place);
+        QString path = QCoreApplication::applicationDirPath() + QLatin1String(place);
         if (QFileInfo(path).isExecutable()) {
             return path;
         }
@@ -41,6 +41,7 @@ int Commands::preview(const QStringList &arguments)
         words.push_back(QFile::encodeName(argument));
     }
     std::vector<char *> pointers;
+    pointers.reserve(words.size() + 1);
     for (QByteArray &word : words) {
         pointers.push_back(word.data());
     }
