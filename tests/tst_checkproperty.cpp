@@ -5,12 +5,13 @@
 #include "checker.h"
 #include "document.h"
 #include "messagelog.h"
-#include "pathrules.h"
 #include "plugin/constants.h"
 #include "registry/favoritesblacklist.h"
 #include "registry/jsonvariant.h"
 #include "registry/messages.h"
 #include "registry/pluginregistry.h"
+#include "registry/registrationfile.h"
+#include "registry/textfile.h"
 #include "registry/treeitem.h"
 #include "tools/check/randomfiles.h"
 #include "world.h"
@@ -94,15 +95,15 @@ int pathsMissing(const QStringList &messages)
     return messages.filter(QLatin1String(Messages::PathMissing)).size();
 }
 
-TreeItem *nodeOf(const PluginRegistry &registry, const Entry &entry)
+TreeItem *nodeOf(const PluginRegistry &registry, const QJsonObject &entry)
 {
-    return registry.getItem(splitPath(entryPath(entry)));
+    return registry.getItem(splitPath(pathOfEntry(entry).value_or(QString())));
 }
 
-bool isInTree(const PluginRegistry &registry, const Entry &entry, const QString &fileName)
+bool isInTree(const PluginRegistry &registry, const QJsonObject &entry, const QString &fileName)
 {
     const TreeItem *node = nodeOf(registry, entry);
-    QVariantMap data = jsonToVariantMap(entry.read);
+    QVariantMap data = jsonToVariantMap(entry);
     data.insert(QStringLiteral("from_file"), fileName);
     return node && node->data() == data;
 }
@@ -229,9 +230,9 @@ bool isTrueOf(const Document &document, const Finding &error, const PluginRegist
     case Tag::DoubledKey:
         return countMembers(document.read) < countWrittenMembers(document.text);
     case Tag::DuplicatePath:
-        return !isInTree(registry, *entry, fileName);
+        return !isInTree(registry, entry->read, fileName);
     case Tag::PathEmpty:
-        return nodeOf(registry, *entry) == registry.getItem({});
+        return nodeOf(registry, entry->read) == registry.getItem({});
     case Tag::OrderLost:
         return orderIsLost(*entry, literalAt(document, error.offset));
     case Tag::NumberPrecision: {
@@ -269,7 +270,7 @@ bool losesAnEntry(const Document &document, const PluginRegistry &registry)
 {
     const QJsonArray entries = document.read.toObject().value(QLatin1String("entries")).toArray();
     return std::any_of(entries.cbegin(), entries.cend(), [&](const QJsonValue &entry) {
-        return !isInTree(registry, {nullptr, entry.toObject()}, QFileInfo(document.path).fileName());
+        return !isInTree(registry, entry.toObject(), QFileInfo(document.path).fileName());
     });
 }
 
@@ -286,7 +287,7 @@ QByteArray describe(const FileFindings &file, const Finding &finding)
                .arg(finding.place.column)
                .arg(finding.text, QLatin1String(info(finding.tag).name))
                .toUtf8()
-           + readText(file.path).value_or(QByteArray());
+           + readTextFile(file.path).value_or(QByteArray());
 }
 }
 
@@ -349,7 +350,7 @@ void CheckPropertyTest::judge(const FileFindings &file, const QStringList &log, 
     const QStringList messages = about(log, name);
     Document document;
     document.path = file.path;
-    document.text = readText(file.path).value_or(QByteArray());
+    document.text = readTextFile(file.path).value_or(QByteArray());
     Findings ignored(document.text);
     const bool isParsed = parse(&document, &ignored);
     const bool isClean = std::none_of(file.findings.cbegin(), file.findings.cend(), [](const Finding &finding) {
@@ -405,7 +406,7 @@ void CheckPropertyTest::judgeClean(const Document &document, const QStringList &
         return;
     }
     for (const Entry &entry : document.entries) {
-        QVERIFY2(isInTree(registry, entry, QFileInfo(document.path).fileName()), document.text.constData());
+        QVERIFY2(isInTree(registry, entry.read, QFileInfo(document.path).fileName()), document.text.constData());
         if (entry.read.value(QLatin1String("type")) == QLatin1String("action")) {
             QVERIFY2(!isRefused(entry), document.text.constData());
         }
@@ -417,7 +418,7 @@ void CheckPropertyTest::judgeBlacklist(const FileFindings &file)
     const MessageLog log;
     const QSet<QString> read = readFavoritesBlacklist();
     const bool isLogged = !MessageLog::take().isEmpty();
-    const QByteArray text = readText(file.path).value_or(QByteArray());
+    const QByteArray text = readTextFile(file.path).value_or(QByteArray());
     const QJsonArray elements = QJsonDocument::fromJson(text).array();
     int skipped = 0;
     bool hasErrors = false;

@@ -6,10 +6,9 @@
 #include "plugin/constants.h"
 #include "registry/blacklistfile.h"
 #include "registry/messages.h"
+#include "registry/textfile.h"
 
 #include <QDebug>
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -20,19 +19,18 @@ QSet<QString> readFavoritesBlacklist()
 
 QSet<QString> readBlacklistFile(const QString &path)
 {
-    QFile file(path);
-    // To open a pipe would wait for its writer.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        qWarning() << Messages::CannotReadBlacklist << file.fileName();
+    const std::optional<QByteArray> content = readTextFile(path);
+    if (!content) {
+        qWarning() << Messages::CannotReadBlacklist << path;
         return {};
     }
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    const QJsonDocument document = QJsonDocument::fromJson(*content);
     if (document.isNull()) {
-        qWarning() << Messages::CannotParseJson << file.fileName();
+        qWarning() << Messages::CannotParseJson << path;
         return {};
     }
     if (!document.isArray()) {
-        qWarning() << Messages::WrongBlacklistFormat << file.fileName();
+        qWarning() << Messages::WrongBlacklistFormat << path;
         return {};
     }
     QSet<QString> paths;

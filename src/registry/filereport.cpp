@@ -6,36 +6,15 @@
 #include "registry/entrysources.h"
 #include "registry/logging.h"
 #include "registry/messages.h"
-
-#include <QFile>
-#include <QFileInfo>
-
-namespace
-{
-/// The content of a registration file, nothing and a warning when it cannot be read.
-std::optional<QByteArray> readContent(const QString &directory, const QString &fileName)
-{
-    QFile file(directory + QLatin1Char('/') + fileName);
-    // To open a pipe would wait for its writer.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
-        qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
-        return {};
-    }
-    // What QIODevice::Text does, at a fraction of its cost
-    QByteArray content = file.readAll();
-    if (content.contains('\r')) {
-        content.replace('\r', "");
-    }
-    return content;
-}
-}
+#include "registry/textfile.h"
 
 FileReport readRegistrationFile(const EntrySources &sources, const QString &fileName)
 {
     FileReport report;
     report.name = fileName;
-    const std::optional<QByteArray> content = readContent(sources.entriesDirectory, fileName);
+    const std::optional<QByteArray> content = readTextFile(sources.entriesDirectory + QLatin1Char('/') + fileName);
     if (!content) {
+        qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
         return report;
     }
     report.content = *content;

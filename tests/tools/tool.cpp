@@ -12,9 +12,11 @@ namespace
 {
 const QString s_tool = QStringLiteral(VELKA_SETTINGS_TOOL);
 
-Tool::Result runProgram(const QString &program, const QStringList &arguments)
+Tool::Result runProgram(const QString &program, const QStringList &arguments,
+                        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.start(program, arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
         qFatal("%s fails: %s", qUtf8Printable(program), qUtf8Printable(process.errorString()));
@@ -31,6 +33,20 @@ QJsonObject Tool::Result::json() const
 Tool::Result Tool::run(const QStringList &arguments)
 {
     return runProgram(s_tool, arguments);
+}
+
+Tool::Result Tool::runWithSlowFile(const QStringList &arguments, const QString &file, int ms)
+{
+    // The leak checker of a sanitized program cannot work while another traces it.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    const QString delay = QStringLiteral("inject=openat:delay_enter=%1ms").arg(ms);
+    return runProgram(QStringLiteral("strace"),
+                      QStringList{QStringLiteral("-f"), QStringLiteral("-qq"), QStringLiteral("-o"),
+                                  QStringLiteral("/dev/null"), QStringLiteral("-P"), file, QStringLiteral("-e"),
+                                  QStringLiteral("trace=openat"), QStringLiteral("-e"), delay, s_tool}
+                          + arguments,
+                      environment);
 }
 
 QByteArray Tool::runOnTerminal(const QStringList &arguments)

@@ -20,6 +20,8 @@ struct Result {
 };
 
 Result run(const QStringList &arguments);
+/// The same where to open @p file takes @p ms.
+Result runWithSlowFile(const QStringList &arguments, const QString &file, int ms);
 /// The same on a terminal, which shows the output and the errors.
 QByteArray runOnTerminal(const QStringList &arguments);
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "plugin/constants.h"
 #include "text.h"
 #include "tool.h"
 #include "world.h"
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void coloursOnTerminalsAlone_data();
     void coloursOnTerminalsAlone();
     void noColor();
+    void progressAfterASecond_data();
+    void progressAfterASecond();
 };
 
 void CommandLineTest::init()
@@ -37,7 +40,7 @@ void CommandLineTest::helpFitsScreen_data()
 {
     QTest::addColumn<QStringList>("command");
     QTest::newRow("all") << QStringList();
-    for (const char *command : {"tree", "show", "why", "diff"}) {
+    for (const char *command : {"check", "tree", "show", "why", "diff", "preview"}) {
         QTest::newRow(command) << QStringList{text(command)};
     }
 }
@@ -102,6 +105,30 @@ void CommandLineTest::noColor()
 {
     qputenv("NO_COLOR", "1");
     QVERIFY(!Tool::runOnTerminal({text("tree")}).contains('\x1b'));
+}
+
+void CommandLineTest::progressAfterASecond_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("check") << QStringList{text("check"), Constants::EntriesDirectory};
+    QTest::newRow("tree") << QStringList{text("tree"), text("--root"), Constants::EntriesDirectory};
+}
+
+void CommandLineTest::progressAfterASecond()
+{
+    QFETCH(QStringList, arguments);
+    World::reset();
+    for (const char *name : {"a.json", "b.json", "c.json"}) {
+        World::writeEntries(text(name), R"({"entries": [{"path": "x", "title": "X", "type": "page"}]})");
+    }
+    QCOMPARE(Tool::run(arguments).errors, QByteArray());
+
+    const Tool::Result slow = Tool::runWithSlowFile(arguments, Constants::EntriesDirectory + text("/b.json"),
+                                                    1100);
+    QVERIFY2(slow.errors.startsWith("velka-settings: "), slow.errors.constData());
+    QVERIFY2(slow.errors.endsWith(" of 3 files read\n"), slow.errors.constData());
+    QCOMPARE(slow.errors.count('\n'), 1);
+    QCOMPARE(slow.output, Tool::run(arguments).output);
 }
 
 QTEST_GUILESS_MAIN(CommandLineTest)

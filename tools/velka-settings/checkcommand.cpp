@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "../commands.h"
 #include "checker.h"
+#include "commands.h"
 #include "formats.h"
 #include "plugin/constants.h"
+#include "progress.h"
+#include "terminal.h"
 
 #include <QCommandLineParser>
-#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <algorithm>
 
 #include <cstdio>
-#include <unistd.h>
 
 namespace
 {
@@ -111,23 +111,11 @@ QString problemWith(const Options &options)
     return {};
 }
 
-/// Tells on standard error how far a check is that takes longer than a second.
-Checker::Progress progress()
+Report check(const Options &options)
 {
-    QElapsedTimer timer;
-    timer.start();
-    return [timer, told = qint64(0)](int done, int total) mutable {
-        constexpr int Interval = 1000;
-        if (timer.elapsed() - told >= Interval) {
-            told = timer.elapsed();
-            std::fprintf(stderr, "%d of %d files\n", done, total);
-        }
-    };
-}
-
-bool hasColours()
-{
-    return isatty(STDOUT_FILENO) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR");
+    Progress progress;
+    const auto tell = [&progress](int done, int total) { progress.update(done, total); };
+    return Checker(options.translations, tell).check(options.arguments);
 }
 
 QByteArray write(const Report &report, const Options &options)
@@ -141,7 +129,7 @@ QByteArray write(const Report &report, const Options &options)
     if (options.format == QLatin1String("junit")) {
         return toJUnit(report, options.severities, options.strict);
     }
-    return toText(report, options.severities, hasColours());
+    return toText(report, options.severities, Terminal(stdout).hasColours());
 }
 
 bool fails(const Report &report, const Options &options)
@@ -159,7 +147,7 @@ int run(const Options &options)
     if (!problem.isEmpty()) {
         return fail(problem);
     }
-    const Report report = Checker(options.translations, progress()).check(options.arguments);
+    const Report report = check(options);
     const QByteArray output = write(report, options);
     std::fwrite(output.constData(), 1, size_t(output.size()), stdout);
     return fails(report, options) ? Commands::Findings : Commands::Success;

@@ -22,6 +22,11 @@ Terminal::Terminal(std::FILE *stream)
 {
 }
 
+bool Terminal::hasColours() const
+{
+    return m_hasColours;
+}
+
 void Terminal::writeLine(const QString &line) const
 {
     const QByteArray utf8 = line.toUtf8() + '\n';

@@ -13,6 +13,7 @@ class Terminal
 public:
     explicit Terminal(std::FILE *stream);
 
+    bool hasColours() const;
     void writeLine(const QString &line) const;
 
     QString strong(const QString &text) const;

@@ -44,12 +44,7 @@ QString objectionTo(const Call &call)
 
 bool isAction(const Entry &entry)
 {
-    return readString(entry.read, QLatin1String("type")) == QLatin1String("action");
-}
-
-QJsonObject paramsOf(const Entry &entry)
-{
-    return entry.read.value(QLatin1String("params")).toObject();
+    return entry.type == QLatin1String("action");
 }
 
 void actionNames(const Entry &entry, Findings *findings)
@@ -57,16 +52,14 @@ void actionNames(const Entry &entry, Findings *findings)
     if (!isAction(entry)) {
         return;
     }
-    const Json::Value *params = member(*entry.written, "params");
-    const bool hasParams = params && params->isObject();
-    const QJsonObject read = paramsOf(entry);
+    const Json::Value *params = entry.writtenParams;
     for (const NameKey &name : s_names) {
-        const Json::Value *value = hasParams ? member(*params, name.key) : nullptr;
+        const Json::Value *value = params ? member(*params, name.key) : nullptr;
         Call call;
-        call.*name.part = readString(read, QLatin1String(name.key));
+        call.*name.part = readString(entry.params, QLatin1String(name.key));
         if ((call.*name.part).isEmpty()) {
             if (name.isRequired) {
-                const Json::Value &place = value ? *value : hasParams ? *params : *entry.written;
+                const Json::Value &place = value ? *value : params ? *params : *entry.written;
                 findings->atValue(
                     Tag::ActionIncomplete, place,
                     QStringLiteral("an action needs \"%1\" in \"params\"").arg(QLatin1String(name.key)));
@@ -103,8 +96,8 @@ bool holdsNull(const Json::Value &arguments)
 
 void actionArguments(const Entry &entry, Findings *findings)
 {
-    const Json::Value *params = member(*entry.written, "params");
-    const Json::Value *arguments = params && params->isObject() ? member(*params, "remote-arguments") : nullptr;
+    const Json::Value *params = entry.writtenParams;
+    const Json::Value *arguments = params ? member(*params, "remote-arguments") : nullptr;
     if (!isAction(entry) || !arguments || arguments->isNull()) {
         return;
     }
@@ -118,7 +111,7 @@ void actionArguments(const Entry &entry, Findings *findings)
         return;
     }
     Call call;
-    call.arguments = jsonToVariant(paramsOf(entry).value(QLatin1String("remote-arguments"))).toList();
+    call.arguments = jsonToVariant(entry.params.value(QLatin1String("remote-arguments"))).toList();
     const QString objection = objectionTo(call);
     if (!objection.isEmpty()) {
         findings->atValue(Tag::ArgumentsRefused, *arguments, objection);
@@ -132,12 +125,11 @@ void actionArguments(const Entry &entry, Findings *findings)
 
 void callWithoutAction(const Entry &entry, Findings *findings)
 {
-    const Json::Value *params = member(*entry.written, "params");
-    if (isAction(entry) || !params || !params->isObject()) {
+    if (isAction(entry) || !entry.writtenParams) {
         return;
     }
     for (const NameKey &name : s_names) {
-        if (const Json::Value *value = member(*params, name.key)) {
+        if (const Json::Value *value = member(*entry.writtenParams, name.key)) {
             findings->atKey(
                 Tag::NotAnAction, *value,
                 QStringLiteral("\"%1\" is read for the type \"action\" only").arg(QLatin1String(name.key)));

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QHash>
+#include <QMutex>
 #include <QString>
 #include <QStringList>
 
@@ -33,7 +34,7 @@ private:
     const std::unique_ptr<QTranslator> m_fallback;
 };
 
-/// The catalogs in a directory, each loaded once.
+/// The catalogs in a directory, each loaded once. Safe to ask from several threads.
 class Catalogs
 {
 public:
@@ -42,6 +43,7 @@ public:
 
 private:
     const QString m_directory;
+    QMutex m_mutex;
     std::map<QString, std::unique_ptr<Catalog>> m_catalogs;
 };
 }

@@ -4,13 +4,16 @@
 #include "checker.h"
 
 #include "pathrules.h"
+#include "registry/textfile.h"
 #include "rules.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QtConcurrent>
 
 #include <algorithm>
+#include <numeric>
 
 namespace Check
 {
@@ -113,8 +116,8 @@ void collectDeclared(const Document &document, FileSummary *summary)
 {
     PlaceFinder places(document.text);
     for (const Entry &entry : document.entries) {
-        if (const Json::Value *path = member(*entry.written, "path")) {
-            summary->declared.append(writtenPath(entryPath(entry), *path, &places));
+        if (entry.writtenPath) {
+            summary->declared.append(writtenPath(entry.path, *entry.writtenPath, &places));
             summary->declared.last().entry = entry.read;
         }
     }
@@ -193,14 +196,14 @@ std::vector<FileFindings> Checker::check(const QStringList &arguments)
 
 void Checker::checkTogether(const QStringList &paths, std::vector<FileFindings> *results)
 {
-    std::vector<FileSummary> summaries;
-    std::vector<FileFindings> findings;
-    for (const QString &path : paths) {
-        FileSummary summary;
-        findings.push_back(checkFile(path, &summary));
-        summaries.push_back(std::move(summary));
-        m_progress(++m_done, m_total);
-    }
+    std::vector<FileSummary> summaries(size_t(paths.size()));
+    std::vector<FileFindings> findings(size_t(paths.size()));
+    std::vector<int> numbers(size_t(paths.size()));
+    std::iota(numbers.begin(), numbers.end(), 0);
+    QtConcurrent::blockingMap(numbers, [&](int i) {
+        findings[i] = checkFile(paths.at(i), &summaries[i]);
+        tellProgress();
+    });
     DirectoryRules rules(summaries, &findings);
     rules.checkDuplicates();
     rules.checkSpelling();
@@ -213,12 +216,18 @@ void Checker::checkTogether(const QStringList &paths, std::vector<FileFindings> 
     }
 }
 
+void Checker::tellProgress()
+{
+    const QMutexLocker locker(&m_mutex);
+    m_progress(++m_done, m_total);
+}
+
 FileFindings Checker::checkFile(const QString &path, FileSummary *summary)
 {
     summary->path = path;
     Document document;
     document.path = path;
-    const std::optional<QByteArray> text = readText(path);
+    const std::optional<QByteArray> text = readTextFile(path);
     document.text = text.value_or(QByteArray());
     Findings findings(document.text);
     const bool isList = isBlacklist(path);

@@ -5,11 +5,10 @@
 
 #include "doubledkeys.h"
 #include "registry/jsonvariant.h"
+#include "registry/registrationfile.h"
 
 #include <json/reader.h>
 
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -85,6 +84,11 @@ QString messageOf(const std::string &errors)
     return toText(errors).section(QLatin1Char('\n'), 1, 1).trimmed();
 }
 
+const Json::Value *objectOrNull(const Json::Value *value)
+{
+    return value && value->isObject() ? value : nullptr;
+}
+
 void collectEntries(Document *document)
 {
     const Json::Value *entries = document->root.isObject() ? member(document->root, "entries") : nullptr;
@@ -92,13 +96,25 @@ void collectEntries(Document *document)
         return;
     }
     const QJsonArray read = document->read.toObject().value(QLatin1String("entries")).toArray();
-    document->entries.reserve(read.size());
+    document->entries.reserve(size_t(read.size()));
     for (Json::ArrayIndex i = 0; i < entries->size(); ++i) {
         if ((*entries)[i].isObject()) {
-            document->entries.append({&(*entries)[i], read.at(int(i)).toObject()});
+            document->entries.emplace_back((*entries)[i], read.at(int(i)).toObject());
         }
     }
 }
+}
+
+Entry::Entry(const Json::Value &written, const QJsonObject &read)
+    : written(&written)
+    , writtenPath(member(written, "path"))
+    , writtenParams(objectOrNull(member(written, "params")))
+    , read(read)
+    , params(read.value(QLatin1String("params")).toObject())
+    , path(readString(read, QLatin1String("path")))
+    , names(splitPath(path))
+    , type(readString(read, QLatin1String("type")))
+{
 }
 
 Findings::Findings(const QByteArray &text)
@@ -176,17 +192,6 @@ Place PlaceFinder::at(int offset)
     return m_place;
 }
 
-std::optional<QByteArray> readText(const QString &path)
-{
-    QFile file(path);
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    QByteArray text = file.readAll();
-    text.replace('\r', "");
-    return text;
-}
-
 bool parse(Document *document, Findings *findings)
 {
     QByteArray &text = document->text;
@@ -234,6 +239,7 @@ QString toText(const std::string &text)
 
 QString readString(const QJsonObject &object, QLatin1String key)
 {
-    return jsonToVariant(object.value(key)).toString();
+    const QJsonValue value = object.value(key);
+    return value.isString() ? value.toString() : jsonToVariant(value).toString();
 }
 }

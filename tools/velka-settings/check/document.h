@@ -11,15 +11,24 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QSet>
+#include <QStringList>
 
-#include <optional>
+#include <vector>
 
 namespace Check
 {
-/// An element of "entries" that is an object: as it is written, and as the library reads it.
+/// An element of "entries" that is an object: as it is written, and what the library reads of it.
 struct Entry {
+    explicit Entry(const Json::Value &written, const QJsonObject &read);
+
     const Json::Value *written;
+    const Json::Value *writtenPath; ///< null when there is none
+    const Json::Value *writtenParams; ///< null when they are no object
     QJsonObject read;
+    QJsonObject params;
+    QString path;
+    QStringList names; ///< down to the place that the path leads to
+    QString type;
 };
 
 /// A registration file or favourites blacklist that the library can parse.
@@ -28,7 +37,7 @@ struct Document {
     QByteArray text; ///< as the library parses it
     Json::Value root; ///< with the offsets of its values
     QJsonValue read; ///< what the library makes of it
-    QVector<Entry> entries;
+    std::vector<Entry> entries;
 };
 
 /// Collects what is found in one text.
@@ -65,8 +74,6 @@ private:
     Place m_place;
 };
 
-/// The content of a file as the library reads it; nothing when it cannot.
-std::optional<QByteArray> readText(const QString &path);
 /// Fills @p document by its text. False, and findings that tell why, when there is no more to check. What the
 /// library reads is known even then, if it reads anything.
 bool parse(Document *document, Findings *findings);

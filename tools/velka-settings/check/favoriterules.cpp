@@ -7,25 +7,19 @@ namespace Check
 {
 namespace
 {
-QString typeOf(const Entry &entry)
-{
-    return readString(entry.read, QLatin1String("type"));
-}
-
 bool isCustom(const Entry &entry)
 {
-    return typeOf(entry).contains(QLatin1String("custom"));
+    return entry.type.contains(QLatin1String("custom"));
 }
 
 const Json::Value *paramOf(const Entry &entry, const char *key)
 {
-    const Json::Value *params = member(*entry.written, "params");
-    return params && params->isObject() ? member(*params, key) : nullptr;
+    return entry.writtenParams ? member(*entry.writtenParams, key) : nullptr;
 }
 
 QString placeOf(const Entry &entry)
 {
-    return readString(entry.read.value(QLatin1String("params")).toObject(), QLatin1String("type"));
+    return readString(entry.params, QLatin1String("type"));
 }
 
 void misplacedFavorite(const Entry &entry, Findings *findings)
@@ -39,7 +33,7 @@ void misplacedFavorite(const Entry &entry, Findings *findings)
 void unreadFavorite(const Entry &entry, Findings *findings)
 {
     const Json::Value *allowed = paramOf(entry, "allow_favorite");
-    if (allowed && typeOf(entry) != QLatin1String("page")) {
+    if (allowed && entry.type != QLatin1String("page")) {
         findings->atKey(Tag::FavoriteUnread, *allowed,
                         QStringLiteral("\"allow_favorite\" is read for the type \"page\" only"));
     }

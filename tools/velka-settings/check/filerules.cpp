@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "pathrules.h"
+#include "registry/registrationfile.h"
 #include "rules.h"
 
 #include <vector>
@@ -33,11 +34,11 @@ void checkNumber(const QByteArray &text, const Json::Value &number, Findings *fi
 
 void checkFileName(const QString &fileName, Findings *findings)
 {
-    if (!fileName.endsWith(QLatin1String(".json")) || fileName.startsWith(QLatin1Char('.'))) {
+    if (fileName.startsWith(QLatin1String("fake")) && fileName.endsWith(QLatin1String(".json"))) {
+        findings->atOffset(Tag::NameAside, 0, QStringLiteral("a file named \"fake…\" is never loaded"));
+    } else if (!isRegistrationFile(fileName) || fileName.startsWith(QLatin1Char('.'))) {
         findings->atOffset(Tag::NameNeverLoaded, 0,
                            QStringLiteral("a file named %1 is never loaded").arg(quoted(fileName)));
-    } else if (fileName.startsWith(QLatin1String("fake"))) {
-        findings->atOffset(Tag::NameAside, 0, QStringLiteral("a file named \"fake…\" is never loaded"));
     }
 }
 
@@ -68,7 +69,8 @@ void checkBlacklist(const Document &document, Findings *findings)
     }
     for (const Json::Value &element : document.root) {
         if (element.isString()) {
-            checkSlashes(toText(element.asString()), element, findings);
+            const QString path = toText(element.asString());
+            checkSlashes(path, splitPath(path), element, findings);
         } else {
             findings->atValue(Tag::BlacklistElement, element,
                               QStringLiteral("the library skips what is no string"));

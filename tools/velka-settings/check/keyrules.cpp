@@ -40,20 +40,19 @@ void unknownKeys(const Entry &entry, Findings *findings)
 
 void unknownParams(const Entry &entry, Findings *findings)
 {
-    const Json::Value *params = member(*entry.written, "params");
-    if (!params || !params->isObject()) {
-        return;
+    if (entry.writtenParams) {
+        const bool isOther = entry.type != QLatin1String("action");
+        reportUnknown(*entry.writtenParams, KnownKeys::params(), isOther, findings);
     }
-    const bool isAction = readString(entry.read, QLatin1String("type")) == QLatin1String("action");
-    reportUnknown(*params, KnownKeys::params(), !isAction, findings);
 }
 
 void misplacedParams(const Entry &entry, Findings *findings)
 {
     static const QStringList names = KnownKeys::action() + QStringList{QStringLiteral("simpleGrid")};
-    for (const QString &name : names) {
-        if (const Json::Value *value = member(*entry.written, name.toUtf8().constData())) {
-            findings->atKey(Tag::ParamMisplaced, *value,
+    for (auto it = entry.written->begin(); it != entry.written->end(); ++it) {
+        const QString name = toText(it.name());
+        if (names.contains(name)) {
+            findings->atKey(Tag::ParamMisplaced, *it,
                             QStringLiteral("%1 is read in \"params\" only").arg(quoted(name)));
         }
     }
@@ -72,7 +71,7 @@ void misspeltType(const Entry &entry, Findings *findings)
     static const QStringList types{QStringLiteral("action"), QStringLiteral("bool"),    QStringLiteral("custom"),
                                    QStringLiteral("enum"),   QStringLiteral("integer"), QStringLiteral("page"),
                                    QStringLiteral("section")};
-    const QString type = readString(entry.read, QLatin1String("type"));
+    const QString &type = entry.type;
     if (type.isEmpty() || types.contains(type) || type.contains(QLatin1String("custom"))) {
         return;
     }
@@ -83,19 +82,19 @@ void misspeltType(const Entry &entry, Findings *findings)
     }
 }
 
-/// Whether @p value is a string that the library takes for a number.
-bool isNumberAsText(const QJsonValue &value)
+/// Whether @p value is an int, also as a string that the library takes for one.
+bool isInt(const QJsonValue &value)
 {
     bool isNumber = false;
     value.toString().toInt(&isNumber);
-    return isNumber;
+    return isNumber || value.toInt(0) == value.toInt(1);
 }
 
 void order(const Entry &entry, Findings *findings)
 {
     const Json::Value *written = member(*entry.written, "order");
     const QJsonValue value = entry.read.value(QLatin1String("order"));
-    if (!written || value.isNull() || value.isBool() || isNumberAsText(value)) {
+    if (!written || value.isNull() || value.isBool() || isInt(value)) {
         return;
     }
     const int result = TreeItem({}, {{QStringLiteral("order"), jsonToVariant(value)}}).order();

@@ -11,7 +11,7 @@ namespace
 {
 void missingPath(const Entry &entry, Findings *findings)
 {
-    if (!contains(*entry.written, "path")) {
+    if (!entry.writtenPath) {
         findings->atValue(Tag::PathMissing, *entry.written,
                           QStringLiteral("the entry has no \"path\" and is skipped"));
     }
@@ -19,26 +19,24 @@ void missingPath(const Entry &entry, Findings *findings)
 
 void emptyPath(const Entry &entry, Findings *findings)
 {
-    const Json::Value *path = member(*entry.written, "path");
-    if (path && splitPath(entryPath(entry)).isEmpty()) {
-        findings->atValue(Tag::PathEmpty, *path,
+    if (entry.writtenPath && entry.names.isEmpty()) {
+        findings->atValue(Tag::PathEmpty, *entry.writtenPath,
                           QStringLiteral("the path holds no name: the entry is never shown"));
     }
 }
 
 void slashes(const Entry &entry, Findings *findings)
 {
-    if (const Json::Value *path = member(*entry.written, "path")) {
-        checkSlashes(entryPath(entry), *path, findings);
+    if (entry.writtenPath) {
+        checkSlashes(entry.path, entry.names, *entry.writtenPath, findings);
     }
 }
 
 void blanks(const Entry &entry, Findings *findings)
 {
-    const QStringList names = splitPath(entryPath(entry));
-    for (const QString &name : names) {
+    for (const QString &name : entry.names) {
         if (name.trimmed() != name) {
-            findings->atValue(Tag::PathBlanks, *member(*entry.written, "path"),
+            findings->atValue(Tag::PathBlanks, *entry.writtenPath,
                               QStringLiteral("%1 begins or ends with a blank").arg(quoted(name)));
             return;
         }
@@ -46,19 +44,9 @@ void blanks(const Entry &entry, Findings *findings)
 }
 }
 
-QStringList splitPath(const QString &path)
+void checkSlashes(const QString &path, const QStringList &names, const Json::Value &written, Findings *findings)
 {
-    return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-}
-
-QString entryPath(const Entry &entry)
-{
-    return readString(entry.read, QLatin1String("path"));
-}
-
-void checkSlashes(const QString &path, const Json::Value &written, Findings *findings)
-{
-    const QString usual = splitPath(path).join(QLatin1Char('/'));
+    const QString usual = names.join(QLatin1Char('/'));
     if (!usual.isEmpty() && usual != path) {
         findings->atValue(Tag::PathSlashes, written,
                           QStringLiteral("slashes at the ends or doubled ones: write %1").arg(quoted(usual)));

@@ -7,8 +7,6 @@
 
 namespace Check
 {
-/// The names of the place that @p path leads to.
-QStringList splitPath(const QString &path);
-QString entryPath(const Entry &entry);
-void checkSlashes(const QString &path, const Json::Value &written, Findings *findings);
+/// Whether @p path is more than its @p names, joined.
+void checkSlashes(const QString &path, const QStringList &names, const Json::Value &written, Findings *findings);
 }

@@ -4,6 +4,7 @@
 #include "setrules.h"
 
 #include "pathrules.h"
+#include "registry/registrationfile.h"
 
 #include <QFileInfo>
 

@@ -81,7 +81,7 @@ void checkId(const Entry &entry, const char *key, const NamedCatalogs &catalogs,
 
 void checkTitle(const Entry &entry, const NamedCatalogs &catalogs, Findings *findings)
 {
-    if (!contains(*entry.written, "path") || !readString(entry.read, QLatin1String("title")).isEmpty()) {
+    if (!entry.writtenPath || !readString(entry.read, QLatin1String("title")).isEmpty()) {
         return;
     }
     const QString id = readString(entry.read, QLatin1String("translation_id"));
