@@ -65,7 +65,7 @@ int main(int argc, char *argv[])
                                                QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
     ServiceFaults faults;
     QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral(VELKA_QML_BUILD_DIR));
+    engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../qml")); // of the build
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &files);
     engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
     engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
