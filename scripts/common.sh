@@ -27,6 +27,8 @@ packages=(
 # What the tests need besides, scripts/lint among them.
 test_packages=(python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
     zsh fish)
+# What scripts/package needs besides.
+package_packages=(debhelper git lintian mmdebstrap)
 
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.
 install_packages() {
