@@ -29,6 +29,8 @@ test_packages=(python3 python3-dbusmock qml-module-qttest strace clang-format cl
     zsh fish)
 # What scripts/package needs besides.
 package_packages=(debhelper git lintian mmdebstrap)
+# What the fuzz targets are built with.
+fuzz_packages=(clang libclang-rt-14-dev)
 
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.
 install_packages() {

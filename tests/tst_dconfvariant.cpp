@@ -138,6 +138,10 @@ void tst_DConfVariant::reads_data()
     QTest::newRow("strings by name") << QByteArrayLiteral("{'a': 'a'}") << QVariant(QVariantMap{{a, a}});
     QTest::newRow("strings by number") << QByteArrayLiteral("{1: 'a'}")
                                        << QVariant(QVariantMap{{QStringLiteral("1"), a}});
+    QTest::newRow("strings by byte") << QByteArrayLiteral("{byte 0x41: 'a', 0x00: 'a'}")
+                                     << QVariant(QVariantMap{{QStringLiteral("0"), a}, {QStringLiteral("65"), a}});
+    QTest::newRow("strings by handle") << QByteArrayLiteral(
+        "{handle 1: 'a', 2: 'a'}") << QVariant(QVariantMap{{QStringLiteral("1"), a}, {QStringLiteral("2"), a}});
     QTest::newRow("entry") << QByteArrayLiteral("{'a', 1}") << QVariant(QVariantList{a, 1});
     QTest::newRow("maps") << QByteArrayLiteral("[{'a': 1}, {}]")
                           << QVariant(QVariantList{QVariantMap{{a, 1}}, QVariantMap()});

@@ -302,7 +302,18 @@ void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu_data()
     QTest::newRow("other document") << QByteArrayLiteral("<html/>") << text("line 1: not a menu");
     QTest::newRow("entity") << QByteArrayLiteral(
         "<!DOCTYPE Menu [<!ENTITY a \"aaaa\">]>\n<Menu><Filename>&a;</Filename></Menu>")
-                            << text("line 1: entities are not allowed");
+                            << text("line 1: declarations are not allowed");
+    QTest::newRow("default attributes")
+        << QByteArrayLiteral("<!DOCTYPE Menu [<!ATTLIST Menu a CDATA \"b\">]>\n<Menu/>")
+        << text("line 1: declarations are not allowed");
+    QTest::newRow("expanding") << QByteArray("<!DOCTYPE Menu [<!ENTITY % a \"<!--" + QByteArray(4000, 'x')
+                                             + "-->\">" + QByteArray("%a;").repeated(300000) + "]>\n<Menu/>")
+                               << text("line 1: too long");
+    QByteArray attributes;
+    for (int i = 0; i < 100000; ++i) {
+        attributes += " a" + QByteArray::number(i) + "=''";
+    }
+    QTest::newRow("attributes") << QByteArray("<Menu" + attributes + "/>") << text("line 1: too long");
     QTest::newRow("huge") << QByteArray("<Menu>" + filename + QByteArray(1024 * 1024, ' ') + "</Menu>")
                           << text("larger than 1048576 bytes");
 }

@@ -12,6 +12,38 @@ namespace
 // Who walks the folders may do so by recursion.
 constexpr int MaximumDepth = 16;
 
+// Qt takes quadratic time for the attributes of a tag, and expands what a document type declares without limit.
+constexpr int MaximumMarkup = 8 << 10;
+constexpr int ChunkSize = 1 << 10;
+
+/// What is wrong with the markup, whatever its content. Empty when nothing is, or when reading tells it as well.
+QString objectionTo(const QByteArray &xml)
+{
+    QXmlStreamReader reader;
+    int tokenStart = 0;
+    for (int position = 0; position < xml.size(); position += ChunkSize) {
+        reader.addData(xml.mid(position, ChunkSize));
+        while (!reader.atEnd()) {
+            const QXmlStreamReader::TokenType token = reader.readNext();
+            if (token == QXmlStreamReader::DTD && reader.text().contains(QLatin1Char('['))) {
+                return QStringLiteral("line %1: declarations are not allowed").arg(reader.lineNumber());
+            }
+            // Comments come from the middle of a document type, too.
+            if (token != QXmlStreamReader::Invalid && token != QXmlStreamReader::Comment
+                && token != QXmlStreamReader::ProcessingInstruction) {
+                tokenStart = position;
+            }
+        }
+        if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError) {
+            return {};
+        }
+        if (position - tokenStart >= MaximumMarkup) {
+            return QStringLiteral("line %1: too long").arg(reader.lineNumber());
+        }
+    }
+    return {};
+}
+
 class MenuReader
 {
 public:
@@ -23,7 +55,6 @@ public:
 private:
     void startElement();
     void startMenu();
-    void refuseEntities();
     QString readText();
     MenuLayout::Place nextPlace();
 
@@ -42,9 +73,6 @@ MenuLayout MenuReader::read()
 {
     while (!m_xml.atEnd()) {
         switch (m_xml.readNext()) {
-        case QXmlStreamReader::DTD:
-            refuseEntities();
-            break;
         case QXmlStreamReader::StartElement:
             startElement();
             break;
@@ -97,14 +125,6 @@ void MenuReader::startMenu()
     m_open.append(folder);
 }
 
-// Entities can make a small file a huge one.
-void MenuReader::refuseEntities()
-{
-    if (!m_xml.entityDeclarations().isEmpty()) {
-        m_xml.raiseError(QStringLiteral("entities are not allowed"));
-    }
-}
-
 QString MenuReader::readText()
 {
     return m_xml.readElementText(QXmlStreamReader::SkipChildElements).trimmed();
@@ -133,6 +153,10 @@ bool operator==(const MenuLayout &a, const MenuLayout &b)
 
 MenuLayout parseMenu(const QByteArray &xml, QString *error)
 {
+    *error = objectionTo(xml);
+    if (!error->isEmpty()) {
+        return {};
+    }
     MenuReader reader(xml);
     MenuLayout layout = reader.read();
     *error = reader.error();

@@ -148,14 +148,25 @@ static QVariantList toList(GVariant *value)
     return list;
 }
 
+static QString toKey(GVariant *value)
+{
+    switch (g_variant_classify(value)) {
+    case G_VARIANT_CLASS_BYTE: // would become a character, maybe the null character
+        return QString::number(g_variant_get_byte(value));
+    case G_VARIANT_CLASS_HANDLE: // would all be the same
+        return QString::number(g_variant_get_handle(value));
+    default:
+        return fromGVariant(value).toString();
+    }
+}
+
 static QVariantMap toMap(GVariant *value)
 {
     QVariantMap map;
     const gsize size = g_variant_n_children(value);
     for (gsize i = 0; i < size; ++i) {
         const GVariantPointer entry = child(value, i);
-        const QString key = fromGVariant(child(entry.get(), 0).get()).toString();
-        map.insert(key, fromGVariant(child(entry.get(), 1).get()));
+        map.insert(toKey(child(entry.get(), 0).get()), fromGVariant(child(entry.get(), 1).get()));
     }
     return map;
 }

@@ -208,6 +208,9 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
 {
     const QSet<QString> reload = filesToReload(paths);
     m_maskedPaths = paths; // the files are loaded by the new list
+    if (reload.isEmpty()) {
+        return false;
+    }
     unload(reload);
     // In the order of a scan, so that of two files with one path the same one wins.
     QStringList fileNames = reload.values();
@@ -215,7 +218,7 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
     for (const QString &fileName : qAsConst(fileNames)) {
         load(fileName);
     }
-    return !reload.isEmpty();
+    return true;
 }
 
 QSet<QString> EntryTree::filesToReload(const QSet<QString> &masked) const

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QByteArray>
+
+#include <cstddef>
+#include <cstdint>
+
+/// The bytes of an input, read from the front as what a target needs. Past the end all is 0.
+class Input
+{
+public:
+    Input(const std::uint8_t *data, std::size_t size)
+        : m_bytes(QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size)))
+    {
+    }
+
+    bool atEnd() const
+    {
+        return m_position == m_bytes.size();
+    }
+
+    int byte()
+    {
+        return atEnd() ? 0 : std::uint8_t(m_bytes.at(m_position++));
+    }
+
+    /// From 0 up to, not including, @p limit, which is no more than 256.
+    int below(int limit)
+    {
+        return byte() % limit;
+    }
+
+    bool flag()
+    {
+        return byte() % 2 != 0;
+    }
+
+    QByteArray take(int size)
+    {
+        const QByteArray bytes = m_bytes.mid(m_position, size);
+        m_position += bytes.size();
+        return bytes;
+    }
+
+    QByteArray rest()
+    {
+        return take(m_bytes.size());
+    }
+
+private:
+    QByteArray m_bytes;
+    int m_position = 0;
+};

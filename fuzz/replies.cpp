@@ -1,0 +1,475 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+// The input is a sequence of calls to the platform's services, of actions as any file may declare them, and of what
+// is answered: errors and values of any types.
+
+#include "harness.h"
+#include "input.h"
+
+#include "actions/quickactionreader.h"
+#include "applications/applicationssettingsmodel.h"
+#include "applications/autostartclient.h"
+#include "applications/notificationsclient.h"
+#include "applications/sandboxingclient.h"
+#include "applications/userapplicationlists.h"
+#include "plugin/constants.h"
+
+#include <launcherfoldermodel.h>
+
+#include <QCoreApplication>
+#include <QHash>
+
+#include <dbus/dbus.h>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace
+{
+constexpr int MaxSteps = 8;
+constexpr int MaxTypeDepth = 8;
+constexpr uint s_user = 1000;
+constexpr uint s_nobody = 65534; ///< asked about by the target alone
+
+const QString s_application = QStringLiteral("x");
+
+QByteArray readText(Input *input)
+{
+    const QList<QByteArray> known{"", "x", "x.desktop", "org.example.x", "enabledMode", "enabled", "Mode", "None"};
+    const int kind = input->below(16);
+    if (kind < known.size()) {
+        return known.at(kind);
+    }
+    return QString::fromUtf8(input->take(kind)).remove(QChar(QChar::Null)).toUtf8();
+}
+
+/// One complete type.
+QByteArray readType(Input *input, int depth = 0)
+{
+    const QByteArray basic = "ybnqiuxtdsog";
+    const QList<QByteArray> known{"as", "a{sv}", "a{sb}", "v"};
+    const int kind = input->below(32);
+    if (kind < known.size()) {
+        return known.at(kind);
+    }
+    if (kind < 20 || depth == MaxTypeDepth) {
+        return QByteArray(1, basic.at(kind % basic.size()));
+    }
+    if (kind < 24) {
+        return "a" + readType(input, depth + 1);
+    }
+    if (kind < 28) {
+        return "(" + readType(input, depth + 1) + basic.at(kind % basic.size()) + ")";
+    }
+    return QByteArray("a{") + basic.at(kind % basic.size()) + readType(input, depth + 1) + "}";
+}
+
+void appendValue(DBusMessageIter *to, DBusSignatureIter *type, Input *input, int depth);
+
+void appendContainer(DBusMessageIter *to, DBusSignatureIter *type, Input *input, int depth)
+{
+    const int kind = dbus_signature_iter_get_current_type(type);
+    DBusSignatureIter inner;
+    QByteArray signature;
+    if (kind == DBUS_TYPE_VARIANT) {
+        // A type in a variant is as deep as the variants around it, for libdbus has a limit.
+        signature = depth < MaxTypeDepth ? readType(input, depth) : QByteArray("s");
+        dbus_signature_iter_init(&inner, signature.constData());
+    } else {
+        dbus_signature_iter_recurse(type, &inner);
+        char *const text = dbus_signature_iter_get_signature(&inner);
+        signature = text;
+        dbus_free(text);
+    }
+    const bool isNamed = kind == DBUS_TYPE_VARIANT || kind == DBUS_TYPE_ARRAY;
+    DBusMessageIter content;
+    dbus_message_iter_open_container(to, kind, isNamed ? signature.constData() : nullptr, &content);
+    if (kind == DBUS_TYPE_ARRAY) {
+        for (int count = input->below(5); count > 0; --count) {
+            appendValue(&content, &inner, input, depth + 1);
+        }
+    } else {
+        do {
+            appendValue(&content, &inner, input, depth + 1);
+        } while (dbus_signature_iter_next(&inner));
+    }
+    dbus_message_iter_close_container(to, &content);
+}
+
+void appendText(DBusMessageIter *to, int type, const QByteArray &text)
+{
+    const char *const characters = text.constData();
+    dbus_message_iter_append_basic(to, type, &characters);
+}
+
+void appendValue(DBusMessageIter *to, DBusSignatureIter *type, Input *input, int depth)
+{
+    const int kind = dbus_signature_iter_get_current_type(type);
+    if (dbus_type_is_container(kind)) {
+        appendContainer(to, type, input, depth);
+    } else if (kind == DBUS_TYPE_STRING) {
+        appendText(to, kind, readText(input));
+    } else if (kind == DBUS_TYPE_OBJECT_PATH) {
+        appendText(to, kind, input->flag() ? "/" : "/org/example");
+    } else if (kind == DBUS_TYPE_SIGNATURE) {
+        appendText(to, kind, input->flag() ? "" : "a{sv}");
+    } else if (kind == DBUS_TYPE_BOOLEAN) {
+        const dbus_bool_t value = input->flag();
+        dbus_message_iter_append_basic(to, kind, &value);
+    } else {
+        const QByteArray bytes = input->take(sizeof(DBusBasicValue)).leftJustified(sizeof(DBusBasicValue), '\0');
+        dbus_message_iter_append_basic(to, kind, bytes.constData());
+    }
+}
+
+void appendValues(DBusMessage *message, Input *input)
+{
+    DBusMessageIter iterator;
+    dbus_message_iter_init_append(message, &iterator);
+    for (int count = input->below(4); count > 0; --count) {
+        const QByteArray signature = readType(input);
+        DBusSignatureIter type;
+        dbus_signature_iter_init(&type, signature.constData());
+        appendValue(&iterator, &type, input, 0);
+    }
+}
+
+/// A name of a service, a path, an interface or a method, or none of these.
+QString readName(Input *input)
+{
+    const QStringList known{Constants::NotificationsService,
+                            QStringLiteral("org.example.Missing"),
+                            QStringLiteral("/org/example"),
+                            QStringLiteral("call"),
+                            QStringLiteral("org.freedesktop.DBus.Local"),
+                            QStringLiteral("/org/freedesktop/DBus/Local"),
+                            QStringLiteral(":1.0"),
+                            QStringLiteral("a..b")};
+    const int kind = input->below(16);
+    return kind < known.size() ? known.at(kind) : QString::fromUtf8(input->take(kind));
+}
+
+/// What a registration file can hold.
+QVariant readArgument(Input *input, int depth = 0)
+{
+    const int kind = depth < MaxTypeDepth ? input->below(8) : 0;
+    if (kind < 5) {
+        const QVariantList simple{double(input->byte()), QVariant(), input->flag(), QString(), readName(input)};
+        return simple.at(kind);
+    }
+    if (kind == 5) {
+        return QVariantMap{{readName(input), readArgument(input, depth + 1)}};
+    }
+    const QVariant element = readArgument(input, depth + 1);
+    QVariantList list;
+    for (int count = input->byte(); count >= 0; --count) {
+        list = kind == 6 ? QVariantList{QVariant(list)} : list << element;
+    }
+    return list;
+}
+
+/// The method, and the user that the call is about if it is about one.
+QByteArray nameOf(DBusMessage *call)
+{
+    dbus_uint32_t user = 0;
+    dbus_message_get_args(call, nullptr, DBUS_TYPE_UINT32, &user, DBUS_TYPE_INVALID);
+    return dbus_message_get_member(call) + QByteArray::number(user);
+}
+
+/// A bus's services, which live in a thread of their own: some calls wait for the answer.
+class Services
+{
+public:
+    Services(DBusBusType bus, const QStringList &names);
+
+    /// What the coming calls are answered with.
+    void setAnswers(const QByteArray &bytes);
+    /// The signature of the last answer to @p call, nothing when it was an error.
+    std::optional<QByteArray> lastAnswer(const QByteArray &call) const;
+    /// Before the next answer: no other thread may write to the connection while its own waits.
+    void emitConfigChanged(Input *input);
+
+private:
+    static DBusHandlerResult handle(DBusConnection *connection, DBusMessage *message, void *self);
+    void answer(DBusMessage *call);
+    void send(DBusMessage *message);
+
+    DBusConnection *const m_connection;
+    mutable std::mutex m_mutex; ///< for the rest
+    QByteArray m_bytes;
+    Input m_answers{nullptr, 0};
+    std::vector<DBusMessage *> m_pending;
+    QHash<QByteArray, std::optional<QByteArray>> m_signatures; ///< by call
+};
+
+Services::Services(DBusBusType bus, const QStringList &names)
+    : m_connection(dbus_bus_get_private(bus, nullptr))
+{
+    require(m_connection, "there is a bus");
+    for (const QString &name : names) {
+        dbus_bus_request_name(m_connection, name.toUtf8().constData(), 0, nullptr);
+    }
+    dbus_connection_add_filter(m_connection, handle, this, nullptr);
+    std::thread([this] { // for as long as the process lives
+        while (dbus_connection_read_write_dispatch(m_connection, -1)) {}
+    })
+        .detach();
+}
+
+void Services::setAnswers(const QByteArray &bytes)
+{
+    const std::lock_guard lock(m_mutex);
+    m_bytes = bytes;
+    m_answers = Input(reinterpret_cast<const std::uint8_t *>(m_bytes.constData()), std::size_t(m_bytes.size()));
+}
+
+std::optional<QByteArray> Services::lastAnswer(const QByteArray &call) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_signatures.value(call);
+}
+
+void Services::emitConfigChanged(Input *input)
+{
+    DBusMessage *const signal = dbus_message_new_signal(Constants::NotificationsPath.toUtf8().constData(),
+                                                        "com.kelo.NotificationsConfig1", "configChanged");
+    appendValues(signal, input);
+    const std::lock_guard lock(m_mutex);
+    m_pending.push_back(signal);
+}
+
+void Services::send(DBusMessage *message)
+{
+    dbus_connection_send(m_connection, message, nullptr);
+    dbus_message_unref(message);
+}
+
+DBusHandlerResult Services::handle(DBusConnection *connection, DBusMessage *message, void *self)
+{
+    if (dbus_message_get_type(message) != DBUS_MESSAGE_TYPE_METHOD_CALL) {
+        return DBUS_HANDLER_RESULT_NOT_YET_HANDLED;
+    }
+    static_cast<Services *>(self)->answer(message);
+    dbus_connection_flush(connection);
+    return DBUS_HANDLER_RESULT_HANDLED;
+}
+
+void Services::answer(DBusMessage *call)
+{
+    const QList<QByteArray> errors{DBUS_ERROR_FAILED, DBUS_ERROR_SERVICE_UNKNOWN, DBUS_ERROR_NO_REPLY,
+                                   "org.example.E"};
+    const std::lock_guard lock(m_mutex);
+    for (DBusMessage *signal : std::exchange(m_pending, {})) {
+        send(signal);
+    }
+    const int kind = m_answers.below(16);
+    DBusMessage *answer = nullptr;
+    if (kind < errors.size()) {
+        answer = dbus_message_new_error(call, errors.at(kind).constData(), nullptr);
+    } else {
+        answer = dbus_message_new_method_return(call);
+    }
+    appendValues(answer, &m_answers);
+    const bool isError = kind < errors.size();
+    m_signatures.insert(nameOf(call), isError ? std::nullopt : std::optional(dbus_message_get_signature(answer)));
+    send(answer);
+}
+
+Services &sessionServices()
+{
+    static auto *const services = new Services(DBUS_BUS_SESSION,
+                                               {Constants::NotificationsService, Constants::StoreService});
+    return *services;
+}
+
+Services &systemServices()
+{
+    static auto *const services = new Services(DBUS_BUS_SYSTEM,
+                                               {Constants::SandboxingService, Constants::AutostartService});
+    return *services;
+}
+
+/// All applications of the world: one.
+bool installApplication()
+{
+    static const Scratch scratch;
+    scratch.makeDirectory(QStringLiteral("applications"));
+    scratch.write(QStringLiteral("applications/x.desktop"),
+                  "[Desktop Entry]\nType=Application\nName=x\nX-DBus-ServiceName=org.example.x\n"
+                  "[X-Application]\nPermissions=Internet;Mail\n");
+    return qputenv("XDG_DATA_HOME", scratch.path().toUtf8()) && qputenv("XDG_DATA_DIRS", "/nonexistent");
+}
+
+/// What asks the services.
+class Clients
+{
+public:
+    Clients();
+
+    void step(Input *input);
+    /// Returns when all calls so far have been answered.
+    void settle();
+
+private:
+    using Handled = std::function<void(bool hasValue)>;
+
+    /// Waits until the handler that @p call is given has been called, and returns whether it got a value.
+    static bool waitFor(const std::function<void(const Handled &)> &call);
+    ApplicationsSettingsModel *model();
+    void lookAtModel();
+    void fetchAllowlist();
+    void fetchNotifications();
+    void trigger(Input *input);
+
+    SandboxingClient m_sandboxing{nullptr};
+    AutostartClient m_autostart{nullptr};
+    NotificationsClient m_notifications{nullptr};
+    UserApplicationLists m_lists{nullptr};
+    std::unique_ptr<ApplicationsSettingsModel> m_model; ///< made on demand, for that takes longer than all else
+    QuickActionReader m_actions{nullptr};
+};
+
+Clients::Clients()
+{
+    m_lists.setUid(s_user);
+}
+
+ApplicationsSettingsModel *Clients::model()
+{
+    static auto *const launcher = new LauncherFolderModel;
+    if (!m_model) {
+        m_model = std::make_unique<ApplicationsSettingsModel>();
+        m_model->setApplications(launcher);
+        m_model->setUid(s_user);
+        m_model->classBegin();
+        m_model->componentComplete();
+    }
+    return m_model.get();
+}
+
+bool Clients::waitFor(const std::function<void(const Handled &)> &call)
+{
+    std::optional<bool> result;
+    call([&result](bool hasValue) { result = hasValue; });
+    while (!result) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return *result;
+}
+
+void Clients::fetchAllowlist()
+{
+    const bool hasValue = waitFor([this](const Handled &handled) {
+        m_sandboxing.fetchAllowlist(s_nobody, [handled](const auto &ids) { handled(ids.has_value()); });
+    });
+    const auto answer = systemServices().lastAnswer("GetAllowlist" + QByteArray::number(s_nobody));
+    require(hasValue == (answer && answer->startsWith("as")), "a list is what begins with a list of strings");
+}
+
+void Clients::fetchNotifications()
+{
+    const bool hasValue = waitFor([this](const Handled &handled) {
+        m_notifications.fetchList([handled](const auto &enabled) { handled(enabled.has_value()); });
+    });
+    const auto answer = sessionServices().lastAnswer("getList0");
+    require(hasValue == (answer && answer->startsWith("a{sv}")), "a map is what begins with a map");
+}
+
+void Clients::settle()
+{
+    // A connection keeps the order of its messages.
+    fetchAllowlist();
+    fetchNotifications();
+}
+
+void Clients::trigger(Input *input)
+{
+    QVariantMap action{{QStringLiteral("remote-arguments"), readArgument(input)}};
+    for (const QString &key :
+         {QStringLiteral("remote-service"), QStringLiteral("remote-path"), QStringLiteral("remote-interface"),
+          QStringLiteral("remote-method"), QStringLiteral("requires-package")}) {
+        action.insert(key, readName(input));
+    }
+    m_actions.trigger(action);
+}
+
+void Clients::step(Input *input)
+{
+    switch (input->below(12)) {
+    case 0:
+        m_sandboxing.isAllowlistEnabled(s_user);
+        break;
+    case 1:
+        m_sandboxing.needsPermissions(s_application);
+        break;
+    case 2:
+        m_sandboxing.grantPermissions(s_user, s_application);
+        break;
+    case 3:
+        m_autostart.fetchEnabled(s_user, [](const std::optional<QStringList> &) {});
+        break;
+    case 4:
+        m_lists.setAutostart(s_application, input->flag());
+        break;
+    case 5:
+        m_lists.fetchAutostartList();
+        break;
+    case 6:
+        m_lists.queryAllowlistEnabled();
+        break;
+    case 7:
+        m_lists.setAllowlistEnabled(input->flag());
+        break;
+    case 8:
+        model()->getAllowedNotificationsConfig();
+        break;
+    case 9:
+        sessionServices().emitConfigChanged(input);
+        break;
+    case 10:
+        trigger(input);
+        break;
+    default:
+        model()->setFilterMode(input->below(2));
+        model()->toggleSelectedApp(QStringLiteral("x.desktop"));
+        model()->filterModeEnabled();
+    }
+    settle();
+    if (m_model) {
+        lookAtModel();
+    }
+}
+
+void Clients::lookAtModel()
+{
+    require(m_model->count() == 1, "the application has a row");
+    for (int role = ApplicationsSettingsModel::SectionRole;
+         role <= ApplicationsSettingsModel::NotificationsEnabledRole; ++role) {
+        const QVariant value = m_model->data(m_model->index(0), role);
+        require(role == ApplicationsSettingsModel::SectionRole || value.isValid(),
+                "a row has a value for each role");
+    }
+}
+}
+
+int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static const bool isInstalled = installApplication();
+    require(isInstalled, "there is an application");
+    Input input(data, size);
+    // Each bus has answers of its own, for both may ask at once.
+    sessionServices().setAnswers(input.take(input.byte()));
+    systemServices().setAnswers(input.take(input.byte()));
+    Clients clients;
+    for (int i = 0; i < MaxSteps && !input.atEnd(); ++i) {
+        clients.step(&input);
+    }
+    clients.settle(); // the answers may have led to further calls
+    clients.settle();
+    return 0;
+}
