@@ -96,7 +96,9 @@ void pingAll()
             }
         });
     }
-    QTimer::singleShot(10000, &loop, [] { qFatal("A service does not answer"); });
+    QTimer limit; // stops with this function, unlike QTimer::singleShot()
+    QObject::connect(&limit, &QTimer::timeout, [] { qFatal("A service does not answer"); });
+    limit.start(10000);
     loop.exec();
 }
 }

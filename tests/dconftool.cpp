@@ -43,6 +43,16 @@ bool isWatched(const QString &key)
     return rules.contains("arg0path='" + key.toUtf8() + '\'');
 }
 
+void waitForWrites()
+{
+    static int round = 0;
+    const QString key = QStringLiteral("/test/written");
+    MGConfItem(key).set(++round);
+    if (!QTest::qWaitFor([&] { return stored(key) == QByteArray::number(round); }, 10000)) {
+        qFatal("What is written does not reach other processes");
+    }
+}
+
 void settle()
 {
     static int round = 0;

@@ -16,6 +16,9 @@ void store(const QString &key, const QString &value);
 /// Whether any program on the session bus listens for changes of the key.
 bool isWatched(const QString &key);
 
+/// Returns when other programs see all that this process has written, and their writes come after it.
+void waitForWrites();
+
 /// Returns when every change that other programs made before has come to this process.
 void settle();
 

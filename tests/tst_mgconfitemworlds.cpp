@@ -3,8 +3,8 @@
 
 #include "dconftool.h"
 #include "mgconfitem.h"
+#include "privateworld.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QLocalServer>
@@ -55,23 +55,9 @@ void tst_MGConfItemWorlds::worlds_data()
 void tst_MGConfItemWorlds::worlds()
 {
     QFETCH(QString, world);
-    QTemporaryDir directory;
+    const QTemporaryDir directory;
     QVERIFY(directory.isValid());
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), directory.filePath(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), directory.path());
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                       QStringLiteral("unix:path=%1/bus").arg(directory.path()));
-    environment.insert(QStringLiteral("DCONF_PROFILE"), directory.filePath(QStringLiteral("profile")));
-
-    QProcess child;
-    child.setProcessEnvironment(environment);
-    child.setWorkingDirectory(directory.path());
-    child.setProcessChannelMode(QProcess::ForwardedChannels);
-    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--world"), world});
-    QVERIFY(child.waitForFinished(60000));
-    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(child.exitCode(), 0);
+    QVERIFY(runInWorld(directory.path(), world));
 }
 
 static void writeFile(const QString &name, const QByteArray &content)
@@ -86,33 +72,6 @@ static void writeProfile(const QByteArray &otherDatabases = QByteArray())
     writeFile(QStringLiteral("profile"), "user-db:user\n" + otherDatabases);
 }
 
-/// The session bus of the world. It ends with this object at the latest.
-class Bus
-{
-public:
-    Bus()
-    {
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                        QStringLiteral("--address"), qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")});
-        m_daemon.waitForReadyRead();
-    }
-
-    ~Bus()
-    {
-        kill();
-    }
-
-    void kill()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
-private:
-    QProcess m_daemon;
-};
-
 void World::administratorsProfile()
 {
     QVERIFY(QDir().mkdir(QStringLiteral("keys")));
@@ -121,7 +80,7 @@ void World::administratorsProfile()
     writeFile(QStringLiteral("keys/locks/locks"), "/test/locked\n");
     dconf({QStringLiteral("compile"), QStringLiteral("site"), QStringLiteral("keys")});
     writeProfile("file-db:" + QDir::current().filePath(QStringLiteral("site")).toUtf8() + '\n');
-    Bus bus;
+    PrivateBus bus;
 
     MGConfItem item(QStringLiteral("/test/default"));
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
@@ -187,7 +146,7 @@ static void outliveTheBus()
 void World::busDies()
 {
     writeProfile();
-    Bus bus;
+    PrivateBus bus;
     MGConfItem item(QStringLiteral("/test/key"));
     item.set(QStringLiteral("kept"));
     settle();
@@ -209,7 +168,7 @@ void World::busDies()
 void World::busDiesUnused()
 {
     writeProfile();
-    Bus bus;
+    PrivateBus bus;
     MGConfItem item(QStringLiteral("/test/key"));
     QTRY_VERIFY(isWatched(item.key()));
     QTRY_VERIFY(outlivesItsBus());
@@ -251,14 +210,9 @@ void World::busNeverAnswers()
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
-    QStringList arguments = application.arguments();
-    if (arguments.removeAll(QStringLiteral("--world"))) {
-        World world;
-        return QTest::qExec(&world, arguments);
-    }
     tst_MGConfItemWorlds test;
-    return QTest::qExec(&test, arguments);
+    World world;
+    return runTest(argc, argv, &test, &world);
 }
 
 #include "tst_mgconfitemworlds.moc"

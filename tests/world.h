@@ -26,6 +26,13 @@ private:
 /// The files and keys that the library reads, in the sandbox that the test runs in. Ends the test anywhere else.
 namespace World
 {
+/// The sanitizer does so on purpose: the size of the process tells nothing of it.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool KeepsFreedMemory = true;
+#else
+constexpr bool KeepsFreedMemory = false;
+#endif
+
 void writeFile(const QString &path, const QByteArray &content);
 /// Writes a registration file into the entries directory.
 void writeEntries(const QString &fileName, const QByteArray &json);

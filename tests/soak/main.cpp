@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "applicationservices.h"
+#include "registry/messages.h"
+#include "soak/operations.h"
+#include "soak/pages.h"
+#include "soak/resources.h"
+#include "soak/soakworld.h"
+#include "text.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+
+namespace
+{
+constexpr int CheckpointInterval = 500; ///< operations between checks that wait
+
+/// What the operations make the library say, for services stop and entries go.
+constexpr const char *s_expected[] = {Messages::CannotReadEntries,   Messages::NoApplicationsSection,
+                                      Messages::AlwaysAllowedFailed, Messages::NotificationsListFailed,
+                                      Messages::PathNotFound,        Messages::AppInfoFailed,
+                                      Messages::NotAdding,           Messages::NoTree};
+/// The same up to the place that something fills.
+constexpr const char *s_expectedStarts[] = {"Failed to get allowlist for uid",
+                                            "Failed to get autostart list for uid",
+                                            "Failed to set notifications config for", "Cant find application:"};
+
+QString s_unexpected;
+int s_messages = 0;
+
+void judgeMessage(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    const auto begins = [&message](const char *start) { return message.startsWith(text(start)); };
+    ++s_messages;
+    if (std::none_of(std::begin(s_expected), std::end(s_expected), begins)
+        && std::none_of(std::begin(s_expectedStarts), std::end(s_expectedStarts), begins)) {
+        s_unexpected += message + QLatin1Char('\n');
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+    }
+}
+
+void print(const QString &line)
+{
+    std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+}
+
+class Soak
+{
+public:
+    explicit Soak(quint32 seed)
+        : m_world(seed)
+    {
+        m_services.reset();
+    }
+
+    /// Operates until @p isOver. False when something is wrong.
+    template<typename IsOver>
+    bool operate(const IsOver &isOver)
+    {
+        while (!isOver()) {
+            ::operate(&m_world, &m_services, &m_pages);
+            ++m_operations;
+            QCoreApplication::processEvents();
+            const bool waits = m_operations % CheckpointInterval == 0;
+            const QString violation = waits ? violationAfterWaiting() : this->violation();
+            if (!violation.isEmpty()) {
+                print(text("VIOLATION after operation %1: %2").arg(m_operations).arg(violation));
+                return false;
+            }
+        }
+        return true;
+    }
+
+    /// With nothing open and nothing to show.
+    Resources restAndMeasure()
+    {
+        m_pages.clear();
+        m_world.clear();
+        m_services.settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (!comesTrue([] { return runningTimers() == 0; })) {
+            print(text("Timers do not come to rest"));
+        }
+        return Resources::measured();
+    }
+
+    int operations() const
+    {
+        return m_operations;
+    }
+
+private:
+    QString violation() const
+    {
+        if (!s_unexpected.isEmpty()) {
+            return s_unexpected;
+        }
+        for (const auto &page : m_pages) {
+            const QString violation = page->violation(m_world);
+            if (!violation.isEmpty()) {
+                return violation;
+            }
+        }
+        return m_world.violation();
+    }
+
+    QString violationAfterWaiting() const
+    {
+        const auto isUpToDate = [this](const auto &page) { return page->isUpToDate(m_world); };
+        if (!comesTrue([&] { return std::all_of(m_pages.cbegin(), m_pages.cend(), isUpToDate); })) {
+            return text("An applications model does not show what is installed");
+        }
+        const QString seenOutside = m_world.violationOutside();
+        return seenOutside.isEmpty() ? violation() : seenOutside;
+    }
+
+    SoakWorld m_world;
+    ApplicationServices m_services;
+    Pages m_pages;
+    int m_operations = 0;
+};
+
+/// Operates for so many minutes or operations, a part of them to warm up.
+bool run(quint32 seed, std::optional<int> minutes, int operations)
+{
+    QElapsedTimer timer;
+    timer.start();
+    Soak soak(seed);
+    const Resources start = soak.restAndMeasure();
+    print(text("Seed %1\nAt the start:  %2").arg(seed).arg(start.toString()));
+
+    const auto elapsedPart = [&] {
+        return minutes ? double(timer.elapsed()) / (*minutes * 60000.0) : double(soak.operations()) / operations;
+    };
+    if (!soak.operate([&] { return elapsedPart() >= 0.2; })) {
+        return false;
+    }
+    const Resources warm = soak.restAndMeasure();
+    print(text("After warm-up: %1").arg(warm.toString()));
+
+    QElapsedTimer operating;
+    operating.start();
+    const int before = soak.operations();
+    if (!soak.operate([&] { return elapsedPart() >= 1; })) {
+        return false;
+    }
+    const double rate = (soak.operations() - before) * 1000.0 / operating.elapsed();
+    const Resources end = soak.restAndMeasure();
+    print(text("At the end:    %1").arg(end.toString()));
+    print(text("%1 operations, %2 a second, %3 expected messages")
+              .arg(soak.operations())
+              .arg(rate, 0, 'f', 0)
+              .arg(s_messages));
+    const QString growth = end.growthSince(warm);
+    if (!growth.isEmpty()) {
+        print(text("GROWTH: ") + growth);
+    }
+    return growth.isEmpty();
+}
+}
+
+int main(int argc, char *argv[])
+{
+    followObjects();
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        text("Changes the world of the library at random and checks what it makes of it."));
+    parser.addHelpOption();
+    parser.addOptions({{text("minutes"), text("How long it takes."), text("number")},
+                       {text("operations"), text("How much it does otherwise."), text("number"), text("10000")},
+                       {text("seed"), text("To do the same again."), text("number")}});
+    parser.process(application);
+    const quint32 seed = parser.isSet(text("seed")) ? parser.value(text("seed")).toUInt()
+                                                    : QRandomGenerator::global()->generate();
+    std::optional<int> minutes;
+    if (parser.isSet(text("minutes"))) {
+        minutes = parser.value(text("minutes")).toInt();
+    }
+    qInstallMessageHandler(judgeMessage);
+    registerTypes();
+    return run(seed, minutes, parser.value(text("operations")).toInt()) ? EXIT_SUCCESS : EXIT_FAILURE;
+}

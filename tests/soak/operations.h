@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <memory>
+#include <vector>
+
+class ApplicationServices;
+class Page;
+class SoakWorld;
+
+using Pages = std::vector<std::unique_ptr<Page>>;
+
+/// Does one thing at random that happens while programs run.
+void operate(SoakWorld *world, ApplicationServices *services, Pages *pages);

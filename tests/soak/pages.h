@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class ApplicationServices;
+class SoakWorld;
+
+/// A page that a user has opened: models that follow the world until they are destroyed.
+class Page
+{
+public:
+    virtual ~Page() = default;
+
+    /// Does at random what its user may do.
+    virtual void use(SoakWorld *world) = 0;
+    /// What is wrong with its models, empty if nothing.
+    virtual QString violation(const SoakWorld &world) const = 0;
+    /// Whether it shows what the world has by now, as far as that comes late.
+    virtual bool isUpToDate(const SoakWorld &world) const;
+};
+
+/// Any page. The ones with applications talk to @p services.
+std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services);
+/// Makes the types known that the pages in QML import.
+void registerTypes();

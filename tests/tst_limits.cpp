@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "catalogs.h"
+#include "messagelog.h"
+#include "models/favoritesmodel.h"
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+#include "text.h"
+#include "world.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QTranslator>
+
+#include <malloc.h>
+
+// How much of what a package can put into its registration file the library takes.
+class LimitsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void nesting_data();
+    void nesting();
+    void nestedObjects();
+    void hundredMegabytes();
+    void catalogElsewhere_data();
+    void catalogElsewhere();
+    void noCatalogElsewhere_data();
+    void noCatalogElsewhere();
+};
+
+namespace
+{
+const QString s_file = QStringLiteral("x.json");
+
+int statusKiB(const char *field)
+{
+    QFile file(text("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("The process has no status");
+    }
+    const QByteArray status = file.readAll();
+    const int start = status.indexOf(field) + int(qstrlen(field)) + 1;
+    return status.mid(start, status.indexOf("kB", start) - start).trimmed().toInt();
+}
+
+/// Lets the peak be what is resident now.
+void resetPeak()
+{
+    World::writeFile(text("/proc/self/clear_refs"), "5");
+}
+
+/// A registration file with an array in an entry, @p depth levels deep as a whole.
+QByteArray nestedFile(int depth)
+{
+    const int arrays = depth - 3; // the file, its entries and the entry are levels, too
+    return R"({"entries": [{"path": "a", "deep": )" + QByteArray(arrays, '[') + QByteArray(arrays, ']') + "}]}";
+}
+
+/// Entries with long titles, as many as fit into @p size bytes.
+QByteArray fileOfSize(int size)
+{
+    const QByteArray title(4000, 'x');
+    QByteArray json = "{\"entries\": [";
+    json.reserve(size);
+    for (int i = 0; json.size() + title.size() + 100 < size; ++i) {
+        json += "{\"path\": \"page" + QByteArray::number(i % 50) + "/" + QByteArray::number(i)
+                + "\", \"title\": \"" + title + "\"},";
+    }
+    return json + "{\"path\": \"last\"}]}";
+}
+
+struct Load {
+    qint64 time; ///< in nanoseconds, -1 when the tree is not what the file declares
+    int peakKiB; ///< of memory above what there was before
+    int keptKiB; ///< when all is over
+};
+
+/// What a file of @p megabytes takes from its load to the end of its tree.
+Load load(int megabytes)
+{
+    World::writeEntries(s_file, fileOfSize(megabytes * 1000 * 1000));
+    malloc_trim(0);
+    const int before = statusKiB("VmRSS:");
+    resetPeak();
+    CpuTimer timer;
+    timer.start();
+    bool isLoaded = false;
+    {
+        const PluginRegistry registry;
+        isLoaded = registry.getItem({text("last")});
+    }
+    const qint64 time = timer.nsecsElapsed();
+    const int peak = statusKiB("VmHWM:");
+    malloc_trim(0);
+    World::removeEntries(s_file);
+    return {isLoaded ? time : -1, peak - before, statusKiB("VmRSS:") - before};
+}
+
+QByteArray fileWithCatalog(const QString &name)
+{
+    return "{\"translation_catalog\": \"" + name.toUtf8()
+           + R"(", "entries": [{"path": "a", "title": "Plain", "translation_id": "test-both"}]})";
+}
+
+QString titleWithCatalog(const QString &name)
+{
+    World::writeEntries(s_file, fileWithCatalog(name));
+    const PluginRegistry registry;
+    return registry.getItem({text("a")})->title();
+}
+
+QString elsewhere()
+{
+    return QDir::tempPath() + text("/elsewhere");
+}
+}
+
+void LimitsTest::init()
+{
+    World::reset();
+}
+
+void LimitsTest::nesting_data()
+{
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("1,023 levels") << 1023 << true;
+    QTest::newRow("1,024 levels") << 1024 << true;
+    QTest::newRow("1,025 levels") << 1025 << false;
+}
+
+void LimitsTest::nesting()
+{
+    QFETCH(int, depth);
+    QFETCH(bool, accepted);
+    World::writeEntries(s_file, nestedFile(depth));
+    World::writeEntries(text("y.json"), R"({"entries": [{"path": "b"}]})");
+    const MessageLog log;
+    const PluginRegistry registry;
+    const QString refusal = settingsWarning("Can't parse JSON file or file is empty:", s_file);
+    QCOMPARE(log.take(), accepted ? QStringList() : QStringList{refusal});
+    QCOMPARE(World::paths(registry.getItem({})), path(accepted ? "a/b" : "b"));
+    if (accepted) {
+        QVariant value = registry.getItem({text("a")})->data().value(text("deep"));
+        int levels = 1;
+        for (; !value.toList().isEmpty(); ++levels) {
+            value = value.toList().at(0);
+        }
+        QCOMPARE(levels, depth - 3);
+    }
+}
+
+void LimitsTest::nestedObjects()
+{
+    const int objects = 1024 - 3;
+    QByteArray json = R"({"entries": [{"path": "a", "deep": )";
+    for (int i = 0; i < objects - 1; ++i) {
+        json += "{\"k\":";
+    }
+    World::writeEntries(s_file, json + "{}" + QByteArray(objects - 1, '}') + "}]}");
+    const PluginRegistry registry;
+    QVERIFY(registry.getItem({text("a")}));
+    QVariant value = registry.getItem({text("a")})->data().value(text("deep"));
+    for (int i = 0; i < objects - 1; ++i) {
+        value = value.toMap().value(text("k"));
+    }
+    QCOMPARE(value, QVariant(QVariantMap()));
+}
+
+void LimitsTest::hundredMegabytes()
+{
+    // Now and then a busy machine makes one of them look worse.
+    bool isLinear = false;
+    for (int attempt = 0; attempt < 3 && !isLinear; ++attempt) {
+        const Load half = load(50);
+        const Load whole = load(100);
+        QVERIFY(half.time > 0);
+        QVERIFY(whole.time > 0);
+        qInfo("50 MB: %lld ms, %d KiB; 100 MB: %lld ms, %d KiB, %d KiB kept", half.time / 1000000, half.peakKiB,
+              whole.time / 1000000, whole.peakKiB, whole.keptKiB);
+        isLinear = whole.time < 3 * half.time;
+        if (!World::KeepsFreedMemory) {
+            QVERIFY(whole.peakKiB < 3 * half.peakKiB);
+            QVERIFY(whole.peakKiB < 4 * 100000);
+            QVERIFY(half.keptKiB < 2048);
+            QVERIFY(whole.keptKiB < 2048);
+        }
+    }
+    QVERIFY(isLinear);
+}
+
+void LimitsTest::catalogElsewhere_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("in a directory below") << text("below/sample");
+    QTest::newRow("through the directory above") << text("../translations/sample");
+    QTest::newRow("in another directory") << text("../../..") + elsewhere() + text("/sample");
+    QTest::newRow("with an absolute path") << elsewhere() + text("/sample");
+}
+
+// A name is no more than a path: where it leads is up to the package, which could ship the same texts as its titles.
+void LimitsTest::catalogElsewhere()
+{
+    QFETCH(QString, name);
+    Catalogs::install("sample_eng_en", "sample_eng_en");
+    const QString compiled = Catalogs::path("sample_eng_en");
+    QDir().mkpath(elsewhere());
+    QDir().mkpath(QFileInfo(compiled).path() + text("/below"));
+    QFile::copy(compiled, elsewhere() + text("/sample_eng_en.qm"));
+    QFile::copy(compiled, QFileInfo(compiled).path() + text("/below/sample_eng_en.qm"));
+    const MessageLog log;
+    QVERIFY(titleWithCatalog(name) != text("Plain"));
+    QCOMPARE(log.take(), QStringList());
+}
+
+void LimitsTest::noCatalogElsewhere_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("device") << text("../../../dev/zero");
+    QTest::newRow("text") << text("../../../etc/passwd");
+    QTest::newRow("program") << text("../../../bin/sh");
+    QTest::newRow("directory") << text("..");
+    QTest::newRow("root") << text("/");
+    QTest::newRow("slashes") << text("////");
+    QTest::newRow("no such directory") << text("nowhere/nothing");
+}
+
+void LimitsTest::noCatalogElsewhere()
+{
+    QFETCH(QString, name);
+    const MessageLog log;
+    QCOMPARE(titleWithCatalog(name), text("Plain"));
+    // Not even under its very name, which no search of the library arrives at
+    QVERIFY(!QTranslator().load(name, QStringLiteral("/usr/share/translations")));
+    QCOMPARE(log.take(), QStringList());
+}
+
+QTEST_GUILESS_MAIN(LimitsTest)
+#include "tst_limits.moc"
