@@ -25,10 +25,10 @@ packages=(
     scdoc
 )
 # What the tests need besides, scripts/lint among them.
-test_packages=(python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
+test_packages=(dpkg-dev python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
     zsh fish)
 # What scripts/package needs besides.
-package_packages=(debhelper git lintian mmdebstrap)
+package_packages=(debhelper git lintian mmdebstrap rpm rpmlint)
 # What the fuzz targets are built with.
 fuzz_packages=(clang libclang-rt-14-dev)
 
