@@ -28,7 +28,7 @@ packages=(
 test_packages=(dpkg-dev python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
     zsh fish)
 # What scripts/package needs besides.
-package_packages=(debhelper git lintian mmdebstrap rpm rpmlint)
+package_packages=(debhelper git lintian mmdebstrap rpm rpmlint uidmap)
 # What the fuzz targets are built with.
 fuzz_packages=(clang libclang-rt-14-dev)
 

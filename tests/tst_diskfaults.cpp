@@ -14,7 +14,7 @@
 #include <QFile>
 #include <QTest>
 
-#include <atomic>
+#include <chrono>
 #include <thread>
 
 #include <sys/socket.h>
@@ -35,6 +35,8 @@ private Q_SLOTS:
     void entriesDirectoryIsForbidden();
     void entriesDirectoryCannotBeEntered();
     void fileShrinksWhileItIsRead();
+    void fileIsWholeAgain();
+    void brokenFileIsToldOnce();
     void notAFile_data();
     void notAFile();
 };
@@ -194,25 +196,24 @@ void DiskFaultsTest::entriesDirectoryCannotBeEntered()
 
 void DiskFaultsTest::fileShrinksWhileItIsRead()
 {
-    QByteArray json = R"({"entries": [{"path": "a", "title": ")" + QByteArray(1 << 20, 'x') + "\"}]}";
+    const QByteArray json = R"({"entries": [{"path": "a", "title": ")" + QByteArray(1 << 20, 'x') + "\"}]}";
     const QString file = entriesPath(text("x.json"));
     World::writeFile(file, json);
     PluginRegistry registry;
     const MessageLog log;
-    std::atomic<bool> isOver{false};
-    std::thread writer([&] {
-        const QByteArray name = QFile::encodeName(file);
-        while (!isOver) {
-            if (truncate(name.constData(), 100) != 0 || truncate(name.constData(), json.size()) != 0) {
-                return; // the length comes back as zeros
-            }
-        }
-    });
     int loaded = 0;
     int refused = 0;
     for (int i = 0; i < 200; ++i) {
+        World::writeFile(file, json);
         registry.removeEntriesForFile(text("x.json"));
+        // From before it is opened until after it is read
+        const auto shrinksAt = std::chrono::steady_clock::now() + i * std::chrono::microseconds(25);
+        std::thread writer([&] {
+            while (std::chrono::steady_clock::now() < shrinksAt) {}
+            QFile::resize(file, 100);
+        });
         registry.addEntriesForFile(text("x.json"));
+        writer.join();
         const QStringList messages = log.take();
         registry.getItem({text("a")}) ? ++loaded : ++refused;
         QVERIFY(messages.isEmpty()
@@ -220,13 +221,40 @@ void DiskFaultsTest::fileShrinksWhileItIsRead()
                        == QStringList{settingsWarning("Can't parse JSON file or file is empty:", text("x.json"))});
         QVERIFY(World::brokenInvariants(registry.getItem({})).isEmpty());
     }
-    isOver = true;
-    writer.join();
+    QVERIFY(loaded > 0);
     QVERIFY(refused > 0);
-    World::writeFile(file, json);
+}
+
+void DiskFaultsTest::fileIsWholeAgain()
+{
+    const QString file = entriesPath(text("x.json"));
+    World::writeFile(file, R"({"entries": [{"path": "a"})");
+    QTest::ignoreMessage(QtWarningMsg, R"(Can't parse JSON file or file is empty: "x.json")");
+    PluginRegistry registry;
+    QVERIFY(!registry.getItem({text("a")}));
+    const MessageLog log;
+    World::writeFile(file, R"({"entries": [{"path": "a"}]})");
     registry.addEntriesForFile(text("x.json"));
     QVERIFY(registry.getItem({text("a")}));
     QCOMPARE(log.take(), QStringList());
+}
+
+void DiskFaultsTest::brokenFileIsToldOnce()
+{
+    World::writeEntries(text("broken.json"), "{");
+    const MessageLog log;
+    PluginRegistry registry;
+    for (int i = 0; i < 1000; ++i) {
+        World::writeEntries(text("x.json"), R"({"entries": [{"path": "a"}]})");
+        World::rescan(&registry);
+        QVERIFY(registry.getItem({text("a")}));
+        World::removeEntries(text("x.json"));
+        World::rescan(&registry);
+        QVERIFY(!registry.getItem({text("a")}));
+    }
+    QCOMPARE(log.take(),
+             (QStringList{settingsWarning("Can't parse JSON file or file is empty:", text("broken.json")),
+                          s_deviceIsUnreadable}));
 }
 
 void DiskFaultsTest::notAFile_data()

@@ -258,6 +258,7 @@ void tst_LauncherFolderModel::arrangesAsTheMenuSays_data()
         "<Menu><Menu><Name>F</Name><Menu><Name>G</Name>" + c + "</Menu>" + b
             + "</Menu><Menu><Name>H</Name></Menu></Menu>",
         "F{G{C} B} H{} A");
+    row("long comment", "<Menu><!--" + QByteArray(7 << 10, 'x') + "-->" + c + "</Menu>", "C A B");
     row("unknown files", "<Menu><Filename>x.desktop</Filename>" + c + "<Filename/></Menu>", "C A B");
     row("twice", "<Menu>" + c + "<Menu><Name>F</Name>" + c + b + "</Menu>" + b + "</Menu>", "C F{B} A");
     row("other elements",
@@ -309,6 +310,9 @@ void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu_data()
     QTest::newRow("expanding") << QByteArray("<!DOCTYPE Menu [<!ENTITY % a \"<!--" + QByteArray(4000, 'x')
                                              + "-->\">" + QByteArray("%a;").repeated(300000) + "]>\n<Menu/>")
                                << text("line 1: too long");
+    QTest::newRow("too long a comment")
+        << QByteArray("<Menu><!--" + QByteArray(10 << 10, 'x') + "-->" + filename + "</Menu>")
+        << text("line 1: too long");
     QByteArray attributes;
     for (int i = 0; i < 100000; ++i) {
         attributes += " a" + QByteArray::number(i) + "=''";

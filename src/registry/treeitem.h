@@ -95,16 +95,16 @@ public:
     void dumpTree(int indent) const;
 
     /// Keeps @p index up to date about this subtree from now on. It must outlive the subtree.
-    void setIndex(FileIndex *index);
+    Q_DECL_HIDDEN void setIndex(FileIndex *index);
 
 private:
     friend class FileIndex;
 
-    TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile);
-    void setEntry(const QJsonObject &entry, const QString &fromFile);
-    QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
-    void enterIndex();
-    void leaveIndex();
+    Q_DECL_HIDDEN TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile);
+    Q_DECL_HIDDEN void setEntry(const QJsonObject &entry, const QString &fromFile);
+    Q_DECL_HIDDEN QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
+    Q_DECL_HIDDEN void enterIndex();
+    Q_DECL_HIDDEN void leaveIndex();
 
     const QString m_name;
     QHash<QString, TreeItem *> m_children;

@@ -39,7 +39,8 @@ Tool::Result Tool::runWithSlowFile(const QStringList &arguments, const QString &
 {
     // The leak checker of a sanitized program cannot work while another traces it.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    const QString options = environment.value(QStringLiteral("ASAN_OPTIONS"));
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), options + QStringLiteral(":detect_leaks=0"));
     const QString delay = QStringLiteral("inject=openat:delay_enter=%1ms").arg(ms);
     return runProgram(QStringLiteral("strace"),
                       QStringList{QStringLiteral("-f"), QStringLiteral("-qq"), QStringLiteral("-o"),

@@ -19,7 +19,7 @@ namespace
 /// The program that makes the preview: where it is installed, or was built.
 QString previewProgram()
 {
-    for (const char *place : {"/../libexec/velka-settings/preview", "/../../demo/preview/preview"}) {
+    for (const char *place : {"/" VELKA_TO_PROGRAMS "/preview", "/../../demo/preview/preview"}) {
         QString path = QCoreApplication::applicationDirPath() + QLatin1String(place);
         if (QFileInfo(path).isExecutable()) {
             return path;
