@@ -18,13 +18,15 @@ AutostartClient::AutostartClient(QObject *parent)
 void AutostartClient::fetchEnabled(uint uid,
                                    const std::function<void(const std::optional<QStringList> &)> &handler)
 {
-    whenFinished(proxy()->GetEnabled(int(uid)), this, [uid, handler](const QDBusPendingReply<QStringList> &reply) {
-        if (reply.isError()) {
+    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetEnabled"), int(uid));
+    whenFinished(call, this, [uid, handler](const QDBusPendingCall &finished) {
+        const auto reply = replyOf<QStringList>(finished);
+        if (reply.error.isValid()) {
             qCWarning(lcSettings).noquote()
-                << QString::fromLatin1(Messages::AutostartListFailed).arg(uid) << reply.error();
+                << QString::fromLatin1(Messages::AutostartListFailed).arg(uid) << reply.error;
             handler({});
         } else {
-            handler(reply.value());
+            handler(reply.value);
         }
     });
 }
@@ -33,7 +35,7 @@ void AutostartClient::setEnabled(uint uid, const QString &application, bool enab
                                  const std::function<void()> &succeeded)
 {
     whenFinished(proxy()->SetEnabled(int(uid), application, enable), this,
-                 [succeeded](const QDBusPendingReply<> &reply) {
+                 [succeeded](const QDBusPendingCall &reply) {
                      if (!reply.isError()) {
                          succeeded();
                      }

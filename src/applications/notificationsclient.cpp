@@ -17,13 +17,15 @@ NotificationsClient::NotificationsClient(QObject *parent)
 
 void NotificationsClient::fetchList(const std::function<void(const std::optional<QVariantMap> &)> &handler)
 {
-    whenFinished(proxy()->getList(), this, [handler](const QDBusPendingReply<QVariantMap> &reply) {
-        if (reply.isError()) {
-            const QDBusError error = reply.error();
-            qCWarning(lcSettings) << Messages::NotificationsListFailed << error.name() << error.message();
+    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("getList"));
+    whenFinished(call, this, [handler](const QDBusPendingCall &finished) {
+        const auto reply = replyOf<QVariantMap>(finished);
+        if (reply.error.isValid()) {
+            qCWarning(lcSettings) << Messages::NotificationsListFailed << reply.error.name()
+                                  << reply.error.message();
             handler({});
         } else {
-            handler(reply.value());
+            handler(reply.value);
         }
     });
 }
@@ -31,16 +33,15 @@ void NotificationsClient::fetchList(const std::function<void(const std::optional
 void NotificationsClient::setEnabled(const QString &application, bool enabled,
                                      const std::function<void()> &succeeded)
 {
-    whenFinished(proxy()->setEnabled(application, enabled), this,
-                 [application, succeeded](const QDBusPendingReply<> &reply) {
-                     if (reply.isError()) {
-                         qCWarning(lcSettings).noquote()
-                             << QString::fromLatin1(Messages::NotificationsSetFailed).arg(application)
-                             << reply.error();
-                     } else {
-                         succeeded();
-                     }
-                 });
+    whenFinished(
+        proxy()->setEnabled(application, enabled), this, [application, succeeded](const QDBusPendingCall &reply) {
+            if (reply.isError()) {
+                qCWarning(lcSettings).noquote()
+                    << QString::fromLatin1(Messages::NotificationsSetFailed).arg(application) << reply.error();
+            } else {
+                succeeded();
+            }
+        });
 }
 
 ComKeloNotificationsConfigProxy *NotificationsClient::proxy()

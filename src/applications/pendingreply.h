@@ -3,23 +3,52 @@
 
 #pragma once
 
+#include <QDBusArgument>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
-/// Calls @p handler with the finished @p reply, unless @p context is dead by then.
-template<typename... Types, typename Handler>
-void whenFinished(const QDBusPendingReply<Types...> &reply, QObject *context, Handler handler)
+/// What came of a call that returns one value.
+template<typename Value>
+struct Reply {
+    QDBusError error; ///< valid when there is no value
+    Value value;
+};
+
+/**
+ * The answer to @p call, which is finished. An answer of another type is an error.
+ *
+ * QDBusPendingReply would put an error in the place of such an answer, which the thread of the bus may be reading.
+ */
+template<typename Value>
+Reply<Value> replyOf(const QDBusPendingCall &call)
+{
+    const QDBusError error = call.error();
+    if (error.isValid()) {
+        return {error, {}};
+    }
+    const QDBusMessage message = call.reply();
+    const QString expected = QString::fromLatin1(QDBusMetaType::typeToSignature(qMetaTypeId<Value>()));
+    if (!message.signature().startsWith(expected)) {
+        const QString text = QStringLiteral("Unexpected reply signature: got \"%1\", expected \"%2\"");
+        return {QDBusError(QDBusError::InvalidSignature, text.arg(message.signature(), expected)), {}};
+    }
+    return {{}, qdbus_cast<Value>(message.arguments().constFirst())};
+}
+
+/// Calls @p handler with @p call when it is finished, unless @p context is dead by then.
+template<typename Handler>
+void whenFinished(const QDBusPendingCall &call, QObject *context, Handler handler)
 {
     // Without a connection there is nothing that could ever finish.
-    if (reply.isError()) {
+    if (call.isError()) {
         QMetaObject::invokeMethod(
-            context, [handler, reply] { handler(reply); }, Qt::QueuedConnection);
+            context, [handler, call] { handler(call); }, Qt::QueuedConnection);
         return;
     }
-    auto *watcher = new QDBusPendingCallWatcher(reply, context);
+    auto *watcher = new QDBusPendingCallWatcher(call, context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
                      [handler](QDBusPendingCallWatcher *finished) {
                          finished->deleteLater();
-                         handler(QDBusPendingReply<Types...>(*finished));
+                         handler(*finished);
                      });
 }

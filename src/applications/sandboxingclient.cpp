@@ -18,41 +18,44 @@ SandboxingClient::SandboxingClient(QObject *parent)
 
 void SandboxingClient::fetchAllowlist(uint uid, const ListHandler &handler)
 {
-    whenFinished(proxy()->GetAllowlist(uid), this, [uid, handler](const QDBusPendingReply<QStringList> &reply) {
-        if (reply.isError()) {
+    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAllowlist"), uid);
+    whenFinished(call, this, [uid, handler](const QDBusPendingCall &finished) {
+        const auto reply = replyOf<QStringList>(finished);
+        if (reply.error.isValid()) {
             qCWarning(lcSettings).noquote()
-                << QString::fromLatin1(Messages::AllowlistFailed).arg(uid) << reply.error();
+                << QString::fromLatin1(Messages::AllowlistFailed).arg(uid) << reply.error;
             handler({});
         } else {
-            handler(reply.value());
+            handler(reply.value);
         }
     });
 }
 
 void SandboxingClient::fetchAlwaysAllowed(const ListHandler &handler)
 {
-    whenFinished(proxy()->GetAlwaysAllowedApplications(), this,
-                 [handler](const QDBusPendingReply<QStringList> &reply) {
-                     if (reply.isError()) {
-                         qCWarning(lcSettings) << Messages::AlwaysAllowedFailed << reply.error();
-                         handler({});
-                     } else {
-                         handler(reply.value());
-                     }
-                 });
+    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAlwaysAllowedApplications"));
+    whenFinished(call, this, [handler](const QDBusPendingCall &finished) {
+        const auto reply = replyOf<QStringList>(finished);
+        if (reply.error.isValid()) {
+            qCWarning(lcSettings) << Messages::AlwaysAllowedFailed << reply.error;
+            handler({});
+        } else {
+            handler(reply.value);
+        }
+    });
 }
 
 void SandboxingClient::setAllowlist(uint uid, const QStringList &applications,
                                     const std::function<void()> &finished)
 {
     whenFinished(proxy()->SetAllowlist(uid, applications), this,
-                 [finished](const QDBusPendingReply<> &) { finished(); });
+                 [finished](const QDBusPendingCall &) { finished(); });
 }
 
 void SandboxingClient::setAllowlistEnabled(uint uid, bool enabled, const std::function<void()> &finished)
 {
     whenFinished(proxy()->SetAllowlistEnabled(uid, enabled ? 1 : 0), this,
-                 [finished](const QDBusPendingReply<> &) { finished(); });
+                 [finished](const QDBusPendingCall &) { finished(); });
 }
 
 bool SandboxingClient::isAllowlistEnabled(uint uid)
@@ -64,13 +67,14 @@ bool SandboxingClient::isAllowlistEnabled(uint uid)
 
 bool SandboxingClient::needsPermissions(const QString &application)
 {
-    QDBusPendingReply<QVariantMap> reply = proxy()->GetAppInfo(application);
-    reply.waitForFinished(); // BLOCKS: the answer decides what is sent next
-    if (reply.isError()) {
-        qCWarning(lcSettings) << Messages::AppInfoFailed << reply.error();
+    QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAppInfo"), application);
+    call.waitForFinished(); // BLOCKS: the answer decides what is sent next
+    const auto reply = replyOf<QVariantMap>(call);
+    if (reply.error.isValid()) {
+        qCWarning(lcSettings) << Messages::AppInfoFailed << reply.error;
         return false;
     }
-    const QVariant mode = reply.value().value(QStringLiteral("Mode"));
+    const QVariant mode = reply.value.value(QStringLiteral("Mode"));
     return mode.userType() != QMetaType::QString || mode.toString() != QLatin1String("None");
 }
 
