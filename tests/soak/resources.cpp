@@ -31,27 +31,36 @@ constexpr int ResidentGrowthKiB = 1024;
 constexpr int AddObjectHook = 3;
 constexpr int RemoveObjectHook = 4;
 
-QMutex s_mutex;
-QSet<QObject *> s_objects;
+struct Objects {
+    QMutex mutex;
+    QSet<QObject *> live;
+};
+
+/// Never destroyed: libraries keep objects to the very end.
+Objects &objects()
+{
+    static auto *const objects = new Objects;
+    return *objects;
+}
 
 void objectAdded(QObject *object)
 {
-    const QMutexLocker lock(&s_mutex);
-    s_objects.insert(object);
+    const QMutexLocker lock(&objects().mutex);
+    objects().live.insert(object);
 }
 
 void objectRemoved(QObject *object)
 {
-    const QMutexLocker lock(&s_mutex);
-    s_objects.remove(object);
+    const QMutexLocker lock(&objects().mutex);
+    objects().live.remove(object);
 }
 
 /// Those of this thread; others come and go as they like.
 QSet<QObject *> liveObjects()
 {
-    const QMutexLocker lock(&s_mutex);
+    const QMutexLocker lock(&objects().mutex);
     QSet<QObject *> own;
-    for (QObject *object : qAsConst(s_objects)) {
+    for (QObject *object : qAsConst(objects().live)) {
         if (object->thread() == QThread::currentThread()) {
             own.insert(object);
         }
