@@ -133,6 +133,7 @@ bool run(quint32 seed, std::optional<int> minutes, int operations)
     QElapsedTimer timer;
     timer.start();
     Soak soak(seed);
+    prepareQml();
     const Resources start = soak.restAndMeasure();
     print(text("Seed %1\nAt the start:  %2").arg(seed).arg(start.toString()));
 
@@ -185,6 +186,5 @@ int main(int argc, char *argv[])
         minutes = parser.value(text("minutes")).toInt();
     }
     qInstallMessageHandler(judgeMessage);
-    registerTypes();
     return run(seed, minutes, parser.value(text("operations")).toInt()) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -360,7 +360,8 @@ std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services)
     }
 }
 
-void registerTypes()
+void prepareQml()
 {
     VelkaSettingsPlugin().registerTypes("com.velka.settings");
+    QmlPage();
 }

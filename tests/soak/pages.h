@@ -26,5 +26,5 @@ public:
 
 /// Any page. The ones with applications talk to @p services.
 std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services);
-/// Makes the types known that the pages in QML import.
-void registerTypes();
+/// Makes the types known that the pages in QML import, and whatever the first of them leaves behind.
+void prepareQml();

@@ -20,6 +20,8 @@
 #include <QThread>
 #include <QTimer>
 
+#include <numeric>
+
 #include <malloc.h>
 
 /// Qt's own table of hooks for its debugging tools.
@@ -118,6 +120,15 @@ QString compared(const char *what, int before, int now)
 {
     return now > before ? text("%2 %1, %3 before; ").arg(text(what)).arg(now).arg(before) : QString();
 }
+
+QString comparedObjects(const QMap<QByteArray, int> &before, const QMap<QByteArray, int> &now)
+{
+    QString result;
+    for (auto it = now.cbegin(); it != now.cend(); ++it) {
+        result += compared(it.key().constData(), before.value(it.key()), it.value());
+    }
+    return result;
+}
 }
 
 Resources Resources::measured()
@@ -133,9 +144,8 @@ Resources Resources::measured()
     now.dconfWatches = rules.filter(text("ca.desrt.dconf")).size();
     now.runningTimers = ::runningTimers();
     const QSet<QObject *> all = liveObjects();
-    now.objects = all.size();
     for (const QObject *object : all) {
-        now.timers += qobject_cast<const QTimer *>(object) ? 1 : 0;
+        ++now.objects[object->metaObject()->className()];
     }
     return now;
 }
@@ -148,7 +158,7 @@ QString Resources::growthSince(const Resources &before) const
            + compared("file watches", before.fileWatches, fileWatches)
            + compared("match rules", before.matchRules, matchRules)
            + compared("dconf watches", before.dconfWatches, dconfWatches)
-           + compared("objects", before.objects, objects) + compared("timers", before.timers, timers)
+           + comparedObjects(before.objects, objects)
            + compared("running timers", before.runningTimers, runningTimers);
 }
 
@@ -162,8 +172,8 @@ QString Resources::toString() const
         .arg(fileWatches)
         .arg(matchRules)
         .arg(dconfWatches)
-        .arg(objects)
-        .arg(timers)
+        .arg(std::accumulate(objects.cbegin(), objects.cend(), 0))
+        .arg(objects.value("QTimer"))
         .arg(runningTimers)
         .arg(allocatedKiB);
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QByteArray>
+#include <QMap>
 #include <QString>
 
 /// What a process may run out of.
@@ -20,8 +22,7 @@ struct Resources {
     int fileWatches = 0;
     int matchRules = 0; ///< of this process on both buses
     int dconfWatches = 0; ///< those of the rules that dconf has set
-    int objects = 0;
-    int timers = 0; ///< QTimer objects
+    QMap<QByteArray, int> objects; ///< of this thread, by class
     int runningTimers = 0;
 };
 
