@@ -63,7 +63,8 @@ int main(int argc, char *argv[])
     if (parser.isSet(s_locale)) {
         QLocale::setDefault(QLocale(parser.value(s_locale)));
     }
-    MGConfItem(QStringLiteral("/apps/velka-settings/maskedSettings")).set(parser.values(s_mask));
+    MGConfItem masked(QStringLiteral("/apps/velka-settings/maskedSettings"));
+    masked.set(parser.values(s_mask));
 
     setAppearance();
     PreviewedFiles files(parser.positionalArguments());
