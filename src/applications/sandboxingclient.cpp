@@ -60,8 +60,10 @@ void SandboxingClient::setAllowlistEnabled(uint uid, bool enabled, const std::fu
 
 bool SandboxingClient::isAllowlistEnabled(uint uid)
 {
-    // BLOCKS: QML reads a property. Not through the generated method, which takes no other type of number.
-    const QDBusMessage reply = proxy()->call(QDBus::Block, QStringLiteral("GetAllowlistEnabled"), uid);
+    // Not by call(): it deletes what Qt's thread of the bus may still be reading of an error.
+    QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAllowlistEnabled"), uid);
+    call.waitForFinished(); // BLOCKS: QML reads a property
+    const QDBusMessage reply = call.reply(); // any type of number will do
     return reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toInt() != 0;
 }
 
