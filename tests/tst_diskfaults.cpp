@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QTest>
 
+#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -43,6 +44,8 @@ private Q_SLOTS:
 
 namespace
 {
+using Clock = std::chrono::steady_clock;
+
 constexpr auto ReadWriteUser = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 constexpr auto ReadUser = QFile::ReadOwner | QFile::ExeOwner;
 
@@ -203,15 +206,21 @@ void DiskFaultsTest::fileShrinksWhileItIsRead()
     const MessageLog log;
     int loaded = 0;
     int refused = 0;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = -100; i < 100; ++i) {
         World::writeFile(file, json);
         registry.removeEntriesForFile(text("x.json"));
-        // From before it is opened until after it is read
-        const auto shrinksAt = std::chrono::steady_clock::now() + i * std::chrono::microseconds(25);
+        std::atomic<Clock::time_point> shrinksAt(Clock::time_point::max());
+        std::atomic<bool> ready(false);
         std::thread writer([&] {
-            while (std::chrono::steady_clock::now() < shrinksAt) {}
+            ready = true;
+            while (Clock::now() < shrinksAt.load()) {}
             QFile::resize(file, 100);
         });
+        while (!ready) {}
+        // From before it is opened until after it is read
+        const auto readAt = Clock::now() + std::chrono::milliseconds(3);
+        shrinksAt = readAt + i * std::chrono::microseconds(25);
+        while (Clock::now() < readAt) {}
         registry.addEntriesForFile(text("x.json"));
         writer.join();
         const QStringList messages = log.take();
