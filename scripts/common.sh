@@ -32,6 +32,14 @@ package_packages=(debhelper git lintian mmdebstrap rpm rpmlint uidmap)
 # What the fuzz targets are built with.
 fuzz_packages=(clang libclang-rt-14-dev)
 
+# What scripts/compare-abi needs besides.
+abi_packages=(abigail-tools binutils git)
+
+# Lets git work in the clone, also when it is another user's: whoever runs a script of it trusts it already.
+trust_clone() {
+    export GIT_CONFIG_COUNT=1 GIT_CONFIG_KEY_0=safe.directory GIT_CONFIG_VALUE_0=$project
+}
+
 # Installs what is missing of the packages, as root or through sudo; else prints the command to run.
 install_packages() {
     local missing=() package

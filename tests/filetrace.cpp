@@ -9,16 +9,22 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+QProcessEnvironment tracedEnvironment()
+{
+    // The leak checker of a sanitized program cannot work while another traces it.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QString options = environment.value(QStringLiteral("ASAN_OPTIONS"));
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), options + QStringLiteral(":detect_leaks=0"));
+    return environment;
+}
+
 QStringList pathsUsedBy(const QStringList &arguments, const QString &start)
 {
     const QTemporaryDir directory;
     const QString log = directory.filePath(QStringLiteral("trace"));
     QProcess strace;
     strace.setProcessChannelMode(QProcess::ForwardedChannels);
-    // The leak checker of a sanitized program cannot work while another traces it.
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
-    strace.setProcessEnvironment(environment);
+    strace.setProcessEnvironment(tracedEnvironment());
     strace.start(QStringLiteral("strace"),
                  QStringList{QStringLiteral("-f"), QStringLiteral("-qq"), QStringLiteral("-e"),
                              QStringLiteral("trace=%file"), QStringLiteral("-o"), log,

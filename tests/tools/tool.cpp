@@ -3,6 +3,8 @@
 
 #include "tool.h"
 
+#include "filetrace.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -37,17 +39,13 @@ Tool::Result Tool::run(const QStringList &arguments)
 
 Tool::Result Tool::runWithSlowFile(const QStringList &arguments, const QString &file, int ms)
 {
-    // The leak checker of a sanitized program cannot work while another traces it.
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString options = environment.value(QStringLiteral("ASAN_OPTIONS"));
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), options + QStringLiteral(":detect_leaks=0"));
     const QString delay = QStringLiteral("inject=openat:delay_enter=%1ms").arg(ms);
     return runProgram(QStringLiteral("strace"),
                       QStringList{QStringLiteral("-f"), QStringLiteral("-qq"), QStringLiteral("-o"),
                                   QStringLiteral("/dev/null"), QStringLiteral("-P"), file, QStringLiteral("-e"),
                                   QStringLiteral("trace=openat"), QStringLiteral("-e"), delay, s_tool}
                           + arguments,
-                      environment);
+                      tracedEnvironment());
 }
 
 QByteArray Tool::runOnTerminal(const QStringList &arguments)

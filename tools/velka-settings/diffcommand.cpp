@@ -8,8 +8,6 @@
 #include "readingoptions.h"
 #include "terminal.h"
 
-#include <QJsonDocument>
-
 namespace
 {
 const char s_help[] = R"(Usage: velka-settings diff [OPTION]... OLD NEW
@@ -45,8 +43,7 @@ void print(const EntryDifference &difference, const QString &format)
 {
     const Terminal out(stdout);
     if (format == QLatin1String("json")) {
-        const QByteArray json = QJsonDocument(DifferenceFormats::toJson(difference)).toJson();
-        std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+        out.writeJson(DifferenceFormats::toJson(difference));
     } else if (format == QLatin1String("markdown")) {
         DifferenceFormats::printMarkdown(difference, out);
     } else {

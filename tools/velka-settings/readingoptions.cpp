@@ -3,6 +3,7 @@
 
 #include "readingoptions.h"
 
+#include "commands.h"
 #include "plugin/constants.h"
 #include "progress.h"
 
@@ -66,13 +67,6 @@ std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, EntrySourc
 }
 }
 
-void ReadingOptions::addTo(QCommandLineParser *parser)
-{
-    addUserTo(parser);
-    parser->addOption({QStringLiteral("root"), {}, QStringLiteral("DIR")});
-    parser->addOption({QStringLiteral("locale"), {}, QStringLiteral("L")});
-}
-
 void ReadingOptions::addUserTo(QCommandLineParser *parser)
 {
     parser->addOption({QStringLiteral("uid"), {}, QStringLiteral("N")});
@@ -96,13 +90,22 @@ std::optional<EntrySources> ReadingOptions::sourcesIn(const QString &directory)
     return sources;
 }
 
-std::unique_ptr<Inspection> ReadingOptions::inspect(const QCommandLineParser &parser)
+std::unique_ptr<Inspection> ReadingOptions::inspect(QCommandLineParser *parser, const CommandSyntax &syntax,
+                                                    const QStringList &arguments, int *exitCode)
 {
-    if (parser.isSet(QStringLiteral("root"))) {
-        return inspect(parser, parser.value(QStringLiteral("root")));
+    addUserTo(parser);
+    parser->addOption({QStringLiteral("root"), {}, QStringLiteral("DIR")});
+    parser->addOption({QStringLiteral("locale"), {}, QStringLiteral("L")});
+    if (const std::optional<int> ended = parseCommandLine(parser, syntax, arguments)) {
+        *exitCode = *ended;
+        return {};
+    }
+    *exitCode = Commands::CannotRun; // unless it can be read
+    if (parser->isSet(QStringLiteral("root"))) {
+        return inspect(*parser, parser->value(QStringLiteral("root")));
     }
     const QStringList masked = MGConfItem(Constants::MaskedSettingsKey).value().toStringList();
-    return ::inspect(parser, EntrySources::ofSystem(), masked);
+    return ::inspect(*parser, EntrySources::ofSystem(), masked);
 }
 
 std::unique_ptr<Inspection> ReadingOptions::inspect(const QCommandLineParser &parser, const QString &directory)

@@ -3,16 +3,14 @@
 
 #pragma once
 
+#include "commandline.h"
 #include "inspection.h"
-
-#include <QCommandLineParser>
 
 #include <memory>
 
 /// The options that say what a command reads, and for whom.
 namespace ReadingOptions
 {
-void addTo(QCommandLineParser *parser);
 /// Those alone that say for whom.
 void addUserTo(QCommandLineParser *parser);
 
@@ -20,8 +18,10 @@ void addUserTo(QCommandLineParser *parser);
 /// registration files, with the catalogs and the blacklist of this system. Nothing when it does not exist.
 std::optional<EntrySources> sourcesIn(const QString &directory);
 
-/// What the options of @p parser ask for. Null, with a message on standard error, when it cannot be read.
-std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser);
-/// The same for @p directory in the place of --root.
+/// Parses the command line of a command that takes all of them, and reads what it asks for. Null, and @p exitCode, when
+/// there is nothing left to do.
+std::unique_ptr<Inspection> inspect(QCommandLineParser *parser, const CommandSyntax &syntax,
+                                    const QStringList &arguments, int *exitCode);
+/// What the options of @p parser ask of @p directory. Null, with a message on standard error, when it cannot be read.
 std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, const QString &directory);
 }

@@ -10,8 +10,6 @@
 #include "treelisting.h"
 #include "values.h"
 
-#include <QJsonDocument>
-
 namespace
 {
 const char s_help[] = R"(Usage: velka-settings show [OPTION]... PATH
@@ -56,25 +54,16 @@ void printText(TreeItem *item)
         out.writeLine(QStringLiteral("  %1: %2").arg(Terminal::printable(it.key()), Values::toText(it.value())));
     }
 }
-
-void printJson(TreeItem *item)
-{
-    const QByteArray json = QJsonDocument(TreeListing::toJson(item)).toJson();
-    std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
-}
 }
 
 int Commands::show(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    ReadingOptions::addTo(&parser);
     const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1};
-    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
-        return *exitCode;
-    }
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser);
+    int exitCode = Success;
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {
-        return CannotRun;
+        return exitCode;
     }
     const QStringList names = splitPath(parser.positionalArguments().constFirst());
     TreeItem *item = names.isEmpty() ? nullptr : inspection->root()->lookup(names);
@@ -85,7 +74,7 @@ int Commands::show(const QStringList &arguments)
         return Findings;
     }
     if (formatOf(parser) == QLatin1String("json")) {
-        printJson(item);
+        Terminal(stdout).writeJson(TreeListing::toJson(item));
     } else {
         printText(item);
     }

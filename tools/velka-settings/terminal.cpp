@@ -3,6 +3,8 @@
 
 #include "terminal.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QVector>
 
 #include <unistd.h>
@@ -31,6 +33,12 @@ void Terminal::writeLine(const QString &line) const
 {
     const QByteArray utf8 = line.toUtf8() + '\n';
     std::fwrite(utf8.constData(), 1, size_t(utf8.size()), m_stream);
+}
+
+void Terminal::writeJson(const QJsonObject &object) const
+{
+    const QByteArray json = QJsonDocument(object).toJson();
+    std::fwrite(json.constData(), 1, size_t(json.size()), m_stream);
 }
 
 QString Terminal::strong(const QString &text) const

@@ -7,7 +7,9 @@
 
 #include <cstdio>
 
-/// Writes text for people: in UTF-8, in colours when a terminal shows them.
+class QJsonObject;
+
+/// Writes text for people, in UTF-8 and in colours when a terminal shows them, and JSON for programs.
 class Terminal
 {
 public:
@@ -15,6 +17,7 @@ public:
 
     bool hasColours() const;
     void writeLine(const QString &line) const;
+    void writeJson(const QJsonObject &object) const;
 
     QString strong(const QString &text) const;
     QString faint(const QString &text) const;

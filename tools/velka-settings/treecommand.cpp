@@ -10,7 +10,7 @@
 #include "treelisting.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
+#include <QJsonObject>
 
 namespace
 {
@@ -55,8 +55,7 @@ void printJson(TreeItem *root)
     for (TreeItem *item : items) {
         entries.append(TreeListing::toJson(item));
     }
-    const QByteArray json = QJsonDocument(QJsonObject{{QStringLiteral("entries"), entries}}).toJson();
-    std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+    Terminal(stdout).writeJson({{QStringLiteral("entries"), entries}});
 }
 
 /// One to a line. What would not be a line is left out.
@@ -76,15 +75,12 @@ void printPaths(TreeItem *root)
 int Commands::tree(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    ReadingOptions::addTo(&parser);
     const CommandSyntax syntax{
         "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0};
-    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
-        return *exitCode;
-    }
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser);
+    int exitCode = Success;
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {
-        return CannotRun;
+        return exitCode;
     }
     printProblems(inspection->record());
     const QString format = formatOf(parser);

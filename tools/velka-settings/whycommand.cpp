@@ -8,8 +8,6 @@
 #include "terminal.h"
 #include "whyreport.h"
 
-#include <QJsonDocument>
-
 namespace
 {
 const char s_help[] = R"(Usage: velka-settings why [OPTION]... PATH
@@ -34,20 +32,16 @@ Exit code: 0; 1 when the entry is not in the tree; 2 when it cannot be told.
 int Commands::why(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    ReadingOptions::addTo(&parser);
     const CommandSyntax syntax{"why", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1};
-    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
-        return *exitCode;
-    }
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser);
+    int exitCode = Success;
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {
-        return CannotRun;
+        return exitCode;
     }
     const QString node = splitPath(parser.positionalArguments().constFirst()).join(QLatin1Char('/'));
     const WhyReport report(*inspection, node);
     if (formatOf(parser) == QLatin1String("json")) {
-        const QByteArray json = QJsonDocument(report.toJson()).toJson();
-        std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+        Terminal(stdout).writeJson(report.toJson());
     } else {
         report.print(Terminal(stdout));
     }

@@ -227,11 +227,6 @@ const Json::Value *member(const Json::Value &object, const char *key)
     return object.find(key, key + qstrlen(key));
 }
 
-bool contains(const Json::Value &object, const char *key)
-{
-    return member(object, key) != nullptr;
-}
-
 QString toText(const std::string &text)
 {
     return QString::fromUtf8(text.data(), int(text.size()));

@@ -79,7 +79,6 @@ private:
 bool parse(Document *document, Findings *findings);
 
 const Json::Value *member(const Json::Value &object, const char *key); ///< null when there is none
-bool contains(const Json::Value &object, const char *key);
 QString toText(const std::string &text);
 /// The value as the library makes a string of it.
 QString readString(const QJsonObject &object, QLatin1String key);
