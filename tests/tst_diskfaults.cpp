@@ -40,6 +40,7 @@ private Q_SLOTS:
     void brokenFileIsToldOnce();
     void notAFile_data();
     void notAFile();
+    void nameWithNull();
 };
 
 namespace
@@ -300,6 +301,16 @@ void DiskFaultsTest::notAFile()
     QCOMPARE(World::paths(registry.getItem({})), path("x"));
     QVERIFY(pagesFollowTheRegistry());
     close(socket);
+}
+
+void DiskFaultsTest::nameWithNull()
+{
+    World::writeEntries(text("x.json"), R"({"entries": [{"path": "x"}]})");
+    PluginRegistry registry;
+    registry.removeEntriesForFile(text("x.json"));
+    QTest::ignoreMessage(QtWarningMsg, R"(Can't read entries file "x.json\u0000y")");
+    registry.addEntriesForFile(QString::fromLatin1("x.json\0y", 8));
+    QVERIFY(!registry.getItem({text("x")}));
 }
 
 QTEST_GUILESS_MAIN(DiskFaultsTest)
