@@ -3,10 +3,12 @@
 
 #include "models/favoritesfilter.h"
 
+#include "registry/fileentries.h"
 #include "registry/treeitem.h"
 #include "text.h"
 
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 class FavoritesFilterTest : public QObject
@@ -30,7 +32,8 @@ bool isAdmitted(const QStringList &kinds, const QByteArray &entry)
     const FavoritesFilter filter(kinds, {text("black"), text("b/lack")});
     TreeItem root{QString(), {}};
     const QJsonObject json = QJsonDocument::fromJson(entry).object();
-    return filter.admits(root.insertEntry({text("x")}, json, text("x.json")));
+    return filter.admits(
+        root.insertEntry({text("x")}, TreeItem::Entries(new FileEntries({json})), 0, text("x.json")));
 }
 }
 

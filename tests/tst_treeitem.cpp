@@ -3,11 +3,15 @@
 
 #include "registry/treeitem.h"
 
+#include "registry/fileentries.h"
 #include "registry/fileindex.h"
+#include "registry/jsonvariant.h"
 #include "text.h"
 #include "world.h"
 
 #include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLoggingCategory>
 #include <QMetaMethod>
 #include <QMetaProperty>
@@ -18,6 +22,7 @@
 #include <QTranslator>
 
 #include <algorithm>
+#include <memory>
 
 namespace
 {
@@ -103,7 +108,10 @@ private Q_SLOTS:
     void insertReplacesData();
     void insertAtEmptyPath();
     void values();
+    void keepsEveryValue_data();
+    void keepsEveryValue();
     void addChildOfSameNameReplaces();
+    void parentOfReplacedChildIsIndexedOnce();
     void subitemsInPreOrder();
     void subitemsOfRejectedNode();
     void subitemsDepth();
@@ -349,8 +357,9 @@ void TreeItemTest::insertAtEmptyPath()
 void TreeItemTest::values()
 {
     TreeItem root({}, {});
-    TreeItem *a = root.insertEntry(path("a"), {{text("n"), 7}, {text("from_file"), text("other.json")}},
-                                   text("one.json"));
+    const QJsonObject object{{text("n"), 7}, {text("from_file"), text("other.json")}};
+    const TreeItem::Entries entries(new FileEntries({object}));
+    TreeItem *a = root.insertEntry(path("a"), entries, 0, text("one.json"));
     QCOMPARE(a->data(), entry("one.json", {{text("n"), 7.0}}));
     QCOMPARE(a->value(text("n")).userType(), int(QMetaType::Double));
     QCOMPARE(a->value(text("from_file")), QVariant(text("one.json")));
@@ -358,6 +367,44 @@ void TreeItemTest::values()
     a->clearData();
     QVERIFY(a->data().isEmpty());
     QVERIFY(!a->isDeclared());
+}
+
+void TreeItemTest::keepsEveryValue_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("nothing") << QByteArray("{}");
+    QTest::newRow("simple values") << QByteArray(
+        R"({"a": null, "b": true, "c": false, "d": "", "e": [], "f": {}})");
+    QTest::newRow("numbers") << QByteArray(
+        R"({"a": 0, "b": -1, "c": 2.5, "d": 1e300, "e": 5e-324, "f": 9007199254740993, "g": -9223372036854775808,
+            "h": 18446744073709551616, "i": -0.0})");
+    QTest::newRow("keys that begin alike") << QByteArray(R"({"": 1, "t": 2, "ti": 3, "title": 4, "titles": 5})");
+    QTest::newRow("longer than any buffer")
+        << "{\"" + QByteArray(100, 'k') + "\": \"" + QByteArray(100000, 'v') + "\", \"z\": 1}";
+    QTest::newRow("other alphabets") << QByteArray(
+        "{\"\xc3\xbc\": \"\xe2\x82\xac\", \"\xf0\x9f\x98\x80\": \"\\u0000\", \"?\": \"?\"}");
+    QTest::newRow("half a surrogate pair in a value") << QByteArray(R"({"a": "x\ud800y?", "b": ["\udc00"]})");
+    QTest::newRow("half a surrogate pair in a key") << QByteArray(R"({"\ud800": 1, "?": 2})");
+    QTest::newRow("deep") << "{\"a\": " + QByteArray(1000, '[') + QByteArray(1000, ']') + ", \"b\": 1}";
+}
+
+void TreeItemTest::keepsEveryValue()
+{
+    QFETCH(QByteArray, json);
+    QJsonParseError error{};
+    const QJsonObject object = QJsonDocument::fromJson(json, &error).object();
+    QCOMPARE(error.error, QJsonParseError::NoError);
+    const TreeItem::Entries entries(new FileEntries(QJsonArray{1, object}, R"({"entries": [1, )" + json + "]}"));
+    TreeItem root{QString(), QVariantMap()};
+    const TreeItem *item = root.insertEntry({text("x")}, entries, 1, QString());
+    QCOMPARE(item->data(), jsonToVariantMap(object));
+    entries->forget();
+    QCOMPARE(item->data(), jsonToVariantMap(object));
+    entries->forget();
+    for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
+        QCOMPARE(item->value(it.key()), jsonToVariant(it.value()));
+    }
+    QVERIFY(!item->value(text("missing")).isValid());
 }
 
 void TreeItemTest::addChildOfSameNameReplaces()
@@ -371,6 +418,18 @@ void TreeItemTest::addChildOfSameNameReplaces()
     QCOMPARE(second->parentItem(), &root);
     QCOMPARE(root.count(), 1);
     delete first; // it was left to its maker
+}
+
+void TreeItemTest::parentOfReplacedChildIsIndexedOnce()
+{
+    FileIndex index;
+    TreeItem root{QString(), QVariantMap()};
+    root.setIndex(&index);
+    TreeItem *parent = root.insertItem(path("a"), entry("one.json"));
+    const std::unique_ptr<TreeItem> old(parent->insertItem(path("b"), entry("two.json")));
+    parent->addChild(new TreeItem(text("b"), entry("two.json")));
+    QCOMPARE(index.removableWith({text("one.json")}), QVector<QPointer<TreeItem>>{parent});
+    QCOMPARE(parent->count(), 1);
 }
 
 void TreeItemTest::subitemsInPreOrder()

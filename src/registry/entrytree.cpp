@@ -3,6 +3,7 @@
 
 #include "registry/entrytree.h"
 
+#include "registry/fileentries.h"
 #include "registry/fileindex.h"
 #include "registry/filereport.h"
 #include "registry/loadobserver.h"
@@ -94,25 +95,26 @@ void EntryTree::load(const QString &fileName)
     loadCatalog(report.file->translationCatalog);
     loadCatalog(report.file->complementaryTranslationCatalog);
     m_loadedFiles.insert(fileName);
-    insertEntries(*report.file, fileName);
+    insertEntries(report);
 }
 
-void EntryTree::insertEntries(const RegistrationFile &file, const QString &fileName)
+void EntryTree::insertEntries(const FileReport &report)
 {
-    int index = 0;
-    for (const QJsonValue &element : file.entries) {
+    const TreeItem::Entries entries(new FileEntries(report.file->entries, report.content));
+    for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
-        const EntryFate fate = insertEntry(element.toObject(), fileName, &item);
+        const EntryFate fate = insertEntry(entries, index, report.name, &item);
         if (m_observer) {
-            m_observer->entryRead(fileName, index, fate, item);
+            m_observer->entryRead(report.name, index, fate, item);
         }
-        ++index;
     }
+    entries->forget();
 }
 
-EntryFate EntryTree::insertEntry(const QJsonObject &entry, const QString &fileName, const TreeItem **item)
+EntryFate EntryTree::insertEntry(const TreeItem::Entries &entries, int index, const QString &fileName,
+                                 const TreeItem **item)
 {
-    const std::optional<QString> path = pathOfEntry(entry);
+    const std::optional<QString> path = pathOfEntry(entries->at(index));
     if (!path) {
         qCWarning(lcSettings) << Messages::PathMissing << fileName;
         return EntryFate::Pathless;
@@ -121,7 +123,7 @@ EntryFate EntryTree::insertEntry(const QJsonObject &entry, const QString &fileNa
         maskEntry(*path, fileName);
         return EntryFate::Masked;
     }
-    *item = m_root->insertEntry(splitPath(*path), entry, fileName);
+    *item = m_root->insertEntry(splitPath(*path), entries, index, fileName);
     return EntryFate::Inserted;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "registry/entrysources.h"
+#include "registry/treeitem.h"
 
 #include <QHash>
 #include <QMap>
@@ -14,12 +15,10 @@
 
 class FileIndex;
 class LoadObserver;
-class QJsonObject;
 class QObject;
 class QTranslator;
-class TreeItem;
 enum class EntryFate;
-struct RegistrationFile;
+struct FileReport;
 
 /// The tree of the entries that the registration files of one directory declare, kept up to date file by file.
 class EntryTree
@@ -46,8 +45,9 @@ public:
     bool changeMasked(const QSet<QString> &paths);
 
 private:
-    void insertEntries(const RegistrationFile &file, const QString &fileName);
-    EntryFate insertEntry(const QJsonObject &entry, const QString &fileName, const TreeItem **item);
+    void insertEntries(const FileReport &report);
+    EntryFate insertEntry(const TreeItem::Entries &entries, int index, const QString &fileName,
+                          const TreeItem **item);
     void maskEntry(const QString &path, const QString &fileName);
     void pruneUpwards(TreeItem *item, const QSet<QString> &fileNames);
     bool isRemovable(const TreeItem *item, const QSet<QString> &fileNames) const;

@@ -4,10 +4,14 @@
 #include "registry/treeitem.h"
 
 #include "plugin/constants.h"
+#include "registry/fileentries.h"
 #include "registry/fileindex.h"
 #include "registry/jsonvariant.h"
 #include "registry/logging.h"
 #include "registry/titles.h"
+
+#include <QJsonObject>
+#include <QVarLengthArray>
 
 #include <algorithm>
 
@@ -22,18 +26,24 @@ int readOrder(const QJsonObject &entry)
     const QVariant order = jsonToVariant(entry.value(QLatin1String("order")));
     return order.isNull() ? DefaultOrder : order.toInt();
 }
+
+TreeItem::Entries entriesOf(const QVariantMap &data)
+{
+    return TreeItem::Entries(data.isEmpty() ? nullptr : new FileEntries({QJsonObject::fromVariantMap(data)}));
+}
 }
 
-TreeItem::TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile)
+TreeItem::TreeItem(const QString &name, const Entries &entries, int index, const QString &fromFile)
     : m_name(name)
-    , m_entry(entry)
+    , m_entries(entries)
+    , m_entryIndex(index)
+    , m_order(readOrder(entry()))
     , m_fromFile(fromFile)
-    , m_order(readOrder(entry))
 {
 }
 
 TreeItem::TreeItem(const QString &name, const QVariantMap &data)
-    : TreeItem(name, QJsonObject::fromVariantMap(data), data.value(s_fromFile).toString())
+    : TreeItem(name, entriesOf(data), 0, data.value(s_fromFile).toString())
 {
 }
 
@@ -113,7 +123,7 @@ QStringList TreeItem::location(TreeItem *top) const
 
 QVariantMap TreeItem::data() const
 {
-    QVariantMap data = jsonToVariantMap(m_entry);
+    QVariantMap data = jsonToVariantMap(entry());
     if (isDeclared()) {
         data.insert(s_fromFile, m_fromFile);
     }
@@ -122,7 +132,7 @@ QVariantMap TreeItem::data() const
 
 QVariant TreeItem::value(const QString &key) const
 {
-    return key == s_fromFile && isDeclared() ? m_fromFile : jsonToVariant(m_entry.value(key));
+    return key == s_fromFile && isDeclared() ? m_fromFile : jsonToVariant(entry().value(key));
 }
 
 TreeItem *TreeItem::parentItem() const
@@ -147,12 +157,16 @@ int TreeItem::order() const
 
 void TreeItem::addChild(TreeItem *child)
 {
-    if (m_children.isEmpty()) {
+    const bool wasLeaf = m_children.isEmpty();
+    if (wasLeaf) {
         leaveIndex(); // it may be there as a node that nothing keeps
     }
+    takeChild(child->m_name);
     child->m_parent = this;
-    m_children.insert(child->m_name, child);
-    if (m_children.size() == 1) {
+    child->m_position = m_children.size();
+    m_children.append(child);
+    m_childrenByName.insert(child->m_name, child);
+    if (wasLeaf) {
         enterIndex();
     }
     child->setIndex(m_index);
@@ -160,7 +174,7 @@ void TreeItem::addChild(TreeItem *child)
 
 void TreeItem::removeChild(TreeItem *child)
 {
-    m_children.remove(child->m_name);
+    takeChild(child->m_name);
     if (m_children.isEmpty()) {
         leaveIndex();
         enterIndex();
@@ -168,43 +182,63 @@ void TreeItem::removeChild(TreeItem *child)
     delete child;
 }
 
-TreeItem *TreeItem::insertItem(const QStringList &path, const QVariantMap &data)
+void TreeItem::takeChild(const QString &name)
 {
-    return insertEntry(path, QJsonObject::fromVariantMap(data), data.value(s_fromFile).toString());
+    const TreeItem *child = m_childrenByName.take(name);
+    if (!child) {
+        return;
+    }
+    TreeItem *last = m_children.takeLast();
+    if (last != child) {
+        m_children[child->m_position] = last;
+        last->m_position = child->m_position;
+    }
 }
 
-TreeItem *TreeItem::insertEntry(const QStringList &path, const QJsonObject &entry, const QString &fromFile)
+TreeItem *TreeItem::insertItem(const QStringList &path, const QVariantMap &data)
+{
+    return insertEntry(path, entriesOf(data), 0, data.value(s_fromFile).toString());
+}
+
+TreeItem *TreeItem::insertEntry(const QStringList &path, const Entries &entries, int index,
+                                const QString &fromFile)
 {
     TreeItem *item = this;
     for (auto name = path.cbegin(); name != path.cend(); ++name) {
-        TreeItem *child = item->m_children.value(*name);
+        TreeItem *child = item->m_childrenByName.value(*name);
         if (!child && std::next(name) == path.cend()) {
-            child = new TreeItem(*name, entry, fromFile);
+            child = new TreeItem(*name, entries, index, fromFile);
             item->addChild(child);
             return child;
         }
         if (!child) {
-            child = new TreeItem(*name, QJsonObject(), QString());
+            child = new TreeItem(*name, Entries(), 0, QString());
             item->addChild(child);
         }
         item = child;
     }
-    item->setEntry(entry, fromFile);
+    item->setEntry(entries, index, fromFile);
     return item;
 }
 
 void TreeItem::clearData()
 {
-    setEntry({}, {});
+    setEntry({}, 0, {});
 }
 
-void TreeItem::setEntry(const QJsonObject &entry, const QString &fromFile)
+void TreeItem::setEntry(const Entries &entries, int index, const QString &fromFile)
 {
     leaveIndex();
-    m_entry = entry;
+    m_entries = entries;
+    m_entryIndex = index;
+    m_order = readOrder(entry());
     m_fromFile = fromFile;
-    m_order = readOrder(entry);
     enterIndex();
+}
+
+QJsonObject TreeItem::entry() const
+{
+    return m_entries ? m_entries->at(m_entryIndex) : QJsonObject();
 }
 
 TreeItem *TreeItem::lookup(const QStringList &path)
@@ -214,8 +248,8 @@ TreeItem *TreeItem::lookup(const QStringList &path)
     }
     TreeItem *item = this;
     for (const QString &name : path) {
-        qCInfo(lcSettings) << "child keys:" << item->m_children.keys();
-        item = item->m_children.value(name);
+        qCInfo(lcSettings) << "child keys:" << item->m_childrenByName.keys();
+        item = item->m_childrenByName.value(name);
         if (!item) {
             return nullptr;
         }
@@ -229,12 +263,12 @@ void TreeItem::removeItems(const Predicate &predicate)
         TreeItem *item;
         QStringList children; ///< names that are still to be visited
     };
-    QVector<Visit> visits{{this, m_children.keys()}};
+    QVector<Visit> visits{{this, m_childrenByName.keys()}};
     for (;;) {
         if (!visits.last().children.isEmpty()) {
             const QString name = visits.last().children.takeLast();
-            if (TreeItem *child = visits.last().item->m_children.value(name)) {
-                visits.append({child, child->m_children.keys()});
+            if (TreeItem *child = visits.last().item->m_childrenByName.value(name)) {
+                visits.append({child, child->m_childrenByName.keys()});
             }
             continue;
         }
@@ -347,8 +381,35 @@ void TreeItem::setIndex(FileIndex *index)
 
 QList<TreeItem *> TreeItem::sortedChildren(const Comparison &lessThan) const
 {
-    QList<TreeItem *> children = m_children.values();
+    const auto *function = lessThan.target<bool (*)(const TreeItem *, const TreeItem *)>();
+    if (function && *function == orderLessThan) {
+        return childrenByOrder();
+    }
+    QList<TreeItem *> children = m_children.toList();
     std::sort(children.begin(), children.end(), lessThan);
+    return children;
+}
+
+// With the keys side by side, in half the time
+QList<TreeItem *> TreeItem::childrenByOrder() const
+{
+    struct Key {
+        int order;
+        QStringView name;
+        TreeItem *item;
+    };
+    QVarLengthArray<Key> keys;
+    keys.reserve(m_children.size());
+    for (TreeItem *child : m_children) {
+        keys.append({child->m_order, child->m_name, child});
+    }
+    std::sort(keys.begin(), keys.end(),
+              [](const Key &a, const Key &b) { return a.order != b.order ? a.order < b.order : a.name < b.name; });
+    QList<TreeItem *> children;
+    children.reserve(keys.size());
+    for (const Key &key : keys) {
+        children.append(key.item);
+    }
     return children;
 }
 

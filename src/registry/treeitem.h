@@ -5,15 +5,18 @@
 
 #include "velkasettings_export.h"
 
+#include <QExplicitlySharedDataPointer>
 #include <QHash>
-#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
+#include <QVector>
 
 #include <functional>
 
+class FileEntries;
 class FileIndex;
+class QJsonObject;
 
 /**
  * One node of the settings tree.
@@ -37,6 +40,7 @@ class VELKASETTINGS_EXPORT TreeItem : public QObject
 public:
     using Comparison = std::function<bool(const TreeItem *, const TreeItem *)>;
     using Predicate = std::function<bool(const TreeItem *)>;
+    using Entries = QExplicitlySharedDataPointer<FileEntries>;
 
     /// A node without parent and children. What is no JSON in @p data is turned into it.
     TreeItem(const QString &name, const QVariantMap &data);
@@ -70,8 +74,6 @@ public:
     /// Replaces the data of the node at @p path, making the nodes that are missing on the way. Returns that node.
     /// What is no JSON in @p data is turned into it.
     TreeItem *insertItem(const QStringList &path, const QVariantMap &data);
-    /// The same for @p entry of the file @p fromFile, whose name replaces any "from_file" in it.
-    TreeItem *insertEntry(const QStringList &path, const QJsonObject &entry, const QString &fromFile);
     void clearData();
     /// The node at @p path below this one (this node when it is empty), null when there is none.
     TreeItem *lookup(const QStringList &path);
@@ -96,22 +98,31 @@ public:
 
     /// Keeps @p index up to date about this subtree from now on. It must outlive the subtree.
     Q_DECL_HIDDEN void setIndex(FileIndex *index);
+    /// insertItem() for one of @p entries, those of the file @p fromFile, whose name replaces any "from_file" in it.
+    Q_DECL_HIDDEN TreeItem *insertEntry(const QStringList &path, const Entries &entries, int index,
+                                        const QString &fromFile);
 
 private:
     friend class FileIndex;
 
-    Q_DECL_HIDDEN TreeItem(const QString &name, const QJsonObject &entry, const QString &fromFile);
-    Q_DECL_HIDDEN void setEntry(const QJsonObject &entry, const QString &fromFile);
+    Q_DECL_HIDDEN TreeItem(const QString &name, const Entries &entries, int index, const QString &fromFile);
+    Q_DECL_HIDDEN void setEntry(const Entries &entries, int index, const QString &fromFile);
+    Q_DECL_HIDDEN QJsonObject entry() const;
     Q_DECL_HIDDEN QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
+    Q_DECL_HIDDEN QList<TreeItem *> childrenByOrder() const;
+    Q_DECL_HIDDEN void takeChild(const QString &name);
     Q_DECL_HIDDEN void enterIndex();
     Q_DECL_HIDDEN void leaveIndex();
 
     const QString m_name;
-    QHash<QString, TreeItem *> m_children;
-    QJsonObject m_entry; ///< as it was parsed: variants are made when they are asked for
+    QHash<QString, TreeItem *> m_childrenByName;
+    QVector<TreeItem *> m_children; ///< in any order, which is quicker to walk than the hash
+    Entries m_entries; ///< null without an entry
+    int m_entryIndex = 0; ///< in m_entries
+    int m_order;
     QString m_fromFile; ///< null when no file declared the node
     TreeItem *m_parent = nullptr;
     FileIndex *m_index = nullptr;
-    int m_order;
+    int m_position = -1; ///< among the parent's children
     int m_indexPosition = -1; ///< among the nodes of its file, kept by the index
 };

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/fileentries.h"
+
+#include "registry/registrationfile.h"
+
+#include <QJsonObject>
+
+FileEntries::FileEntries(const QJsonArray &entries, const QByteArray &text)
+    : m_entries(entries)
+    , m_text(text)
+{
+}
+
+QJsonObject FileEntries::at(int index) const
+{
+    if (m_isForgotten) {
+        m_entries = parseRegistrationFile(m_text, QString())->entries;
+        m_text.clear();
+        m_isForgotten = false;
+    }
+    return m_entries.at(index).toObject();
+}
+
+void FileEntries::forget()
+{
+    if (!m_text.isEmpty()) {
+        m_entries = {};
+        m_isForgotten = true;
+    }
+}
