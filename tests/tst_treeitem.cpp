@@ -118,6 +118,7 @@ private Q_SLOTS:
     void subitemsNeedComparison();
     void itemsAtLevelEqualsFilteredSubitems();
     void siblingsOfEqualOrderAreSortedByName();
+    void orderFollowsEachChange();
     void removesBottomUp();
     void removesSubtreeWithItsTop();
     void neverRemovesTheNodeItself();
@@ -506,6 +507,32 @@ void TreeItemTest::siblingsOfEqualOrderAreSortedByName()
     QCOMPARE(sorted.last(), text("last"));
     const QStringList middle = sorted.mid(1, 90);
     QVERIFY(std::is_sorted(middle.cbegin(), middle.cend()));
+}
+
+void TreeItemTest::orderFollowsEachChange()
+{
+    TreeItem root{QString(), QVariantMap()};
+    const auto insert = [&root](const char *name, int order) {
+        root.insertItem(path(name), {{text("order"), order}});
+    };
+    const auto names = [&root] {
+        QString names;
+        for (const TreeItem *item : root.getSubitems(TreeItem::orderLessThan, 1)) {
+            names += item->name();
+        }
+        return names;
+    };
+    insert("d", 4);
+    insert("b", 2);
+    insert("a", 1);
+    insert("c", 3);
+    QCOMPARE(names(), text("abcd"));
+    insert("b", 5);
+    QCOMPARE(names(), text("acdb"));
+    root.removeChild(root.lookup(path("a")));
+    QCOMPARE(names(), text("cdb"));
+    insert("e", 0);
+    QCOMPARE(names(), text("ecdb"));
 }
 
 void TreeItemTest::removesBottomUp()

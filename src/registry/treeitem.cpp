@@ -165,6 +165,7 @@ void TreeItem::addChild(TreeItem *child)
     child->m_parent = this;
     child->m_position = m_children.size();
     m_children.append(child);
+    m_isSorted = false;
     m_childrenByName.insert(child->m_name, child);
     if (wasLeaf) {
         enterIndex();
@@ -192,6 +193,7 @@ void TreeItem::takeChild(const QString &name)
     if (last != child) {
         m_children[child->m_position] = last;
         last->m_position = child->m_position;
+        m_isSorted = false;
     }
 }
 
@@ -233,6 +235,9 @@ void TreeItem::setEntry(const Entries &entries, int index, const QString &fromFi
     m_entryIndex = index;
     m_order = readOrder(entry());
     m_fromFile = fromFile;
+    if (m_parent) {
+        m_parent->m_isSorted = false;
+    }
     enterIndex();
 }
 
@@ -383,7 +388,10 @@ QList<TreeItem *> TreeItem::sortedChildren(const Comparison &lessThan) const
 {
     const auto *function = lessThan.target<bool (*)(const TreeItem *, const TreeItem *)>();
     if (function && *function == orderLessThan) {
-        return childrenByOrder();
+        if (!m_isSorted) {
+            sortChildren();
+        }
+        return m_children.toList();
     }
     QList<TreeItem *> children = m_children.toList();
     std::sort(children.begin(), children.end(), lessThan);
@@ -391,7 +399,7 @@ QList<TreeItem *> TreeItem::sortedChildren(const Comparison &lessThan) const
 }
 
 // With the keys side by side, in half the time
-QList<TreeItem *> TreeItem::childrenByOrder() const
+void TreeItem::sortChildren() const
 {
     struct Key {
         int order;
@@ -400,17 +408,16 @@ QList<TreeItem *> TreeItem::childrenByOrder() const
     };
     QVarLengthArray<Key> keys;
     keys.reserve(m_children.size());
-    for (TreeItem *child : m_children) {
+    for (TreeItem *child : qAsConst(m_children)) {
         keys.append({child->m_order, child->m_name, child});
     }
     std::sort(keys.begin(), keys.end(),
               [](const Key &a, const Key &b) { return a.order != b.order ? a.order < b.order : a.name < b.name; });
-    QList<TreeItem *> children;
-    children.reserve(keys.size());
-    for (const Key &key : keys) {
-        children.append(key.item);
+    for (int i = 0; i < keys.size(); ++i) {
+        keys[i].item->m_position = i;
+        m_children[i] = keys[i].item;
     }
-    return children;
+    m_isSorted = true;
 }
 
 void TreeItem::enterIndex()

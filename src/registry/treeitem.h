@@ -109,14 +109,14 @@ private:
     Q_DECL_HIDDEN void setEntry(const Entries &entries, int index, const QString &fromFile);
     Q_DECL_HIDDEN QJsonObject entry() const;
     Q_DECL_HIDDEN QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
-    Q_DECL_HIDDEN QList<TreeItem *> childrenByOrder() const;
+    Q_DECL_HIDDEN void sortChildren() const;
     Q_DECL_HIDDEN void takeChild(const QString &name);
     Q_DECL_HIDDEN void enterIndex();
     Q_DECL_HIDDEN void leaveIndex();
 
     const QString m_name;
     QHash<QString, TreeItem *> m_childrenByName;
-    QVector<TreeItem *> m_children; ///< in any order, which is quicker to walk than the hash
+    mutable QVector<TreeItem *> m_children; ///< quicker to walk than the hash
     Entries m_entries; ///< null without an entry
     int m_entryIndex = 0; ///< in m_entries
     int m_order;
@@ -125,4 +125,5 @@ private:
     FileIndex *m_index = nullptr;
     int m_position = -1; ///< among the parent's children
     int m_indexPosition = -1; ///< among the nodes of its file, kept by the index
+    mutable bool m_isSorted = true; ///< whether the children are in their order
 };
