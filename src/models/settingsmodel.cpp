@@ -123,7 +123,9 @@ void SettingsModel::updateItems()
     const QList<TreeItem *> items = m_root ? m_root->itemsAtLevel(TreeItem::orderLessThan, m_depth)
                                            : QList<TreeItem *>();
     for (TreeItem *item : items) {
-        connect(item, &QObject::destroyed, this, &SettingsModel::itemDestroyed, Qt::UniqueConnection);
+        if (m_rows.rowOf(item) < 0) { // else it is connected, and to find that out takes longer
+            connect(item, &QObject::destroyed, this, &SettingsModel::itemDestroyed, Qt::UniqueConnection);
+        }
     }
     m_rows.reset(items);
     endResetModel();
