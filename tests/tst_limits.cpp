@@ -4,6 +4,7 @@
 #include "catalogs.h"
 #include "messagelog.h"
 #include "models/favoritesmodel.h"
+#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void nesting();
     void nestedObjects();
     void hundredMegabytes();
+    void tooLarge();
     void catalogElsewhere_data();
     void catalogElsewhere();
     void noCatalogElsewhere_data();
@@ -193,6 +195,15 @@ void LimitsTest::hundredMegabytes()
         }
     }
     QVERIFY(isLinear);
+}
+
+void LimitsTest::tooLarge()
+{
+    World::writeEntries(s_file, R"({"entries": [{"path": "a"}]})");
+    QVERIFY(QFile::resize(Constants::EntriesDirectory + QLatin1Char('/') + s_file, 1 << 30)); // takes no room
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(text("Can't read entries file \"%1\"").arg(s_file)));
+    const PluginRegistry registry;
+    QVERIFY(!registry.getItem({text("a")}));
 }
 
 void LimitsTest::catalogElsewhere_data()

@@ -11,11 +11,10 @@
 #include <unistd.h>
 
 #include <cstring>
-#include <limits>
 
 namespace
 {
-constexpr qint64 MaxSize = std::numeric_limits<int>::max() / 2;
+constexpr qint64 MaxSize = (1 << 30) - 1; // a byte array can have twice as much
 
 /// Fewer bytes when the file ends earlier, nothing when it cannot be read.
 std::optional<QByteArray> readBytes(int file, int size)
