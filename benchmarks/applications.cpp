@@ -1,51 +1,52 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What the list of applications costs, as ratios. The floor of a rebuild is to make as many plain objects with the
-// same texts; the launcher has loaded its files before. A desktop file that changes is followed among a thousand
-// applications and among ten, until its row has changed. Processor time of the thread.
+// What the list of applications costs. The floor of a rebuild is to make as many plain objects with the same texts; the
+// launcher has loaded its files before. A desktop file that changes is followed until its row has changed, a service's
+// one reply about all applications from its arrival until the last signal of the model. Processor time of the model's
+// thread: what Qt's thread of the bus and the services do is not in it.
 
+#include "answeringservices.h"
 #include "applications/applicationssettingsmodel.h"
 #include "comparison.h"
-#include "statistics.h"
+#include "installedapplications.h"
+#include "report.h"
 
 #include <launcherfoldermodel.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QEventLoop>
-#include <QStandardPaths>
-#include <QTimer>
 
-#include <memory>
+#include <array>
+#include <functional>
 
 namespace
 {
 using Model = ApplicationsSettingsModel;
 
-constexpr int Few = 10;
-constexpr int Many = 1000;
+constexpr uint User = 1000;
+constexpr int FullRuns = 201;
+constexpr int CheckRuns = 25;
+constexpr std::array<int, 3> Sizes{10, 100, 1000};
+
+/// A hundred times the applications make no difference but noise.
+constexpr double MaxGrowthOfChanges = 2;
+constexpr int NoMode = -1;
+
+/// What was measured with so many applications.
+struct Samples {
+    Runs rebuilds;
+    QVector<double> changes;
+    QVector<double> allowlists;
+    QVector<double> autostartLists;
+    QVector<double> notifications;
+};
 
 void require(bool condition, const char *what)
 {
     if (!condition) {
         qFatal("%s", what);
     }
-}
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    require(file.open(QIODevice::WriteOnly) && file.write(content) == content.size(), "A file is not written");
-}
-
-void writeApplication(int index, const QByteArray &comment)
-{
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation));
-    require(folder.mkpath(QStringLiteral(".")), "There is no directory for applications");
-    write(folder.filePath(QStringLiteral("x%1.desktop").arg(index)),
-          "[Desktop Entry]\nType=Application\nExec=true\nIcon=icon\nName=X" + QByteArray::number(index)
-              + "\nComment=" + comment + "\nX-DBus-ServiceName=org.example.X\n");
 }
 
 class PlainObject : public QObject
@@ -91,77 +92,124 @@ void makePlainObjects(const QVector<QStringList> &rows)
 Runs measureRebuilds(Model *model, int runs)
 {
     const QVector<QStringList> rows = textsOf(*model);
-    require(rows.size() == Many, "Not all applications are listed");
     const auto floor = [&rows] { return cpuSeconds([&rows] { makePlainObjects(rows); }); };
     Runs result;
     for (int run = 0; run < runs; ++run) {
         const double before = floor();
-        const double rebuild = cpuSeconds([model] { QMetaObject::invokeMethod(model, "launcherModelReset"); });
-        result.add(before, rebuild, floor());
+        const double work = cpuSeconds([model] { QMetaObject::invokeMethod(model, "launcherModelReset"); });
+        result.add(before, work, floor());
     }
     return result;
 }
 
+template<typename Object, typename Signal>
+double secondsUntil(const Object *object, Signal signal)
+{
+    QEventLoop loop;
+    QObject::connect(object, signal, &loop, &QEventLoop::quit);
+    return cpuSeconds([&loop] { loop.exec(); });
+}
+
 /// Seconds to follow the first application's file, for each run.
-QVector<double> measureChanges(LauncherFolderModel *launcher, int runs)
+QVector<double> measureChanges(const LauncherFolderModel &launcher, int runs)
 {
     QVector<double> seconds;
     for (int run = 0; run < runs; ++run) {
-        writeApplication(0, QByteArray::number(run));
-        seconds.append(cpuSeconds([launcher] {
-            QEventLoop loop;
-            QObject::connect(launcher, &LauncherFolderModel::itemChanged, &loop, &QEventLoop::quit);
-            loop.exec();
-        }));
+        InstalledApplications::write(0, QByteArray::number(run));
+        seconds.append(secondsUntil(&launcher, &LauncherFolderModel::itemChanged));
     }
     return seconds;
 }
 
-QVector<Measure> measureAll(int runs)
+/// Seconds to take a reply, after which the model emits @p last at last, for each run.
+template<typename Signal>
+QVector<double> measureReplies(const Model &model, const std::function<void()> &ask, Signal last, int runs)
 {
-    const auto makeModel = [](LauncherFolderModel *launcher) {
-        auto model = std::make_unique<Model>();
-        model->setApplications(launcher);
-        model->componentComplete();
-        return model;
+    ask();
+    secondsUntil(&model, last); // connecting to the service
+    QVector<double> seconds;
+    for (int run = 0; run < runs; ++run) {
+        ask();
+        seconds.append(secondsUntil(&model, last));
+    }
+    return seconds;
+}
+
+QVector<double> measureListReplies(Model *model, Model::ApplicationsFilterModeTypes mode, int runs)
+{
+    const auto ask = [=] {
+        model->setFilterMode(NoMode);
+        model->setFilterMode(mode);
     };
-    QDir(QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation)).removeRecursively();
-    for (int i = 0; i < Few; ++i) {
-        writeApplication(i, {});
-    }
-    QVector<double> amongFew;
-    {
-        LauncherFolderModel launcher;
-        const auto model = makeModel(&launcher);
-        amongFew = measureChanges(&launcher, runs);
-    }
-    for (int i = Few; i < Many; ++i) {
-        writeApplication(i, {});
-    }
+    const QVector<double> seconds = measureReplies(*model, ask, &Model::dataChanged, runs);
+    require(model->selectedApps().size() == model->count(), "The list is not the service's");
+    return seconds;
+}
+
+QVector<double> measureNotificationsReplies(Model *model, int runs)
+{
+    const auto ask = [model] { model->getAllowedNotificationsConfig(); };
+    const QVector<double> seconds = measureReplies(*model, ask, &Model::selectedAppsChanged, runs);
+    require(!model->index(1).data(Model::NotificationsEnabledRole).toBool(), "The states are not the service's");
+    return seconds;
+}
+
+Samples measure(int applications, int runs)
+{
+    InstalledApplications::install(applications);
+    const AnsweringServices services(applications);
     LauncherFolderModel launcher;
-    const auto model = makeModel(&launcher);
-    const Runs rebuilds = measureRebuilds(model.get(), runs);
-    const double usual = median(amongFew);
-    const QVector<double> growth = scaled(measureChanges(&launcher, runs),
-                                          [usual](double run) { return run / usual; });
-    return {
-        {QStringLiteral("rebuild of 1,000 applications / floor"), QStringLiteral("≤ 3"), 0, 3, rebuilds.overFloor},
-        {QStringLiteral("noise: floor / floor"), QStringLiteral("1"), 0, 10, rebuilds.noise},
-        {QStringLiteral("a changed desktop file, among 1,000 applications / among 10"), QStringLiteral("≤ 2"), 0,
-         2, growth}};
+    Model model;
+    model.setUid(User);
+    model.setApplications(&launcher);
+    model.componentComplete();
+    require(model.count() == applications, "Not all applications are listed");
+    Samples samples;
+    samples.rebuilds = measureRebuilds(&model, runs);
+    samples.changes = measureChanges(launcher, runs);
+    samples.allowlists = measureListReplies(&model, Model::AllowedOnly, runs);
+    samples.autostartLists = measureListReplies(&model, Model::AutostartedOnly, runs);
+    samples.notifications = measureNotificationsReplies(&model, runs);
+    return samples;
+}
+
+Report measureAll(Effort effort)
+{
+    QVector<Cost> rebuilds;
+    QVector<Cost> changes;
+    QVector<Cost> allowlists;
+    QVector<Cost> autostartLists;
+    QVector<Cost> notifications;
+    Report report;
+    for (const int size : Sizes) {
+        const Samples samples = measure(size, effort == Effort::Full ? FullRuns : CheckRuns);
+        const QString applications = QStringLiteral(", %1 applications").arg(sizeText(size));
+        report.measures += {{QStringLiteral("rebuild / floor") + applications, QStringLiteral("≤ 3"),
+                             samples.rebuilds.overFloor, 9},
+                            {QStringLiteral("noise: floor / the same floor again") + applications,
+                             QStringLiteral("1"), samples.rebuilds.noise}};
+        rebuilds.append({QStringLiteral("applications: rebuild"), size, samples.rebuilds.seconds});
+        changes.append({QStringLiteral("applications: a changed desktop file"), size, samples.changes});
+        allowlists.append({QStringLiteral("applications: reply with the allow-list"), size, samples.allowlists});
+        autostartLists.append(
+            {QStringLiteral("applications: reply with the autostart list"), size, samples.autostartLists});
+        notifications.append(
+            {QStringLiteral("applications: reply with all notifications"), size, samples.notifications});
+    }
+    report.measures += growths({changes.first(), changes.last()}, MaxGrowthOfChanges)
+                       + growths(fastest(rebuilds), MaxGrowthOutOfCache) + growths(fastest(allowlists))
+                       + growths(fastest(autostartLists)) + growths(fastest(notifications));
+    report.costs = rebuilds + changes + allowlists + autostartLists + notifications;
+    return report;
 }
 }
 
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
-    qputenv("XDG_DATA_DIRS", "/nowhere"); // the machine's applications
-    write(QStringLiteral("/usr/share/velka-settings/favorites-blacklist.json"), "[]");
-    write(QStringLiteral("/usr/share/velka-settings/entries/x.json"),
-          R"({"entries": [{"path": "applications"}]})");
-    if (application.arguments().contains(QStringLiteral("--check"))) {
-        return passesOnce([] { return measureAll(51); }) ? 0 : 1;
+    const QStringList arguments = application.arguments();
+    if (AnsweringServices::areMeantBy(arguments)) {
+        return AnsweringServices::run(arguments);
     }
-    print(measureAll(201));
-    return 0;
+    return runBenchmark(arguments, measureAll);
 }

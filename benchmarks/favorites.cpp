@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What favourites cost, as ratios. The floor is what nobody can do without who follows a list in dconf: to read it,
+// What favourites cost. The floor is what nobody can do without who follows a list in dconf: to read it,
 // write it, read it again when the change is announced, and find each path in a hash of all entries. For the question
 // whether entries are favourites it is to read the list into a hash and ask that for all. Each run is timed between
 // two floors, in the same process. Processor time of the thread, for dconf's service takes the writes meanwhile in a
@@ -10,6 +10,7 @@
 #include "comparison.h"
 #include "models/favoritesmodel.h"
 #include "registry/pluginregistry.h"
+#include "report.h"
 #include "statistics.h"
 #include "workload.h"
 
@@ -17,7 +18,6 @@
 
 #include <QCoreApplication>
 #include <QHash>
-#include <QLocale>
 #include <QSet>
 
 #include <benchmark/benchmark.h>
@@ -31,19 +31,21 @@ namespace
 {
 constexpr int Many = 1000;
 constexpr int VeryMany = 10000;
-/// What ten times the favourites may cost on any machine: a quadratic step makes it a hundred times.
-constexpr double MaxGrowth = 30;
+constexpr int Files = 10000;
+constexpr int CheckFiles = 2100; // with a few entries more than favourites
+/// What ten times the favourites may cost on any machine: a quadratic step makes it a hundred times, and dconf alone
+/// more than ten.
+constexpr double MaxGrowthWithDconf = 30;
 /// How many times its target a cost may be on any machine. Growth alone does not tell a search of the list from a
 /// look-up: for each question both grow tenfold at most.
 constexpr double MaxOverTarget = 3;
 
-struct Effort {
-    int files;
+struct Plan {
     QVector<int> sizes;
     int runs;
 };
-const Effort s_fullEffort{10000, {10, Many, VeryMany}, 30};
-const Effort s_checkEffort{2100, {Many, VeryMany}, 3}; // with a few entries more than favourites
+const Plan s_fullPlan{{10, Many, VeryMany}, 30};
+const Plan s_checkPlan{{Many, VeryMany}, 3};
 
 const QString s_key = QStringLiteral("/benchmark/favorites");
 const QString s_floorKey = QStringLiteral("/benchmark/floor");
@@ -264,34 +266,30 @@ void run(benchmark::State &state, const Entries &entries, int size, const Operat
     state.counters["over_floor"] = median(runs.overFloor);
 }
 
-QString sizeText(int size)
-{
-    return QLocale(QLocale::English).toString(size);
-}
-
+/// Those of one operation, in the order of their sizes.
 using RunsOfSizes = std::map<int, Runs>;
 
-QVector<Measure> measures(const Operation &operation, const RunsOfSizes &runs)
+void add(const Operation &operation, const RunsOfSizes &runs, Report *report)
 {
-    QVector<Measure> measures;
+    QVector<Cost> costs;
     for (const auto &[size, ofSize] : runs) {
-        measures.append({QStringLiteral("%1 / floor, %2 favourites").arg(operation.name, sizeText(size)),
-                         QStringLiteral("≤ %1").arg(operation.target), 0, MaxOverTarget * operation.target,
-                         ofSize.overFloor});
+        costs.append({QStringLiteral("favourites: %1").arg(operation.name), size, ofSize.seconds});
+        report->measures.append({QStringLiteral("%1 / floor, %2 favourites").arg(operation.name, sizeText(size)),
+                                 QStringLiteral("≤ %1").arg(operation.target), ofSize.overFloor,
+                                 MaxOverTarget * operation.target});
     }
-    measures.append(
-        {QStringLiteral("%1, %2 / %3 favourites").arg(operation.name, sizeText(VeryMany), sizeText(Many)),
-         QStringLiteral("≲ 10"), 0, MaxGrowth, runs.at(VeryMany).over(runs.at(Many))});
-    return measures;
+    const bool writes = operation.floor == &Subject::floor;
+    report->measures += growths(fastest(costs.mid(costs.size() - 2)), writes ? MaxGrowthWithDconf : MaxGrowth);
+    report->costs += costs;
 }
 
-QVector<Measure> measureAll(const Entries &entries, const Effort &effort)
+Report measureAll(const Entries &entries, const Plan &plan)
 {
     std::array<RunsOfSizes, s_operations.size()> runs;
     benchmark::ClearRegisteredBenchmarks();
     for (std::size_t i = 0; i < s_operations.size(); ++i) {
         const Operation &operation = s_operations[i];
-        for (const int size : effort.sizes) {
+        for (const int size : plan.sizes) {
             const QString name = QStringLiteral("%1, %2").arg(operation.name, sizeText(size));
             Runs &ofSize = runs[i][size];
             benchmark::RegisterBenchmark(name.toUtf8().constData(),
@@ -299,19 +297,19 @@ QVector<Measure> measureAll(const Entries &entries, const Effort &effort)
                                              run(state, entries, size, operation, ofSize);
                                          })
                 ->UseManualTime()
-                ->Iterations(effort.runs)
+                ->Iterations(plan.runs)
                 ->Unit(benchmark::kMicrosecond);
         }
     }
     benchmark::ConsoleReporter reporter;
-    reporter.SetOutputStream(&std::cerr); // the table goes to standard output
+    reporter.SetOutputStream(&std::cerr); // the report goes to standard output
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
-    QVector<Measure> all;
+    Report report;
     for (std::size_t i = 0; i < s_operations.size(); ++i) {
-        all += measures(s_operations[i], runs[i]);
+        add(s_operations[i], runs[i], &report);
     }
-    return all;
+    return report;
 }
 }
 
@@ -319,15 +317,11 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const bool check = application.arguments().contains(QStringLiteral("--check"));
-    const Effort &effort = check ? s_checkEffort : s_fullEffort;
-    const Workload workload(effort.files);
+    const Workload workload(check ? CheckFiles : Files);
     workload.putInPlace();
     PluginRegistry::instance();
     const Entries entries(workload);
-    const auto measure = [&] { return measureAll(entries, effort); };
-    if (check) {
-        return passesOnce(measure) ? 0 : 1;
-    }
-    print(measure());
-    return 0;
+    return runBenchmark(application.arguments(), [&entries](Effort effort) {
+        return measureAll(entries, effort == Effort::Full ? s_fullPlan : s_checkPlan);
+    });
 }

@@ -1,22 +1,29 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What the registry costs, as ratios. The floor is its input: reading the same files and turning them into variant
-// maps, in the same process. Each construction is timed between two floors. Wall time. Neither the death of the registry
-// nor that of the floor's maps, which live until the clock has stopped, is counted; and each run starts from a trimmed
-// heap, like a program that starts, because malloc would let it sort what the run before it has freed.
+// What the registry costs. The floor is its input: reading the same files and turning them into variant maps, in the
+// same process. Each construction is timed between two floors. Wall time. Neither the death of the registry nor that of
+// the floor's maps, which live until the clock has stopped, is counted; and each run starts from a trimmed heap, like a
+// program that starts, because malloc would let it sort what the run before it has freed.
 
+#include "childprocess.h"
 #include "comparison.h"
+#include "heap.h"
+#include "instructions.h"
+#include "report.h"
 #include "statistics.h"
 #include "workload.h"
 
+#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+
+#include <mgconfitem.h>
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QVariantMap>
 
 #include <benchmark/benchmark.h>
@@ -26,154 +33,302 @@
 #include <cstdio>
 #include <functional>
 #include <iostream>
-#include <limits>
 #include <memory>
 
 namespace
 {
+constexpr int MemoryFiles = 1000;
 constexpr int MemorySamples = 5;
-constexpr double Unlimited = std::numeric_limits<double>::infinity();
+constexpr int BatchFiles = 200;
 
-const QString s_memoryOption = QStringLiteral("--memory");
-const QString s_checkOption = QStringLiteral("--check");
+const QString s_unreadOption = QStringLiteral("--memory-unread");
+const QString s_readOption = QStringLiteral("--memory-read");
+const QString s_constructOption = QStringLiteral("--count-constructing");
+const QString s_listOption = QStringLiteral("--count-listing");
 
-struct Effort {
-    int smallRuns;
-    int largeRuns;
-    int reloads;
+struct Size {
+    int files;
+    int constructions;
+    int changes;
 };
-constexpr Effort FullEffort{200, 25, 1000};
-constexpr Effort CheckEffort{25, 5, 200};
+const QVector<Size> s_fullSizes{{100, 500, 300}, {1000, 200, 300}, {10000, 51, 100}};
+const QVector<Size> s_checkSizes{{100, 51, 51}, {1000, 25, 25}, {10000, 3, 5}};
+/// Ten times the files of the one before
+const QVector<int> s_countedFiles{100, 1000};
 
-double floorSeconds(const QStringList &files)
+/// What was measured with so many files; seconds but for the ratios to the floor.
+struct Samples {
+    Runs constructions;
+    QVector<double> overReading;
+    QVector<double> listings;
+    QVector<double> listingsOverFloor;
+    QVector<double> reloads;
+    QVector<double> additions;
+    QVector<double> removals;
+    QVector<double> maskings;
+    QVector<double> batches;
+};
+
+template<typename Use>
+double secondsOfReading(const QStringList &files, const Use &use)
 {
-    QVector<QVariantMap> maps;
-    malloc_trim(0);
     return seconds([&] {
         for (const QString &path : files) {
             QFile file(path);
             if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
                 qFatal("Can't read %s", qPrintable(path));
             }
-            maps.append(QJsonDocument::fromJson(file.readAll()).object().toVariantMap());
+            use(file.readAll());
         }
     });
 }
 
-void construct(benchmark::State &state, const Workload &workload, Runs &constructions)
+double readingSeconds(const QStringList &files)
 {
-    workload.putInPlace();
+    QVector<QByteArray> contents;
+    malloc_trim(0);
+    return secondsOfReading(files, [&contents](const QByteArray &content) { contents.append(content); });
+}
+
+double floorSeconds(const QStringList &files)
+{
+    QVector<QVariantMap> maps;
+    malloc_trim(0);
+    return secondsOfReading(files, [&maps](const QByteArray &content) {
+        maps.append(QJsonDocument::fromJson(content).object().toVariantMap());
+    });
+}
+
+double listingSeconds(const PluginRegistry &registry, int expectedCount)
+{
+    QList<TreeItem *> items;
+    const double time = seconds([&] { items = registry.getItem({})->getSubitems(TreeItem::orderLessThan, -1); });
+    if (items.size() < expectedCount) {
+        qFatal("Entries are missing");
+    }
+    return time;
+}
+
+void construct(benchmark::State &state, const Workload &workload, Samples &samples)
+{
     const QStringList files = workload.files();
     for (auto iteration : state) {
         Q_UNUSED(iteration)
+        const double reading = readingSeconds(files);
         const double floorBefore = floorSeconds(files);
         std::unique_ptr<PluginRegistry> registry;
         malloc_trim(0);
         const double construction = seconds([&] { registry = std::make_unique<PluginRegistry>(); });
+        const double listing = listingSeconds(*registry, workload.fileCount() * Workload::EntriesPerFile);
         registry.reset();
         QCoreApplication::processEvents(); // what dconf sent for this registry
         const double floorAfter = floorSeconds(files);
 
         state.SetIterationTime(construction);
-        constructions.add(floorBefore, construction, floorAfter);
+        samples.constructions.add(floorBefore, construction, floorAfter);
+        samples.overReading.append(construction / reading);
+        samples.listings.append(listing);
+        samples.listingsOverFloor.append(2 * listing / (floorBefore + floorAfter));
     }
-    state.counters["over_floor"] = median(constructions.overFloor);
-    workload.takeAway();
+    state.counters["over_floor"] = median(samples.constructions.overFloor);
 }
 
-/// Unloading and loading one file of many.
-void reload(benchmark::State &state, const Workload &workload, QVector<double> &samples)
+double rescanSeconds(PluginRegistry *registry)
 {
-    workload.putInPlace();
+    return seconds([registry] { QMetaObject::invokeMethod(registry, "monitoredDirectoryChanged"); });
+}
+
+/// Each time with another file.
+void change(benchmark::State &state, const Workload &workload, Samples &samples)
+{
     PluginRegistry registry;
+    MGConfItem masked(Constants::MaskedSettingsKey);
+    const QStringList paths = workload.entryPaths();
     int file = 0;
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        // Prime to the number of files: each time another one.
-        file = (file + 7919) % workload.fileCount();
-        const QString fileName = workload.fileName(file);
-        samples.append(seconds([&] {
-            registry.removeEntriesForFile(fileName);
-            registry.addEntriesForFile(fileName);
+        file = (file + 7919) % workload.fileCount(); // prime to their number
+        const QString name = workload.fileName(file);
+        samples.reloads.append(seconds([&] {
+            registry.removeEntriesForFile(name);
+            registry.addEntriesForFile(name);
         }));
-        state.SetIterationTime(samples.last());
+        workload.hide(file, 1);
+        samples.removals.append(rescanSeconds(&registry));
+        workload.show(file, 1);
+        samples.additions.append(rescanSeconds(&registry));
+        const QString path = paths.at(file * Workload::EntriesPerFile);
+        samples.maskings.append(seconds([&] { masked.set(QStringList{path}); }));
+        if (registry.getItem(path.split(QLatin1Char('/')))) {
+            qFatal("The masked entry is still there");
+        }
+        masked.set(QStringList());
+        QCoreApplication::processEvents(); // what dconf sent
+        state.SetIterationTime(samples.reloads.last());
     }
-    workload.takeAway();
 }
 
-double heapBytes()
+/// Files that go together.
+void removeBatches(benchmark::State &state, const Workload &workload, Samples &samples)
 {
-    const auto info = mallinfo2();
-    return double(info.uordblks) + double(info.hblkhd);
-}
-
-/// The heap that a registry of the files in place takes, malloc's own overhead included.
-double registryBytes()
-{
-    const double before = heapBytes();
-    const PluginRegistry registry;
-    return heapBytes() - before;
-}
-
-/// registryBytes() of a fresh process.
-double registryBytesOfChild()
-{
-    QProcess child;
-    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    child.start(QCoreApplication::applicationFilePath(), {s_memoryOption});
-    bool isNumber = false;
-    const double bytes = child.waitForFinished() ? child.readAll().trimmed().toDouble(&isNumber) : 0;
-    if (!isNumber) {
-        qFatal("The process that measures memory failed");
+    PluginRegistry registry;
+    const int batches = workload.fileCount() / BatchFiles;
+    int batch = 0;
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        batch = (batch + 1) % batches;
+        workload.hide(batch * BatchFiles, BatchFiles);
+        samples.batches.append(rescanSeconds(&registry));
+        workload.show(batch * BatchFiles, BatchFiles);
+        rescanSeconds(&registry);
+        state.SetIterationTime(samples.batches.last());
     }
-    return bytes;
 }
 
-QVector<double> memorySamples(const Workload &workload)
+/// The heap that a registry of the files in place takes.
+double registryBytes(bool areEntriesRead)
+{
+    std::unique_ptr<PluginRegistry> registry;
+    return heapGrowth([&] {
+        registry = std::make_unique<PluginRegistry>();
+        if (areEntriesRead) {
+            for (const TreeItem *item : registry->getItem({})->getSubitems(TreeItem::orderLessThan, -1)) {
+                item->title();
+            }
+        }
+    });
+}
+
+QVector<double> kibibytesPerEntry(const QString &option)
 {
     QVector<double> samples;
-    workload.putInPlace();
     for (int i = 0; i < MemorySamples; ++i) {
-        samples.append(registryBytesOfChild() / (workload.fileCount() * Workload::EntriesPerFile) / 1024);
+        samples.append(numberOfChild({option}) / (MemoryFiles * Workload::EntriesPerFile) / 1024);
     }
-    workload.takeAway();
     return samples;
 }
 
-QVector<Measure> measureAll(const Workload &small, const Workload &large, Effort effort)
+QVector<Measure> memory()
 {
-    Runs smallRuns;
-    Runs largeRuns;
-    QVector<double> reloads;
+    const Workload workload(MemoryFiles);
+    workload.putInPlace();
+    const QVector<Measure> measures{{QStringLiteral("KiB of heap for an entry"), QStringLiteral("≤ 1.2"),
+                                     kibibytesPerEntry(s_unreadOption), 1.2},
+                                    {QStringLiteral("KiB of heap for an entry, once its file's are looked at"),
+                                     {},
+                                     kibibytesPerEntry(s_readOption),
+                                     1.7}};
+    workload.takeAway();
+    return measures;
+}
+
+/// How the instructions of @p option grow. The time grows with the caches that a larger tree leaves, too.
+QVector<Measure> growthOfInstructions(const QString &what, const QString &option)
+{
+    QVector<Cost> instructions;
+    for (const int files : s_countedFiles) {
+        instructions.append({QStringLiteral("instructions of ") + what,
+                             files,
+                             {instructionsOf({option, QString::number(files)})}});
+    }
+    return growths(instructions);
+}
+
+int runCounted(const QString &option, int files)
+{
+    const Workload workload(files);
+    workload.putInPlace();
+    if (option == s_constructOption) {
+        counted([] { const PluginRegistry registry; });
+    } else {
+        const PluginRegistry registry;
+        const auto list = [&registry] { registry.getItem({})->getSubitems(TreeItem::orderLessThan, -1); };
+        list(); // which sorts
+        counted(list);
+    }
+    workload.takeAway();
+    return 0;
+}
+
+Samples measure(const Size &size)
+{
+    const Workload workload(size.files);
+    workload.putInPlace();
+    Samples samples;
     benchmark::ClearRegisteredBenchmarks();
-    const auto add = [](const char *name, const auto &work, int iterations) {
-        benchmark::RegisterBenchmark(name, work)
+    const auto add = [&](const char *what, const auto &work, int iterations) {
+        const QString name = QStringLiteral("%1, %2 files").arg(QLatin1String(what), sizeText(size.files));
+        benchmark::RegisterBenchmark(qPrintable(name),
+                                     [&samples, &workload, work](auto &state) { work(state, workload, samples); })
             ->UseManualTime()
             ->Iterations(iterations)
             ->Unit(benchmark::kMicrosecond);
     };
-    add(
-        "construct, 1,000 files", [&](auto &state) { construct(state, small, smallRuns); }, effort.smallRuns);
-    add(
-        "construct, 10,000 files", [&](auto &state) { construct(state, large, largeRuns); }, effort.largeRuns);
-    add(
-        "reload one of 10,000 files", [&](auto &state) { reload(state, large, reloads); }, effort.reloads);
+    add("construct", construct, size.constructions);
+    add("change", change, size.changes);
+    if (size.files > BatchFiles) {
+        add("remove a batch", removeBatches, size.changes);
+    }
     benchmark::ConsoleReporter reporter;
-    reporter.SetOutputStream(&std::cerr); // the table goes to standard output
+    reporter.SetOutputStream(&std::cerr); // the report goes to standard output
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    workload.takeAway();
+    return samples;
+}
 
-    const double largeSeconds = median(largeRuns.seconds);
-    const auto perReload = scaled(reloads, [=](double run) { return largeSeconds / run; });
-    const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
-    return {
-        {text("construct / floor, 1,000 files"), text("≤ 1.3"), 0, 1.6, smallRuns.overFloor},
-        {text("construct / floor, 10,000 files"), text("≤ 1.3"), 0, 1.6, largeRuns.overFloor},
-        {text("construct 10,000 files / construct 1,000 files"), text("≈ 10"), 0, 20, largeRuns.over(smallRuns)},
-        {text("construct / unload and load one file, 10,000 files"), text("≥ 500"), 200, Unlimited, perReload},
-        {text("heap per entry, KiB"), text("≤ 1.6"), 0, 1.6, memorySamples(small)},
-        {text("floor / same floor again, 1,000 files (noise)"), text("1"), 0, Unlimited, smallRuns.noise},
-        {text("floor / same floor again, 10,000 files (noise)"), text("1"), 0, Unlimited, largeRuns.noise},
-    };
+QVector<double> over(const QVector<double> &samples, const QVector<double> &usual)
+{
+    const double middle = median(usual);
+    return scaled(samples, [middle](double sample) { return sample / middle; });
+}
+
+QVector<Measure> ratios(int files, const Samples &samples)
+{
+    const QString size = QStringLiteral(", %1 files").arg(sizeText(files));
+    const bool isLarge = files > MemoryFiles / 2; // of few files, what a registry takes without any is a part
+    QVector<Measure> measures{{QStringLiteral("construct / floor") + size,
+                               isLarge ? QStringLiteral("≤ 1") : QString(), samples.constructions.overFloor, 1.6},
+                              {QStringLiteral("construct / reading alone") + size, {}, samples.overReading},
+                              {QStringLiteral("list the whole tree / floor") + size, QStringLiteral("≤ 0.04"),
+                               samples.listingsOverFloor, 0.08},
+                              {QStringLiteral("unload and load one file / construct") + size,
+                               files == 10000 ? QStringLiteral("≤ 0.001") : QString(),
+                               over(samples.reloads, samples.constructions.seconds),
+                               files == 10000 ? 0.001 : Unlimited},
+                              {QStringLiteral("noise: floor / the same floor again") + size, QStringLiteral("1"),
+                               samples.constructions.noise}};
+    if (!samples.batches.isEmpty()) {
+        measures.append({QStringLiteral("200 files removed at once / one removed") + size, QStringLiteral("≤ 2"),
+                         over(samples.batches, samples.removals), 4});
+    }
+    return measures;
+}
+
+Report measureAll(Effort effort)
+{
+    Report report;
+    QVector<Cost> constructions;
+    QVector<Cost> listings;
+    QVector<Cost> reloads;
+    QVector<Cost> changes;
+    for (const Size &size : effort == Effort::Full ? s_fullSizes : s_checkSizes) {
+        const Samples samples = measure(size);
+        report.measures += ratios(size.files, samples);
+        constructions.append({QStringLiteral("registry: construct"), size.files, samples.constructions.seconds});
+        listings.append({QStringLiteral("registry: list the whole tree"), size.files, samples.listings});
+        reloads.append({QStringLiteral("registry: unload and load one file"), size.files, samples.reloads});
+        changes.append({QStringLiteral("registry: one file added"), size.files, samples.additions});
+        changes.append({QStringLiteral("registry: one file removed"), size.files, samples.removals});
+        changes.append({QStringLiteral("registry: one entry masked"), size.files, samples.maskings});
+        if (!samples.batches.isEmpty()) {
+            changes.append({QStringLiteral("registry: 200 files removed at once"), size.files, samples.batches});
+        }
+    }
+    report.measures += growthOfInstructions(QStringLiteral("constructing"), s_constructOption)
+                       + growthOfInstructions(QStringLiteral("listing the whole tree again"), s_listOption)
+                       + growths(reloads, 2) + memory();
+    report.costs = constructions + listings + reloads + changes;
+    return report;
 }
 }
 
@@ -181,15 +336,12 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    if (arguments.contains(s_memoryOption)) {
-        std::printf("%.0f\n", registryBytes());
+    if (arguments.contains(s_unreadOption) || arguments.contains(s_readOption)) {
+        std::printf("%.0f\n", registryBytes(arguments.contains(s_readOption)));
         return 0;
     }
-    const Workload small(1000);
-    const Workload large(10000);
-    if (arguments.contains(s_checkOption)) {
-        return passesOnce([&] { return measureAll(small, large, CheckEffort); }) ? 0 : 1;
+    if (arguments.contains(s_constructOption) || arguments.contains(s_listOption)) {
+        return runCounted(arguments.at(1), arguments.at(2).toInt());
     }
-    print(measureAll(small, large, FullEffort));
-    return 0;
+    return runBenchmark(arguments, measureAll);
 }

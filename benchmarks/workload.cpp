@@ -13,23 +13,21 @@
 
 namespace
 {
-constexpr int SectionCount = 40;
-
 QString pageName(int file, int index)
 {
     return QStringLiteral("package%1_page%2").arg(file, 5, 10, QLatin1Char('0')).arg(index);
 }
 
-QString pagePath(int file, int index)
+QString pagePath(int section, int file, int index)
 {
-    return QStringLiteral("system_settings/section%1/%2").arg(file % SectionCount).arg(pageName(file, index));
+    return QStringLiteral("system_settings/section%1/%2").arg(section).arg(pageName(file, index));
 }
 
-QJsonObject makeEntry(int file, int index)
+QJsonObject makeEntry(int section, int file, int index)
 {
     const QString page = pageName(file, index);
     return {
-        {QStringLiteral("path"), pagePath(file, index)},
+        {QStringLiteral("path"), pagePath(section, file, index)},
         {QStringLiteral("type"), QStringLiteral("page")},
         {QStringLiteral("title"), QStringLiteral("Page %1 of package %2").arg(index).arg(file)},
         {QStringLiteral("translation_id"), QStringLiteral("settings-he-%1").arg(page)},
@@ -41,11 +39,11 @@ QJsonObject makeEntry(int file, int index)
     };
 }
 
-QByteArray makeFile(int file)
+QByteArray makeFile(int section, int file)
 {
     QJsonArray entries;
     for (int index = 0; index < Workload::EntriesPerFile; ++index) {
-        entries.append(makeEntry(file, index));
+        entries.append(makeEntry(section, file, index));
     }
     return QJsonDocument(QJsonObject{{QStringLiteral("translation_catalog"), QStringLiteral("benchmark")},
                                      {QStringLiteral("entries"), entries}})
@@ -68,8 +66,9 @@ void rename(const QString &from, const QString &to)
 }
 }
 
-Workload::Workload(int fileCount)
+Workload::Workload(int fileCount, int sectionCount)
     : m_fileCount(fileCount)
+    , m_sectionCount(sectionCount)
 {
     if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {
         qFatal("This program writes into system directories: run it through scripts/sandbox");
@@ -78,7 +77,7 @@ Workload::Workload(int fileCount)
     QDir().rmdir(Constants::EntriesDirectory);
     QDir().mkpath(storage());
     for (int file = 0; file < fileCount; ++file) {
-        writeFile(storage() + QLatin1Char('/') + fileName(file), makeFile(file));
+        writeFile(storage() + QLatin1Char('/') + fileName(file), makeFile(file % m_sectionCount, file));
     }
 }
 
@@ -106,7 +105,7 @@ QStringList Workload::entryPaths() const
     QStringList paths;
     for (int file = 0; file < m_fileCount; ++file) {
         for (int index = 0; index < EntriesPerFile; ++index) {
-            paths.append(pagePath(file, index));
+            paths.append(pagePath(file % m_sectionCount, file, index));
         }
     }
     return paths;
@@ -120,6 +119,28 @@ void Workload::putInPlace() const
 void Workload::takeAway() const
 {
     rename(Constants::EntriesDirectory, storage());
+}
+
+void Workload::hide(int first, int count) const
+{
+    QDir().mkpath(hidden());
+    for (int file = first; file < first + count; ++file) {
+        rename(Constants::EntriesDirectory + QLatin1Char('/') + fileName(file),
+               hidden() + QLatin1Char('/') + fileName(file));
+    }
+}
+
+void Workload::show(int first, int count) const
+{
+    for (int file = first; file < first + count; ++file) {
+        rename(hidden() + QLatin1Char('/') + fileName(file),
+               Constants::EntriesDirectory + QLatin1Char('/') + fileName(file));
+    }
+}
+
+QString Workload::hidden() const
+{
+    return Constants::EntriesDirectory + QStringLiteral("-hidden");
 }
 
 QString Workload::storage() const

@@ -7,7 +7,7 @@
 #include <QStringList>
 
 /**
- * Made-up registration files: five entries each, of seven keys ("params" is an object of one more), in forty
+ * Made-up registration files: five entries each, of seven keys ("params" is an object of one more), spread over
  * sections; one translation catalog for all. Besides them the blacklist of favourites, which is empty.
  *
  * They are written once, next to the entries directory, and moved into its place when they are needed.
@@ -18,7 +18,7 @@ class Workload
 public:
     static constexpr int EntriesPerFile = 5;
 
-    explicit Workload(int fileCount);
+    explicit Workload(int fileCount, int sectionCount = 40);
 
     int fileCount() const;
     /// Full paths, once the workload is in place.
@@ -27,9 +27,14 @@ public:
     QStringList entryPaths() const;
     void putInPlace() const;
     void takeAway() const;
+    /// Moves @p count files, from the one with the index @p first on, out of the directory that is in place.
+    void hide(int first, int count) const;
+    void show(int first, int count) const;
 
 private:
     QString storage() const;
+    QString hidden() const;
 
-    int m_fileCount;
+    const int m_fileCount;
+    const int m_sectionCount;
 };

@@ -2,18 +2,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "appearance.h"
-#include "maintenanceinterface.h"
-#include "registrationfiles.h"
+#include "demowindow.h"
 #include "screenshottour.h"
-#include "servicefaults.h"
 #include "treeprinter.h"
 
 #include <QCommandLineParser>
-#include <QDir>
 #include <QGuiApplication>
 #include <QLocale>
-#include <QQmlApplicationEngine>
-#include <QQmlContext>
 #include <QQuickWindow>
 #include <QTextStream>
 
@@ -32,10 +27,9 @@ const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
                                        QStringLiteral("Save a picture of every page into DIR and quit."),
                                        QStringLiteral("DIR"));
 
-int takeScreenshots(QQuickWindow *window, RegistrationFiles *files, ServiceFaults *faults,
-                    const QString &directory)
+int takeScreenshots(QQuickWindow *window, DemoWindow *demo, const QString &directory)
 {
-    return ScreenshotTour(window, files, faults, directory).run() && warningCount() == 0 ? 0 : 1;
+    return ScreenshotTour(window, demo->files(), demo->faults(), directory).run() && warningCount() == 0 ? 0 : 1;
 }
 }
 
@@ -60,27 +54,16 @@ int main(int argc, char *argv[])
     }
 
     setAppearance();
-    RegistrationFiles files(parser.value(s_packages));
-    OrgExampleMaintenanceInterface maintenance(QStringLiteral("org.example.Maintenance"),
-                                               QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
-    ServiceFaults faults;
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../qml")); // of the build
-    engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &files);
-    engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
-    engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
-    engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
-    engine.setInitialProperties({
+    DemoWindow demo(parser.value(s_packages));
+    QQuickWindow *const window = demo.open({
         {QStringLiteral("wide"), parser.isSet(s_wide)},
         {QStringLiteral("animated"), !parser.isSet(s_screenshots)},
     });
-    engine.load(QStringLiteral("qrc:/qml/Main.qml"));
-    if (engine.rootObjects().isEmpty()) {
+    if (!window) {
         return 1;
     }
     if (parser.isSet(s_screenshots)) {
-        auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
-        return takeScreenshots(window, &files, &faults, parser.value(s_screenshots));
+        return takeScreenshots(window, &demo, parser.value(s_screenshots));
     }
     return application.exec();
 }

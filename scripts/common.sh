@@ -20,13 +20,15 @@ packages=(
     qml-module-qtquick-controls2 qml-module-qtquick-layouts qml-module-qtquick-templates2 qml-module-qtquick-window2
     qml-module-qtgraphicaleffects breeze-icon-theme fonts-noto-core qtwayland5
     # benchmarks
-    libbenchmark-dev
+    libbenchmark-dev valgrind
     # the man pages
     scdoc
 )
 # What the tests need besides, scripts/lint among them.
 test_packages=(dpkg-dev python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
     zsh fish)
+# What scripts/benchmark needs besides.
+benchmark_packages=(python3 python3-matplotlib)
 # What scripts/package needs besides.
 package_packages=(debhelper git lintian mmdebstrap rpm rpmlint uidmap)
 # What the fuzz targets are built with.

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "instructions.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <valgrind/callgrind.h>
+
+void counted(const std::function<void()> &work)
+{
+    CALLGRIND_TOGGLE_COLLECT;
+    work();
+    CALLGRIND_TOGGLE_COLLECT;
+}
+
+double instructionsOf(const QStringList &arguments)
+{
+    QProcess valgrind;
+    valgrind.start(QStringLiteral("valgrind"),
+                   QStringList{QStringLiteral("--tool=callgrind"), QStringLiteral("--collect-atstart=no"),
+                               QStringLiteral("--callgrind-out-file=/dev/null"),
+                               QCoreApplication::applicationFilePath()}
+                       + arguments);
+    const bool hasEnded = valgrind.waitForFinished(-1) && valgrind.exitCode() == 0;
+    const QString output = QString::fromUtf8(valgrind.readAllStandardError());
+    const QRegularExpression collected(QStringLiteral("Collected : (\\d+)"));
+    const QRegularExpressionMatch match = collected.match(output);
+    if (!hasEnded || !match.hasMatch()) {
+        qFatal("Instructions are not counted: %s", qPrintable(output));
+    }
+    return match.captured(1).toDouble();
+}

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "demowindow.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QQmlContext>
+#include <QQuickWindow>
+
+DemoWindow::DemoWindow(const QString &packagesDirectory)
+    : m_files(packagesDirectory)
+    , m_maintenance(QStringLiteral("org.example.Maintenance"), QStringLiteral("/Maintenance"),
+                    QDBusConnection::sessionBus())
+{
+    m_engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../qml")); // of the build
+    m_engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &m_files);
+    m_engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &m_maintenance);
+    m_engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &m_faults);
+    m_engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
+}
+
+QQuickWindow *DemoWindow::open(const QVariantMap &properties)
+{
+    m_engine.setInitialProperties(properties);
+    m_engine.load(QStringLiteral("qrc:/qml/Main.qml"));
+    const QList<QObject *> windows = m_engine.rootObjects();
+    return windows.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(windows.constFirst());
+}
+
+RegistrationFiles *DemoWindow::files()
+{
+    return &m_files;
+}
+
+ServiceFaults *DemoWindow::faults()
+{
+    return &m_faults;
+}
