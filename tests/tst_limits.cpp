@@ -30,6 +30,8 @@ private Q_SLOTS:
     void nestedObjects();
     void hundredMegabytes();
     void tooLarge();
+    void junkIsNotKept();
+    void unloadedFileIsNotKept();
     void catalogElsewhere_data();
     void catalogElsewhere();
     void noCatalogElsewhere_data();
@@ -49,6 +51,13 @@ int statusKiB(const char *field)
     const QByteArray status = file.readAll();
     const int start = status.indexOf(field) + int(qstrlen(field)) + 1;
     return status.mid(start, status.indexOf("kB", start) - start).trimmed().toInt();
+}
+
+/// What is resident once the memory that is free has been given back.
+int trimmedKiB()
+{
+    malloc_trim(0);
+    return statusKiB("VmRSS:");
 }
 
 /// Lets the peak be what is resident now.
@@ -87,8 +96,7 @@ struct Load {
 Load load(int megabytes)
 {
     World::writeEntries(s_file, fileOfSize(megabytes * 1000 * 1000));
-    malloc_trim(0);
-    const int before = statusKiB("VmRSS:");
+    const int before = trimmedKiB();
     resetPeak();
     CpuTimer timer;
     timer.start();
@@ -99,9 +107,8 @@ Load load(int megabytes)
     }
     const qint64 time = timer.nsecsElapsed();
     const int peak = statusKiB("VmHWM:");
-    malloc_trim(0);
     World::removeEntries(s_file);
-    return {isLoaded ? time : -1, peak - before, statusKiB("VmRSS:") - before};
+    return {isLoaded ? time : -1, peak - before, trimmedKiB() - before};
 }
 
 QByteArray fileWithCatalog(const QString &name)
@@ -204,6 +211,30 @@ void LimitsTest::tooLarge()
     QTest::ignoreMessage(QtWarningMsg, qPrintable(text("Can't read entries file \"%1\"").arg(s_file)));
     const PluginRegistry registry;
     QVERIFY(!registry.getItem({text("a")}));
+}
+
+void LimitsTest::junkIsNotKept()
+{
+    World::writeEntries(s_file, R"({"entries": [{"path": "a"}], "junk": ")" + QByteArray(50000000, 'x') + "\"}");
+    const int before = trimmedKiB();
+    const PluginRegistry registry;
+    QVERIFY(registry.getItem({text("a")}));
+    const int kept = trimmedKiB() - before;
+    QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
+}
+
+// One of its nodes stays, for the entry of another file is below it.
+void LimitsTest::unloadedFileIsNotKept()
+{
+    World::writeEntries(s_file, fileOfSize(50000000));
+    World::writeEntries(text("y.json"), R"({"entries": [{"path": "last/child"}]})");
+    const int before = trimmedKiB();
+    PluginRegistry registry;
+    registry.removeEntriesForFile(s_file);
+    QCOMPARE(registry.getItem({text("last")})->fromFile(), s_file);
+    QCOMPARE(registry.getItem({text("last")})->value(text("path")), QVariant(text("last")));
+    const int kept = trimmedKiB() - before;
+    QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
 }
 
 void LimitsTest::catalogElsewhere_data()

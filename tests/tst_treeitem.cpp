@@ -430,7 +430,9 @@ void TreeItemTest::parentOfReplacedChildIsIndexedOnce()
     const std::unique_ptr<TreeItem> old(parent->insertItem(path("b"), entry("two.json")));
     parent->addChild(new TreeItem(text("b"), entry("two.json")));
     QCOMPARE(index.removableWith({text("one.json")}), QVector<QPointer<TreeItem>>{parent});
+    QCOMPARE(index.removableWith({text("two.json")}), QVector<QPointer<TreeItem>>{parent->lookup(path("b"))});
     QCOMPARE(parent->count(), 1);
+    QVERIFY(!old->parentItem());
 }
 
 void TreeItemTest::subitemsInPreOrder()

@@ -24,6 +24,9 @@
 
 namespace
 {
+/// What a file may have for each entry, in bytes, to be kept as text: it may be anything but entries.
+constexpr qint64 MaxTextOfEntry = 4096;
+
 /// Whether a file can have @p name. QTranslator would look for a longer one in ever shorter forms, for hours.
 bool isFileName(const QString &name)
 {
@@ -100,7 +103,8 @@ void EntryTree::load(const QString &fileName)
 
 void EntryTree::insertEntries(const FileReport &report)
 {
-    const TreeItem::Entries entries(new FileEntries(report.file->entries, report.content));
+    const bool isText = report.content.size() <= MaxTextOfEntry * report.file->entries.size();
+    const TreeItem::Entries entries(new FileEntries(report.file->entries, isText ? report.content : QByteArray()));
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
         const EntryFate fate = insertEntry(entries, index, report.name, &item);
@@ -146,6 +150,11 @@ void EntryTree::unload(const QSet<QString> &fileNames)
     const QVector<QPointer<TreeItem>> items = m_index->removableWith(fileNames);
     for (const QPointer<TreeItem> &item : items) {
         pruneUpwards(item, fileNames);
+    }
+    for (const QPointer<TreeItem> &item : items) {
+        if (item && item->isDeclared()) {
+            item->keepEntryAlone(); // for its children's sake
+        }
     }
 }
 

@@ -39,7 +39,7 @@ std::optional<QByteArray> readTextFile(const QString &path)
     if (path.contains(QChar::Null)) {
         return {}; // the kernel would see the part before it
     }
-    // QFile asks the kernel twice as much.
+    // QFile asks the kernel twice as much. Whoever waits to write into a pipe goes on and finds no reader.
     const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (file < 0) {
         return {};

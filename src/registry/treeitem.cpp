@@ -161,7 +161,10 @@ void TreeItem::addChild(TreeItem *child)
     if (wasLeaf) {
         leaveIndex(); // it may be there as a node that nothing keeps
     }
-    takeChild(child->m_name);
+    if (TreeItem *replaced = takeChild(child->m_name)) {
+        replaced->m_parent = nullptr;
+        replaced->setIndex(nullptr);
+    }
     child->m_parent = this;
     child->m_position = m_children.size();
     m_children.append(child);
@@ -183,11 +186,11 @@ void TreeItem::removeChild(TreeItem *child)
     delete child;
 }
 
-void TreeItem::takeChild(const QString &name)
+TreeItem *TreeItem::takeChild(const QString &name)
 {
-    const TreeItem *child = m_childrenByName.take(name);
+    TreeItem *child = m_childrenByName.take(name);
     if (!child) {
-        return;
+        return nullptr;
     }
     TreeItem *last = m_children.takeLast();
     if (last != child) {
@@ -195,6 +198,7 @@ void TreeItem::takeChild(const QString &name)
         last->m_position = child->m_position;
         m_isSorted = false;
     }
+    return child;
 }
 
 TreeItem *TreeItem::insertItem(const QStringList &path, const QVariantMap &data)
@@ -239,6 +243,12 @@ void TreeItem::setEntry(const Entries &entries, int index, const QString &fromFi
         m_parent->m_isSorted = false;
     }
     enterIndex();
+}
+
+void TreeItem::keepEntryAlone()
+{
+    m_entries = Entries(new FileEntries({entry()}));
+    m_entryIndex = 0;
 }
 
 QJsonObject TreeItem::entry() const
@@ -359,7 +369,7 @@ void TreeItem::dumpTree(int indent) const
         if (next.item != this) {
             qCInfo(lcSettings) << next.indent << "key:" << next.item->m_name << "data:" << next.item->data();
         }
-        for (const TreeItem *child : next.item->m_children) {
+        for (const TreeItem *child : qAsConst(next.item->m_children)) {
             pending.append({child, next.indent + 1});
         }
     }

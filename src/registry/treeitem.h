@@ -67,7 +67,7 @@ public:
     QString fromFile() const;
     int order() const; ///< "order" as an int, 100 when it is missing or null
 
-    /// Takes ownership of @p child. A child of the same name is replaced, but not deleted.
+    /// Takes ownership of @p child. A child of the same name leaves the tree, but is not deleted.
     void addChild(TreeItem *child);
     /// Takes @p child out of this node and deletes it. Whoever hears of its death must leave the tree as it is.
     void removeChild(TreeItem *child);
@@ -101,6 +101,8 @@ public:
     /// insertItem() for one of @p entries, those of the file @p fromFile, whose name replaces any "from_file" in it.
     Q_DECL_HIDDEN TreeItem *insertEntry(const QStringList &path, const Entries &entries, int index,
                                         const QString &fromFile);
+    /// Lets go of the other entries of its file.
+    Q_DECL_HIDDEN void keepEntryAlone();
 
 private:
     friend class FileIndex;
@@ -110,7 +112,7 @@ private:
     Q_DECL_HIDDEN QJsonObject entry() const;
     Q_DECL_HIDDEN QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
     Q_DECL_HIDDEN void sortChildren() const;
-    Q_DECL_HIDDEN void takeChild(const QString &name);
+    Q_DECL_HIDDEN TreeItem *takeChild(const QString &name);
     Q_DECL_HIDDEN void enterIndex();
     Q_DECL_HIDDEN void leaveIndex();
 
