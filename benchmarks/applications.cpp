@@ -96,7 +96,7 @@ Runs measureRebuilds(Model *model, int runs)
     Runs result;
     for (int run = 0; run < runs; ++run) {
         const double before = floor();
-        const double work = cpuSeconds([model] { QMetaObject::invokeMethod(model, "launcherModelReset"); });
+        const double work = cpuSeconds([model] { callSlot(model, "launcherModelReset"); });
         result.add(before, work, floor());
     }
     return result;

@@ -105,6 +105,9 @@ private:
         }
         const QString name = QStringLiteral("D-Bus calls, page %1").arg(page);
         const int sum = std::accumulate(calls.cbegin(), calls.cend(), 0);
+        if (m_measures.isEmpty() && sum == 0) {
+            qFatal("The calls of the demo are not heard");
+        }
         m_measures.append({name, QStringLiteral("≤ %1").arg(maximum), {double(sum)}, double(maximum)});
         for (auto call = calls.cbegin(); call != calls.cend(); ++call) {
             m_measures.append({name + QStringLiteral(", of ") + call.key(), {}, {double(*call)}});

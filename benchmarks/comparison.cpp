@@ -33,6 +33,13 @@ double cpuSeconds(const std::function<void()> &work)
     return threadTime() - start;
 }
 
+void callSlot(QObject *object, const char *slot)
+{
+    if (!QMetaObject::invokeMethod(object, slot)) {
+        qFatal("There is no %s()", slot);
+    }
+}
+
 QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale)
 {
     std::transform(values.cbegin(), values.cend(), values.begin(), scale);

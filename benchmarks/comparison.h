@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QObject>
 #include <QVector>
 
 #include <functional>
@@ -11,6 +12,9 @@
 double seconds(const std::function<void()> &work);
 /// The processor time of this thread for @p work: what others do on the machine counts less.
 double cpuSeconds(const std::function<void()> &work);
+
+/// Calls the slot of @p object, which may be private. Ends the process when there is none.
+void callSlot(QObject *object, const char *slot);
 
 /// @p values, each turned by @p scale.
 QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale);

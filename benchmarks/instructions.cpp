@@ -19,6 +19,9 @@ void counted(const std::function<void()> &work)
 double instructionsOf(const QStringList &arguments)
 {
     QProcess valgrind;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_HASH_SEED"), QStringLiteral("0")); // else another order in each process
+    valgrind.setProcessEnvironment(environment);
     valgrind.start(QStringLiteral("valgrind"),
                    QStringList{QStringLiteral("--tool=callgrind"), QStringLiteral("--collect-atstart=no"),
                                QStringLiteral("--callgrind-out-file=/dev/null"),

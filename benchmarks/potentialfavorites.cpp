@@ -62,7 +62,7 @@ public:
 private:
     static void rescan()
     {
-        QMetaObject::invokeMethod(PluginRegistry::instance(), "monitoredDirectoryChanged");
+        callSlot(PluginRegistry::instance(), "monitoredDirectoryChanged");
     }
 
     const Workload &m_workload;
@@ -132,7 +132,7 @@ Samples measure(const Size &size)
     const auto model = makeModel();
     model->componentComplete();
     for (int i = 0; i < size.runs; ++i) {
-        samples.rebuilds.append(cpuSeconds([&model] { QMetaObject::invokeMethod(model.get(), "resetModel"); }));
+        samples.rebuilds.append(cpuSeconds([&model] { callSlot(model.get(), "resetModel"); }));
         samples.edits.append(cpuSeconds([&] { edit(model.get(), paths.last()); }));
         samples.questions.append(cpuSeconds([&] { ask(*model, paths); }));
         QCoreApplication::processEvents(); // what dconf has to say of the edits
@@ -153,7 +153,7 @@ void count(const QString &what, int files)
     }
     model->componentComplete();
     if (what == s_rebuild) {
-        counted([&model] { QMetaObject::invokeMethod(model.get(), "resetModel"); });
+        counted([&model] { callSlot(model.get(), "resetModel"); });
     } else {
         counted([&] { edit(model.get(), paths.last()); });
     }

@@ -135,7 +135,7 @@ void construct(benchmark::State &state, const Workload &workload, Samples &sampl
 
 double rescanSeconds(PluginRegistry *registry)
 {
-    return seconds([registry] { QMetaObject::invokeMethod(registry, "monitoredDirectoryChanged"); });
+    return seconds([registry] { callSlot(registry, "monitoredDirectoryChanged"); });
 }
 
 /// Each time with another file.
@@ -172,6 +172,10 @@ void change(benchmark::State &state, const Workload &workload, Samples &samples)
 void removeBatches(benchmark::State &state, const Workload &workload, Samples &samples)
 {
     PluginRegistry registry;
+    const QStringList paths = workload.entryPaths();
+    const auto firstPath = [&paths](int file) {
+        return paths.at(file * Workload::EntriesPerFile).split(QLatin1Char('/'));
+    };
     const int batches = workload.fileCount() / BatchFiles;
     int batch = 0;
     for (auto iteration : state) {
@@ -179,6 +183,9 @@ void removeBatches(benchmark::State &state, const Workload &workload, Samples &s
         batch = (batch + 1) % batches;
         workload.hide(batch * BatchFiles, BatchFiles);
         samples.batches.append(rescanSeconds(&registry));
+        if (registry.getItem(firstPath(batch * BatchFiles))) {
+            qFatal("The files of the batch are still there");
+        }
         workload.show(batch * BatchFiles, BatchFiles);
         rescanSeconds(&registry);
         state.SetIterationTime(samples.batches.last());
