@@ -10,9 +10,9 @@ constexpr int MaxSpareSlots = 64;
 
 void ItemRows::reset(const QList<TreeItem *> &items)
 {
-    assign({});
+    clear(items.size());
     for (TreeItem *item : items) {
-        append(item);
+        appendSlot({item, item});
     }
 }
 
@@ -69,16 +69,21 @@ QVector<ItemRows::Slot> ItemRows::rows() const
 
 void ItemRows::assign(const QVector<Slot> &rows)
 {
-    m_slots.clear();
-    m_slots.reserve(rows.size());
-    m_slotsOf.clear();
-    m_slotsOf.reserve(rows.size());
-    m_removed = {0};
-    m_removed.reserve(rows.size() + 1);
-    m_count = 0;
+    clear(rows.size());
     for (const Slot &row : rows) {
         appendSlot(row);
     }
+}
+
+void ItemRows::clear(int capacity)
+{
+    m_slots.clear();
+    m_slots.reserve(capacity);
+    m_slotsOf.clear();
+    m_slotsOf.reserve(capacity);
+    m_removed = {0};
+    m_removed.reserve(capacity + 1);
+    m_count = 0;
 }
 
 void ItemRows::appendSlot(const Slot &slot)

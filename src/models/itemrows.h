@@ -33,6 +33,7 @@ private:
 
     QVector<Slot> rows() const;
     void assign(const QVector<Slot> &rows);
+    void clear(int capacity);
     void appendSlot(const Slot &slot);
     int slotOfRow(int row) const;
     int removedBefore(int slot) const;
