@@ -15,10 +15,9 @@ FileEntries::FileEntries(const QJsonArray &entries, const QByteArray &text)
 
 QJsonObject FileEntries::at(int index) const
 {
-    if (m_isForgotten) {
+    if (m_entries.isEmpty()) {
         m_entries = parseRegistrationFile(m_text, QString())->entries;
         m_text.clear();
-        m_isForgotten = false;
     }
     return m_entries.at(index).toObject();
 }
@@ -27,6 +26,5 @@ void FileEntries::forget()
 {
     if (!m_text.isEmpty()) {
         m_entries = {};
-        m_isForgotten = true;
     }
 }

@@ -19,12 +19,11 @@ public:
     /// @p text is the file's, null when there is none.
     explicit FileEntries(const QJsonArray &entries, const QByteArray &text = {});
 
-    QJsonObject at(int index) const;
+    QJsonObject at(int index) const; ///< @p index must be that of one of them
     /// Keeps nothing but the text, if there is one.
     void forget();
 
 private:
-    mutable QJsonArray m_entries;
+    mutable QJsonArray m_entries; ///< empty while they are forgotten
     mutable QByteArray m_text; ///< null once they have been parsed again
-    mutable bool m_isForgotten = false;
 };
