@@ -42,13 +42,6 @@ struct Samples {
     QVector<double> notifications;
 };
 
-void require(bool condition, const char *what)
-{
-    if (!condition) {
-        qFatal("%s", what);
-    }
-}
-
 class PlainObject : public QObject
 {
 public:

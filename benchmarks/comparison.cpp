@@ -33,6 +33,13 @@ double cpuSeconds(const std::function<void()> &work)
     return threadTime() - start;
 }
 
+void require(bool condition, const char *what)
+{
+    if (!condition) {
+        qFatal("%s", what);
+    }
+}
+
 void callSlot(QObject *object, const char *slot)
 {
     if (!QMetaObject::invokeMethod(object, slot)) {
@@ -46,15 +53,15 @@ QVector<double> scaled(QVector<double> values, const std::function<double(double
     return values;
 }
 
+QVector<double> over(const QVector<double> &samples, const QVector<double> &usual)
+{
+    const double middle = median(usual);
+    return scaled(samples, [middle](double sample) { return sample / middle; });
+}
+
 void Runs::add(double floorBefore, double work, double floorAfter)
 {
     seconds.append(work);
     overFloor.append(2 * work / (floorBefore + floorAfter));
     noise.append(floorAfter / floorBefore);
-}
-
-QVector<double> Runs::over(const Runs &other) const
-{
-    const double usual = median(other.seconds);
-    return scaled(seconds, [usual](double run) { return run / usual; });
 }

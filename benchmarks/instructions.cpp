@@ -9,13 +9,8 @@
 
 #include <valgrind/callgrind.h>
 
-void counted(const std::function<void()> &work)
+namespace
 {
-    CALLGRIND_TOGGLE_COLLECT;
-    work();
-    CALLGRIND_TOGGLE_COLLECT;
-}
-
 double instructionsOf(const QStringList &arguments)
 {
     QProcess valgrind;
@@ -35,4 +30,21 @@ double instructionsOf(const QStringList &arguments)
         qFatal("Instructions are not counted: %s", qPrintable(output));
     }
     return match.captured(1).toDouble();
+}
+}
+
+void counted(const std::function<void()> &work)
+{
+    CALLGRIND_TOGGLE_COLLECT;
+    work();
+    CALLGRIND_TOGGLE_COLLECT;
+}
+
+QVector<Measure> growthOfInstructions(const QString &what, const QStringList &arguments, const QVector<int> &sizes)
+{
+    QVector<Cost> instructions;
+    for (const int size : sizes) {
+        instructions.append({what, size, {instructionsOf(arguments + QStringList{QString::number(size)})}});
+    }
+    return growths(instructions);
 }

@@ -3,12 +3,16 @@
 
 #pragma once
 
+#include "report.h"
+
 #include <QStringList>
 
 #include <functional>
 
-/// Does @p work. Its instructions are what instructionsOf() counts; there may be one call in a process.
+/// Does @p work, whose instructions growthOfInstructions() counts; there may be one call in a process.
 void counted(const std::function<void()> &work);
-/// How many instructions this program executes in counted() when it runs with @p arguments, under valgrind: the same
-/// on every machine with the same libraries, whatever else it does.
-double instructionsOf(const QStringList &arguments);
+/// How the instructions of @p what, which this program executes in counted() when it runs with @p arguments and one of
+/// @p sizes, grow from each size to the next. Valgrind counts them: about the same on every machine. The time grows with
+/// the caches that a larger input leaves, too.
+QVector<Measure> growthOfInstructions(const QString &what, const QStringList &arguments,
+                                      const QVector<int> &sizes);

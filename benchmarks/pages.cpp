@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What a page costs when one of its files was loaded anew, with 20, 200 and 2,000 rows. The floor is to copy and sort as many plain
-// structs with the texts that the entries have, by the same keys. And what QML takes to read all roles and properties of
-// all rows. Wall time, each rebuild between two floors.
+// What a page costs when one of its files was loaded anew, with 20, 200 and 2,000 rows. The floor is to copy and sort as
+// many plain structs with the texts that the entries have, by the same keys. And what QML takes to read all roles and
+// properties of all rows. Wall time, each rebuild between two floors.
 
 #include "comparison.h"
 #include "instructions.h"
@@ -160,7 +160,6 @@ Report measureAll(Effort effort)
     Report report;
     QVector<Cost> rebuildCosts;
     QVector<Cost> readingCosts;
-    QVector<Cost> instructions;
     for (const int rows : s_rows) {
         const Workload workload = workloadOf(rows);
         Page page(workload);
@@ -172,11 +171,9 @@ Report measureAll(Effort effort)
         readingCosts.append(
             {QStringLiteral("page: read all roles from QML"), rows, readings(page.model(), runs / 10)});
         workload.takeAway();
-        instructions.append({QStringLiteral("instructions of rebuilding a page, nothing changed"),
-                             rows,
-                             {instructionsOf({s_rebuildOption, QString::number(rows)})}});
     }
-    report.measures += growths(instructions);
+    report.measures += growthOfInstructions(QStringLiteral("instructions of rebuilding a page, nothing changed"),
+                                            {s_rebuildOption}, s_rows);
     report.costs = rebuildCosts + readingCosts;
     return report;
 }

@@ -75,13 +75,6 @@ struct Samples {
     QVector<double> edits;
 };
 
-void require(bool condition, const char *what)
-{
-    if (!condition) {
-        qFatal("%s", what);
-    }
-}
-
 /// Without rows until it is complete.
 std::unique_ptr<FavoritesModel> makeModel()
 {
@@ -159,16 +152,10 @@ void count(const QString &what, int files)
     }
 }
 
-/// By instructions: a tree that leaves the processor's cache takes more time than its size tells.
 QVector<Measure> growthOf(const QString &what)
 {
-    QVector<Cost> instructions;
-    for (const int files : s_countedFiles) {
-        instructions.append({QStringLiteral("potential favourites: instructions of ") + what,
-                             files,
-                             {instructionsOf({s_countOption, what, QString::number(files)})}});
-    }
-    return growths(instructions);
+    return growthOfInstructions(QStringLiteral("potential favourites: instructions of ") + what,
+                                {s_countOption, what}, s_countedFiles);
 }
 
 Report measureAll(Effort effort)

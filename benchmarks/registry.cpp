@@ -229,18 +229,6 @@ QVector<Measure> memory()
     return measures;
 }
 
-/// How the instructions of @p option grow. The time grows with the caches that a larger tree leaves, too.
-QVector<Measure> growthOfInstructions(const QString &what, const QString &option)
-{
-    QVector<Cost> instructions;
-    for (const int files : s_countedFiles) {
-        instructions.append({QStringLiteral("instructions of ") + what,
-                             files,
-                             {instructionsOf({option, QString::number(files)})}});
-    }
-    return growths(instructions);
-}
-
 int runCounted(const QString &option, int files)
 {
     const Workload workload(files);
@@ -281,12 +269,6 @@ Samples measure(const Size &size)
     benchmark::RunSpecifiedBenchmarks(&reporter);
     workload.takeAway();
     return samples;
-}
-
-QVector<double> over(const QVector<double> &samples, const QVector<double> &usual)
-{
-    const double middle = median(usual);
-    return scaled(samples, [middle](double sample) { return sample / middle; });
 }
 
 QVector<Measure> ratios(int files, const Samples &samples)
@@ -331,8 +313,10 @@ Report measureAll(Effort effort)
             changes.append({QStringLiteral("registry: 200 files removed at once"), size.files, samples.batches});
         }
     }
-    report.measures += growthOfInstructions(QStringLiteral("constructing"), s_constructOption)
-                       + growthOfInstructions(QStringLiteral("listing the whole tree again"), s_listOption)
+    report.measures += growthOfInstructions(QStringLiteral("instructions of constructing"), {s_constructOption},
+                                            s_countedFiles)
+                       + growthOfInstructions(QStringLiteral("instructions of listing the whole tree again"),
+                                              {s_listOption}, s_countedFiles)
                        + growths(reloads, 2) + memory();
     report.costs = constructions + listings + reloads + changes;
     return report;

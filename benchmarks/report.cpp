@@ -103,11 +103,9 @@ QVector<Measure> growths(const QVector<Cost> &costs, double maximum)
     for (int i = 1; i < costs.size(); ++i) {
         const Cost &small = costs.at(i - 1);
         const Cost &large = costs.at(i);
-        const double usual = median(small.seconds);
         measures.append(
             {QStringLiteral("%1, %2 / %3").arg(large.series, sizeText(large.size), sizeText(small.size)),
-             QStringLiteral("≤ %1").arg(maximum),
-             scaled(large.seconds, [usual](double run) { return run / usual; }), maximum});
+             QStringLiteral("≤ %1").arg(maximum), over(large.seconds, small.seconds), maximum});
     }
     return measures;
 }

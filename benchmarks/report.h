@@ -44,8 +44,8 @@ enum class Effort {
 
 /**
  * Measures and prints, as the program's @p arguments ask: the report as JSON; with --check what is measured with
- * little effort, and whether each measure is acceptable at one of three attempts, for others may keep the machine busy. Returns
- * the program's exit code.
+ * little effort, and whether each measure is acceptable at one of three attempts, for others may keep the machine busy.
+ * Returns the program's exit code.
  */
 int runBenchmark(const QStringList &arguments, const std::function<Report(Effort)> &measure);
 
