@@ -4,6 +4,7 @@
 #include "actions/callcheck.h"
 
 #include "dbuspeer.h"
+#include "growth.h"
 #include "text.h"
 #include "world.h"
 
@@ -11,7 +12,6 @@
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
-#include <QElapsedTimer>
 #include <QTest>
 
 namespace
@@ -432,10 +432,10 @@ void CallCheckTest::hugePathIsRefused()
 
 void CallCheckTest::isLinearInElements()
 {
-    QVERIFY(World::isLinear(
+    QVERIFY(Growth::isLinear(
         [](int size) {
             const QDBusMessage message = call({QVariant(copies(size, QVariantList{true}))});
-            QElapsedTimer timer;
+            CpuTimer timer;
             timer.start();
             return objectionTo(message).isValid() ? -1 : timer.nsecsElapsed();
         },
@@ -444,14 +444,14 @@ void CallCheckTest::isLinearInElements()
 
 void CallCheckTest::isLinearInKeys()
 {
-    QVERIFY(World::isLinear(
+    QVERIFY(Growth::isLinear(
         [](int size) {
             QVariantMap map;
             for (int i = 0; i < size; ++i) {
                 map.insert(QString::number(i), text("value"));
             }
             const QDBusMessage message = call({map});
-            QElapsedTimer timer;
+            CpuTimer timer;
             timer.start();
             return objectionTo(message).isValid() ? -1 : timer.nsecsElapsed();
         },

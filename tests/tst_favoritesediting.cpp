@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "dconftool.h"
+#include "growth.h"
 #include "lateannouncements.h"
 #include "messagelog.h"
 #include "registry/pluginregistry.h"
@@ -949,7 +950,7 @@ void FavoritesEditingTest::editsInLinearTime()
         const int expected = edit == 0 ? count + 10 : edit == 1 ? count - 10 : count;
         return model.count() == expected ? timer.nsecsElapsed() : -1;
     };
-    QVERIFY(World::isLinear(measure, 500));
+    QVERIFY(Growth::isLinear(measure, 500));
 }
 
 QTEST_GUILESS_MAIN(FavoritesEditingTest)

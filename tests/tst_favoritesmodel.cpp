@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "dconftool.h"
+#include "growth.h"
 #include "messagelog.h"
 #include "registry/messages.h"
 #include "registry/pluginregistry.h"
@@ -777,7 +778,7 @@ void FavoritesModelTest::rebuildsInLinearTime()
         storeFavorites(QStringList(text("nowhere")) + paths);
         return model.count() == count ? timer.nsecsElapsed() : -1;
     };
-    QVERIFY(World::isLinear(rebuild, 1000));
+    QVERIFY(Growth::isLinear(rebuild, 1000));
 }
 
 void FavoritesModelTest::rolesInLinearTime()
@@ -800,7 +801,7 @@ void FavoritesModelTest::rolesInLinearTime()
         }
         return found == count ? timer.nsecsElapsed() : -1;
     };
-    QVERIFY(World::isLinear(readAll, 1000));
+    QVERIFY(Growth::isLinear(readAll, 1000));
 }
 
 void FavoritesModelTest::entriesDieInLinearTime()
@@ -822,7 +823,7 @@ void FavoritesModelTest::entriesDieInLinearTime()
         World::rescan(PluginRegistry::instance());
         return before == count && model.count() == 0 ? timer.nsecsElapsed() : -1;
     };
-    QVERIFY(World::isLinear(loseAll, 3000));
+    QVERIFY(Growth::isLinear(loseAll, 3000));
 }
 
 QTEST_GUILESS_MAIN(FavoritesModelTest)

@@ -3,6 +3,7 @@
 
 #include "models/itemrows.h"
 
+#include "growth.h"
 #include "world.h"
 
 #include <QRandomGenerator>
@@ -128,7 +129,7 @@ void ItemRowsTest::losingAllRowsIsNotQuadratic()
         }
         return rows.count() == 0 ? timer.nsecsElapsed() : -1;
     };
-    QVERIFY(World::isLinear(work, 10000));
+    QVERIFY(Growth::isLinear(work, 10000));
 }
 
 QTEST_GUILESS_MAIN(ItemRowsTest)

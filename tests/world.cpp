@@ -13,33 +13,14 @@
 #include <QFile>
 #include <QStringList>
 
-#include <ctime>
-
 namespace
 {
-qint64 threadTime()
-{
-    timespec time;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
-}
-
 void requireSandbox()
 {
     if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {
         qFatal("This test writes into system directories: run it through scripts/sandbox");
     }
 }
-}
-
-void CpuTimer::start()
-{
-    m_start = threadTime();
-}
-
-qint64 CpuTimer::nsecsElapsed() const
-{
-    return threadTime() - m_start;
 }
 
 void World::writeFile(const QString &path, const QByteArray &content)
@@ -111,18 +92,4 @@ QStringList World::brokenInvariants(TreeItem *root)
         }
     }
     return broken;
-}
-
-bool World::isLinear(const std::function<qint64(int)> &work, int size)
-{
-    // Once in a while a busy machine makes the large work look worse; what grows too fast looks so each time.
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        const qint64 small = work(size);
-        const qint64 large = work(10 * size);
-        if (small > 0 && large > 0 && large < 40 * small) {
-            return true;
-        }
-        qWarning("%lld ns for %d, %lld ns for %d", small, size, large, 10 * size);
-    }
-    return false;
 }

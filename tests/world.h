@@ -7,21 +7,8 @@
 #include <QList>
 #include <QString>
 
-#include <functional>
-
 class PluginRegistry;
 class TreeItem;
-
-/// The time that this thread has been at work, whatever else the machine does. Used like QElapsedTimer.
-class CpuTimer
-{
-public:
-    void start();
-    qint64 nsecsElapsed() const;
-
-private:
-    qint64 m_start = 0;
-};
 
 /// The files and keys that the library reads, in the sandbox that the test runs in. Ends the test anywhere else.
 namespace World
@@ -49,10 +36,4 @@ void setMasked(const QStringList &paths);
 QStringList paths(TreeItem *root);
 /// What is wrong with the tree below @p root: links between parents and children, names and keys. Empty if sound.
 QStringList brokenInvariants(TreeItem *root);
-
-/**
- * Whether @p work takes about ten times as long for ten times @p size; with quadratic work it would be a hundred
- * times. It returns its nanoseconds of a CpuTimer, or -1 when its result is wrong.
- */
-bool isLinear(const std::function<qint64(int)> &work, int size);
 }
