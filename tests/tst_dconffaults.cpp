@@ -15,12 +15,11 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <gio/gio.h>
 
 #include <algorithm>
 
@@ -62,6 +61,8 @@ public:
     StoppedService()
         : m_process(pid_t(QDBusConnection::sessionBus().interface()->servicePid(text("ca.desrt.dconf"))))
     {
+        m_monitor.start(text("dbus-monitor"), {text("--session"), text("interface='ca.desrt.dconf.Writer'")});
+        waitForMessage("NameLost"); // what becomes a monitor loses its name
         if (m_process <= 0 || ::kill(m_process, SIGSTOP) != 0) {
             qFatal("There is no dconf service to stop");
         }
@@ -70,22 +71,31 @@ public:
     ~StoppedService()
     {
         ::kill(m_process, SIGKILL);
+        m_monitor.kill();
+        m_monitor.waitForFinished();
+    }
+
+    /// Returns when the bus has taken a change: dconf sends it from a thread of its own.
+    void waitForChange()
+    {
+        waitForMessage("Change");
     }
 
 private:
-    const pid_t m_process;
-};
+    void waitForMessage(const QByteArray &member)
+    {
+        while (!m_messages.contains("member=" + member + '\n')) {
+            if (!m_monitor.waitForReadyRead()) {
+                qFatal("There is no %s on the bus", member.constData());
+            }
+            m_messages += m_monitor.readAllStandardOutput();
+        }
+    }
 
-/// Returns when the bus has taken all that dconf has sent: it handles the messages of a connection in their order.
-void waitForTheBus()
-{
-    GDBusConnection *bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
-    GVariant *reply = g_dbus_connection_call_sync(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                  "org.freedesktop.DBus", "GetId", nullptr, nullptr,
-                                                  G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
-    g_clear_pointer(&reply, g_variant_unref);
-    g_object_unref(bus);
-}
+    const pid_t m_process;
+    QProcess m_monitor;
+    QByteArray m_messages;
+};
 
 /// What a machine of the other byte order would have written: the tables are alike, the signature and the values not.
 QByteArray swapped(QByteArray database)
@@ -169,11 +179,11 @@ void DconfFaultsTest::serviceDiesInAnEdit()
     const MessageLog log;
     const GLibWarnings warnings;
     {
-        const StoppedService service;
+        StoppedService service;
         edit(&model);
         QVERIFY(model.isConsistent());
         QVERIFY(storedFavorites() != path("a/b/c"));
-        waitForTheBus();
+        service.waitForChange();
         QVERIFY(pagesFollowTheRegistry());
     }
     QTRY_COMPARE(GLibWarnings::count(), 1);
@@ -200,10 +210,10 @@ void DconfFaultsTest::serviceDiesBeforeTheList()
     WatchedFavorites model;
     const GLibWarnings warnings;
     {
-        const StoppedService service;
+        StoppedService service;
         model->addFavorite(text("d"));
         QVERIFY(model->userModified());
-        waitForTheBus();
+        service.waitForChange();
     }
     QTRY_COMPARE(stored(WatchedFavorites::keyOfTests()), QByteArrayLiteral("['a', 'b', 'c', 'd']"));
     QTRY_VERIFY(!model->userModified());
@@ -237,11 +247,11 @@ void DconfFaultsTest::serviceDiesInSet()
     QSignalSpy changes(&item, &MGConfItem::valueChanged);
     const GLibWarnings warnings;
     {
-        const StoppedService service;
+        StoppedService service;
         item.set(after);
         QCOMPARE(item.value(), after);
         QCOMPARE(other.value(), QVariant(text("kept")));
-        waitForTheBus();
+        service.waitForChange();
     }
     QTRY_COMPARE(GLibWarnings::count(), 1);
     QTRY_COMPARE(changes.count(), 2); // there and back
