@@ -4,7 +4,6 @@
 #include "lateannouncements.h"
 
 #include <QByteArray>
-#include <QScopedValueRollback>
 
 #include <dconf.h>
 #include <dlfcn.h>
@@ -14,7 +13,6 @@
 namespace
 {
 bool s_late = false;
-bool s_writing = false;
 
 struct Announcement {
     DConfClient *client;
@@ -29,10 +27,10 @@ gboolean announce(gpointer data)
     return G_SOURCE_REMOVE;
 }
 
-/// The first handler of all
-void stopEarlyAnnouncement(DConfClient *client)
+/// The first handler of all. What this process writes is announced without a tag.
+void stopEarlyAnnouncement(DConfClient *client, const char *, const char *const *, const char *tag)
 {
-    if (s_late && s_writing) {
+    if (s_late && !tag) {
         g_signal_stop_emission_by_name(client, "changed");
     }
 }
@@ -56,7 +54,6 @@ extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 extern "C" Q_DECL_EXPORT gboolean dconf_client_write_fast(DConfClient *client, const gchar *path, GVariant *value,
                                                           GError **error)
 {
-    const QScopedValueRollback<bool> writing(s_writing, true);
     if (s_late) {
         g_idle_add(announce, new Announcement{client, path});
     }

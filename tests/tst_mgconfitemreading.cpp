@@ -5,6 +5,7 @@
 #include "growth.h"
 #include "mgconfitem.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <dconf.h>
@@ -13,6 +14,21 @@
 namespace
 {
 GVariant *s_staleAnswer = nullptr;
+bool s_writesQuietly = false; ///< the next time
+bool s_isQuiet = false;
+
+void silence(DConfClient *client)
+{
+    if (s_isQuiet) {
+        g_signal_stop_emission_by_name(client, "changed");
+    }
+}
+
+template<typename Function>
+Function *original(const char *name)
+{
+    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
 
 const QString s_key = QStringLiteral("/test/reading");
 
@@ -42,24 +58,40 @@ qint64 measureReading(int count)
 }
 }
 
-// The dynamic linker finds it before dconf's own.
+// The dynamic linker finds these before dconf's own.
+extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
+{
+    DConfClient *client = original<decltype(dconf_client_new)>("dconf_client_new")();
+    g_signal_connect(client, "changed", G_CALLBACK(silence), nullptr);
+    return client;
+}
+
 extern "C" Q_DECL_EXPORT GVariant *dconf_client_read(DConfClient *client, const gchar *path)
 {
     if (s_staleAnswer) {
         return std::exchange(s_staleAnswer, nullptr);
     }
-    static const auto read = reinterpret_cast<decltype(dconf_client_read) *>(
-        dlsym(RTLD_NEXT, "dconf_client_read"));
-    return read(client, path);
+    return original<decltype(dconf_client_read)>("dconf_client_read")(client, path);
 }
 
-// How MGConfItem copes with what dconf's reading is like.
+extern "C" Q_DECL_EXPORT gboolean dconf_client_write_fast(DConfClient *client, const gchar *path, GVariant *value,
+                                                          GError **error)
+{
+    s_isQuiet = std::exchange(s_writesQuietly, false);
+    const gboolean written = original<decltype(dconf_client_write_fast)>("dconf_client_write_fast")(client, path,
+                                                                                                    value, error);
+    s_isQuiet = false;
+    return written;
+}
+
+// How MGConfItem copes with dconf's reading values that are no longer there.
 class tst_MGConfItemReading : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void staleAnswerIsNotBelieved();
+    void unannouncedWriteIsNoticed();
     void longListTakesLinearTime();
 };
 
@@ -74,6 +106,26 @@ void tst_MGConfItemReading::staleAnswerIsNotBelieved()
     s_staleAnswer = g_variant_ref_sink(g_variant_new_int32(1));
     item.set(QVariant());
     QCOMPARE(item.value(), QVariant());
+}
+
+// dconf announces no write of the value that it reads at that moment, which may be the one before.
+void tst_MGConfItemReading::unannouncedWriteIsNoticed()
+{
+    MGConfItem item(s_key);
+    MGConfItem other(s_key);
+    item.set(1);
+    QSignalSpy changes(&item, &MGConfItem::valueChanged);
+    QSignalSpy otherChanges(&other, &MGConfItem::valueChanged);
+    s_writesQuietly = true;
+    item.set(2);
+    QVERIFY(!s_writesQuietly);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(otherChanges.count(), 1);
+    QCOMPARE(other.value(), QVariant(2));
+    item.set(2);
+    settle();
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(otherChanges.count(), 1);
 }
 
 void tst_MGConfItemReading::longListTakesLinearTime()

@@ -83,6 +83,9 @@ static GVariantPointer read(const QByteArray &path)
     }
 }
 
+/// How many times an item of this process has heard of its key.
+static int s_heard = 0;
+
 class MGConfItemPrivate
 {
 public:
@@ -149,6 +152,7 @@ void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *c
                                 MGConfItemPrivate *self)
 {
     if (self->concerns(prefix, changes)) {
+        ++s_heard;
         self->update();
     }
 }
@@ -174,6 +178,13 @@ void MGConfItemPrivate::update()
     }
     m_seen = std::move(seen);
     Q_EMIT m_item->valueChanged(); // a handler may delete the item
+}
+
+// dconf keeps quiet about a write that changes nothing, but what it compares with may be the value before the last.
+static void announce(const QByteArray &path)
+{
+    const char *const changes[] = {"", nullptr};
+    g_signal_emit_by_name(client(), "changed", path.constData(), changes, nullptr);
 }
 
 MGConfItem::MGConfItem(const QString &key, QObject *parent)
@@ -212,9 +223,12 @@ void MGConfItem::set(const QVariant &value)
     }
     // Handlers of valueChanged() run before the write returns, and may delete the item.
     const QByteArray path = d->m_path;
+    const int heard = s_heard;
     GError *error = nullptr;
     if (!dconf_client_write_fast(client(), path.constData(), stored.get(), &error)) {
         qWarning("MGConfItem: cannot write \"%s\": %s", path.constData(), error->message);
         g_error_free(error);
+    } else if (s_heard == heard) {
+        announce(path);
     }
 }
