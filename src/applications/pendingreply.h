@@ -35,20 +35,21 @@ Reply<Value> replyOf(const QDBusPendingCall &call)
     return {{}, qdbus_cast<Value>(message.arguments().constFirst())};
 }
 
-/// Calls @p handler with @p call when it is finished, unless @p context is dead by then.
+/// Calls @p handler with @p call when it is finished, unless @p context is dead by then; in the order of the answers.
 template<typename Handler>
 void whenFinished(const QDBusPendingCall &call, QObject *context, Handler handler)
 {
-    // Without a connection there is nothing that could ever finish.
-    if (call.isError()) {
-        QMetaObject::invokeMethod(
-            context, [handler, call] { handler(call); }, Qt::QueuedConnection);
-        return;
-    }
     auto *watcher = new QDBusPendingCallWatcher(call, context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
                      [handler](QDBusPendingCallWatcher *finished) {
+                         finished->disconnect();
                          finished->deleteLater();
                          handler(*finished);
                      });
+    // A call that was finished before it had a watcher is told by way of another object, and so after the next one;
+    // a call without a connection is never told.
+    if (call.isFinished()) {
+        QMetaObject::invokeMethod(
+            watcher, [watcher] { Q_EMIT watcher->finished(watcher); }, Qt::QueuedConnection);
+    }
 }
