@@ -155,7 +155,7 @@ void ApplicationServices::spoil(const QByteArray &method, Fault fault)
         define(method, {}, "");
         break;
     case AnswersTooLate: // for the buses' limit, see CMakeLists.txt
-        define(method, text("import time\ntime.sleep(1.2)\n") + assignment(s_methods.at(method).result));
+        define(method, text("import time\ntime.sleep(2.4)\n") + assignment(s_methods.at(method).result));
         break;
     case Dies:
         define(method, text("os._exit(0)"));

@@ -297,6 +297,7 @@ void tst_MGConfItem::valueReadInBetweenIsTakenBack()
     MGConfItem item(testKey());
     for (const QString &start : {QStringLiteral("1"), QString()}) {
         item.set(start.isEmpty() ? QVariant() : QVariant(1));
+        waitForWrites();
         settle();
         QSignalSpy spy(&item, &MGConfItem::valueChanged);
 
@@ -333,6 +334,7 @@ void tst_MGConfItem::handlerDeletesTheItem()
 
     item = new MGConfItem(testKey());
     connect(item, &MGConfItem::valueChanged, this, [item]() { delete item; });
+    waitForWrites();
     store(other.key(), QStringLiteral("2"));
     QTRY_VERIFY(!item);
     QTRY_COMPARE(spy.count(), 2);
