@@ -3,7 +3,7 @@
 
 #include "lateannouncements.h"
 
-#include <QByteArray>
+#include <QByteArrayList>
 
 #include <dconf.h>
 #include <dlfcn.h>
@@ -13,6 +13,7 @@
 namespace
 {
 bool s_late = false;
+QByteArrayList s_unannounced; ///< paths that were written late
 
 struct Announcement {
     DConfClient *client;
@@ -22,15 +23,16 @@ struct Announcement {
 gboolean announce(gpointer data)
 {
     const std::unique_ptr<Announcement> announcement(static_cast<Announcement *>(data));
+    s_unannounced.removeOne(announcement->path);
     const char *const changes[] = {"", nullptr};
     g_signal_emit_by_name(announcement->client, "changed", announcement->path.constData(), changes, "");
     return G_SOURCE_REMOVE;
 }
 
-/// The first handler of all. What this process writes is announced without a tag.
-void stopEarlyAnnouncement(DConfClient *client, const char *, const char *const *, const char *tag)
+/// The first handler of all. What this process writes is announced without a tag, and by its whole path.
+void stopEarlyAnnouncement(DConfClient *client, const char *path, const char *const *, const char *tag)
 {
-    if (s_late && !tag) {
+    if (s_late && !tag && s_unannounced.contains(path)) {
         g_signal_stop_emission_by_name(client, "changed");
     }
 }
@@ -55,6 +57,7 @@ extern "C" Q_DECL_EXPORT gboolean dconf_client_write_fast(DConfClient *client, c
                                                           GError **error)
 {
     if (s_late) {
+        s_unannounced.append(path);
         g_idle_add(announce, new Announcement{client, path});
     }
     return next(dconf_client_write_fast, "dconf_client_write_fast")(client, path, value, error);
