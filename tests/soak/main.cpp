@@ -58,6 +58,7 @@ public:
         : m_world(seed)
     {
         m_services.reset();
+        openAllKinds(&m_world, &m_services);
     }
 
     /// Operates until @p isOver. False when something is wrong.
@@ -133,7 +134,6 @@ bool run(quint32 seed, std::optional<int> minutes, int operations)
     QElapsedTimer timer;
     timer.start();
     Soak soak(seed);
-    prepareQml();
     const Resources start = soak.restAndMeasure();
     print(text("Seed %1\nAt the start:  %2").arg(seed).arg(start.toString()));
 

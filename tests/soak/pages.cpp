@@ -333,16 +333,12 @@ private:
     QQmlComponent m_component;
     std::unique_ptr<QObject> m_page;
 };
-}
 
-bool Page::isUpToDate(const SoakWorld &) const
-{
-    return true;
-}
+constexpr int KindCount = 10; ///< the more often one occurs, the more of it are opened
 
-std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services)
+std::unique_ptr<Page> openKind(int kind, SoakWorld *world, ApplicationServices *services)
 {
-    switch (world->below(10)) {
+    switch (kind) {
     case 0:
         return std::make_unique<QmlPage>();
     case 1:
@@ -359,9 +355,22 @@ std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services)
         return std::make_unique<SettingsPage>(world);
     }
 }
+}
 
-void prepareQml()
+bool Page::isUpToDate(const SoakWorld &) const
+{
+    return true;
+}
+
+std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services)
+{
+    return openKind(world->below(KindCount), world, services);
+}
+
+void openAllKinds(SoakWorld *world, ApplicationServices *services)
 {
     VelkaSettingsPlugin().registerTypes("com.velka.settings");
-    QmlPage();
+    for (int kind = 0; kind < KindCount; ++kind) {
+        openKind(kind, world, services);
+    }
 }

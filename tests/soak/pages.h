@@ -26,5 +26,6 @@ public:
 
 /// Any page. The ones with applications talk to @p services.
 std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services);
-/// Makes the types known that the pages in QML import, and whatever the first of them leaves behind.
-void prepareQml();
+/// Opens and closes each kind of page, for the first of a kind leaves behind what Qt makes once. Makes the types known
+/// that the pages in QML import.
+void openAllKinds(SoakWorld *world, ApplicationServices *services);

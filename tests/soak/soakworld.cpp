@@ -24,6 +24,7 @@ namespace
 constexpr int FileCount = 24;
 constexpr int PageCount = 6;
 constexpr int ApplicationCount = 12;
+constexpr int CatalogCount = 3;
 
 const QString s_custom = QStringLiteral("custom");
 
@@ -35,6 +36,11 @@ PluginRegistry *registry()
 QString fileName(int number)
 {
     return QStringLiteral("file%1.json").arg(number);
+}
+
+QString catalogOf(int number)
+{
+    return QStringLiteral("soak%1").arg(number % CatalogCount);
 }
 
 QByteArray desktopFile(int number)
@@ -92,6 +98,9 @@ SoakWorld::SoakWorld(quint32 seed)
     World::reset();
     World::writeEntries(text("base.json"), "{\"entries\": [" + entry(text("applications")) + "]}");
     World::rescan(registry());
+    for (int number = 0; number < CatalogCount; ++number) {
+        registry()->loadTranslationCatalog(catalogOf(number)); // a catalog stays for good
+    }
 }
 
 QRandomGenerator &SoakWorld::random()
@@ -188,7 +197,7 @@ void SoakWorld::writeSomeFile()
     for (const QString &path : qAsConst(paths)) {
         entries.append(entry(path));
     }
-    World::writeEntries(fileName(number), "{\"translation_catalog\": \"soak" + QByteArray::number(number % 3)
+    World::writeEntries(fileName(number), "{\"translation_catalog\": \"" + catalogOf(number).toUtf8()
                                               + "\", \"entries\": [" + entries.join(", ") + "]}");
     m_files.insert(number, paths);
 }
