@@ -21,6 +21,7 @@
 #include <QLoggingCategory>
 #include <QMetaMethod>
 #include <QPointer>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
@@ -755,7 +756,7 @@ void PluginRegistryTest::maskFromAnotherProcess()
     PluginRegistry registry;
     QSignalSpy changes(&registry, &PluginRegistry::contentChanged);
     waitForWrites();
-    store(Constants::MaskedSettingsKey, text("['x']"));
+    QCOMPARE(QProcess::execute(text("dconf"), {text("write"), Constants::MaskedSettingsKey, text("['x']")}), 0);
     QTRY_COMPARE(changes.count(), 1);
     QCOMPARE(paths(registry), QStringList());
 }

@@ -695,7 +695,7 @@ void TreeItemTest::deepPathCostsLinearTime()
         root.removeChild(root.lookup({deep.first()}));
         return right && empty ? timer.nsecsElapsed() : -1;
     };
-    QVERIFY(Growth::isLinear(work, 30000));
+    QVERIFY(Growth::isLinear(work, 100000));
 }
 
 void TreeItemTest::manySiblingsCostLinearTime()
