@@ -3,10 +3,11 @@
 
 #include "lateannouncements.h"
 
+#include "nextfunction.h"
+
 #include <QByteArrayList>
 
 #include <dconf.h>
-#include <dlfcn.h>
 
 #include <memory>
 
@@ -36,19 +37,13 @@ void stopEarlyAnnouncement(DConfClient *client, const char *path, const char *co
         g_signal_stop_emission_by_name(client, "changed");
     }
 }
-
-template<typename Function>
-Function *next(Function *, const char *name)
-{
-    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
-}
 }
 
 // The dynamic linker finds these before dconf's own.
 
 extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 {
-    DConfClient *client = next(dconf_client_new, "dconf_client_new")();
+    DConfClient *client = nextFunction(dconf_client_new, "dconf_client_new")();
     g_signal_connect(client, "changed", G_CALLBACK(stopEarlyAnnouncement), nullptr);
     return client;
 }
@@ -60,7 +55,7 @@ extern "C" Q_DECL_EXPORT gboolean dconf_client_write_fast(DConfClient *client, c
         s_unannounced.append(path);
         g_idle_add(announce, new Announcement{client, path});
     }
-    return next(dconf_client_write_fast, "dconf_client_write_fast")(client, path, value, error);
+    return nextFunction(dconf_client_write_fast, "dconf_client_write_fast")(client, path, value, error);
 }
 
 LateAnnouncements::LateAnnouncements()

@@ -4,12 +4,12 @@
 #include "dconftool.h"
 #include "growth.h"
 #include "mgconfitem.h"
+#include "nextfunction.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
 #include <dconf.h>
-#include <dlfcn.h>
 
 namespace
 {
@@ -21,12 +21,6 @@ void dropAnnouncement(DConfClient *client)
     if (std::exchange(s_dropsAnnouncement, false)) {
         g_signal_stop_emission_by_name(client, "changed");
     }
-}
-
-template<typename Function>
-Function *original(const char *name)
-{
-    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 
 const QString s_key = QStringLiteral("/test/reading");
@@ -60,7 +54,7 @@ qint64 measureReading(int count)
 // The dynamic linker finds these before dconf's own.
 extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 {
-    DConfClient *client = original<decltype(dconf_client_new)>("dconf_client_new")();
+    DConfClient *client = nextFunction(dconf_client_new, "dconf_client_new")();
     g_signal_connect(client, "changed", G_CALLBACK(dropAnnouncement), nullptr);
     return client;
 }
@@ -70,7 +64,7 @@ extern "C" Q_DECL_EXPORT GVariant *dconf_client_read(DConfClient *client, const 
     if (s_staleAnswer) {
         return std::exchange(s_staleAnswer, nullptr);
     }
-    return original<decltype(dconf_client_read)>("dconf_client_read")(client, path);
+    return nextFunction(dconf_client_read, "dconf_client_read")(client, path);
 }
 
 // How MGConfItem copes with dconf's reading values that are no longer there.
