@@ -3,8 +3,8 @@
 
 #include "answeringservices.h"
 
+#include "common/constants.h"
 #include "installedapplications.h"
-#include "plugin/constants.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

@@ -3,7 +3,7 @@
 
 #include "installedapplications.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 
 #include <QDir>
 #include <QFile>

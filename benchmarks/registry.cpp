@@ -14,7 +14,7 @@
 #include "statistics.h"
 #include "workload.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 

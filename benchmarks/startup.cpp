@@ -13,7 +13,7 @@
 #include "statistics.h"
 #include "workload.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,7 +3,7 @@
 
 #include "workload.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 
 #include <QDir>
 #include <QFile>

@@ -8,8 +8,8 @@
 #include "input.h"
 
 #include "../tests/modelreplica.h"
+#include "common/constants.h"
 #include "models/favoritesmodel.h"
-#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 

@@ -13,7 +13,7 @@
 #include "applications/notificationsclient.h"
 #include "applications/sandboxingclient.h"
 #include "applications/userapplicationlists.h"
-#include "plugin/constants.h"
+#include "common/constants.h"
 
 #include <launcherfoldermodel.h>
 

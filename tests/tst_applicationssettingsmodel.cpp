@@ -4,10 +4,10 @@
 #include "applications/applicationssettingsmodel.h"
 
 #include "applications.h"
+#include "common/messages.h"
 #include "growth.h"
 #include "messagelog.h"
 #include "modelreplica.h"
-#include "registry/messages.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "signallog.h"

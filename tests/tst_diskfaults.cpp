@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "common/constants.h"
 #include "favoritesedits.h"
 #include "messagelog.h"
 #include "models/settingsmodel.h"
-#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"

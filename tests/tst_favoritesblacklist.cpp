@@ -3,9 +3,9 @@
 
 #include "registry/favoritesblacklist.h"
 
+#include "common/constants.h"
+#include "common/messages.h"
 #include "messagelog.h"
-#include "plugin/constants.h"
-#include "registry/messages.h"
 #include "world.h"
 
 #include <QFile>

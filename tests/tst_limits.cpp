@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "catalogs.h"
+#include "common/constants.h"
 #include "growth.h"
 #include "messagelog.h"
 #include "models/favoritesmodel.h"
-#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"

@@ -3,11 +3,11 @@
 
 #include "registry/pluginregistry.h"
 
+#include "common/constants.h"
+#include "common/messages.h"
 #include "dconftool.h"
 #include "growth.h"
 #include "messagelog.h"
-#include "plugin/constants.h"
-#include "registry/messages.h"
 #include "registry/treeitem.h"
 #include "text.h"
 #include "world.h"

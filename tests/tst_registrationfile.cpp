@@ -3,9 +3,9 @@
 
 #include "registry/registrationfile.h"
 
+#include "common/messages.h"
 #include "messagelog.h"
 #include "registry/jsonvariant.h"
-#include "registry/messages.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -3,9 +3,9 @@
 
 #include "models/settingsmodel.h"
 
+#include "common/messages.h"
 #include "growth.h"
 #include "messagelog.h"
-#include "registry/messages.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"

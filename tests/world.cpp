@@ -3,7 +3,7 @@
 
 #include "world.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 

@@ -4,8 +4,8 @@
 #include "actions/quickactionreader.h"
 
 #include "actions/callcheck.h"
-#include "plugin/constants.h"
-#include "registry/messages.h"
+#include "common/constants.h"
+#include "common/messages.h"
 
 #include <mremoteaction.h>
 

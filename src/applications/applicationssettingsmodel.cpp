@@ -8,9 +8,9 @@
 #include "applications/launcherlisting.h"
 #include "applications/notificationsclient.h"
 #include "applications/userapplicationlists.h"
-#include "plugin/constants.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
+#include "common/constants.h"
+#include "common/logging.h"
+#include "common/messages.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 

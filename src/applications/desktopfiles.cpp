@@ -3,9 +3,9 @@
 
 #include "applications/desktopfiles.h"
 
-#include "plugin/constants.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
+#include "common/constants.h"
+#include "common/logging.h"
+#include "common/messages.h"
 
 #include <mdesktopentry.h>
 

@@ -4,9 +4,9 @@
 #include "applications/notificationsclient.h"
 
 #include "applications/pendingreply.h"
-#include "plugin/constants.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
+#include "common/constants.h"
+#include "common/logging.h"
+#include "common/messages.h"
 
 #include "notificationsconfigproxy.h"
 

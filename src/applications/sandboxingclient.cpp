@@ -5,9 +5,9 @@
 
 #include "applications/desktopfiles.h"
 #include "applications/pendingreply.h"
-#include "plugin/constants.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
+#include "common/constants.h"
+#include "common/logging.h"
+#include "common/messages.h"
 
 #include "tarnholddinterface.h"
 

@@ -5,8 +5,8 @@
 
 #include "applications/autostartclient.h"
 #include "applications/sandboxingclient.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
+#include "common/logging.h"
+#include "common/messages.h"
 
 #include <QPointer>
 

@@ -3,8 +3,8 @@
 
 #include "models/settingsmodel.h"
 
-#include "registry/logging.h"
-#include "registry/messages.h"
+#include "common/logging.h"
+#include "common/messages.h"
 #include "registry/pluginregistry.h"
 #include "registry/toqml.h"
 #include "registry/treeitem.h"

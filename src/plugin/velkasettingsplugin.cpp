@@ -4,12 +4,12 @@
 #include "plugin/velkasettingsplugin.h"
 
 #include "applications/applicationssettingsmodel.h"
+#include "common/constants.h"
 #include "models/favoritesmodel.h"
 #include "models/settingscontrolerror.h"
 #include "models/settingsmodel.h"
 #include "models/userapplicationsfiltermodel.h"
 #include "plugin/apptranslator.h"
-#include "plugin/constants.h"
 
 #include <QQmlEngine>
 #include <qqml.h>

@@ -3,7 +3,7 @@
 
 #include "registry/entrysources.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 
 #include <orvantaaccesscontrol.h>
 

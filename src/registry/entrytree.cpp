@@ -3,12 +3,12 @@
 
 #include "registry/entrytree.h"
 
+#include "common/logging.h"
+#include "common/messages.h"
 #include "registry/fileentries.h"
 #include "registry/fileindex.h"
 #include "registry/filereport.h"
 #include "registry/loadobserver.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"
 

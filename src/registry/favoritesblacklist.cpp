@@ -3,9 +3,9 @@
 
 #include "registry/favoritesblacklist.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
+#include "common/messages.h"
 #include "registry/blacklistfile.h"
-#include "registry/messages.h"
 #include "registry/textfile.h"
 
 #include <QDebug>

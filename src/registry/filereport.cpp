@@ -3,9 +3,9 @@
 
 #include "registry/filereport.h"
 
+#include "common/logging.h"
+#include "common/messages.h"
 #include "registry/entrysources.h"
-#include "registry/logging.h"
-#include "registry/messages.h"
 #include "registry/textfile.h"
 
 FileReport readRegistrationFile(const EntrySources &sources, const QString &fileName)

@@ -3,10 +3,10 @@
 
 #include "registry/pluginregistry.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
+#include "common/logging.h"
 #include "registry/entrytree.h"
 #include "registry/favoritesblacklist.h"
-#include "registry/logging.h"
 #include "registry/treeitem.h"
 
 #include <mgconfitem.h>

@@ -3,11 +3,11 @@
 
 #include "registry/treeitem.h"
 
-#include "plugin/constants.h"
+#include "common/constants.h"
+#include "common/logging.h"
 #include "registry/fileentries.h"
 #include "registry/fileindex.h"
 #include "registry/jsonvariant.h"
-#include "registry/logging.h"
 #include "registry/titles.h"
 
 #include <QJsonObject>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "velkasettings_export.h"
+#include "common/velkasettings_export.h"
 
 #include <QExplicitlySharedDataPointer>
 #include <QHash>

@@ -123,7 +123,7 @@ QStringList captures(const QString &pattern, const QString &text)
 QStringList libraryMessages()
 {
     const QString header = QString::fromUtf8(
-        readFile(s_project.filePath(QStringLiteral("src/registry/messages.h"))));
+        readFile(s_project.filePath(QStringLiteral("src/common/messages.h"))));
     QStringList messages = captures(QStringLiteral("= \"(.*)\";"), header);
     messages.replaceInStrings(QStringLiteral("\\\""), QStringLiteral("\""));
     return messages;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "applicationservices.h"
-#include "registry/messages.h"
+#include "common/messages.h"
 #include "soak/operations.h"
 #include "soak/pages.h"
 #include "soak/resources.h"

@@ -3,8 +3,8 @@
 
 #include "soak/soakworld.h"
 
+#include "common/constants.h"
 #include "dconftool.h"
-#include "plugin/constants.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"

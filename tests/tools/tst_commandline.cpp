@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "plugin/constants.h"
+#include "common/constants.h"
 #include "text.h"
 #include "tool.h"
 #include "world.h"

@@ -3,8 +3,8 @@
 
 #include "checker.h"
 #include "commands.h"
+#include "common/constants.h"
 #include "formats.h"
-#include "plugin/constants.h"
 #include "progress.h"
 #include "terminal.h"
 

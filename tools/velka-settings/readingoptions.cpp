@@ -4,7 +4,7 @@
 #include "readingoptions.h"
 
 #include "commands.h"
-#include "plugin/constants.h"
+#include "common/constants.h"
 #include "progress.h"
 
 #include <mgconfitem.h>

@@ -3,8 +3,8 @@
 
 #include "whytext.h"
 
+#include "common/constants.h"
 #include "inspection.h"
-#include "plugin/constants.h"
 
 namespace
 {

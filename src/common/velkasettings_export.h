@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QtGlobal>
+
+/// Marks what other programs may use of the library. VELKASETTINGS_LIBRARY is defined while the library is compiled.
+#if defined(VELKASETTINGS_LIBRARY)
+#define VELKASETTINGS_EXPORT Q_DECL_EXPORT
+#else
+#define VELKASETTINGS_EXPORT Q_DECL_IMPORT
+#endif
