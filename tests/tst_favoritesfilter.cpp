@@ -3,8 +3,7 @@
 
 #include "models/favoritesfilter.h"
 
-#include "registry/fileentries.h"
-#include "registry/treeitem.h"
+#include "registry/treeitem_p.h"
 #include "text.h"
 
 #include <QJsonDocument>
@@ -32,8 +31,8 @@ bool isAdmitted(const QStringList &kinds, const QByteArray &entry)
     const FavoritesFilter filter(kinds, {text("black"), text("b/lack")});
     TreeItem root{QString(), {}};
     const QJsonObject json = QJsonDocument::fromJson(entry).object();
-    return filter.admits(
-        root.insertEntry({text("x")}, TreeItem::Entries(new FileEntries({json})), 0, text("x.json")));
+    return filter.admits(TreeItemPrivate::of(&root)->insert(
+        {text("x")}, NodeData(NodeData::Entries(new FileEntries({json})), 0, text("x.json"))));
 }
 }
 

@@ -136,6 +136,7 @@ private Q_SLOTS:
     void nodesDieBeforeContentChanged();
     void missingDirectory();
     void treeIsDumpedAtInfoLevel();
+    void treeIsDumpedAfterContentChanged();
 
     void maskHidesAndUnmaskRestores();
     void maskFromAnotherProcess();
@@ -734,6 +735,22 @@ void PluginRegistryTest::treeIsDumpedAtInfoLevel()
     const QStringList dump = log.take();
     QCOMPARE(dump.size(), 1);
     QVERIFY(dump.constFirst().contains(text("0 key: \"x\" data: ")));
+}
+
+void PluginRegistryTest::treeIsDumpedAfterContentChanged()
+{
+    PluginRegistry registry;
+    World::writeEntries(text("x.json"), declaring("X", {"x"}));
+    const MessageLog log;
+    QStringList before;
+    connect(&registry, &PluginRegistry::contentChanged, this, [&] { before = log.take(); });
+    QLoggingCategory::setFilterRules(text("org.orvantaos.settings.framework.info=true"));
+    World::rescan(&registry);
+    QLoggingCategory::setFilterRules({});
+    const QString dump = text("0 key: \"x\" data: ");
+    QCOMPARE(before.filter(dump).size(), 0);
+    QCOMPARE(before.filter(text("parsing")).size(), 1);
+    QCOMPARE(log.take().filter(dump).size(), 1);
 }
 
 void PluginRegistryTest::maskHidesAndUnmaskRestores()

@@ -4,9 +4,9 @@
 #include "registry/treeitem.h"
 
 #include "growth.h"
-#include "registry/fileentries.h"
 #include "registry/fileindex.h"
 #include "registry/jsonvariant.h"
+#include "registry/treeitem_p.h"
 #include "text.h"
 #include "world.h"
 
@@ -45,6 +45,16 @@ QVariantMap entry(const char *file, const QVariantMap &more = {})
 bool byName(const TreeItem *a, const TreeItem *b)
 {
     return a->name() < b->name();
+}
+
+bool byNameBackwards(TreeItem *a, TreeItem *b)
+{
+    return b->name() < a->name();
+}
+
+bool isNotB(TreeItem *item)
+{
+    return item->name() != text("b");
 }
 
 QStringList chain(int length)
@@ -113,6 +123,8 @@ private Q_SLOTS:
     void addChildOfSameNameReplaces();
     void parentOfReplacedChildIsIndexedOnce();
     void subitemsInPreOrder();
+    void comparesAndFiltersWithAnyCallable();
+    void canBeReadWhenDestroyedIsEmitted();
     void subitemsOfRejectedNode();
     void subitemsDepth();
     void subitemsNeedComparison();
@@ -313,11 +325,12 @@ void TreeItemTest::lookupLogsOnlyWhenAsked()
 {
     TreeItem root({}, {});
     root.insertItem(path("a/b"), {});
-    QTest::ignoreMessage(QtInfoMsg, "lookup item path: (\"a\", \"x\")");
-    QTest::ignoreMessage(QtInfoMsg, "child keys: (\"a\")");
-    QTest::ignoreMessage(QtInfoMsg, "child keys: (\"b\")");
+    // One message for each level, with what is left of the path
+    QTest::ignoreMessage(QtInfoMsg, "lookup item path: (\"a\", \"x\") child keys: (\"a\")");
+    QTest::ignoreMessage(QtInfoMsg, "lookup item path: (\"x\") child keys: (\"b\")");
     QLoggingCategory::setFilterRules(text("org.orvantaos.settings.framework.info=true"));
     QCOMPARE(root.lookup(path("a/x")), nullptr);
+    QCOMPARE(root.lookup({}), &root);
     QLoggingCategory::setFilterRules({});
     // Nothing is expected now, and a message would be a warning of the test.
     QCOMPARE(root.lookup(path("a/x")), nullptr);
@@ -359,8 +372,8 @@ void TreeItemTest::values()
 {
     TreeItem root({}, {});
     const QJsonObject object{{text("n"), 7}, {text("from_file"), text("other.json")}};
-    const TreeItem::Entries entries(new FileEntries({object}));
-    TreeItem *a = root.insertEntry(path("a"), entries, 0, text("one.json"));
+    const NodeData::Entries entries(new FileEntries({object}));
+    TreeItem *a = TreeItemPrivate::of(&root)->insert(path("a"), NodeData(entries, 0, text("one.json")));
     QCOMPARE(a->data(), entry("one.json", {{text("n"), 7.0}}));
     QCOMPARE(a->value(text("n")).userType(), int(QMetaType::Double));
     QCOMPARE(a->value(text("from_file")), QVariant(text("one.json")));
@@ -395,12 +408,14 @@ void TreeItemTest::keepsEveryValue()
     QJsonParseError error{};
     const QJsonObject object = QJsonDocument::fromJson(json, &error).object();
     QCOMPARE(error.error, QJsonParseError::NoError);
-    const TreeItem::Entries entries(new FileEntries(QJsonArray{1, object}, R"({"entries": [1, )" + json + "]}"));
+    const NodeData::Entries entries(new FileEntries(QJsonArray{1, object}, R"({"entries": [1, )" + json + "]}"));
     TreeItem root{QString(), QVariantMap()};
-    const TreeItem *item = root.insertEntry({text("x")}, entries, 1, QString());
-    QCOMPARE(item->data(), jsonToVariantMap(object));
+    const TreeItem *item = TreeItemPrivate::of(&root)->insert({text("x")}, NodeData(entries, 1, text("x.json")));
+    QVariantMap expected = jsonToVariantMap(object);
+    expected.insert(text("from_file"), text("x.json"));
+    QCOMPARE(item->data(), expected);
     entries->forget();
-    QCOMPARE(item->data(), jsonToVariantMap(object));
+    QCOMPARE(item->data(), expected);
     entries->forget();
     for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
         QCOMPARE(item->value(it.key()), jsonToVariant(it.value()));
@@ -425,7 +440,7 @@ void TreeItemTest::parentOfReplacedChildIsIndexedOnce()
 {
     FileIndex index;
     TreeItem root{QString(), QVariantMap()};
-    root.setIndex(&index);
+    TreeItemPrivate::of(&root)->setIndex(&index);
     TreeItem *parent = root.insertItem(path("a"), entry("one.json"));
     const std::unique_ptr<TreeItem> old(parent->insertItem(path("b"), entry("two.json")));
     parent->addChild(new TreeItem(text("b"), entry("two.json")));
@@ -445,6 +460,49 @@ void TreeItemTest::subitemsInPreOrder()
     QCOMPARE(
         names(root.getSubitems([](const TreeItem *a, const TreeItem *b) { return a->name() > b->name(); }, -1)),
         path("c/b/y/x/a/z/deep/w"));
+}
+
+void TreeItemTest::comparesAndFiltersWithAnyCallable()
+{
+    TreeItem root({}, {});
+    for (const char *joined : {"b", "c", "a"}) {
+        root.insertItem(path(joined), {});
+    }
+    using ConstComparison = std::function<bool(const TreeItem *, const TreeItem *)>;
+    using ConstPredicate = std::function<bool(const TreeItem *)>;
+    const auto forwards = [](const TreeItem *a, const TreeItem *b) { return a->name() < b->name(); };
+    const auto all = [](TreeItem *item) { return item->count() == 0; };
+    QCOMPARE(names(root.getSubitems(forwards, all, 1)), path("a/b/c"));
+    QCOMPARE(names(root.getSubitems(byName, isNotB, 1)), path("a/c"));
+    QCOMPARE(
+        names(root.getSubitems(byNameBackwards,
+                               ConstPredicate([](const TreeItem *item) { return item->name() != text("b"); }), 1)),
+        path("c/a"));
+    QCOMPARE(names(root.getSubitems(ConstComparison(byName), TreeItem::Predicate(isNotB), 1)), path("a/c"));
+    QCOMPARE(names(root.getSubitems(TreeItem::Comparison(byNameBackwards), 1)), path("c/b/a"));
+    root.removeItems(isNotB);
+    QCOMPARE(names(root.getSubitems(byName, -1)), path("b"));
+    root.removeItems(ConstPredicate([](const TreeItem *item) { return item->name() == text("b"); }));
+    QCOMPARE(root.count(), 0);
+}
+
+void TreeItemTest::canBeReadWhenDestroyedIsEmitted()
+{
+    TreeItem root({}, {});
+    TreeItem *parent = root.insertItem(path("a"), entry("one.json", {{text("title"), text("A")}}));
+    TreeItem *child = root.insertItem(path("a/b"), entry("one.json", {{text("title"), text("B")}}));
+    QStringList seen;
+    for (TreeItem *item : {parent, child}) {
+        const QPointer<TreeItem> guarded(item);
+        connect(item, &QObject::destroyed, this, [guarded, item, &seen](const QObject *object) {
+            QCOMPARE(object, item);
+            QCOMPARE(guarded.data(), item);
+            seen.append(item->title() + item->location().join(QLatin1Char('/')) + item->fromFile());
+        });
+    }
+    root.removeChild(parent);
+    // Each once
+    QCOMPARE(seen, (QStringList{text("Ba/bone.json"), text("Aaone.json")}));
 }
 
 void TreeItemTest::subitemsOfRejectedNode()
@@ -633,7 +691,7 @@ void TreeItemTest::indexFollowsRandomChanges()
     FileIndex index;
     TreeItem root({}, {});
     root.insertItem(path("made/before"), entry("0"));
-    root.setIndex(&index);
+    TreeItemPrivate::of(&root)->setIndex(&index);
     for (int step = 0; step < 3000; ++step) {
         QStringList where;
         for (int length = random.bounded(1, 5); length > 0; --length) {
@@ -684,7 +742,7 @@ void TreeItemTest::deepPathCostsLinearTime()
         timer.start();
         FileIndex index;
         TreeItem root({}, {});
-        root.setIndex(&index);
+        TreeItemPrivate::of(&root)->setIndex(&index);
         TreeItem *leaf = root.insertItem(deep, entry("one.json"));
         const bool right = root.lookup(deep) == leaf && leaf->location() == deep && root.count(-1) == length
                            && root.getSubitems(byName, -1).size() == length && leaf->depth(&root) == length
@@ -705,7 +763,7 @@ void TreeItemTest::manySiblingsCostLinearTime()
         timer.start();
         FileIndex index;
         TreeItem root({}, {});
-        root.setIndex(&index);
+        TreeItemPrivate::of(&root)->setIndex(&index);
         TreeItem *parent = root.insertItem(path("p"), entry("p.json"));
         for (int i = 0; i < count; ++i) {
             parent->insertItem({QString::number(i)}, entry("one.json"));

@@ -10,7 +10,7 @@
 #include "registry/filereport.h"
 #include "registry/loadobserver.h"
 #include "registry/registrationfile.h"
-#include "registry/treeitem.h"
+#include "registry/treeitem_p.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -41,7 +41,7 @@ EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, Loa
     , m_index(std::make_unique<FileIndex>())
     , m_root(std::make_unique<TreeItem>(QString(), QVariantMap()))
 {
-    m_root->setIndex(m_index.get());
+    TreeItemPrivate::of(m_root.get())->setIndex(m_index.get());
 }
 
 EntryTree::~EntryTree()
@@ -98,13 +98,14 @@ void EntryTree::load(const QString &fileName)
     loadCatalog(report.file->translationCatalog);
     loadCatalog(report.file->complementaryTranslationCatalog);
     m_loadedFiles.insert(fileName);
+    m_outlivedFiles.remove(fileName);
     insertEntries(report);
 }
 
 void EntryTree::insertEntries(const FileReport &report)
 {
     const bool isText = report.content.size() <= MaxTextOfEntry * report.file->entries.size();
-    const TreeItem::Entries entries(new FileEntries(report.file->entries, isText ? report.content : QByteArray()));
+    const NodeData::Entries entries(new FileEntries(report.file->entries, isText ? report.content : QByteArray()));
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
         const EntryFate fate = insertEntry(entries, index, report.name, &item);
@@ -115,7 +116,7 @@ void EntryTree::insertEntries(const FileReport &report)
     entries->forget();
 }
 
-EntryFate EntryTree::insertEntry(const TreeItem::Entries &entries, int index, const QString &fileName,
+EntryFate EntryTree::insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
                                  const TreeItem **item)
 {
     const std::optional<QString> path = pathOfEntry(entries->at(index));
@@ -127,7 +128,7 @@ EntryFate EntryTree::insertEntry(const TreeItem::Entries &entries, int index, co
         maskEntry(*path, fileName);
         return EntryFate::Masked;
     }
-    *item = m_root->insertEntry(splitPath(*path), entries, index, fileName);
+    *item = TreeItemPrivate::of(m_root.get())->insert(splitPath(*path), NodeData(entries, index, fileName));
     return EntryFate::Inserted;
 }
 
@@ -143,39 +144,55 @@ void EntryTree::maskEntry(const QString &path, const QString &fileName)
 
 void EntryTree::unload(const QSet<QString> &fileNames)
 {
+    removeEntries(fileNames, fileNames + m_outlivedFiles);
+}
+
+/// Unloads @p fileNames. Removes what they declared, and above that what only @p removable declared; nodes with
+/// children keep their data.
+void EntryTree::removeEntries(const QSet<QString> &fileNames, const QSet<QString> &removable)
+{
     for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
         it = fileNames.contains(it.value()) ? m_maskedEntries.erase(it) : std::next(it);
     }
-    m_loadedFiles.subtract(fileNames);
     const QVector<QPointer<TreeItem>> items = m_index->removableWith(fileNames);
-    for (const QPointer<TreeItem> &item : items) {
-        pruneUpwards(item, fileNames);
-    }
+    prune(items, removable);
     for (const QPointer<TreeItem> &item : items) {
         if (item && item->isDeclared()) {
-            item->keepEntryAlone(); // for its children's sake
+            TreeItemPrivate::of(item)->keepEntryAlone();
+        }
+    }
+    m_outlivedFiles = withNodes(m_outlivedFiles + (fileNames & m_loadedFiles));
+    m_loadedFiles -= fileNames;
+}
+
+QSet<QString> EntryTree::withNodes(const QSet<QString> &fileNames) const
+{
+    QSet<QString> files;
+    for (const QString &file : fileNames) {
+        if (m_index->contains(file)) {
+            files.insert(file);
+        }
+    }
+    return files;
+}
+
+/// Removes each of @p items that nothing keeps, and then those above that only it kept.
+void EntryTree::prune(const QVector<QPointer<TreeItem>> &items, const QSet<QString> &removable)
+{
+    for (QPointer<TreeItem> item : items) {
+        while (item && isRemovable(item, removable)) {
+            // Handlers of destroyed() run code of their own.
+            const QPointer<TreeItem> parent = item->parentItem();
+            parent->removeChild(item);
+            item = parent;
         }
     }
 }
 
-void EntryTree::pruneUpwards(TreeItem *item, const QSet<QString> &fileNames)
+bool EntryTree::isRemovable(const TreeItem *item, const QSet<QString> &removable) const
 {
-    while (item && isRemovable(item, fileNames)) {
-        // Whoever hears that the item is gone runs code of its own.
-        const QPointer<TreeItem> parent = item->parentItem();
-        parent->removeChild(item);
-        item = parent;
-    }
-}
-
-bool EntryTree::isRemovable(const TreeItem *item, const QSet<QString> &fileNames) const
-{
-    if (item->count() > 0 || item == m_root.get()) {
-        return false;
-    }
-    // A node of a file that was unloaded earlier lived on for its children alone.
-    return !item->isDeclared() || fileNames.contains(item->fromFile())
-           || !m_loadedFiles.contains(item->fromFile());
+    return item->count() == 0 && item != m_root.get()
+           && (!item->isDeclared() || removable.contains(item->fromFile()));
 }
 
 void EntryTree::loadCatalog(const QString &catalog)
@@ -222,13 +239,16 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
     if (reload.isEmpty()) {
         return false;
     }
-    unload(reload);
+    // Until they are loaded again, no node goes that outlived its own file: its children come back.
+    removeEntries(reload, reload);
     // In the order of a scan, so that of two files with one path the same one wins.
     QStringList fileNames = reload.values();
     fileNames.sort(Qt::CaseInsensitive);
     for (const QString &fileName : qAsConst(fileNames)) {
         load(fileName);
     }
+    prune(m_index->removableWith(m_outlivedFiles), m_outlivedFiles);
+    m_outlivedFiles = withNodes(m_outlivedFiles);
     return true;
 }
 

@@ -4,12 +4,14 @@
 #pragma once
 
 #include "registry/entrysources.h"
-#include "registry/treeitem.h"
+#include "registry/nodedata.h"
 
 #include <QHash>
 #include <QMap>
+#include <QPointer>
 #include <QSet>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
@@ -17,6 +19,7 @@ class FileIndex;
 class LoadObserver;
 class QObject;
 class QTranslator;
+class TreeItem;
 enum class EntryFate;
 struct FileReport;
 
@@ -32,25 +35,27 @@ public:
 
     TreeItem *root() const;
 
-    /// Unloads the files that went from the directory and loads those that have come. Whether there were any.
+    /// Unloads the files that left the directory and loads the new ones. Returns whether there were any.
     bool scan();
     void load(const QString &fileName);
     void unload(const QSet<QString> &fileNames);
-    /// Each name is looked for once, whatever comes of it.
+    /// Looks for each name once, also when there is no such catalog.
     void loadCatalog(const QString &catalog);
 
-    /// Holds for what is loaded from now on.
+    /// Sets the paths of entries that load() leaves out.
     void setMasked(const QSet<QString> &paths);
-    /// The same, and loads the files again that it concerns. Whether there were any.
+    /// The same, and reloads the files that are affected. Returns whether there were any.
     bool changeMasked(const QSet<QString> &paths);
 
 private:
     void insertEntries(const FileReport &report);
-    EntryFate insertEntry(const TreeItem::Entries &entries, int index, const QString &fileName,
+    EntryFate insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
                           const TreeItem **item);
     void maskEntry(const QString &path, const QString &fileName);
-    void pruneUpwards(TreeItem *item, const QSet<QString> &fileNames);
-    bool isRemovable(const TreeItem *item, const QSet<QString> &fileNames) const;
+    void removeEntries(const QSet<QString> &fileNames, const QSet<QString> &removable);
+    QSet<QString> withNodes(const QSet<QString> &fileNames) const;
+    void prune(const QVector<QPointer<TreeItem>> &items, const QSet<QString> &removable);
+    bool isRemovable(const TreeItem *item, const QSet<QString> &removable) const;
     QSet<QString> filesToReload(const QSet<QString> &masked) const;
     template<typename Load>
     void installCatalog(const QString &name, const Load &load);
@@ -62,6 +67,7 @@ private:
     const std::unique_ptr<TreeItem> m_root;
     QStringList m_knownFiles;
     QSet<QString> m_loadedFiles;
+    QSet<QString> m_outlivedFiles; ///< unloaded, but some of their nodes stayed for their children
     QSet<QString> m_maskedPaths;
     QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
     QHash<QString, QTranslator *> m_translators;

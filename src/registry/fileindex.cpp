@@ -3,7 +3,9 @@
 
 #include "registry/fileindex.h"
 
-#include "registry/treeitem.h"
+#include "registry/treeitem_p.h"
+
+#include <utility>
 
 void FileIndex::add(TreeItem *item)
 {
@@ -12,29 +14,34 @@ void FileIndex::add(TreeItem *item)
     }
     if (item->isDeclared()) {
         QVector<TreeItem *> &declared = m_declared[item->fromFile()];
-        item->m_indexPosition = declared.size();
+        TreeItemPrivate::of(item)->indexPosition = declared.size();
         declared.append(item);
     } else if (item->count() == 0) {
-        m_loose.insert(item);
+        m_undeclaredLeaves.insert(item);
     }
 }
 
 void FileIndex::remove(TreeItem *item)
 {
-    if (item->m_indexPosition < 0) {
-        m_loose.remove(item);
+    const int position = std::exchange(TreeItemPrivate::of(item)->indexPosition, -1);
+    if (position < 0) {
+        m_undeclaredLeaves.remove(item);
         return;
     }
     const auto declared = m_declared.find(item->fromFile());
     TreeItem *last = declared->takeLast();
     if (last != item) {
-        (*declared)[item->m_indexPosition] = last;
-        last->m_indexPosition = item->m_indexPosition;
+        (*declared)[position] = last;
+        TreeItemPrivate::of(last)->indexPosition = position;
     }
-    item->m_indexPosition = -1;
     if (declared->isEmpty()) {
         m_declared.erase(declared);
     }
+}
+
+bool FileIndex::contains(const QString &file) const
+{
+    return m_declared.contains(file);
 }
 
 QVector<QPointer<TreeItem>> FileIndex::removableWith(const QSet<QString> &files) const
@@ -45,7 +52,7 @@ QVector<QPointer<TreeItem>> FileIndex::removableWith(const QSet<QString> &files)
             items.append(item);
         }
     }
-    for (TreeItem *item : m_loose) {
+    for (TreeItem *item : m_undeclaredLeaves) {
         items.append(item);
     }
     return items;

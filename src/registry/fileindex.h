@@ -21,10 +21,11 @@ public:
     void add(TreeItem *item);
     void remove(TreeItem *item);
 
+    bool contains(const QString &file) const; ///< it declared nodes that are in the tree
     /// The nodes of @p files and those that nothing keeps. Guarded, because removing one may remove others.
     QVector<QPointer<TreeItem>> removableWith(const QSet<QString> &files) const;
 
 private:
     QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
-    QSet<TreeItem *> m_loose;
+    QSet<TreeItem *> m_undeclaredLeaves;
 };

@@ -5,18 +5,14 @@
 
 #include "common/velkasettings_export.h"
 
-#include <QExplicitlySharedDataPointer>
-#include <QHash>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
-#include <QVector>
 
 #include <functional>
+#include <memory>
 
-class FileEntries;
-class FileIndex;
-class QJsonObject;
+class TreeItemPrivate;
 
 /**
  * One node of the settings tree.
@@ -29,7 +25,7 @@ class QJsonObject;
 class VELKASETTINGS_EXPORT TreeItem : public QObject
 {
     Q_OBJECT
-    // Constant for bindings: whoever holds a node drops it at contentChanged(), before another value could matter.
+    // Constant for bindings: who holds a node drops it at contentChanged(), before another value could matter.
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(QString type READ type CONSTANT)
     Q_PROPERTY(QString title READ title CONSTANT)
@@ -38,18 +34,18 @@ class VELKASETTINGS_EXPORT TreeItem : public QObject
     Q_PROPERTY(QString controlIcon READ controlIcon CONSTANT)
 
 public:
-    using Comparison = std::function<bool(const TreeItem *, const TreeItem *)>;
-    using Predicate = std::function<bool(const TreeItem *)>;
-    using Entries = QExplicitlySharedDataPointer<FileEntries>;
+    using Comparison = std::function<bool(TreeItem *, TreeItem *)>;
+    using Predicate = std::function<bool(TreeItem *)>;
 
-    /// A node without parent and children. What is no JSON in @p data is turned into it.
+    /// A node without parent and children, with @p data as it is.
     TreeItem(const QString &name, const QVariantMap &data);
-    /// Deletes the subtree, leaves first. Does not take the node out of its parent: see removeChild().
+    /// Deletes the subtree, leaves first. Each node can still be read by those that destroyed() notifies. Does not take
+    /// the node out of its parent: see removeChild().
     ~TreeItem() override;
 
     QString name() const; ///< component of the path, empty for the root
     QString type() const; ///< "section" when the entry names none
-    /// The text of "translation_id", else "title", else "!!" and the name. Translated anew at each call.
+    /// The text of "translation_id", else "title", else "!!" and the name. Translated at each call.
     QString title() const;
     QString shortTitle() const; ///< the text of "translation_id_short", else "title_short", else empty
     QString icon() const;
@@ -69,10 +65,9 @@ public:
 
     /// Takes ownership of @p child. A child of the same name leaves the tree, but is not deleted.
     void addChild(TreeItem *child);
-    /// Takes @p child out of this node and deletes it. Whoever hears of its death must leave the tree as it is.
+    /// Takes @p child out of this node and deletes it. Handlers of destroyed() must not change the tree.
     void removeChild(TreeItem *child);
-    /// Replaces the data of the node at @p path, making the nodes that are missing on the way. Returns that node.
-    /// What is no JSON in @p data is turned into it.
+    /// Replaces the data of the node at @p path, and creates the nodes that are missing on the way. Returns that node.
     TreeItem *insertItem(const QStringList &path, const QVariantMap &data);
     void clearData();
     /// The node at @p path below this one (this node when it is empty), null when there is none.
@@ -96,36 +91,8 @@ public:
     /// Logs the subtree at info level.
     void dumpTree(int indent) const;
 
-    /// Keeps @p index up to date about this subtree from now on. It must outlive the subtree.
-    Q_DECL_HIDDEN void setIndex(FileIndex *index);
-    /// insertItem() for one of @p entries, those of the file @p fromFile, whose name replaces any "from_file" in it.
-    Q_DECL_HIDDEN TreeItem *insertEntry(const QStringList &path, const Entries &entries, int index,
-                                        const QString &fromFile);
-    /// Lets go of the other entries of its file.
-    Q_DECL_HIDDEN void keepEntryAlone();
-
 private:
-    friend class FileIndex;
+    friend class TreeItemPrivate;
 
-    Q_DECL_HIDDEN TreeItem(const QString &name, const Entries &entries, int index, const QString &fromFile);
-    Q_DECL_HIDDEN void setEntry(const Entries &entries, int index, const QString &fromFile);
-    Q_DECL_HIDDEN QJsonObject entry() const;
-    Q_DECL_HIDDEN QList<TreeItem *> sortedChildren(const Comparison &lessThan) const;
-    Q_DECL_HIDDEN void sortChildren() const;
-    Q_DECL_HIDDEN TreeItem *takeChild(const QString &name);
-    Q_DECL_HIDDEN void enterIndex();
-    Q_DECL_HIDDEN void leaveIndex();
-
-    const QString m_name;
-    QHash<QString, TreeItem *> m_childrenByName;
-    mutable QVector<TreeItem *> m_children; ///< quicker to walk than the hash
-    Entries m_entries; ///< null without an entry
-    int m_entryIndex = 0; ///< in m_entries
-    int m_order;
-    QString m_fromFile; ///< null when no file declared the node
-    TreeItem *m_parent = nullptr;
-    FileIndex *m_index = nullptr;
-    int m_position = -1; ///< among the parent's children
-    int m_indexPosition = -1; ///< among the nodes of its file, kept by the index
-    mutable bool m_isSorted = true; ///< whether the children are in their order
+    const std::unique_ptr<TreeItemPrivate> d;
 };

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "registry/nodedata.h"
+#include "registry/treeitem.h"
+
+#include <QHash>
+#include <QVector>
+
+class FileIndex;
+
+/// The inside of a TreeItem, and what the registry alone does with a node.
+class TreeItemPrivate
+{
+public:
+    TreeItemPrivate(TreeItem *item, const QString &name, const NodeData &data);
+    static TreeItemPrivate *of(const TreeItem *item);
+
+    /// Keeps @p index up to date about this subtree from now on. It must outlive the subtree.
+    void setIndex(FileIndex *index);
+    /// Sets the data of the node at @p path, and creates the nodes that are missing on the way. Returns that node.
+    TreeItem *insert(const QStringList &path, const NodeData &data);
+    void setData(const NodeData &data);
+    /// Releases the other entries of the node's file.
+    void keepEntryAlone();
+
+    void addChild(TreeItem *child);
+    void removeChild(TreeItem *child);
+    void deleteDescendants();
+    QList<TreeItem *> sortedChildren(const TreeItem::Comparison &lessThan) const;
+    void leaveIndex();
+
+    TreeItem *const q;
+    const QString name;
+    NodeData data;
+    QHash<QString, TreeItem *> childrenByName;
+    mutable QVector<TreeItem *> children; ///< quicker to walk than the hash
+    TreeItem *parent = nullptr;
+    int position = -1; ///< among the parent's children
+    int indexPosition = -1; ///< among the nodes of its file, kept by the index
+
+private:
+    TreeItem *takeChild(const QString &name);
+    void enterIndex();
+    void sortChildren() const;
+
+    FileIndex *m_index = nullptr;
+    mutable bool m_isSorted = true; ///< the children are in the order of TreeItem::orderLessThan()
+};
