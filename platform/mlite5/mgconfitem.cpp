@@ -3,6 +3,7 @@
 
 #include "mgconfitem.h"
 
+#include "databaseflag.h"
 #include "dconfvariant.h"
 
 #include <QDataStream>
@@ -83,8 +84,17 @@ static GVariantPointer read(const QByteArray &path)
     }
 }
 
-/// How many times an item of this process has heard of its key.
-static int s_heard = 0;
+/// How many times an item of this process was notified of a change of its key.
+static int s_notified = 0;
+/// How many times this process has begun a write or was notified of a change of any key.
+static quint64 s_changes = 0;
+
+/// Another number whenever any value may have changed since the last call.
+static quint64 generation()
+{
+    static DatabaseFlag flag;
+    return flag.generation() + s_changes;
+}
 
 class MGConfItemPrivate
 {
@@ -92,7 +102,7 @@ public:
     MGConfItemPrivate(MGConfItem *item, const QString &key);
     ~MGConfItemPrivate();
 
-    QVariant read() const;
+    QVariant value() const;
 
     const QString m_key;
     const QByteArray m_path; ///< empty when the key is invalid
@@ -104,6 +114,8 @@ private:
     void update();
 
     MGConfItem *const m_item;
+    mutable QVariant m_value; ///< as long as the generation is the one it was read in
+    mutable std::optional<quint64> m_generation;
     QByteArray m_seen;
     mutable std::optional<GVariantPointer> m_handedOut; ///< what value() returned since m_seen was looked up
     gulong m_handler = 0;
@@ -139,20 +151,26 @@ MGConfItemPrivate::~MGConfItemPrivate()
     g_signal_handler_disconnect(client(), m_handler);
 }
 
-QVariant MGConfItemPrivate::read() const
+QVariant MGConfItemPrivate::value() const
 {
     if (m_path.isEmpty()) {
         return {};
     }
-    m_handedOut = ::read(m_path);
-    return fromGVariant(m_handedOut->get());
+    const quint64 current = generation();
+    if (m_generation != current) {
+        m_handedOut = ::read(m_path);
+        m_value = fromGVariant(m_handedOut->get());
+        m_generation = current;
+    }
+    return m_value;
 }
 
 void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
                                 MGConfItemPrivate *self)
 {
+    ++s_changes;
     if (self->concerns(prefix, changes)) {
-        ++s_heard;
+        ++s_notified;
         self->update();
     }
 }
@@ -202,12 +220,12 @@ QString MGConfItem::key() const
 
 QVariant MGConfItem::value() const
 {
-    return d->read();
+    return d->value();
 }
 
 QVariant MGConfItem::value(const QVariant &defaultValue) const
 {
-    const QVariant stored = d->read();
+    const QVariant stored = d->value();
     return stored.isValid() ? stored : defaultValue;
 }
 
@@ -223,12 +241,13 @@ void MGConfItem::set(const QVariant &value)
     }
     // Handlers of valueChanged() run before the write returns, and may delete the item.
     const QByteArray path = d->m_path;
-    const int heard = s_heard;
+    const int notified = s_notified;
+    ++s_changes;
     GError *error = nullptr;
     if (!dconf_client_write_fast(client(), path.constData(), stored.get(), &error)) {
         qWarning("MGConfItem: cannot write \"%s\": %s", path.constData(), error->message);
         g_error_free(error);
-    } else if (s_heard == heard) {
+    } else if (s_notified == notified) {
         announce(path);
     }
 }

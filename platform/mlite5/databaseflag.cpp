@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "databaseflag.h"
+
+#include <QByteArray>
+
+#include <glib.h>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+static constexpr size_t FlagSize = 1;
+
+DatabaseFlag::~DatabaseFlag()
+{
+    close();
+}
+
+quint64 DatabaseFlag::generation()
+{
+    if (!m_flag || *m_flag != 0) {
+        // The service removes the file that it has set the byte of: the next write concerns another one.
+        close();
+        open();
+        ++m_generation;
+    }
+    return m_generation;
+}
+
+void DatabaseFlag::open()
+{
+    const QByteArray path = QByteArray(g_get_user_runtime_dir()) + "/dconf/user";
+    const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (file < 0) {
+        return;
+    }
+    // The byte behind the flag makes sure that there is memory for it, and shows the service that somebody reads it.
+    if (pwrite(file, "", 1, FlagSize) == 1) {
+        void *memory = mmap(nullptr, FlagSize, PROT_READ, MAP_SHARED, file, 0);
+        m_flag = memory == MAP_FAILED ? nullptr : static_cast<const quint8 *>(memory);
+    }
+    ::close(file);
+}
+
+void DatabaseFlag::close()
+{
+    if (m_flag) {
+        munmap(const_cast<quint8 *>(m_flag), FlagSize);
+        m_flag = nullptr;
+    }
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef DATABASEFLAG_H
+#define DATABASEFLAG_H
+
+#include <QtGlobal>
+
+/**
+ * The byte in shared memory that dconf's service sets when it has written the user's database. It is in place before
+ * the change is announced on the bus, and to look at it costs no system call.
+ *
+ * Databases of the administrator have no such byte: their changes are known when they are announced.
+ */
+class DatabaseFlag
+{
+public:
+    DatabaseFlag() = default;
+    ~DatabaseFlag();
+    DatabaseFlag(const DatabaseFlag &) = delete;
+    DatabaseFlag &operator=(const DatabaseFlag &) = delete;
+
+    /// Returns a number that is another one after each write. It is always another one when there is no shared memory.
+    quint64 generation();
+
+private:
+    void open();
+    void close();
+
+    volatile const quint8 *m_flag = nullptr;
+    quint64 m_generation = 0;
+};
+
+#endif
