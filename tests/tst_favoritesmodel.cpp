@@ -71,6 +71,7 @@ private Q_SLOTS:
     void potentialEntriesAreMadeAnew();
     void destroyedRowGoesAlone();
     void destroyedEntryTakesAllItsRows();
+    void slotFindsItsSender();
     void removedRowKeepsTheOthersWatched();
     void potentialEntryDies();
     void rootDies();
@@ -638,11 +639,38 @@ void FavoritesModelTest::destroyedEntryTakesAllItsRows()
 {
     storeFavorites(path("a/b/a/c/a"));
     WatchedFavorites favorites;
+    QStringList seen;
+    const auto look = [&] { seen.append(favorites.names().join(QLatin1Char(' '))); };
+    connect(&*favorites, &QAbstractItemModel::modelAboutToBeReset, this, look);
+    connect(&*favorites, &QAbstractItemModel::modelReset, this, look);
+    connect(&*favorites, &QAbstractItemModel::rowsAboutToBeRemoved, this, look);
+    connect(&*favorites, &QAbstractItemModel::rowsRemoved, this, look);
+    connect(&*favorites, &FavoritesModel::countChanged, this, look);
     TreeItem *item = favorites.item(0);
     item->parentItem()->removeChild(item);
     QCOMPARE(favorites.names(), path("b/c"));
-    QCOMPARE(favorites.takeSignals().count(text("countChanged")), 3);
+    // No handler finds a row without an entry.
+    QCOMPARE(seen, (QStringList{text("b c"), text("b c"), text("b c")}));
+    QCOMPARE(favorites.takeSignals(),
+             (QStringList{text("modelAboutToBeReset"), text("modelReset"), text("countChanged")}));
     QVERIFY(favorites.isConsistent());
+}
+
+void FavoritesModelTest::slotFindsItsSender()
+{
+    storeFavorites(path("a/b"));
+    WatchedFavorites favorites;
+    // The row goes with its entry, and also when the entry only says so.
+    TreeItem *item = favorites.item(0);
+    connect(item, SIGNAL(objectNameChanged(QString)), &*favorites, SLOT(removeDestroyedItem()));
+    TreeItem stranger(text("stranger"), {});
+    connect(&stranger, SIGNAL(objectNameChanged(QString)), &*favorites, SLOT(removeDestroyedItem()));
+    stranger.setObjectName(text("x"));
+    QCOMPARE(favorites.takeSignals(), QStringList());
+    item->setObjectName(text("x"));
+    QCOMPARE(favorites.names(), path("b"));
+    QCOMPARE(favorites.takeSignals(),
+             (QStringList{text("rowsAboutToBeRemoved 0-0"), text("rowsRemoved 0-0"), text("countChanged")}));
 }
 
 void FavoritesModelTest::removedRowKeepsTheOthersWatched()

@@ -86,6 +86,9 @@ private Q_SLOTS:
     void forgottenRowIsNotRemoved();
     void readsAreSafeInsideABatch();
     void twoModelsNeverShowADeadNode();
+    void slotFindsItsSender();
+    void resetBeginsWithTheNewRoot();
+    void nodesMayDieWhenTheResetBegins();
     void rootMayDie();
     void pageMayChangeInsideABatch();
     void pageMayChangeBeforeAReset();
@@ -465,6 +468,54 @@ void SettingsModelTest::twoModelsNeverShowADeadNode()
     QVERIFY(reads > 0);
     QCOMPARE(names(first), path("b"));
     QCOMPARE(names(second), path("b"));
+}
+
+void SettingsModelTest::slotFindsItsSender()
+{
+    declare(R"({"path": "a"}, {"path": "b"})");
+    SettingsModel model;
+    model.setDepth(1);
+    QSignalSpy removals(&model, &QAbstractItemModel::rowsRemoved);
+    QSignalSpy counts(&model, &SettingsModel::countChanged);
+    TreeItem stranger(text("stranger"), {});
+    connect(&stranger, SIGNAL(objectNameChanged(QString)), &model, SLOT(removeDestroyedItem()));
+    stranger.setObjectName(text("x"));
+    QCOMPARE(removals.count(), 0);
+    connect(item(model, 0), SIGNAL(objectNameChanged(QString)), &model, SLOT(removeDestroyedItem()));
+    item(model, 0)->setObjectName(text("x"));
+    QCOMPARE(names(model), path("b"));
+    QCOMPARE(removals.count(), 1);
+    QCOMPARE(counts.count(), 1);
+}
+
+void SettingsModelTest::resetBeginsWithTheNewRoot()
+{
+    declare(R"({"path": "one/a"}, {"path": "two/b"})");
+    SettingsModel model;
+    model.setDepth(1);
+    model.setPath(path("one"));
+    QStringList seen;
+    connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [&] {
+        seen += names(model) + QStringList(model.objectForPath(text("b")) ? text("new root") : text("old root"));
+    });
+    model.setPath(path("two"));
+    QCOMPARE(seen, (QStringList{text("a"), text("new root")}));
+    QCOMPARE(names(model), path("b"));
+}
+
+void SettingsModelTest::nodesMayDieWhenTheResetBegins()
+{
+    declare(R"({"path": "one/a"}, {"path": "two/b"}, {"path": "two/c"})");
+    SettingsModel model;
+    model.setDepth(1);
+    model.setPath(path("one"));
+    auto *once = new QObject(this);
+    connect(&model, &QAbstractItemModel::modelAboutToBeReset, once, [this, once] {
+        delete once;
+        m_registry->getItem(path("two"))->removeChild(m_registry->getItem(path("two/b")));
+    });
+    model.setPath(path("two"));
+    QCOMPARE(names(model), path("c"));
 }
 
 void SettingsModelTest::rootMayDie()

@@ -124,7 +124,6 @@ private Q_SLOTS:
     void parentOfReplacedChildIsIndexedOnce();
     void subitemsInPreOrder();
     void comparesAndFiltersWithAnyCallable();
-    void canBeReadWhenDestroyedIsEmitted();
     void subitemsOfRejectedNode();
     void subitemsDepth();
     void subitemsNeedComparison();
@@ -484,25 +483,6 @@ void TreeItemTest::comparesAndFiltersWithAnyCallable()
     QCOMPARE(names(root.getSubitems(byName, -1)), path("b"));
     root.removeItems(ConstPredicate([](const TreeItem *item) { return item->name() == text("b"); }));
     QCOMPARE(root.count(), 0);
-}
-
-void TreeItemTest::canBeReadWhenDestroyedIsEmitted()
-{
-    TreeItem root({}, {});
-    TreeItem *parent = root.insertItem(path("a"), entry("one.json", {{text("title"), text("A")}}));
-    TreeItem *child = root.insertItem(path("a/b"), entry("one.json", {{text("title"), text("B")}}));
-    QStringList seen;
-    for (TreeItem *item : {parent, child}) {
-        const QPointer<TreeItem> guarded(item);
-        connect(item, &QObject::destroyed, this, [guarded, item, &seen](const QObject *object) {
-            QCOMPARE(object, item);
-            QCOMPARE(guarded.data(), item);
-            seen.append(item->title() + item->location().join(QLatin1Char('/')) + item->fromFile());
-        });
-    }
-    root.removeChild(parent);
-    // Each once
-    QCOMPARE(seen, (QStringList{text("Ba/bone.json"), text("Aaone.json")}));
 }
 
 void TreeItemTest::subitemsOfRejectedNode()

@@ -10,7 +10,6 @@
 #include "models/favoritesfilter.h"
 #include "models/pathlist.h"
 #include "models/rowdifference.h"
-#include "models/storedfavorites.h"
 #include "registry/favoritesblacklist.h"
 #include "registry/pluginregistry.h"
 #include "registry/toqml.h"
@@ -19,17 +18,10 @@
 #include <mgconfitem.h>
 
 #include <QQmlInfo>
-#include <QScopeGuard>
 
 #include <algorithm>
 #include <limits>
 #include <utility>
-
-const FavoritesModel::RoleEntry FavoritesModel::s_roles[] = {
-    {ObjectRole, "object", &FavoritesModel::object},
-    {FavoriteRole, "favorite", &FavoritesModel::favorite},
-    {RemoteActionRole, "remoteAction", &FavoritesModel::remoteAction},
-};
 
 namespace
 {
@@ -46,9 +38,25 @@ QVariantMap params(const TreeItem *item)
 }
 }
 
+const FavoritesModel::Roles &FavoritesModel::roles()
+{
+    static const Roles roles{
+        {ObjectRole, "object", [](const auto &, TreeItem &item) { return QVariant::fromValue(toQml(&item)); }},
+        {FavoriteRole, "favorite",
+         [](const FavoritesModel &model, TreeItem &item) { return QVariant(model.isFavorite(fullPath(&item))); }},
+        {RemoteActionRole, "remoteAction",
+         [](const FavoritesModel &model, TreeItem &item) {
+             const bool isAction = item.type() == s_action;
+             return QVariant(isAction ? model.actionReader()->remoteActionString(params(&item)) : QString());
+         }},
+    };
+    return roles;
+}
+
 FavoritesModel::FavoritesModel(QObject *parent)
     : QAbstractListModel(parent)
     , m_registry(PluginRegistry::instance())
+    , m_changes(this, [this] { resetModel(); })
     , m_key(Constants::FavoritesKey)
     , m_blacklist(readFavoritesBlacklist())
 {
@@ -180,39 +188,12 @@ int FavoritesModel::rowCount(const QModelIndex &parent) const
 QVariant FavoritesModel::data(const QModelIndex &index, int role) const
 {
     TreeItem *item = m_rows.at(index.row());
-    if (!item) {
-        return {};
-    }
-    for (const RoleEntry &entry : s_roles) {
-        if (entry.role == role) {
-            return (this->*entry.read)(item);
-        }
-    }
-    return 0;
+    return item ? roles().read(role, *this, *item, 0) : QVariant();
 }
 
 QHash<int, QByteArray> FavoritesModel::roleNames() const
 {
-    QHash<int, QByteArray> names;
-    for (const RoleEntry &entry : s_roles) {
-        names.insert(entry.role, entry.name);
-    }
-    return names;
-}
-
-QVariant FavoritesModel::object(TreeItem *item) const
-{
-    return QVariant::fromValue(toQml(item));
-}
-
-QVariant FavoritesModel::favorite(TreeItem *item) const
-{
-    return isFavorite(fullPath(item));
-}
-
-QVariant FavoritesModel::remoteAction(TreeItem *item) const
-{
-    return item->type() == s_action ? actionReader()->remoteActionString(params(item)) : QString();
+    return roles().names();
 }
 
 bool FavoritesModel::isFavorite(const QString &path) const
@@ -229,16 +210,15 @@ void FavoritesModel::addFavorite(const QString &path)
 
 void FavoritesModel::removeFavorite(const QString &path)
 {
+    const Edit remove = [&path](const QStringList &paths) { return PathList::removedAll(paths, path); };
     const int row = m_showPotential ? -1 : indexOf(path);
     if (!m_favorites || (row < 0 && !m_showPotential)) {
         return;
     }
-    const Edit remove = [&path](const QStringList &paths) { return PathList::removedAll(paths, path); };
-    if (m_changing || m_showPotential) {
-        edit(remove);
-    } else if (const std::optional<QStringList> written = removeRow(row, remove)) {
-        Q_EMIT countChanged();
-        finishEdit(*written);
+    if (m_showPotential || m_changes.isRunning()) {
+        edit(remove); // the rows follow the announcement
+    } else {
+        removeRow(row, remove);
     }
 }
 
@@ -267,11 +247,11 @@ void FavoritesModel::move(int index, int newIndex)
         return;
     }
     const Edit moveStored = [&](const QStringList &paths) { return PathList::moved(paths, path, targetPath); };
-    if (m_changing) {
-        m_deferred = true;
+    if (m_changes.isRunning()) {
+        m_changes.defer(); // the announcement alone moves no row
         edit(moveStored);
-    } else if (const std::optional<QStringList> written = moveRow(index, newIndex, moveStored)) {
-        finishEdit(*written);
+    } else {
+        moveRow(index, newIndex, moveStored);
     }
 }
 
@@ -298,25 +278,20 @@ void FavoritesModel::updateItems(bool notifyChanges)
     if (!m_complete) {
         return;
     }
-    if (m_changing) {
-        m_deferred = true;
-        return;
-    }
     const int before = m_rows.count();
-    m_changing = true;
-    rebuild(notifyChanges);
-    m_changing = false;
-    if (m_rows.count() != before) {
-        Q_EMIT countChanged();
-    }
-    applyDeferred();
+    m_changes.run([this, notifyChanges] { rebuild(notifyChanges); },
+                  [this, before] {
+                      if (m_rows.count() != before) {
+                          Q_EMIT countChanged();
+                      }
+                  });
 }
 
 void FavoritesModel::addItem(TreeItem *item, bool notifyChanges)
 {
-    // Connected first: whoever hears of the row may let the entry die.
+    // Connected first: a handler of the row's insertion may delete the entry.
     const QPointer<TreeItem> guarded(item);
-    connect(item, &QObject::destroyed, this, &FavoritesModel::itemDestroyed, Qt::UniqueConnection);
+    connect(item, &QObject::destroyed, this, &FavoritesModel::removeRowsOf, Qt::UniqueConnection);
     if (notifyChanges) {
         beginInsertRows({}, m_rows.count(), m_rows.count());
     }
@@ -334,7 +309,7 @@ void FavoritesModel::removeItem(int index, bool notifyChanges)
     const TreeItem *item = m_rows.at(index);
     m_rows.removeAt(index);
     if (item && m_rows.rowOf(item) < 0) {
-        disconnect(item, &QObject::destroyed, this, &FavoritesModel::itemDestroyed);
+        disconnect(item, &QObject::destroyed, this, &FavoritesModel::removeRowsOf);
     }
     if (notifyChanges) {
         endRemoveRows();
@@ -343,25 +318,33 @@ void FavoritesModel::removeItem(int index, bool notifyChanges)
 
 void FavoritesModel::removeDestroyedItem()
 {
-    const QObject *item = std::exchange(m_destroyedItem, nullptr);
-    if (m_changing) {
-        m_deferred = true;
+    removeRowsOf(sender());
+}
+
+// QObject::sender() would search the connections of all rows.
+void FavoritesModel::removeRowsOf(const QObject *item)
+{
+    if (m_rows.rowOf(item) >= 0 || m_changes.isRunning()) {
+        m_changes.run([this, item] { removeDeadRows(item); }, [this] { Q_EMIT countChanged(); });
+    }
+}
+
+void FavoritesModel::removeDeadRows(const QObject *item)
+{
+    if (m_rows.countOf(item) == 1) {
+        removeItem(m_rows.rowOf(item), true);
         return;
     }
-    m_changing = true;
-    for (int row = m_rows.rowOf(item); row >= 0; row = m_rows.rowOf(item)) {
-        removeItem(row, true);
-        Q_EMIT countChanged();
+    // Removed one by one, the others would show no object to handlers of the first removal.
+    while (m_rows.countOf(item) > 0) {
+        removeItem(m_rows.rowOf(item), false);
     }
-    m_changing = false;
-    applyDeferred();
+    beginResetModel();
+    endResetModel();
 }
 
 void FavoritesModel::favoritesUpdated()
 {
-    if (m_editing) {
-        return;
-    }
     if (m_showPotential || userModified()) {
         updateItems(true);
     } else {
@@ -371,35 +354,31 @@ void FavoritesModel::favoritesUpdated()
 
 void FavoritesModel::resetModel()
 {
-    if (m_changing) {
-        m_deferred = true;
-        return;
-    }
     const int before = m_rows.count();
-    m_root = m_registry->getItem(m_path);
-    updatePotentialItems();
-    m_changing = true;
-    beginResetModel();
+    m_changes.run(
+        [this] {
+            m_root = m_registry->getItem(m_path);
+            updatePotentialItems();
+            beginResetModel();
+            clearRows();
+            rebuild(false);
+            if (m_rows.count() > 0) {
+                Q_EMIT countChanged(); // as updateItems() does, from no row
+            }
+            endResetModel();
+        },
+        [this, before] {
+            if (m_rows.count() != before) {
+                Q_EMIT countChanged();
+            }
+        });
+}
+
+void FavoritesModel::clearRows()
+{
     while (m_rows.count() > 0) {
         removeItem(m_rows.count() - 1, false);
     }
-    rebuild(false);
-    if (m_rows.count() > 0) {
-        Q_EMIT countChanged();
-    }
-    endResetModel();
-    m_changing = false;
-    if (m_rows.count() != before) {
-        Q_EMIT countChanged();
-    }
-    applyDeferred();
-}
-
-void FavoritesModel::itemDestroyed(QObject *item)
-{
-    // QObject::sender() would search the connections of all rows.
-    m_destroyedItem = item;
-    removeDestroyedItem();
 }
 
 QuickActionReader *FavoritesModel::actionReader() const
@@ -412,7 +391,7 @@ QuickActionReader *FavoritesModel::actionReader() const
 
 void FavoritesModel::openFavorites()
 {
-    m_favorites = QSharedPointer<StoredFavorites>::create(m_key);
+    m_favorites = QSharedPointer<StoredFavorites>::create(m_key, this);
     connect(m_favorites.data(), &StoredFavorites::changed, this, &FavoritesModel::favoritesUpdated);
 }
 
@@ -473,28 +452,8 @@ void FavoritesModel::rebuild(bool notifyChanges)
     }
 }
 
-void FavoritesModel::applyDeferred()
-{
-    if (std::exchange(m_deferred, false)) {
-        resetModel();
-    }
-}
-
-/// Ends the change of rows that an edit has begun, unless this object has died meanwhile.
-template<typename End>
-auto FavoritesModel::endOfEdit(End end)
-{
-    return qScopeGuard([self = QPointer<FavoritesModel>(this), end] {
-        if (self) {
-            self->m_editing = false;
-            end();
-            self->m_changing = false;
-        }
-    });
-}
-
-/// Writes what @p edit makes of the stored list. Nothing is returned when this object has died meanwhile.
-std::optional<QStringList> FavoritesModel::edit(const Edit &edit)
+/// Writes what @p edit makes of the stored list. Returns false when this object has died meanwhile.
+bool FavoritesModel::edit(const Edit &edit, Apply apply)
 {
     // Handlers of userModifiedChanged() may change the keys and delete the model. The list that the user edits stays
     // the same one.
@@ -504,50 +463,37 @@ std::optional<QStringList> FavoritesModel::edit(const Edit &edit)
         m_userModified->set(true);
     }
     // Read after them, so that no change of theirs is lost.
-    const QStringList paths = edit(favorites->read());
-    favorites->write(paths);
-    return self ? std::optional(paths) : std::nullopt;
+    (favorites.data()->*apply)(edit);
+    return self;
 }
 
-/// Edits as removing the row does. Nothing is returned when this object has died meanwhile.
-std::optional<QStringList> FavoritesModel::removeRow(int row, const Edit &edit)
+/// Edits as removing the row does, and removes the other rows of the same entry.
+void FavoritesModel::removeRow(int row, const Edit &edit)
 {
-    m_changing = true;
-    beginRemoveRows({}, row, row);
-    const auto end = endOfEdit([this] { endRemoveRows(); });
-    m_editing = true;
-    removeItem(row, false);
-    return this->edit(edit);
+    m_changes.run(
+        [&] {
+            const TreeItem *item = m_rows.at(row);
+            beginRemoveRows({}, row, row);
+            removeItem(row, false);
+            if (!this->edit(edit, &StoredFavorites::applyShown)) {
+                return;
+            }
+            endRemoveRows();
+            while (m_rows.countOf(item) > 0) {
+                removeItem(m_rows.rowOf(item), true);
+            }
+        },
+        [this] { Q_EMIT countChanged(); });
 }
 
-/// Edits as moving the row does. Nothing is returned when this object has died meanwhile.
-std::optional<QStringList> FavoritesModel::moveRow(int from, int to, const Edit &edit)
+/// Edits as moving the row does.
+void FavoritesModel::moveRow(int from, int to, const Edit &edit)
 {
-    m_changing = true;
-    const bool moves = beginMoveRows({}, from, from, {}, from < to ? to + 1 : to);
-    const auto end = endOfEdit([this, moves] {
-        if (moves) {
+    m_changes.run([&] {
+        const bool moves = beginMoveRows({}, from, from, {}, from < to ? to + 1 : to);
+        m_rows.move(from, to);
+        if (this->edit(edit, &StoredFavorites::applyShown) && moves) {
             endMoveRows();
         }
     });
-    m_editing = true;
-    m_rows.move(from, to);
-    return this->edit(edit);
-}
-
-/// Lets the rows follow what has happened in the middle of an edit.
-void FavoritesModel::finishEdit(const QStringList &written)
-{
-    if (m_deferred) {
-        applyDeferred();
-        return;
-    }
-    if (m_favorites->read() != written) {
-        favoritesUpdated();
-        return;
-    }
-    // Other rows of the same entry, or a stored path that is another spelling of it
-    if (!RowDifference(m_rows, wantedItems()).isEmpty()) {
-        updateItems(true);
-    }
 }

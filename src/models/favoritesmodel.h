@@ -4,6 +4,9 @@
 #pragma once
 
 #include "models/itemrows.h"
+#include "models/roletable.h"
+#include "models/rowchanges.h"
+#include "models/storedfavorites.h"
 
 #include <QAbstractListModel>
 #include <QPointer>
@@ -13,14 +16,10 @@
 #include <QStringList>
 #include <QVector>
 
-#include <functional>
-#include <optional>
-
 class FavoritesFilter;
 class MGConfItem;
 class PluginRegistry;
 class QuickActionReader;
-class StoredFavorites;
 class TreeItem;
 
 /**
@@ -111,32 +110,23 @@ private Q_SLOTS:
     void resetModel();
 
 private:
-    struct RoleEntry {
-        int role;
-        const char *name;
-        QVariant (FavoritesModel::*read)(TreeItem *item) const;
-    };
-    using Edit = std::function<QStringList(const QStringList &)>;
+    using Roles = RoleTable<FavoritesModel, TreeItem>;
+    using Edit = StoredFavorites::Edit;
+    using Apply = void (StoredFavorites::*)(const Edit &);
 
-    QVariant object(TreeItem *item) const;
-    QVariant favorite(TreeItem *item) const;
-    QVariant remoteAction(TreeItem *item) const;
+    static const Roles &roles();
 
-    void itemDestroyed(QObject *item);
+    void removeRowsOf(const QObject *item);
+    void removeDeadRows(const QObject *item);
     QuickActionReader *actionReader() const;
     void openFavorites();
     void updatePotentialItems();
     QList<TreeItem *> wantedItems() const;
     void rebuild(bool notifyChanges);
-    void applyDeferred();
-    template<typename End>
-    auto endOfEdit(End end);
-    std::optional<QStringList> edit(const Edit &edit);
-    std::optional<QStringList> removeRow(int row, const Edit &edit);
-    std::optional<QStringList> moveRow(int from, int to, const Edit &edit);
-    void finishEdit(const QStringList &written);
-
-    static const RoleEntry s_roles[];
+    void clearRows();
+    bool edit(const Edit &edit, Apply apply = &StoredFavorites::apply);
+    void removeRow(int row, const Edit &edit);
+    void moveRow(int from, int to, const Edit &edit);
 
     QStringList m_filter;
     QPointer<TreeItem> m_root;
@@ -146,13 +136,10 @@ private:
     mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
     QVector<QPointer<TreeItem>> m_potentialItems;
     ItemRows m_rows;
-    QObject *m_destroyedItem = nullptr;
+    RowChanges m_changes;
     QString m_key;
     QStringList m_path;
     const QSet<QString> m_blacklist;
     bool m_complete = false;
     bool m_showPotential = false;
-    bool m_editing = false; ///< this model writes the stored list, and has changed its rows itself
-    bool m_changing = false; ///< in the middle of a change of rows
-    bool m_deferred = false; ///< something else would have changed the rows meanwhile
 };

@@ -32,6 +32,11 @@ int ItemRows::rowOf(const QObject *item) const
     return slot < 0 ? -1 : slot - removedBefore(slot);
 }
 
+int ItemRows::countOf(const QObject *item) const
+{
+    return m_slotsOf.count(item);
+}
+
 void ItemRows::append(TreeItem *item)
 {
     if (m_slots.size() > 2 * m_count + MaxSpareSlots) {

@@ -9,31 +9,24 @@
 #include "registry/toqml.h"
 #include "registry/treeitem.h"
 
-#include <utility>
-
-namespace
+const SettingsModel::Roles &SettingsModel::roles()
 {
-struct RoleEntry {
-    int role;
-    const char *name;
-    QVariant (*read)(TreeItem *item, const TreeItem *root);
-};
-
-const RoleEntry s_roles[] = {
-    {SettingsModel::ObjectRole, "object",
-     [](TreeItem *item, const TreeItem *) { return QVariant::fromValue(toQml(item)); }},
-    {SettingsModel::DepthRole, "depth",
-     [](TreeItem *item, const TreeItem *root) { return QVariant(item->depth(root)); }},
-    {SettingsModel::CategoryRole, "category",
-     [](TreeItem *item, const TreeItem *) {
-         return QVariant(item->parentItem() ? item->parentItem()->title() : QString());
-     }},
-};
+    static const Roles roles{
+        {ObjectRole, "object", [](const auto &, TreeItem &item) { return QVariant::fromValue(toQml(&item)); }},
+        {DepthRole, "depth",
+         [](const SettingsModel &model, TreeItem &item) { return QVariant(item.depth(model.m_root)); }},
+        {CategoryRole, "category",
+         [](const auto &, TreeItem &item) {
+             return QVariant(item.parentItem() ? item.parentItem()->title() : QString());
+         }},
+    };
+    return roles;
 }
 
 SettingsModel::SettingsModel(QObject *parent)
     : QAbstractListModel(parent)
     , m_registry(PluginRegistry::instance())
+    , m_changes(this, [this] { updateItems(); })
 {
     connect(m_registry, &PluginRegistry::contentChanged, this, &SettingsModel::updateItems);
     connect(this, &SettingsModel::modelChanged, this, &SettingsModel::updateItems);
@@ -81,24 +74,12 @@ int SettingsModel::rowCount(const QModelIndex &parent) const
 QVariant SettingsModel::data(const QModelIndex &index, int role) const
 {
     TreeItem *item = m_rows.at(index.row());
-    if (!item) {
-        return {};
-    }
-    for (const RoleEntry &entry : s_roles) {
-        if (entry.role == role) {
-            return entry.read(item, m_root);
-        }
-    }
-    return {};
+    return item ? roles().read(role, *this, *item) : QVariant();
 }
 
 QHash<int, QByteArray> SettingsModel::roleNames() const
 {
-    QHash<int, QByteArray> names;
-    for (const RoleEntry &entry : s_roles) {
-        names.insert(entry.role, entry.name);
-    }
-    return names;
+    return roles().names();
 }
 
 QObject *SettingsModel::objectAt(int index) const
@@ -117,37 +98,42 @@ QObject *SettingsModel::objectForPath(const QString &path) const
 
 void SettingsModel::updateItems()
 {
-    // First of all: whoever hears of it may change the page.
-    beginResetModel();
+    m_changes.run([this] { rebuild(); }, [this] { Q_EMIT countChanged(); });
+}
+
+void SettingsModel::rebuild()
+{
     m_root = m_registry->getItem(m_path);
     const QList<TreeItem *> items = m_root ? m_root->itemsAtLevel(TreeItem::orderLessThan, m_depth)
                                            : QList<TreeItem *>();
     for (TreeItem *item : items) {
         if (m_rows.rowOf(item) < 0) { // else it is connected, and to find that out takes longer
-            connect(item, &QObject::destroyed, this, &SettingsModel::itemDestroyed, Qt::UniqueConnection);
+            connect(item, &QObject::destroyed, this, &SettingsModel::removeRowOf, Qt::UniqueConnection);
         }
     }
-    m_rows.reset(items);
+    ItemRows rows;
+    rows.reset(items); // guarded: a handler of the reset may delete them
+    beginResetModel();
+    m_rows = rows;
     endResetModel();
-    Q_EMIT countChanged();
-}
-
-void SettingsModel::itemDestroyed(QObject *item)
-{
-    // QObject::sender() would search the connections of all rows.
-    m_destroyedItem = item;
-    removeDestroyedItem();
 }
 
 void SettingsModel::removeDestroyedItem()
 {
-    const QObject *item = std::exchange(m_destroyedItem, nullptr);
+    removeRowOf(sender());
+}
+
+// QObject::sender() would search the connections of all rows.
+void SettingsModel::removeRowOf(const QObject *item)
+{
     const int row = m_rows.rowOf(item);
-    if (row < 0) {
+    if (row < 0 && !m_changes.isRunning()) {
         return;
     }
-    beginRemoveRows({}, row, row);
-    m_rows.removeAt(row);
-    endRemoveRows();
-    Q_EMIT countChanged();
+    const auto remove = [this, row] {
+        beginRemoveRows({}, row, row);
+        m_rows.removeAt(row);
+        endRemoveRows();
+    };
+    m_changes.run(remove, [this] { Q_EMIT countChanged(); });
 }

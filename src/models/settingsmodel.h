@@ -4,6 +4,8 @@
 #pragma once
 
 #include "models/itemrows.h"
+#include "models/roletable.h"
+#include "models/rowchanges.h"
 
 #include <QAbstractListModel>
 #include <QPointer>
@@ -16,8 +18,9 @@ class TreeItem;
  * The entries of one settings page: every node exactly "depth" levels below the node at "path", siblings by "order"
  * and then by name, grouped under their parents.
  *
- * Empty until path or depth is set. The rows follow the registry: the list is made anew after each batch of its
- * changes, and a row whose node dies in between goes at once.
+ * Empty until path or depth is set. The rows follow the registry: the list is rebuilt after each batch of its
+ * changes, and a row whose node is deleted in between is removed at once. A change that a handler asks for while rows
+ * change is deferred until that is done.
  */
 class SettingsModel : public QAbstractListModel
 {
@@ -62,12 +65,17 @@ public:
     Q_INVOKABLE QObject *objectForPath(const QString &path) const;
 
 private:
-    void itemDestroyed(QObject *item);
+    using Roles = RoleTable<SettingsModel, TreeItem>;
+
+    static const Roles &roles();
+
+    void rebuild();
+    void removeRowOf(const QObject *item);
 
     int m_depth = 0;
     QStringList m_path;
     PluginRegistry *const m_registry;
     QPointer<TreeItem> m_root;
     ItemRows m_rows;
-    QObject *m_destroyedItem = nullptr;
+    RowChanges m_changes;
 };

@@ -3,13 +3,14 @@
 
 #pragma once
 
-#include <mgconfitem.h>
-
 #include <QObject>
+#include <QPointer>
 #include <QSet>
 #include <QStringList>
 
-#include <optional>
+#include <functional>
+
+class MGConfItem;
 
 /// A list of entry paths in a dconf key. A value of another type reads as the strings that it converts to.
 class StoredFavorites : public QObject
@@ -17,20 +18,29 @@ class StoredFavorites : public QObject
     Q_OBJECT
 
 public:
-    explicit StoredFavorites(const QString &key);
+    using Edit = std::function<QStringList(const QStringList &)>;
+
+    /// The key's MGConfItem is a child of @p owner.
+    StoredFavorites(const QString &key, QObject *owner);
+    ~StoredFavorites() override;
 
     QStringList read() const;
-    /// As of the last changed(), without reading the list anew.
-    bool contains(const QString &path) const;
-    /// Announced by changed(), at once or later.
-    void write(const QStringList &paths);
+    bool contains(const QString &path) const; ///< in the list that the key holds now
+    /// Writes what @p edit makes of the list. changed() announces it, at once or later.
+    void apply(const Edit &edit);
+    /// The same for an edit whose result the rows show already: it is announced only together with other changes.
+    void applyShown(const Edit &edit);
 
 Q_SIGNALS:
-    void changed(); ///< by whomever
+    void changed(); ///< the key holds another list than the last one that was announced or shown
 
 private:
     void valueChanged();
+    void write(const QStringList &paths);
 
-    MGConfItem m_item;
-    mutable std::optional<QSet<QString>> m_paths; ///< filled on demand
+    const QString m_key;
+    const QPointer<MGConfItem> m_item;
+    QStringList m_shown;
+    mutable QStringList m_indexed; ///< the list that m_paths was filled from
+    mutable QSet<QString> m_paths;
 };

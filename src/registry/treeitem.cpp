@@ -18,9 +18,6 @@ TreeItem::TreeItem(const QString &name, const QVariantMap &data)
 TreeItem::~TreeItem()
 {
     d->deleteDescendants();
-    // Emitted here and not by ~QObject(): a handler may read the node, for example as another row of a model.
-    Q_EMIT destroyed(this);
-    disconnect(this, &QObject::destroyed, nullptr, nullptr);
     d->leaveIndex();
 }
 

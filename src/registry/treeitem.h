@@ -39,8 +39,7 @@ public:
 
     /// A node without parent and children, with @p data as it is.
     TreeItem(const QString &name, const QVariantMap &data);
-    /// Deletes the subtree, leaves first. Each node can still be read by those that destroyed() notifies. Does not take
-    /// the node out of its parent: see removeChild().
+    /// Deletes the subtree, leaves first. Does not take the node out of its parent: see removeChild().
     ~TreeItem() override;
 
     QString name() const; ///< component of the path, empty for the root
