@@ -21,6 +21,8 @@
 #include <QHash>
 #include <QMap>
 
+#include <utility>
+
 namespace
 {
 constexpr int MaxSteps = 40;
@@ -114,6 +116,8 @@ struct PlainFavorites {
     bool potential = false;
 
     QStringList wanted() const;
+    template<typename Value>
+    void set(Value PlainFavorites::*property, const Value &value);
     void update();
     void storedChanged(const QStringList &paths);
     void editedStored(const QStringList &paths);
@@ -148,6 +152,14 @@ QStringList PlainFavorites::wanted() const
         }
     }
     return wanted;
+}
+
+template<typename Value>
+void PlainFavorites::set(Value PlainFavorites::*property, const Value &value)
+{
+    if (std::exchange(this->*property, value) != value) {
+        update();
+    }
 }
 
 void PlainFavorites::update()
@@ -192,10 +204,9 @@ void PlainFavorites::remove(const QString &path)
     if (potential) {
         editedStored(paths);
     } else if (rows.contains(path)) {
-        rows.removeOne(path);
+        rows.removeAll(path);
         userModified = userModified || hasUserModifiedKey;
-        stored = paths;
-        update();
+        stored = paths; // a path in another spelling shows no row until the list changes again
     }
 }
 
@@ -303,18 +314,15 @@ void Favorites::step(Input *input)
         m_userModified.set(m_plain.userModified);
         break;
     case 8:
-        m_plain.filter = s_filters.at(input->below(s_filters.size()));
-        m_plain.update();
+        m_plain.set(&PlainFavorites::filter, s_filters.at(input->below(s_filters.size())));
         m_model.setFilter(m_plain.filter);
         break;
     case 9:
-        m_plain.root = s_roots.at(input->below(s_roots.size()));
-        m_plain.update();
+        m_plain.set(&PlainFavorites::root, s_roots.at(input->below(s_roots.size())));
         m_model.setPath(m_plain.root);
         break;
     case 10:
-        m_plain.potential = input->flag();
-        m_plain.update();
+        m_plain.set(&PlainFavorites::potential, input->flag());
         m_model.setShowPotential(m_plain.potential);
         break;
     default:

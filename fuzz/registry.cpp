@@ -103,10 +103,13 @@ private:
     void insert(const QVariantMap &entry, const QString &file);
     void maskEntry(const QString &path, const QString &file);
     bool hasChildren(const QString &node) const;
-    bool isRemovable(const QString &node, const QString &unloaded) const;
+    void removeEntries(const QSet<QString> &files, const QSet<QString> &removable);
+    void removeNodes(const QSet<QString> &removable);
+    QSet<QString> withNodes(const QSet<QString> &files) const;
 
     QStringList m_known;
     QSet<QString> m_loaded;
+    QSet<QString> m_outlived;
     QSet<QString> m_masked;
     QMap<QString, QString> m_maskedEntries;
 };
@@ -128,6 +131,7 @@ void PlainTree::load(const QString &name)
         return;
     }
     m_loaded.insert(name);
+    m_outlived.remove(name);
     for (const QVariantMap &entry : file->entries) {
         if (!entry.contains(s_path)) {
             continue;
@@ -168,27 +172,45 @@ bool PlainTree::hasChildren(const QString &node) const
     return below != nodes.cend() && below.key().startsWith(prefix);
 }
 
-bool PlainTree::isRemovable(const QString &node, const QString &unloaded) const
+void PlainTree::removeNodes(const QSet<QString> &removable)
 {
-    const QString file = fromFile(nodes.value(node));
-    return !node.isEmpty() && !hasChildren(node)
-           && (file.isNull() || file == unloaded || !m_loaded.contains(file));
+    // Deeper ones first: what is below a node sorts behind it.
+    const QStringList all = nodes.keys();
+    for (auto node = all.crbegin(); node != all.crend(); ++node) {
+        const QString file = fromFile(nodes.value(*node));
+        if (!node->isEmpty() && !hasChildren(*node) && (file.isNull() || removable.contains(file))) {
+            nodes.remove(*node);
+        }
+    }
+}
+
+QSet<QString> PlainTree::withNodes(const QSet<QString> &files) const
+{
+    QSet<QString> found;
+    for (const QVariantMap &data : nodes) {
+        if (files.contains(fromFile(data))) {
+            found.insert(fromFile(data));
+        }
+    }
+    return found;
+}
+
+void PlainTree::removeEntries(const QSet<QString> &files, const QSet<QString> &removable)
+{
+    for (const QString &file : files) {
+        const QStringList maskedPaths = m_maskedEntries.keys(file);
+        for (const QString &path : maskedPaths) {
+            m_maskedEntries.remove(path);
+        }
+    }
+    removeNodes(removable);
+    m_outlived = withNodes(m_outlived + (files & m_loaded));
+    m_loaded -= files;
 }
 
 void PlainTree::unload(const QString &name)
 {
-    const QStringList maskedPaths = m_maskedEntries.keys(name);
-    for (const QString &path : maskedPaths) {
-        m_maskedEntries.remove(path);
-    }
-    m_loaded.remove(name);
-    // Deeper ones first: what is below a node sorts behind it.
-    const QStringList all = nodes.keys();
-    for (auto node = all.crbegin(); node != all.crend(); ++node) {
-        if (isRemovable(*node, name)) {
-            nodes.remove(*node);
-        }
-    }
+    removeEntries({name}, QSet<QString>{name} + m_outlived);
 }
 
 void PlainTree::scan()
@@ -228,14 +250,18 @@ void PlainTree::changeMasked(const QSet<QString> &paths)
         }
     }
     m_masked = paths;
-    for (const QString &name : qAsConst(reload)) {
-        unload(name);
+    if (reload.isEmpty()) {
+        return;
     }
+    const QSet<QString> files(reload.cbegin(), reload.cend());
+    removeEntries(files, files);
     for (const QString &name : s_files) {
         if (reload.contains(name)) {
             load(name);
         }
     }
+    removeNodes(m_outlived);
+    m_outlived = withNodes(m_outlived);
 }
 
 /// The tree and the plain one, through the same steps.
