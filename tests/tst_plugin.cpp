@@ -105,6 +105,7 @@ private Q_SLOTS:
     void eachEngineHasItsTranslators();
     void twoImportsMakeOnePair();
     void engineMadeAnew();
+    void translatorsHaveTheirOwnMetaObject();
     void deletedTranslatorLeavesTheApplication();
     void localeWinsOverEngineeringEnglish();
     void localeWithoutEngineeringEnglish();
@@ -269,6 +270,20 @@ void PluginTest::engineMadeAnew()
     Catalogs::removeAll();
     const auto engine = makeEngineWithModule();
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+}
+
+void PluginTest::translatorsHaveTheirOwnMetaObject()
+{
+    const auto engine = makeEngineWithModule();
+    const QList<QTranslator *> translators = engine->findChildren<QTranslator *>();
+    QCOMPARE(translators.size(), 2);
+    for (const QTranslator *translator : translators) {
+        const QMetaObject *meta = translator->metaObject();
+        QCOMPARE(meta->className(), "AppTranslator");
+        QCOMPARE(meta->superClass(), &QTranslator::staticMetaObject);
+        QCOMPARE(meta->methodCount(), QTranslator::staticMetaObject.methodCount());
+        QCOMPARE(meta->propertyCount(), QTranslator::staticMetaObject.propertyCount());
+    }
 }
 
 void PluginTest::deletedTranslatorLeavesTheApplication()
