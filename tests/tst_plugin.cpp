@@ -77,6 +77,18 @@ std::unique_ptr<QQmlEngine> makeEngineWithModule()
     return engine;
 }
 
+/// The description that QML tools read of the type that the module exports as @p name.
+QStringList toolComponents(const QString &name)
+{
+    QFile file(QStringLiteral(VELKA_QML_DIR "/com/velka/settings/plugins.qmltypes"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("Can't read %s", qPrintable(file.fileName()));
+    }
+    const QString description = QString::fromUtf8(file.readAll());
+    return description.split(QStringLiteral("\n    Component {"))
+        .filter(QStringLiteral("\"com.velka.settings/%1 1.0\"").arg(name));
+}
+
 int translatorCount(const QQmlEngine &engine)
 {
     return engine.findChildren<QTranslator *>().size();
@@ -99,6 +111,8 @@ private Q_SLOTS:
     void otherVersionsAreRefused();
     void typesGoToTheUriOfTheEngine();
     void errorsCannotBeCreated();
+    void toolsKnowWhatCanBeCreated_data();
+    void toolsKnowWhatCanBeCreated();
     void errorValues_data();
     void errorValues();
 
@@ -201,6 +215,30 @@ void PluginTest::errorsCannotBeCreated()
     QVERIFY(!creation.object);
     // What the engine says when it was given no reason
     QCOMPARE(creation.errors, {QStringLiteral("Element is not creatable.")});
+}
+
+void PluginTest::toolsKnowWhatCanBeCreated_data()
+{
+    QTest::addColumn<bool>("isCreatable");
+    QTest::addColumn<bool>("isSingleton");
+    QTest::newRow("SettingsModel") << true << false;
+    QTest::newRow("FavoritesModel") << true << false;
+    QTest::newRow("ApplicationSettingsModel") << true << false;
+    QTest::newRow("UserApplicationsFilterModel") << true << false;
+    QTest::newRow("ApplicationsModel") << false << true;
+    QTest::newRow("SettingsControlError") << false << false;
+}
+
+void PluginTest::toolsKnowWhatCanBeCreated()
+{
+    QFETCH(bool, isCreatable);
+    QFETCH(bool, isSingleton);
+    const QStringList components = toolComponents(QLatin1String(QTest::currentDataTag()));
+    QCOMPARE(components.size(), 1);
+    const QString component = components.first();
+    QCOMPARE(component.count(QStringLiteral("\"com.velka.settings/")), 1);
+    QCOMPARE(!component.contains(QLatin1String("isCreatable: false")), isCreatable);
+    QCOMPARE(component.contains(QLatin1String("isSingleton: true")), isSingleton);
 }
 
 void PluginTest::errorValues_data()
