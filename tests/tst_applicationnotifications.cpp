@@ -70,7 +70,7 @@ private:
 namespace
 {
 const QStringList s_none;
-const QString s_a = QStringLiteral("com.app.a");
+const QString s_a = QStringLiteral("com.example.a");
 
 const QStringList s_announcement = texts({"allowedNotificationsChanged", "selectedAppsChanged"});
 
@@ -93,7 +93,7 @@ void ApplicationNotificationsTest::init()
     for (const char *id : {"a", "b"}) {
         m_applications->write(
             QByteArray(QByteArray("first/") + id + ".desktop").constData(),
-            application(QByteArray(id).toUpper(), QByteArray("X-DBus-ServiceName=com.app.") + id));
+            application(QByteArray(id).toUpper(), QByteArray("X-DBus-ServiceName=com.example.") + id));
     }
 }
 
@@ -111,7 +111,7 @@ void ApplicationNotificationsTest::tell(const QVariantList &arguments, const cha
 void ApplicationNotificationsTest::enabledUntilToldOtherwise()
 {
     ServedModel model(&m_services);
-    QCOMPARE(model.column(Model::ApplicationIdRole), QVariantList({s_a, text("com.app.b"), text("")}));
+    QCOMPARE(model.column(Model::ApplicationIdRole), QVariantList({s_a, text("com.example.b"), text("")}));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
     QCOMPARE(m_services.takeCalls(), s_none);
 }
@@ -119,7 +119,8 @@ void ApplicationNotificationsTest::enabledUntilToldOtherwise()
 void ApplicationNotificationsTest::fetchesAll()
 {
     const MessageLog log;
-    m_services.answer("getList", "{'com.app.a': False, 'com.app.b': True, 'a': False, 'com.app.x': False}");
+    m_services.answer("getList",
+                      "{'com.example.a': False, 'com.example.b': True, 'a': False, 'com.example.x': False}");
     ServedModel model(&m_services);
     model.getAllowedNotificationsConfig();
     QCOMPARE(model.takeSignals(), s_none);
@@ -131,7 +132,7 @@ void ApplicationNotificationsTest::fetchesAll()
 
 void ApplicationNotificationsTest::listOverwritesOnlyWhatItNames()
 {
-    m_services.answerInTurn("getList", {"{'com.app.a': False}", "{'com.app.b': False}", "{}"});
+    m_services.answerInTurn("getList", {"{'com.example.a': False}", "{'com.example.b': False}", "{}"});
     ServedModel model(&m_services);
     for (const QVariantList &expected :
          {QVariantList{false, true, true}, QVariantList{false, false, true}, QVariantList{false, false, true}}) {
@@ -161,7 +162,7 @@ void ApplicationNotificationsTest::valuesAreMadeFlags()
 {
     QFETCH(QByteArray, value);
     QFETCH(bool, enabled);
-    m_services.answer("getList", "{'com.app.a': " + value + "}");
+    m_services.answer("getList", "{'com.example.a': " + value + "}");
     ServedModel model(&m_services);
     model.getAllowedNotificationsConfig();
     m_services.settle();
@@ -178,7 +179,7 @@ void ApplicationNotificationsTest::failedListEmptiesAll()
     QFETCH(Fault, fault);
     QFETCH(QDBusError, error);
     ServedModel model(&m_services);
-    m_services.answer("getList", "{'com.app.a': False}");
+    m_services.answer("getList", "{'com.example.a': False}");
     model.getAllowedNotificationsConfig();
     m_services.settle();
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
@@ -196,7 +197,7 @@ void ApplicationNotificationsTest::failedListEmptiesAll()
 
 void ApplicationNotificationsTest::outlivesARebuild()
 {
-    m_services.answer("getList", "{'com.app.a': False}");
+    m_services.answer("getList", "{'com.example.a': False}");
     ServedModel model(&m_services);
     model.getAllowedNotificationsConfig();
     m_services.settle();
@@ -208,15 +209,16 @@ void ApplicationNotificationsTest::setsOne()
 {
     const MessageLog log;
     ServedModel model(&m_services);
-    model.setNotificationsEnabled(text("com.app.b"), false);
+    model.setNotificationsEnabled(text("com.example.b"), false);
     QCOMPARE(model.takeSignals(), s_none);
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
-    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.app.b', 0) sb"}));
+    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.example.b', 0) sb"}));
     QCOMPARE(model.takeSignals(), announcementOf("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, true}));
-    model.setNotificationsEnabled(text("com.app.b"), true);
-    model.setNotificationsEnabled(text("com.app.b"), true);
-    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.app.b', 1) sb", "setEnabled('com.app.b', 1) sb"}));
+    model.setNotificationsEnabled(text("com.example.b"), true);
+    model.setNotificationsEnabled(text("com.example.b"), true);
+    QCOMPARE(m_services.takeCalls(),
+             texts({"setEnabled('com.example.b', 1) sb", "setEnabled('com.example.b', 1) sb"}));
     QCOMPARE(model.takeSignals(), announcementOf("1-1") + announcementOf("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
     QCOMPARE(log.take(), s_none);
@@ -238,7 +240,7 @@ void ApplicationNotificationsTest::failedSetChangesNothing()
     m_services.settle();
     QCOMPARE(model.takeSignals(), s_none);
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
-    QCOMPARE(log.take(), QStringList(warning(text("Failed to set notifications config for com.app.a. Error: ")
+    QCOMPARE(log.take(), QStringList(warning(text("Failed to set notifications config for com.example.a. Error: ")
                                              + unquotedText(error))));
 }
 
@@ -255,9 +257,9 @@ void ApplicationNotificationsTest::setsUnknownApplication()
 
 void ApplicationNotificationsTest::firstRowOfTheIdIsMeant()
 {
-    m_applications->write("first/c.desktop", application("C", "X-DBus-ServiceName=com.app.b"));
+    m_applications->write("first/c.desktop", application("C", "X-DBus-ServiceName=com.example.b"));
     ServedModel model(&m_services);
-    model.setNotificationsEnabled(text("com.app.b"), false);
+    model.setNotificationsEnabled(text("com.example.b"), false);
     m_services.settle();
     QCOMPARE(model.takeSignals(), announcementOf("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, false}));
@@ -304,9 +306,9 @@ void ApplicationNotificationsTest::hearsOfAnUnknownApplication()
     model.getAllowedNotificationsConfig();
     m_services.settle();
     model.takeSignals();
-    tell(text("com.app.x"), config);
+    tell(text("com.example.x"), config);
     QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.app.x"))));
+    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.example.x"))));
 }
 
 void ApplicationNotificationsTest::hearsOfAnotherChange()
@@ -365,7 +367,7 @@ void ApplicationNotificationsTest::hearsNothingBeforeFirstUse()
     ServedModel model(&m_services);
     tell(s_a, enabled(false));
     QCOMPARE(model.takeSignals(), s_none);
-    model.setNotificationsEnabled(text("com.app.b"), false);
+    model.setNotificationsEnabled(text("com.example.b"), false);
     m_services.settle();
     model.takeSignals();
     tell(s_a, enabled(false));
@@ -382,7 +384,7 @@ void ApplicationNotificationsTest::answersAfterTheRowsAreGone()
     model.takeSignals();
     m_services.settle();
     QCOMPARE(model.takeSignals(), s_announcement);
-    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.app.a"))));
+    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.example.a"))));
 }
 
 void ApplicationNotificationsTest::answersAfterTheEnd()
@@ -392,11 +394,11 @@ void ApplicationNotificationsTest::answersAfterTheEnd()
     std::optional<ServedModel> model(&m_services);
     m_services[Service::Notifications].suspend();
     model->getAllowedNotificationsConfig();
-    model->setNotificationsEnabled(text("com.app.x"), false);
+    model->setNotificationsEnabled(text("com.example.x"), false);
     model.reset();
     m_services[Service::Notifications].resume();
-    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.x', 0) sb"}));
-    tell(text("com.app.x"), {});
+    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.example.x', 0) sb"}));
+    tell(text("com.example.x"), {});
     QCOMPARE(log.take(), s_none);
 }
 
@@ -433,7 +435,7 @@ void ApplicationNotificationsTest::nothingWaits()
     QCoreApplication::processEvents();
     QVERIFY(timer.elapsed() < NoTime);
     m_services[Service::Notifications].resume();
-    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.a', 0) sb"}));
+    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.example.a', 0) sb"}));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
 }
 
@@ -451,12 +453,12 @@ void ApplicationNotificationsTest::proxy()
 
     Proxy proxy(text("com.kelo.NotificationsConfig1"), text("/com/kelo/NotificationsConfig1"),
                 QDBusConnection::sessionBus(), nullptr);
-    QDBusPendingReply<QVariantMap> config = proxy.getConfig(text("com.app.a"));
+    QDBusPendingReply<QVariantMap> config = proxy.getConfig(text("com.example.a"));
     QDBusPendingCallWatcher watcher(config);
     QSignalSpy finished(&watcher, &QDBusPendingCallWatcher::finished);
     QVERIFY(finished.wait());
     QCOMPARE(config.value(), (QVariantMap{{text("enabled"), true}}));
-    QCOMPARE(m_services.takeCalls(), texts({"getConfig('com.app.a') s"}));
+    QCOMPARE(m_services.takeCalls(), texts({"getConfig('com.example.a') s"}));
 }
 
 QTEST_GUILESS_MAIN(ApplicationNotificationsTest)

@@ -283,7 +283,7 @@ void ApplicationPermissionsTest::findsDesktopFile_data()
         << QByteArray("sub-dir-x") << QByteArray("first/sub-dir/x.desktop") << QByteArray();
     QTest::newRow("user's sub-directory")
         << QByteArray("sub-x") << QByteArray("user/sub/x.desktop") << QByteArray("first/sub-x.desktop");
-    QTest::newRow("dots in the name") << QByteArray("com.app..x") << QByteArray("first/com.app..x.desktop")
+    QTest::newRow("dots in the name") << QByteArray("com.example..x") << QByteArray("first/com.example..x.desktop")
                                       << QByteArray();
 }
 

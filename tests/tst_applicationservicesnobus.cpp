@@ -49,7 +49,7 @@ void ApplicationServicesNoBusTest::initTestCase()
     World::writeEntries(text("x.json"), R"({"entries": [{"path": "applications"}]})");
     World::rescan(PluginRegistry::instance());
     m_applications.write("first/a.desktop",
-                         application("A", "X-DBus-ServiceName=com.app.a\n[X-Application]\nPermissions=A\n"));
+                         application("A", "X-DBus-ServiceName=com.example.a\n[X-Application]\nPermissions=A\n"));
     m_applications.write("first/b.desktop", application("B"));
 }
 
@@ -123,8 +123,8 @@ void ApplicationServicesNoBusTest::notifications()
     QElapsedTimer timer;
     timer.start();
     model.getAllowedNotificationsConfig();
-    model.setNotificationsEnabled(text("com.app.a"), false);
-    model.setNotificationsEnabled(text("com.app.x"), false);
+    model.setNotificationsEnabled(text("com.example.a"), false);
+    model.setNotificationsEnabled(text("com.example.x"), false);
     QCoreApplication::processEvents();
     QCOMPARE(model.index(0).data(Model::NotificationsEnabledRole), QVariant(true));
     QVERIFY(timer.elapsed() < NoTime);

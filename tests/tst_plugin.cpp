@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QLocale>
 #include <QPluginLoader>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
@@ -77,6 +78,26 @@ std::unique_ptr<QQmlEngine> makeEngineWithModule()
     return engine;
 }
 
+/// The description that QML tools read of the type that the module exports as @p name.
+QStringList toolComponents(const QString &name)
+{
+    QFile file(QStringLiteral(VELKA_QML_DIR "/com/velka/settings/plugins.qmltypes"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("Can't read %s", qPrintable(file.fileName()));
+    }
+    const QString description = QString::fromUtf8(file.readAll());
+    return description.split(QStringLiteral("\n    Component {"))
+        .filter(QStringLiteral("\"com.velka.settings/%1 1.0\"").arg(name));
+}
+
+QObject *applicationsModel(QQmlEngine &engine)
+{
+    const Creation creation = create(engine, s_import
+                                                 + QStringLiteral("QtObject { property QtObject model: "
+                                                                  "ApplicationsModel }"));
+    return creation.object ? creation.object->property("model").value<QObject *>() : nullptr;
+}
+
 int translatorCount(const QQmlEngine &engine)
 {
     return engine.findChildren<QTranslator *>().size();
@@ -99,12 +120,16 @@ private Q_SLOTS:
     void otherVersionsAreRefused();
     void typesGoToTheUriOfTheEngine();
     void errorsCannotBeCreated();
-    void errorValues_data();
-    void errorValues();
+    void toolsKnowWhatCanBeCreated_data();
+    void toolsKnowWhatCanBeCreated();
+    void enumValues_data();
+    void enumValues();
 
+    void eachEngineHasItsApplicationsModel();
     void eachEngineHasItsTranslators();
     void twoImportsMakeOnePair();
     void engineMadeAnew();
+    void translatorsHaveTheirOwnMetaObject();
     void deletedTranslatorLeavesTheApplication();
     void localeWinsOverEngineeringEnglish();
     void localeWithoutEngineeringEnglish();
@@ -121,7 +146,8 @@ void PluginTest::initTestCase()
 {
     QVERIFY2(qEnvironmentVariableIsSet("VELKA_SANDBOX"), "Run this test through scripts/sandbox");
     writeFile(s_directory + QStringLiteral("/favorites-blacklist.json"), "[]");
-    writeFile(s_directory + QStringLiteral("/entries/sound.json"), "{\"entries\": [{\"path\": \"sound\"}]}");
+    writeFile(s_directory + QStringLiteral("/entries/sound.json"),
+              "{\"entries\": [{\"path\": \"sound\"}, {\"path\": \"applications\"}]}");
 }
 
 void PluginTest::init()
@@ -144,6 +170,13 @@ void PluginTest::namesAreAvailable_data()
     QTest::addColumn<QString>("document");
     QTest::newRow("SettingsModel") << QStringLiteral("import com.velka.settings 1.0\nSettingsModel {}");
     QTest::newRow("FavoritesModel") << QStringLiteral("import com.velka.settings 1.0\nFavoritesModel {}");
+    QTest::newRow("ApplicationSettingsModel")
+        << QStringLiteral("import com.velka.settings 1.0\nApplicationSettingsModel {}");
+    QTest::newRow("UserApplicationsFilterModel")
+        << QStringLiteral("import com.velka.settings 1.0\nUserApplicationsFilterModel {}");
+    QTest::newRow("ApplicationsModel") << QStringLiteral(
+        "import com.velka.settings 1.0\nimport QtQml 2.15\n"
+        "QtObject { property int count: ApplicationsModel.count }");
     QTest::newRow("SettingsControlError")
         << QStringLiteral("import com.velka.settings 1.0\nimport QtQml 2.15\n"
                           "QtObject { property int error: SettingsControlError.InProgress }");
@@ -202,31 +235,89 @@ void PluginTest::errorsCannotBeCreated()
     QCOMPARE(creation.errors, {QStringLiteral("Element is not creatable.")});
 }
 
-void PluginTest::errorValues_data()
+void PluginTest::toolsKnowWhatCanBeCreated_data()
 {
-    QTest::addColumn<int>("value");
-    QTest::newRow("NoError") << 0;
-    QTest::newRow("InProgress") << 1;
-    QTest::newRow("BlockedByAccessPolicy") << 2;
-    QTest::newRow("BlockedByFlightMode") << 3;
-    QTest::newRow("NotConnected") << 4;
-    QTest::newRow("ConnectionFailed") << 5;
-    QTest::newRow("ConnectionSetupRequired") << 6;
-    QTest::newRow("NoSimAvailable") << 7;
-    QTest::newRow("NoSimActive") << 8;
-    QTest::newRow("UnknownError") << 1000;
+    QTest::addColumn<bool>("isCreatable");
+    QTest::addColumn<bool>("isSingleton");
+    QTest::newRow("SettingsModel") << true << false;
+    QTest::newRow("FavoritesModel") << true << false;
+    QTest::newRow("ApplicationSettingsModel") << true << false;
+    QTest::newRow("UserApplicationsFilterModel") << true << false;
+    QTest::newRow("ApplicationsModel") << false << true;
+    QTest::newRow("SettingsControlError") << false << false;
 }
 
-void PluginTest::errorValues()
+void PluginTest::toolsKnowWhatCanBeCreated()
+{
+    QFETCH(bool, isCreatable);
+    QFETCH(bool, isSingleton);
+    const QStringList components = toolComponents(QLatin1String(QTest::currentDataTag()));
+    QCOMPARE(components.size(), 1);
+    const QString component = components.first();
+    QCOMPARE(component.count(QStringLiteral("\"com.velka.settings/")), 1);
+    QCOMPARE(!component.contains(QLatin1String("isCreatable: false")), isCreatable);
+    QCOMPARE(component.contains(QLatin1String("isSingleton: true")), isSingleton);
+}
+
+void PluginTest::enumValues_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::newRow("SettingsControlError.NoError") << 0;
+    QTest::newRow("SettingsControlError.InProgress") << 1;
+    QTest::newRow("SettingsControlError.BlockedByAccessPolicy") << 2;
+    QTest::newRow("SettingsControlError.BlockedByFlightMode") << 3;
+    QTest::newRow("SettingsControlError.NotConnected") << 4;
+    QTest::newRow("SettingsControlError.ConnectionFailed") << 5;
+    QTest::newRow("SettingsControlError.ConnectionSetupRequired") << 6;
+    QTest::newRow("SettingsControlError.NoSimAvailable") << 7;
+    QTest::newRow("SettingsControlError.NoSimActive") << 8;
+    QTest::newRow("SettingsControlError.UnknownError") << 1000;
+    for (const char *applications : {"ApplicationSettingsModel", "ApplicationsModel"}) {
+        QTest::addRow("%s.AllowedOnly", applications) << 0;
+        QTest::addRow("%s.AutostartedOnly", applications) << 1;
+        QTest::addRow("%s.SectionRole", applications) << 257;
+        QTest::addRow("%s.IconIdRole", applications) << 258;
+        QTest::addRow("%s.IconModeRole", applications) << 259;
+        QTest::addRow("%s.NameRole", applications) << 260;
+        QTest::addRow("%s.FilePathRole", applications) << 261;
+        QTest::addRow("%s.SandboxedRole", applications) << 262;
+        QTest::addRow("%s.FileIdRole", applications) << 263;
+        QTest::addRow("%s.AllowedRole", applications) << 264;
+        QTest::addRow("%s.AlwaysAllowedRole", applications) << 265;
+        QTest::addRow("%s.AutostartedRole", applications) << 266;
+        QTest::addRow("%s.ApplicationIdRole", applications) << 267;
+        QTest::addRow("%s.NotificationsEnabledRole", applications) << 268;
+    }
+}
+
+void PluginTest::enumValues()
 {
     QFETCH(int, value);
     const auto engine = makeEngine();
-    const Creation creation = create(*engine, s_import
-                                                  + QStringLiteral("QtObject { property var error: "
-                                                                   "SettingsControlError.%1 }")
-                                                        .arg(QLatin1String(QTest::currentDataTag())));
+    const QString expression = QLatin1String(QTest::currentDataTag());
+    const Creation creation = create(
+        *engine, s_import + QStringLiteral("QtObject { property var value: %1 }").arg(expression));
     QVERIFY(creation.object);
-    QCOMPARE(creation.object->property("error"), QVariant(value));
+    QCOMPARE(creation.object->property("value"), QVariant(value));
+}
+
+void PluginTest::eachEngineHasItsApplicationsModel()
+{
+    auto first = makeEngine();
+    const QPointer<QObject> model = applicationsModel(*first);
+    QVERIFY(model);
+    QCOMPARE(applicationsModel(*first), model);
+    QCOMPARE(model->parent(), first.get());
+    QVERIFY(model->property("applications").value<QObject *>()); // it is complete
+
+    const auto second = makeEngine();
+    QObject *const other = applicationsModel(*second);
+    QVERIFY(other);
+    QVERIFY(other != model);
+    QCOMPARE(other->parent(), second.get());
+    first.reset();
+    QVERIFY(!model);
+    QCOMPARE(applicationsModel(*second), other);
 }
 
 void PluginTest::eachEngineHasItsTranslators()
@@ -269,6 +360,20 @@ void PluginTest::engineMadeAnew()
     Catalogs::removeAll();
     const auto engine = makeEngineWithModule();
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+}
+
+void PluginTest::translatorsHaveTheirOwnMetaObject()
+{
+    const auto engine = makeEngineWithModule();
+    const QList<QTranslator *> translators = engine->findChildren<QTranslator *>();
+    QCOMPARE(translators.size(), 2);
+    for (const QTranslator *translator : translators) {
+        const QMetaObject *meta = translator->metaObject();
+        QCOMPARE(meta->className(), "AppTranslator");
+        QCOMPARE(meta->superClass(), &QTranslator::staticMetaObject);
+        QCOMPARE(meta->methodCount(), QTranslator::staticMetaObject.methodCount());
+        QCOMPARE(meta->propertyCount(), QTranslator::staticMetaObject.propertyCount());
+    }
 }
 
 void PluginTest::deletedTranslatorLeavesTheApplication()

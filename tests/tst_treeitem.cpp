@@ -183,6 +183,11 @@ void TreeItemTest::title_data()
     QTest::newRow("empty id") << QVariantMap{{id, QString()}, {plain, text("Display")}} << text("Display")
                               << QString();
     QTest::newRow("unknown id alone") << QVariantMap{{id, text("unknown")}} << text("!!display") << QString();
+    QTest::newRow("empty translation") << QVariantMap{{id, text("blank")}, {plain, text("Display")}}
+                                       << text("!!display") << QString();
+    QTest::newRow("short empty translation")
+        << QVariantMap{{text("translation_id_short"), text("blank")}, {text("title_short"), text("Disp")}}
+        << text("!!display") << QString();
     QTest::newRow("short plain") << QVariantMap{{text("title_short"), text("Disp")}} << text("!!display")
                                  << text("Disp");
     QTest::newRow("short id") << QVariantMap{{text("translation_id_short"), text("known")}} << text("!!display")
@@ -197,7 +202,7 @@ void TreeItemTest::title_data()
 void TreeItemTest::title()
 {
     QFETCH(QVariantMap, data);
-    const TableTranslator translator({{"known", text("Known text")}});
+    const TableTranslator translator({{"known", text("Known text")}, {"blank", text("")}});
     const TreeItem item(text("display"), data);
     QTEST(item.title(), "title");
     QTEST(item.shortTitle(), "shortTitle");

@@ -17,8 +17,8 @@ class SandboxingClient;
  * What the platform's services keep of one user's applications: which are allowed, always allowed, and started
  * automatically. All lists are lists of application ids, empty until fetched and after a failure.
  *
- * What is for a user alone is refused with a warning for the uid 0. An answer that concerns a user who is not asked
- * for any more is dropped.
+ * The uid 0 is refused with a warning, but not by queryAllowlistEnabled(), setAutostart() and applyAutostart(). An
+ * answer that concerns a user who is not asked for any more is dropped.
  */
 class UserApplicationLists : public QObject
 {

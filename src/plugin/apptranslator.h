@@ -8,7 +8,8 @@
 /// A translator that leaves the application when its owner deletes it.
 class AppTranslator : public QTranslator
 {
-    // Without Q_OBJECT: it adds nothing to the meta-object.
+    Q_OBJECT
+
 public:
     using QTranslator::QTranslator;
     ~AppTranslator() override;
