@@ -4,11 +4,18 @@
 #include "applications.h"
 #include "applicationservices.h"
 #include "text.h"
+#include "world.h"
 
+#include <launcherfoldermodel.h>
+#include <mgconfitem.h>
+
+#include <QDBusPendingCallWatcher>
 #include <QElapsedTimer>
+#include <QFileSystemWatcher>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <atomic>
 #include <limits>
 #include <thread>
@@ -29,11 +36,13 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
+    void ownsWhatItUses();
     void nothingIsAskedWithoutMode();
     void uidIsSentAsEachServiceWantsIt();
     void answerAfterRebuild();
     void lastAnswerWins();
-    void answerForAnotherUser();
+    void answersAfterTheUserChanged();
+    void answersAfterTheUserBecameRoot();
     void answersAfterTheEnd();
     void handlerMayRebuild();
     void servicesComeAndGo();
@@ -49,6 +58,26 @@ private:
 namespace
 {
 const QStringList s_none;
+
+/// The number of direct children of each class that the model is to own, in the order of their first use.
+QList<int> owned(const Model &model)
+{
+    QList<int> counts;
+    for (const char *name :
+         {"MGConfItem", "QFileSystemWatcher", "QTimer", "OrgOrvantaosTarnholdd1Interface",
+          "ComKeloAmAutostartInterface", "ComKeloNotificationsConfigProxy", "QDBusPendingCallWatcher"}) {
+        const QObjectList &children = model.children();
+        counts.append(int(std::count_if(children.cbegin(), children.cend(),
+                                        [name](const QObject *child) { return child->inherits(name); })));
+    }
+    return counts;
+}
+
+template<typename Class>
+Class *child(const Model &model)
+{
+    return model.findChild<Class *>(QString(), Qt::FindDirectChildrenOnly);
+}
 }
 
 void ApplicationServicesTest::initTestCase()
@@ -61,6 +90,46 @@ void ApplicationServicesTest::initTestCase()
 void ApplicationServicesTest::init()
 {
     m_services.reset();
+}
+
+void ApplicationServicesTest::ownsWhatItUses()
+{
+    m_applications.writeMenu("<Menu/>");
+    Model model;
+    model.setUid(1000);
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
+    QCOMPARE(child<MGConfItem>(model)->key(), text("/apps/velka-settings/maskedSettings"));
+    QCOMPARE(child<QFileSystemWatcher>(model)->files(), QStringList(LauncherFolderModel::configFile()));
+    QVERIFY(child<QTimer>(model)->isSingleShot());
+    QCOMPARE(child<QTimer>(model)->interval(), 1000);
+    model.componentComplete();
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
+    World::setMasked({text("x")});
+    QTRY_VERIFY(child<QTimer>(model)->isActive());
+    QTRY_VERIFY(!child<QTimer>(model)->isActive());
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
+
+    for (Service service : {Service::Sandboxing, Service::Autostart, Service::Notifications}) {
+        m_services[service].suspend();
+    }
+    model.setFilterMode(Model::AllowedOnly);
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 0, 0, 1}));
+    model.toggleSelectedApp(text("a.desktop"));
+    model.setFilterModeEnabled(true);
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 0, 0, 3}));
+    model.setFilterMode(Model::AutostartedOnly);
+    model.setFilterModeEnabled(true);
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 1, 0, 5}));
+    model.getAllowedNotificationsConfig();
+    model.setNotificationsEnabled({}, true);
+    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 1, 1, 7}));
+    QCOMPARE(model.findChildren<QDBusPendingCallWatcher *>().size(), 7);
+    for (Service service : {Service::Sandboxing, Service::Autostart, Service::Notifications}) {
+        m_services[service].resume();
+    }
+    m_services.settle();
+    QTRY_COMPARE(owned(model), QList<int>({1, 1, 1, 1, 1, 1, 0}));
+    World::setMasked({});
 }
 
 void ApplicationServicesTest::nothingIsAskedWithoutMode()
@@ -138,8 +207,9 @@ void ApplicationServicesTest::lastAnswerWins()
     QCOMPARE(model.column(Model::AllowedRole), QVariantList({false, true, false}));
 }
 
-void ApplicationServicesTest::answerForAnotherUser()
+void ApplicationServicesTest::answersAfterTheUserChanged()
 {
+    m_services.answerInTurn("GetAllowlist", {"['a', 'x']", "['b']"});
     const MessageLog log;
     ServedModel model(&m_services);
     model.setFilterMode(Model::AllowedOnly);
@@ -149,15 +219,41 @@ void ApplicationServicesTest::answerForAnotherUser()
     model.takeSignals();
     model.setUid(1001);
     QCOMPARE(model.takeSignals(), texts({"uidChanged"}));
-    QCOMPARE(m_services.takeCalls().size(), 4);
-    QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(model.selectedApps(), s_none);
-    QCOMPARE(model.column(Model::AllowedRole), QVariantList({false, false, false}));
-    model.setFilterMode(Model::AllowedOnly);
-    model.setFilterMode(Model::AutostartedOnly);
-    m_services.settle();
-    QCOMPARE(model.selectedApps(), texts({"a", "x"}));
+    QStringList calls = m_services.takeCalls();
+    calls.sort();
+    QCOMPARE(calls, texts({"GetAllowlist(1000) u", "GetAllowlist(1001) u", "GetAlwaysAllowedApplications()",
+                           "GetEnabled(1000) i", "SetAllowlistEnabled(1000, 1) ui",
+                           "SetEnabled(1000, 'enabledMode', 1) isb"}));
+    QCOMPARE(model.selectedApps(), texts({"a", "x", "enabledMode"}));
+    QVERIFY(model.filterModeEnabled());
+    QCOMPARE(model.column(Model::AutostartedRole), QVariantList({true, false, false}));
+    QCOMPARE(model.column(Model::AllowedRole), QVariantList({false, true, false}));
+    QCOMPARE(model.column(Model::AlwaysAllowedRole), QVariantList({false, true, false}));
+    const QStringList announced = model.takeSignals();
+    QCOMPARE(announced.count(text("allowlistChanged")), 2);
+    QCOMPARE(announced.count(text("autostartListChanged")), 2);
+    QCOMPARE(announced.count(text("allowlistEnabledChanged")), 1);
+    QCOMPARE(announced.count(text("autostartEnabledChanged")), 1);
     QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationServicesTest::answersAfterTheUserBecameRoot()
+{
+    ServedModel model(&m_services, Model::AllowedOnly);
+    for (bool enabled : {true, false}) {
+        m_services.takeCalls();
+        model.setUid(1000);
+        model.setFilterModeEnabled(enabled);
+        model.setUid(0);
+        model.takeSignals();
+        const MessageLog log;
+        QCOMPARE(m_services.takeCalls(),
+                 enabled ? texts({"SetAllowlistEnabled(1000, 1) ui", "GetAlwaysAllowedApplications()"})
+                         : texts({"SetAllowlistEnabled(1000, 0) ui"}));
+        QCOMPARE(model.takeSignals().mid(0, 2), texts({"filterModeEnabledChanged", "allowlistEnabledChanged"}));
+        QCOMPARE(model.selectedApps(), enabled ? texts({"a", "x"}) : s_none);
+        QCOMPARE(log.take(), incorrectUid(1));
+    }
 }
 
 void ApplicationServicesTest::answersAfterTheEnd()

@@ -5,6 +5,7 @@
 
 #include "applications/applicationitem.h"
 #include "applications/desktopfiles.h"
+#include "applications/filewatcher.h"
 #include "applications/launcherlisting.h"
 #include "applications/notificationsclient.h"
 #include "applications/userapplicationlists.h"
@@ -20,7 +21,9 @@
 #include <orvantaaccesscontrol.h>
 
 #include <QFileInfo>
+#include <QMap>
 #include <QQmlEngine>
+#include <QTimer>
 
 #include <algorithm>
 #include <chrono>
@@ -74,22 +77,23 @@ const ApplicationsSettingsModel::RoleEntry ApplicationsSettingsModel::s_roles[] 
 ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     : QAbstractListModel(parent)
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
-    , m_configWatcher(LauncherFolderModel::configFile())
+    , m_configWatcher(new FileWatcher(LauncherFolderModel::configFile(), this))
+    , m_updateTimer(new QTimer(this))
     , m_launcher(new LauncherListing(this))
     , m_lists(new UserApplicationLists(this))
     , m_notifications(new NotificationsClient(this))
 {
-    m_updateTimer.setSingleShot(true);
-    m_updateTimer.setInterval(UpdateDelay);
+    m_updateTimer->setSingleShot(true);
+    m_updateTimer->setInterval(UpdateDelay);
     if (!applicationsSection()) {
         qCCritical(lcSettings) << Messages::NoApplicationsSection;
     }
     using Self = ApplicationsSettingsModel;
     connect(m_maskedItem, &MGConfItem::valueChanged, this, &Self::scheduleUpdate);
-    connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, this, &Self::scheduleUpdate);
+    connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, this, &Self::updateSections);
     connect(m_launcher, &LauncherListing::changed, this, &Self::scheduleUpdate);
     connect(m_launcher, &LauncherListing::reset, this, &Self::launcherModelReset);
-    connect(&m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
+    connect(m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
     connect(this, &Self::allowlistEnabledChanged, this, &Self::filterModeEnabledChanged);
     connect(this, &Self::autostartEnabledChanged, this, &Self::filterModeEnabledChanged);
     using Lists = UserApplicationLists;
@@ -119,11 +123,11 @@ void ApplicationsSettingsModel::setApplications(QObject *applications)
     // With any other user the launcher's order is not followed.
     const bool followsConfigFile = uid() == 0;
     if (m_applications && followsConfigFile) {
-        disconnect(&m_configWatcher, &FileWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
+        disconnect(m_configWatcher, &FileWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
     }
     m_applications = launcher;
     if (launcher && followsConfigFile) {
-        connect(&m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
+        connect(m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
     }
     if (m_complete) {
         launcherModelReset();
@@ -248,7 +252,7 @@ QHash<int, QByteArray> ApplicationsSettingsModel::roleNames() const
 
 void ApplicationsSettingsModel::scheduleUpdate()
 {
-    m_updateTimer.start();
+    m_updateTimer->start();
 }
 
 void ApplicationsSettingsModel::launcherModelReset()
@@ -364,6 +368,26 @@ void ApplicationsSettingsModel::rebuild()
     for (LauncherItem *launcherItem : launcherItems) {
         if (isListed(*launcherItem, masked)) {
             addItem(new ApplicationItem(launcherItem, section, this));
+        }
+    }
+}
+
+void ApplicationsSettingsModel::updateSections()
+{
+    TreeItem *section = applicationsSection();
+    QMap<int, QPointer<ApplicationItem>> changed;
+    for (int row = 0; row < m_items.size(); ++row) {
+        ApplicationItem *item = m_items.at(row);
+        if (item->updateSection(section)) {
+            changed.insert(row, item);
+        }
+    }
+    if (m_resetting) {
+        return; // all rows are read again
+    }
+    for (auto it = changed.cbegin(); it != changed.cend(); ++it) {
+        if (it.value()) { // a handler may have reset or deleted the model
+            notifyRow(it.key());
         }
     }
 }

@@ -3,7 +3,9 @@
 
 #pragma once
 
-#include <QFileSystemWatcher>
+#include <QObject>
+
+class QFileSystemWatcher;
 
 /// Follows one file, also when it is replaced by another one, or is made later in a directory that is there.
 class FileWatcher : public QObject
@@ -11,7 +13,8 @@ class FileWatcher : public QObject
     Q_OBJECT
 
 public:
-    explicit FileWatcher(const QString &path, QObject *parent = nullptr);
+    /// The file system's watcher becomes a child of @p parent, as this does.
+    FileWatcher(const QString &path, QObject *parent);
 
 Q_SIGNALS:
     void fileChanged();
@@ -20,5 +23,5 @@ private:
     bool watch();
 
     const QString m_path;
-    QFileSystemWatcher m_watcher;
+    QFileSystemWatcher *const m_watcher;
 };

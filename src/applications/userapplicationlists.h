@@ -17,8 +17,10 @@ class SandboxingClient;
  * What the platform's services keep of one user's applications: which are allowed, always allowed, and started
  * automatically. All lists are lists of application ids, empty until fetched and after a failure.
  *
- * The uid 0 is refused with a warning, but not by queryAllowlistEnabled(), setAutostart() and applyAutostart(). An
- * answer that concerns a user who is not asked for any more is dropped.
+ * The uid 0 is refused with a warning, but not by queryAllowlistEnabled(), setAutostart() and applyAutostart(). The
+ * last answer to arrive wins, also when the user was changed while it was on its way.
+ *
+ * The clients of the services are children of its parent, as it is itself.
  */
 class UserApplicationLists : public QObject
 {
