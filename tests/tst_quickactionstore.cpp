@@ -20,6 +20,10 @@ class QuickActionStoreTest : public QObject
 
 private Q_SLOTS:
     void missingServiceBringsTheStore();
+    void missingUniqueNameBringsTheStore_data();
+    void missingUniqueNameBringsTheStore();
+    void badNamesDoNotBringTheStore_data();
+    void badNamesDoNotBringTheStore();
     void missingServiceWithoutPackage_data();
     void missingServiceWithoutPackage();
     void firstPackageWins_data();
@@ -44,6 +48,53 @@ void QuickActionStoreTest::missingServiceBringsTheStore()
     settleFailures();
     QCOMPARE(log.take(), QStringList(unknownFailure(s_missing)));
     QCOMPARE(store.calls(), QList<QVariantList>{callFor(text("package"))});
+}
+
+// The bus takes them for names of connections.
+void QuickActionStoreTest::missingUniqueNameBringsTheStore_data()
+{
+    QTest::addColumn<QString>("service");
+    QTest::newRow(":1.4242") << text(":1.4242");
+    QTest::newRow(":1") << text(":1");
+    QTest::newRow(":abc") << text(":abc");
+}
+
+void QuickActionStoreTest::missingUniqueNameBringsTheStore()
+{
+    QFETCH(QString, service);
+    Store store;
+    const MessageLog log;
+    QuickActionReader reader(nullptr);
+    reader.trigger(actionOf(service, text("package")));
+    settleFailures();
+    QCOMPARE(log.take(), QStringList(unknownFailure(service)));
+    QCOMPARE(store.calls(), QList<QVariantList>{callFor(text("package"))});
+}
+
+void QuickActionStoreTest::badNamesDoNotBringTheStore_data()
+{
+    QTest::addColumn<QVariantMap>("action");
+    const QVariantMap action = actionOf(s_missing, text("package"));
+    QTest::newRow("no service") << with(action, "remote-service", text(""));
+    QTest::newRow("service of one part") << with(action, "remote-service", text("abc"));
+    QTest::newRow("wrong service") << with(action, "remote-service", text("a..b"));
+    QTest::newRow("wrong path") << with(action, "remote-path", text("//"));
+    QTest::newRow("reserved path") << with(action, "remote-path", text("/org/freedesktop/DBus/Local"));
+    QTest::newRow("wrong interface") << with(action, "remote-interface", text("abc"));
+    QTest::newRow("wrong method") << with(action, "remote-method", text("a.b"));
+    QTest::newRow("null") << with(action, "remote-arguments", QVariantList{QVariant()});
+}
+
+void QuickActionStoreTest::badNamesDoNotBringTheStore()
+{
+    QFETCH(QVariantMap, action);
+    Store store;
+    const MessageLog log;
+    QuickActionReader reader(nullptr);
+    reader.trigger(action);
+    settleFailures();
+    QCOMPARE(log.take().filter(text("QML QuickActionReader: Failed")).size(), 1);
+    QCOMPARE(store.calls(), noCalls());
 }
 
 void QuickActionStoreTest::missingServiceWithoutPackage_data()

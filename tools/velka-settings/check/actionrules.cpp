@@ -43,7 +43,7 @@ QString callError(const Call &call)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(call.service, call.path, call.interface, call.method);
     message.setArguments(call.arguments);
-    const QDBusError error = objectionTo(message);
+    const QDBusError error = validateCall(message);
     return error.isValid() ? error.message() : QString();
 }
 
