@@ -25,6 +25,9 @@ namespace
 {
 const QString s_send = QStringLiteral("--send");
 
+// Each takes 16 bytes in a list: the type, which is padded, and the number.
+constexpr int NumbersOf16MiB = 1024 * 1024;
+
 const QString s_tooManyArguments = QStringLiteral("There are too many arguments");
 const QString s_tooDeep = QStringLiteral("The arguments are nested too deeply");
 const QString s_tooLarge = QStringLiteral("The call is too large");
@@ -270,6 +273,7 @@ void CallCheckTest::acceptsArguments_data()
     row("hostile strings",
         {QString(QChar(0xd800)), QString(QChar(0xfffe)), QString(QChar(QChar::Null)),
          QVariantMap{{QString(QChar(0xdc00)), true}, {QString(QChar(0xffff)), true}, {QString(), true}}});
+    row("16 MiB of numbers less one", {QVariant(copies(NumbersOf16MiB - 1, 1.0))});
     row("16 MiB less 1 KiB", {QString(16 * 1024 * 1024 - 1024, QLatin1Char('x'))});
 }
 
@@ -311,7 +315,7 @@ void CallCheckTest::refusesArguments_data()
     row("two strings of 9 MiB", s_tooLarge, copies(2, QString(9 * 1024 * 1024, QLatin1Char('x'))));
     row("a string of 17 MiB in a list", s_tooLarge, {inLists(2, QString(17 * 1024 * 1024, QLatin1Char('x')))});
     row("a key of 17 MiB", s_tooLarge, {QVariantMap{{QString(17 * 1024 * 1024, QLatin1Char('x')), true}}});
-    row("a million numbers", s_tooLarge, {QVariant(copies(1000000, 1.0))});
+    row("16 MiB of numbers", s_tooLarge, {QVariant(copies(NumbersOf16MiB, 1.0))});
 }
 
 void CallCheckTest::refusesArguments()
