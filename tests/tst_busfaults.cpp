@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "actions/quickactionreader.h"
 #include "applications.h"
 #include "applicationservices.h"
 #include "dconftool.h"
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void floodOfSignals();
     void floodOfSignalsOfAnotherType();
     void busGoesAway();
+    void busGoesAwayBeforeActions();
 
 private:
     Applications m_applications;
@@ -51,6 +53,7 @@ class BusWorlds : public QObject
 
 private Q_SLOTS:
     void busGoesAway();
+    void busGoesAwayBeforeActions();
 };
 
 namespace
@@ -277,6 +280,42 @@ void BusWorlds::busGoesAway()
     }
     QVERIFY(pagesFollowTheRegistry());
     QCOMPARE(log.take(), QStringList());
+}
+
+void BusFaultsTest::busGoesAwayBeforeActions()
+{
+    const QTemporaryDir directory;
+    QVERIFY(runInWorld(directory.path(), text("busGoesAwayBeforeActions")));
+}
+
+// Qt lets libdbus write each message before it sees that the connection has ended.
+void BusWorlds::busGoesAwayBeforeActions()
+{
+    PrivateBus bus;
+    const QDBusConnection connection = QDBusConnection::sessionBus();
+    QVERIFY(connection.isConnected());
+    bus.kill();
+    QTRY_VERIFY(!connection.isConnected());
+    const QVariantMap good{{text("remote-service"), text("com.example.Service")},
+                           {text("remote-path"), text("/")},
+                           {text("remote-method"), text("act")}};
+    QVariantMap onePart = good;
+    onePart.insert(text("remote-service"), text("abc"));
+    QVariantMap null = good;
+    null.insert(text("remote-arguments"), QVariantList{QVariantMap{{text("key"), QVariant()}}});
+
+    const MessageLog log;
+    QuickActionReader reader(nullptr);
+    reader.trigger(onePart);
+    reader.trigger(null);
+    QCOMPARE(log.take().filter(text("Failed to initialize dbus call")).size(), 2);
+    reader.trigger(good);
+    QStringList logged;
+    QTRY_COMPARE((logged += log.take()).size(), 1);
+    QVERIFY2(logged[0].endsWith(text("Failed to send dbus call to: service=com.example.Service path=/ interface= "
+                                     "method=act. Error was: org.freedesktop.DBus.Error.Disconnected Not "
+                                     "connected to D-Bus server")),
+             qPrintable(logged[0]));
 }
 
 int main(int argc, char *argv[])

@@ -22,12 +22,21 @@ private Q_SLOTS:
     void actionsOfRowsThatMoved();
     void modelDiesWithACallInFlight();
     void nothingIsCalledBeforeCompletion();
+    void badCallsAreTold_data();
+    void badCallsAreTold();
 };
 
 namespace
 {
 const QString s_service = text("org.example.Actions");
 const QString s_path = text("/actions");
+
+QByteArray action(const QByteArray &name, const QByteArray &method, const QByteArray &arguments)
+{
+    return R"({"path": ")" + name + R"(", "type": "action", "params": {"remote-service": "org.example.Actions",
+        "remote-path": "/actions", "remote-interface": "org.example.Actions", "remote-method": ")"
+           + method + R"(", "remote-arguments": )" + arguments + "}}";
+}
 
 class Peer : public DBusPeer
 {
@@ -44,11 +53,6 @@ public:
 void FavoritesActionsTest::init()
 {
     World::reset();
-    const auto action = [](const QByteArray &name, const QByteArray &method, const QByteArray &arguments) {
-        return R"({"path": ")" + name + R"(", "type": "action", "params": {"remote-service": "org.example.Actions",
-            "remote-path": "/actions", "remote-interface": "org.example.Actions", "remote-method": ")"
-               + method + R"(", "remote-arguments": )" + arguments + "}}";
-    };
     declareJson(action("a", "First", R"([1, true, "text"])") + ',' + action("b", "Second", "[]"));
     storeFavorites(path("a/b"));
 }
@@ -116,6 +120,45 @@ void FavoritesActionsTest::nothingIsCalledBeforeCompletion()
     QCOMPARE(peer.calls(text("First")).size(), 0);
     QCOMPARE(MessageLog::take(),
              QStringList{text("info default: <Unknown File>: QML FavoritesModel: invalid index 0")});
+}
+
+void FavoritesActionsTest::badCallsAreTold_data()
+{
+    QTest::addColumn<QByteArray>("params");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *title, const QByteArray &params, const char *message) {
+        QTest::newRow(title) << params << text("QML QuickActionReader: ") + text(message);
+    };
+    row("no names", "{}",
+        "Failed to send dbus call to: service= path= interface= method=. Error was: "
+        "org.qtproject.QtDBus.Error.InvalidObjectPath Object path cannot be empty");
+    row("one part", R"({"remote-service": "abc", "remote-path": "/", "remote-method": "m"})",
+        "Failed to initialize dbus call to: service=abc path=/ interface= method=m. Error was: "
+        "org.freedesktop.DBus.Error.InvalidArgs The name of the service has no dot %6");
+    row("null",
+        R"({"remote-service": "a.b", "remote-path": "/", "remote-method": "m", "remote-arguments": [[null]]})",
+        "Failed to initialize dbus call to: service=a.b path=/ interface= method=m. Error was: "
+        "org.freedesktop.DBus.Error.InvalidArgs The arguments hold a null %6");
+}
+
+void FavoritesActionsTest::badCallsAreTold()
+{
+    QFETCH(QByteArray, params);
+    QFETCH(QString, message);
+    declareJson(R"({"path": "bad", "type": "action", "params": )" + params + "}," + action("b", "Second", "[]"));
+    storeFavorites(path("bad/b"));
+    Peer peer;
+    WatchedFavorites favorites;
+    favorites->setFilter({text("action")});
+    QCOMPARE(favorites.names(), path("bad/b"));
+    const MessageLog log;
+    favorites->triggerAction(0);
+    QStringList messages;
+    QTRY_COMPARE((messages += log.take().filter(text("QuickActionReader"))).size(), 1);
+    QVERIFY2(messages[0].endsWith(message), qPrintable(messages[0]));
+    favorites->triggerAction(1);
+    QTRY_COMPARE(peer.calls(text("Second")).size(), 1);
+    QCOMPARE(log.take(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(FavoritesActionsTest)

@@ -5,6 +5,8 @@
 
 #include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QRegularExpression>
 #include <QVariant>
 #include <QVector>
 
@@ -19,73 +21,46 @@ constexpr int ContainersOfList = 2;
 constexpr int ContainersOfMap = 3;
 // Half of what a message bus takes by default
 constexpr qint64 MaxBytes = qint64(16) * 1024 * 1024;
-// The most that a value of fixed size and a variant around it take, with all padding
-constexpr int BytesOfValue = 24;
 
-QString nameObjection(const QString &name, dbus_bool_t (*validate)(const char *, DBusError *))
+/// Returns true when Qt takes @p service for the name of a service although it has no dot, which libdbus insists on.
+bool hasMissingDot(const QString &service)
 {
-    if (name.contains(QChar(QChar::Null))) {
-        return QStringLiteral("A name contains a null character");
-    }
-    DBusError error = DBUS_ERROR_INIT;
-    if (validate(name.toUtf8().constData(), &error)) {
-        return {};
-    }
-    QString text = QString::fromUtf8(error.message);
-    dbus_error_free(&error);
-    return text;
+    static const QRegularExpression onePart(
+        QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z_-][A-Za-z0-9_-]{0,254}")));
+    return onePart.match(service).hasMatch();
 }
 
-QString namesObjection(const QDBusMessage &call)
+/// Returns true when libdbus ends the connection over the names. It looks at their beginning only.
+bool isReserved(const QString &path, const QString &interface)
 {
-    QString objection = nameObjection(call.service(), dbus_validate_bus_name);
-    if (objection.isEmpty()) {
-        objection = nameObjection(call.path(), dbus_validate_path);
-    }
-    if (objection.isEmpty() && !call.interface().isEmpty()) { // a call may do without
-        objection = nameObjection(call.interface(), dbus_validate_interface);
-    }
-    if (objection.isEmpty()) {
-        objection = nameObjection(call.member(), dbus_validate_member);
-    }
-    if (objection.isEmpty()
-        && (call.path().startsWith(QLatin1String(DBUS_PATH_LOCAL))
-            || call.interface().startsWith(QLatin1String(DBUS_INTERFACE_LOCAL)))) {
-        objection = QStringLiteral("The path or the interface is reserved");
-    }
-    return objection;
+    return path.startsWith(QLatin1String(DBUS_PATH_LOCAL))
+           || interface.startsWith(QLatin1String(DBUS_INTERFACE_LOCAL));
 }
 
-int signatureLength(const QVariant &argument)
+/// The type of @p value on the bus. Null for a null value, and for types of C++ that Qt cannot send.
+const char *signatureOf(const QVariant &value)
 {
-    switch (argument.userType()) {
-    case QMetaType::QVariantList:
-        return int(qstrlen("av"));
-    case QMetaType::QVariantMap:
-        return int(qstrlen("a{sv}"));
-    default:
-        return 1;
-    }
+    return QDBusMetaType::typeToSignature(value.userType());
 }
 
-/// Walks all that lists and maps hold, and adds up what the call takes.
+/// Walks all that lists and maps hold, in the order in which it is written, and measures it.
 class CallSize
 {
 public:
     explicit CallSize(const QDBusMessage &call)
-        : m_bytes(call.path().size())
+        : m_headerBytes(call.path().size())
     {
         const QVariantList arguments = call.arguments();
         for (const QVariant &argument : arguments) {
-            m_pending.append({argument, 0, false});
-            m_signature += signatureLength(argument);
+            m_signature += int(qstrlen(signatureOf(argument)));
         }
-        while (!m_pending.isEmpty() && objection().isEmpty()) {
+        push(arguments, Place::Argument, 0);
+        while (!m_pending.isEmpty() && error().isEmpty()) {
             add(m_pending.takeLast());
         }
     }
 
-    QString objection() const
+    QString error() const
     {
         if (m_signature > DBUS_MAXIMUM_SIGNATURE_LENGTH) {
             return QStringLiteral("There are too many arguments");
@@ -93,71 +68,126 @@ public:
         if (m_containers > MaxContainers) {
             return QStringLiteral("The arguments are nested too deeply");
         }
+        if (m_holdsNull) {
+            return QStringLiteral("The arguments hold a null");
+        }
         if (m_isUnsendable) {
             return QStringLiteral("A map holds a value that cannot be sent");
         }
-        if (m_bytes > MaxBytes) {
+        if (m_headerBytes + m_bytes > MaxBytes) {
             return QStringLiteral("The call is too large");
         }
         return {};
     }
 
 private:
+    enum class Place { Argument, List, Map };
     struct Value {
+        Place place;
         QVariant value;
         int containers; ///< around it
-        bool isInMap;
+        QString key; ///< in a map
     };
+
+    void push(const QVariantList &values, Place place, int containers)
+    {
+        for (auto it = values.crbegin(); it != values.crend(); ++it) {
+            m_pending.append({place, *it, containers, {}});
+        }
+    }
+
+    void push(const QVariantMap &map, int containers)
+    {
+        for (auto it = map.cend(); it != map.cbegin();) {
+            --it;
+            m_pending.append({Place::Map, it.value(), containers, it.key()});
+        }
+    }
 
     void add(const Value &value)
     {
+        const char *const signature = signatureOf(value.value);
         m_containers = qMax(m_containers, value.containers);
-        m_bytes += BytesOfValue;
+        if (value.place == Place::Map) {
+            align(8);
+            addText(value.key);
+            // Qt would write the key alone, at which libdbus ends the process.
+            m_isUnsendable = m_isUnsendable || !signature;
+        }
+        if (value.place != Place::Argument) {
+            m_bytes += 1 + qstrlen(signature) + 1; // a variant begins with the type
+        }
+        addContent(value);
+    }
+
+    void addContent(const Value &value)
+    {
         switch (value.value.userType()) {
         case QMetaType::QVariantList:
-            addList(value.value.toList(), value.containers + ContainersOfList, value.isInMap);
+            addNumber(4);
+            push(value.value.toList(), Place::List, value.containers + ContainersOfList);
             break;
         case QMetaType::QVariantMap:
-            addMap(value.value.toMap(), value.containers + ContainersOfMap);
+        case QMetaType::QVariantHash:
+            addNumber(4);
+            align(8);
+            push(value.value.toMap(), value.containers + ContainersOfMap);
+            break;
+        case QMetaType::Bool:
+            addNumber(4);
+            break;
+        case QMetaType::Double:
+            addNumber(8);
             break;
         case QMetaType::UnknownType:
         case QMetaType::Nullptr:
-            // Qt leaves the key without a value, at which libdbus ends the process.
-            m_isUnsendable = m_isUnsendable || value.isInMap;
+            m_holdsNull = true;
             break;
         default:
-            m_bytes += value.value.toString().toUtf8().size();
+            addText(value.value.toString());
         }
     }
 
-    void addList(const QVariantList &list, int containers, bool isInMap)
+    void addText(const QString &text)
     {
-        for (const QVariant &element : list) {
-            m_pending.append({element, containers, isInMap});
-        }
+        addNumber(4);
+        m_bytes += text.toUtf8().size() + 1;
     }
 
-    void addMap(const QVariantMap &map, int containers)
+    void addNumber(int size)
     {
-        for (auto it = map.cbegin(); it != map.cend(); ++it) {
-            m_bytes += BytesOfValue + it.key().toUtf8().size();
-            m_pending.append({it.value(), containers, true});
-        }
+        align(size);
+        m_bytes += size;
     }
 
-    QVector<Value> m_pending;
+    void align(int size)
+    {
+        m_bytes = (m_bytes + size - 1) / size * size;
+    }
+
+    QVector<Value> m_pending; ///< the next one last
     int m_signature = 0;
     int m_containers = 0;
+    bool m_holdsNull = false;
     bool m_isUnsendable = false;
-    qint64 m_bytes;
+    const qint64 m_headerBytes;
+    qint64 m_bytes = 0;
 };
+
+QString errorOf(const QDBusMessage &call)
+{
+    if (hasMissingDot(call.service())) {
+        return QStringLiteral("The name of the service has no dot");
+    }
+    if (isReserved(call.path(), call.interface())) {
+        return QStringLiteral("The path or the interface is reserved");
+    }
+    return CallSize(call).error();
+}
 }
 
-QDBusError objectionTo(const QDBusMessage &call)
+QDBusError validateCall(const QDBusMessage &call)
 {
-    QString objection = namesObjection(call);
-    if (objection.isEmpty()) {
-        objection = CallSize(call).objection();
-    }
-    return objection.isEmpty() ? QDBusError() : QDBusError(QDBusError::InvalidArgs, objection);
+    const QString error = errorOf(call);
+    return error.isEmpty() ? QDBusError() : QDBusError(QDBusError::InvalidArgs, error);
 }

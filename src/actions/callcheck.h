@@ -7,10 +7,12 @@ class QDBusError;
 class QDBusMessage;
 
 /**
- * What a message bus would object to in a method call: a name against D-Bus's grammar, one that is reserved for
- * libdbus itself, or arguments beyond its limits. An invalid error when there is nothing.
+ * Returns an invalid error when @p call may be sent, and else why it must not be: Qt would let it through, and then
+ * libdbus would end the process or the bus the connection. That happens with a service of one part such as "abc",
+ * with the path and the interface that are reserved for libdbus, and with arguments that hold a null or are beyond the
+ * limits of D-Bus.
  *
- * To be asked before a call with names or arguments of strangers is sent. Qt lets some of these calls through; then
- * libdbus ends the process, or the bus ends the connection.
+ * Call this before you send names or arguments from registration files. Names that are just wrong are allowed: Qt and
+ * the bus answer those with an error.
  */
-QDBusError objectionTo(const QDBusMessage &call);
+QDBusError validateCall(const QDBusMessage &call);

@@ -38,6 +38,15 @@ bool describes(const QVariantMap &action, const QDBusMessage &call)
            && action.value(s_interface).toString() == call.interface()
            && action.value(s_method).toString() == call.member();
 }
+
+/// Returns why @p call must not be sent over @p bus; an invalid error when it may be.
+QDBusError errorBeforeSending(const QDBusMessage &call, const QDBusConnection &bus)
+{
+    // Without a connection Qt sends nothing, and that is the error. One that has ended is no protection: Qt still
+    // lets libdbus write the message.
+    const bool wasConnected = !bus.baseService().isEmpty();
+    return wasConnected ? validateCall(call) : QDBusError();
+}
 }
 
 QuickActionReader::QuickActionReader(QObject *parent)
@@ -56,9 +65,9 @@ void QuickActionReader::trigger(const QVariantMap &action)
 void QuickActionReader::sendRemoteCall(const QVariantMap &action, const char *errorSlot)
 {
     const QDBusMessage call = methodCall(action);
-    QDBusError error = objectionTo(call);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusError error = errorBeforeSending(call, bus);
     if (!error.isValid()) {
-        QDBusConnection bus = QDBusConnection::sessionBus();
         if (bus.callWithCallback(call, this, nullptr, errorSlot, -1)) {
             return;
         }
@@ -74,8 +83,8 @@ void QuickActionReader::showStorePage(const QString &packageName)
     QDBusMessage call = QDBusMessage::createMethodCall(Constants::StoreService, Constants::StorePath,
                                                        Constants::StoreInterface, QStringLiteral("showApp"));
     call.setArguments({packageName});
-    QDBusError error = objectionTo(call);
     QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusError error = errorBeforeSending(call, bus);
     if (!error.isValid() && bus.call(call, QDBus::NoBlock, -1).type() == QDBusMessage::ErrorMessage) {
         error = bus.lastError();
     }

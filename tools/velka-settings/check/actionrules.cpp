@@ -9,6 +9,8 @@
 #include <QDBusError>
 #include <QDBusMessage>
 
+#include <dbus/dbus.h>
+
 namespace Check
 {
 namespace
@@ -26,20 +28,39 @@ struct NameKey {
     const char *key;
     Tag tag;
     QString Call::*part;
+    dbus_bool_t (*validate)(const char *name, DBusError *error);
     bool isRequired;
 };
 
-constexpr NameKey s_names[] = {{"remote-service", Tag::DBusService, &Call::service, true},
-                               {"remote-path", Tag::DBusPath, &Call::path, true},
-                               {"remote-interface", Tag::DBusInterface, &Call::interface, false},
-                               {"remote-method", Tag::DBusMethod, &Call::method, true}};
+constexpr NameKey s_names[] = {
+    {"remote-service", Tag::DBusService, &Call::service, dbus_validate_bus_name, true},
+    {"remote-path", Tag::DBusPath, &Call::path, dbus_validate_path, true},
+    {"remote-interface", Tag::DBusInterface, &Call::interface, dbus_validate_interface, false},
+    {"remote-method", Tag::DBusMethod, &Call::method, dbus_validate_member, true}};
 
-QString objectionTo(const Call &call)
+/// Returns why @p call is never sent. Empty when it is.
+QString callError(const Call &call)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(call.service, call.path, call.interface, call.method);
     message.setArguments(call.arguments);
-    const QDBusError error = ::objectionTo(message);
+    const QDBusError error = validateCall(message);
     return error.isValid() ? error.message() : QString();
+}
+
+/// Returns what is wrong with the name of @p call that @p key stands for. Empty when a bus takes it.
+QString nameError(const Call &call, const NameKey &key)
+{
+    const QString name = call.*key.part;
+    if (name.contains(QChar(QChar::Null))) {
+        return QStringLiteral("A name contains a null character");
+    }
+    DBusError error = DBUS_ERROR_INIT;
+    if (key.validate(name.toUtf8().constData(), &error)) {
+        return callError(call);
+    }
+    const QString text = QString::fromUtf8(error.message);
+    dbus_error_free(&error);
+    return text;
 }
 
 bool isAction(const Entry &entry)
@@ -66,11 +87,11 @@ void actionNames(const Entry &entry, Findings *findings)
             }
             continue;
         }
-        const QString objection = objectionTo(call);
-        if (!objection.isEmpty()) {
+        const QString error = nameError(call, name);
+        if (!error.isEmpty()) {
             findings->atValue(
                 name.tag, *value,
-                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), printable(objection)));
+                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), printable(error)));
         }
     }
 }
@@ -112,9 +133,9 @@ void actionArguments(const Entry &entry, Findings *findings)
     }
     Call call;
     call.arguments = jsonToVariant(entry.params.value(QLatin1String("remote-arguments"))).toList();
-    const QString objection = objectionTo(call);
-    if (!objection.isEmpty()) {
-        findings->atValue(Tag::ArgumentsRefused, *arguments, objection);
+    const QString error = callError(call);
+    if (!error.isEmpty()) {
+        findings->atValue(Tag::ArgumentsRefused, *arguments, error);
     }
     for (const Json::Value &argument : *arguments) {
         if (argument.type() == Json::intValue || argument.type() == Json::uintValue) {

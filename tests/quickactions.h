@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "dbuspeer.h"
+
+#include <QList>
+#include <QString>
+#include <QVariantMap>
+
+/// Actions, the services that they call, and what QuickActionReader logs of them.
+namespace QuickActions
+{
+const QString s_service = QStringLiteral("com.velka.service");
+const QString s_missing = QStringLiteral("com.velka.missing");
+const QString s_path = QStringLiteral("/com/velka/object");
+const QString s_interface = QStringLiteral("com.velka.interface");
+const QString s_method = QStringLiteral("act");
+
+const QString s_noReply = QStringLiteral("org.freedesktop.DBus.Error.NoReply");
+const QString s_serviceUnknown = QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown");
+
+QVariantMap actionOf(const QString &service);
+QVariantMap actionOf(const QString &service, const QString &package);
+QVariantMap with(QVariantMap action, const char *key, const QVariant &value);
+
+QString logged(const QString &message);
+/// What is logged for @p action when its call failed with @p error, a name and a text.
+QString failure(const QVariantMap &action, const QString &error);
+QString unknownFailure(const QString &service);
+/// What is logged for @p action when its call was not sent.
+QString queueFailure(const QVariantMap &action, const QString &message);
+
+/// Returns when the bus has taken what was sent before, and the answers on it before have come.
+void settle();
+/// Returns when the failures on the bus have come, and what they led to is on the bus.
+void settleFailures();
+
+/// Python that answers a call with an error.
+QString raise(const QString &error, const QString &message);
+
+/// What performs the actions.
+class Target : public DBusPeer
+{
+public:
+    explicit Target(const QString &service = s_service, const QString &code = {}, const QString &signature = {},
+                    const QString &resultSignature = {});
+
+    QList<QVariantList> calls();
+};
+
+class Store : public DBusPeer
+{
+public:
+    Store();
+
+    QList<QVariantList> calls();
+};
+
+QList<QVariantList> noCalls();
+QVariantList callFor(const QString &package);
+/// @p value in @p depth lists
+QVariant inLists(int depth, QVariant value);
+}
