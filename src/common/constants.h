@@ -14,8 +14,7 @@ extern const QString TranslationsDirectory;
 
 extern const QString MaskedSettingsKey; ///< dconf key, list of entry paths
 
-extern const QString
-    FavoritesKey; ///< dconf key, list of entry paths; where favourites are unless a page says else
+extern const QString FavoritesKey; ///< dconf key, list of entry paths; the default of FavoritesModel
 
 extern const QString StoreService;
 extern const QString StorePath;

@@ -8,7 +8,7 @@
 
 class TreeItem;
 
-/// What decides whether an entry is admitted.
+/// The rule by which an entry is admitted or rejected.
 enum class FavoritesRule {
     OtherType, ///< no kind takes the type
     GridType,

@@ -452,11 +452,11 @@ void FavoritesModel::rebuild(bool notifyChanges)
     }
 }
 
-/// Writes what @p edit makes of the stored list. Returns false when this object has died meanwhile.
+/// Applies @p edit to the stored list. Returns false when a handler has deleted this object.
 bool FavoritesModel::edit(const Edit &edit, Apply apply)
 {
-    // Handlers of userModifiedChanged() may change the keys and delete the model. The list that the user edits stays
-    // the same one.
+    // Handlers of userModifiedChanged() may change the keys and delete the model. The edit goes to the list that it
+    // began on.
     const QSharedPointer<StoredFavorites> favorites = m_favorites;
     const QPointer<FavoritesModel> self(this);
     if (m_userModified) {
@@ -467,7 +467,7 @@ bool FavoritesModel::edit(const Edit &edit, Apply apply)
     return self;
 }
 
-/// Edits as removing the row does, and removes the other rows of the same entry.
+/// Removes a row and its entry's other rows, and applies @p edit to the stored list in between.
 void FavoritesModel::removeRow(int row, const Edit &edit)
 {
     m_changes.run(
@@ -486,7 +486,7 @@ void FavoritesModel::removeRow(int row, const Edit &edit)
         [this] { Q_EMIT countChanged(); });
 }
 
-/// Edits as moving the row does.
+/// Moves a row and applies @p edit to the stored list.
 void FavoritesModel::moveRow(int from, int to, const Edit &edit)
 {
     m_changes.run([&] {

@@ -26,13 +26,13 @@ class TreeItem;
  * The user's favourite settings entries: those that the string list in the dconf key "key" names, that exist below
  * "path" and that "filter" admits. With "showPotential" all entries below "path" that could be made a favourite.
  *
- * Paths in the list are full ones, their names joined by "/". What the list names in vain stays in it. While the bool
+ * Paths in the list are full ones, their names joined by "/". Paths without a row stay in the list. While the bool
  * in the dconf key "userModifiedKey" is true, changes of the list insert and remove single rows, new ones at the end;
  * else the list counts as the system's default and each change of it resets the model. Every edit sets that bool.
  *
  * Empty until componentComplete(); until then an edit does nothing. The rows follow the registry: each batch of its
- * changes resets the model, and a row whose node dies in between goes at once. What a handler does to the model in the
- * middle of a change of its rows is applied when that change is over.
+ * changes resets the model, and a row whose node is deleted in between is removed at once. A change that a
+ * handler asks for while rows change is deferred until that is done.
  */
 class FavoritesModel : public QAbstractListModel, public QQmlParserStatus
 {
@@ -133,7 +133,7 @@ private:
     PluginRegistry *const m_registry;
     QSharedPointer<StoredFavorites> m_favorites; ///< from componentComplete() on
     MGConfItem *m_userModified = nullptr;
-    mutable QuickActionReader *m_actionReader = nullptr; ///< made on demand
+    mutable QuickActionReader *m_actionReader = nullptr; ///< created on demand
     QVector<QPointer<TreeItem>> m_potentialItems;
     ItemRows m_rows;
     RowChanges m_changes;

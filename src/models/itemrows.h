@@ -10,9 +10,9 @@
 #include <QVector>
 
 /**
- * Rows of tree items that are not owned and may vanish one by one. Finding, appending and removing a row takes
+ * Rows of tree items, which are not owned and may be deleted one by one. Finding, appending and removing a row takes
  * logarithmic time, so that a page may lose all of its rows in a batch; moving one takes linear time. An item may have
- * several rows. One that died without being removed yet reads as null.
+ * several rows. A row whose item was deleted, but which is not removed yet, reads as null.
  */
 class ItemRows
 {
@@ -20,8 +20,8 @@ public:
     void reset(const QList<TreeItem *> &items);
     int count() const;
     TreeItem *at(int row) const; ///< null when there is no such row
-    int rowOf(const QObject *item) const; ///< one of its rows, -1 when it has none; @p item may be dead
-    int countOf(const QObject *item) const; ///< how many rows it has; @p item may be dead
+    int rowOf(const QObject *item) const; ///< one of its rows, -1 when it has none; @p item may be deleted
+    int countOf(const QObject *item) const; ///< how many rows it has; @p item may be deleted
     void append(TreeItem *item);
     void removeAt(int row);
     void move(int from, int to);
@@ -29,7 +29,7 @@ public:
 private:
     struct Slot {
         QPointer<TreeItem> item;
-        const QObject *key; ///< the item even when it is dead
+        const QObject *key; ///< the item, also when it is deleted
     };
 
     QVector<Slot> rows() const;

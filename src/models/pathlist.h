@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// What an edit makes of a stored list of paths. A path may stand in it more than once.
+/// Edits of a stored list of paths, which may contain a path more than once.
 namespace PathList
 {
 QStringList appended(const QStringList &paths, const QString &path);

@@ -26,9 +26,9 @@ public:
 
     QStringList read() const;
     bool contains(const QString &path) const; ///< in the list that the key holds now
-    /// Writes what @p edit makes of the list. changed() announces it, at once or later.
+    /// Applies @p edit to the list and writes it. changed() is emitted at once or later.
     void apply(const Edit &edit);
-    /// The same for an edit whose result the rows show already: it is announced only together with other changes.
+    /// The same for an edit whose result the rows show already: changed() is emitted only for other changes.
     void applyShown(const Edit &edit);
 
 Q_SIGNALS:

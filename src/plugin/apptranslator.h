@@ -5,7 +5,7 @@
 
 #include <QTranslator>
 
-/// A translator that leaves the application when its owner deletes it.
+/// A translator that removes itself from the application when it is deleted.
 class AppTranslator : public QTranslator
 {
     Q_OBJECT

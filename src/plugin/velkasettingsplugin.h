@@ -5,7 +5,7 @@
 
 #include <QQmlExtensionPlugin>
 
-/// Makes the library's types known to QML. Nothing is read from disk before the first model is made.
+/// Registers the library's types with QML. Nothing is read from disk before the first model is created.
 class VelkaSettingsPlugin : public QQmlExtensionPlugin
 {
     Q_OBJECT

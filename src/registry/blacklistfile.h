@@ -6,5 +6,5 @@
 #include <QSet>
 #include <QString>
 
-/// readFavoritesBlacklist() of another place.
+/// readFavoritesBlacklist() for the file at @p path.
 QSet<QString> readBlacklistFile(const QString &path);

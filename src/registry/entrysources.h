@@ -10,7 +10,7 @@
 #include <functional>
 #include <optional>
 
-/// Where registration files and what belongs to them are read, and for whom.
+/// The places that registration files and what belongs to them are read from, and the user they are read for.
 struct EntrySources {
     /// The places of this system, for the user of this process.
     static EntrySources ofSystem();
@@ -21,6 +21,6 @@ struct EntrySources {
     QString entriesDirectory;
     QString translationsDirectory;
     QString favoritesBlacklistFile;
-    std::optional<uid_t> user; ///< without it the effective user, asked for anew each time
+    std::optional<uid_t> user; ///< without it the effective user at the time of each call
     std::function<bool(uid_t user, const QString &group)> isMember;
 };

@@ -24,10 +24,10 @@
 
 namespace
 {
-/// What a file may have for each entry, in bytes, to be kept as text: it may be anything but entries.
+/// The largest size of a file, in bytes for each entry, whose text is kept: the rest of it may be anything.
 constexpr qint64 MaxTextOfEntry = 4096;
 
-/// Whether a file can have @p name. QTranslator would look for a longer one in ever shorter forms, for hours.
+/// Returns whether a file can have @p name. QTranslator would look for a longer one in ever shorter forms, for hours.
 bool isFileName(const QString &name)
 {
     return QFile::encodeName(name).size() <= NAME_MAX;
@@ -135,7 +135,7 @@ EntryFate EntryTree::insertEntry(const NodeData::Entries &entries, int index, co
 void EntryTree::maskEntry(const QString &path, const QString &fileName)
 {
     m_maskedEntries.insert(path, fileName);
-    // Entries of other files may have kept the node when this file was unloaded. It must not show what is masked.
+    // Entries of other files may have kept the node when this file was unloaded. It must not show the masked entry.
     TreeItem *item = m_root->lookup(splitPath(path));
     if (item && item->fromFile() == fileName && item->value(QStringLiteral("path")).toString() == path) {
         item->clearData();

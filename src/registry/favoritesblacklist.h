@@ -9,8 +9,8 @@
 #include <QString>
 
 /**
- * The entry paths of /usr/share/velka-settings/favorites-blacklist.json, read anew at each call: the strings of a
- * JSON array; elements of other types are skipped. Empty, with one warning in the default logging category, when
- * the file is missing, is no JSON or is no array.
+ * Returns the entry paths of /usr/share/velka-settings/favorites-blacklist.json: the strings of a JSON array; elements
+ * of other types are skipped. Reads the file at each call. Empty, with one warning in the default logging category,
+ * when the file is missing, is not JSON or not an array.
  */
 VELKASETTINGS_EXPORT QSet<QString> readFavoritesBlacklist();

@@ -11,7 +11,7 @@ class QJsonObject;
 
 /**
  * The entries of one file, shared by the nodes that they declare. Parsed they take more than twice the memory of their
- * text, and most are never looked at: forgotten ones are parsed again when one of them is.
+ * text, and most are never read: only the text is kept, and is parsed again when one of them is read.
  */
 class FileEntries : public QSharedData
 {
@@ -19,8 +19,8 @@ public:
     /// @p text is the file's, null when there is none.
     explicit FileEntries(const QJsonArray &entries, const QByteArray &text = {});
 
-    QJsonObject at(int index) const; ///< @p index must be that of one of them
-    /// Keeps nothing but the text, if there is one.
+    QJsonObject at(int index) const; ///< @p index must be in range
+    /// Keeps only the text, if there is one.
     void forget();
 
 private:

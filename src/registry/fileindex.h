@@ -11,9 +11,8 @@
 class TreeItem;
 
 /**
- * What unloading a file may remove from a tree, found without walking it: the nodes that each file declared, and
- * the nodes that are neither declared nor kept by children. The tree's nodes keep it up to date; the root, which
- * is never removed, is not in it.
+ * Finds the nodes that unloading a file may remove, without walking the tree: the nodes that each file declared, and
+ * undeclared leaves. The tree's nodes keep it up to date; the root, which is never removed, is not in it.
  */
 class FileIndex
 {
@@ -22,7 +21,7 @@ public:
     void remove(TreeItem *item);
 
     bool contains(const QString &file) const; ///< it declared nodes that are in the tree
-    /// The nodes of @p files and those that nothing keeps. Guarded, because removing one may remove others.
+    /// Returns the nodes of @p files and the undeclared leaves. Guarded, because removing one may remove others.
     QVector<QPointer<TreeItem>> removableWith(const QSet<QString> &files) const;
 
 private:

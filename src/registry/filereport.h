@@ -19,16 +19,16 @@ enum class FileFate {
     HasGroup, ///< the user is in the disabled group
 };
 
-/// What came of one registration file.
+/// The result of reading one registration file.
 struct FileReport {
     QString name;
     FileFate fate = FileFate::Unreadable;
     QByteArray content; ///< without carriage returns, empty when it is unreadable
-    QJsonParseError error; ///< when it is no JSON
+    QJsonParseError error; ///< when it is not JSON
     std::optional<RegistrationFile> file; ///< when it is a JSON object
 };
 
-/// Reads @p fileName of the entries directory and asks whether the user is to have it. What is wrong is logged.
+/// Reads @p fileName of the entries directory and checks the groups of the user. Mistakes are logged.
 FileReport readRegistrationFile(const EntrySources &sources, const QString &fileName);
-/// Whether the groups that @p file names let the user have its entries: Loaded, LacksGroup or HasGroup.
+/// Returns Loaded, LacksGroup or HasGroup, by the groups that @p file names.
 FileFate fateByGroups(const EntrySources &sources, const RegistrationFile &file);

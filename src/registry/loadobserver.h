@@ -14,7 +14,7 @@ enum class EntryFate {
     Masked,
 };
 
-/// Hears what an EntryTree makes of what is declared.
+/// Notified of what an EntryTree does with each file and entry.
 class LoadObserver
 {
 public:
@@ -29,6 +29,6 @@ public:
     virtual void fileRead(const FileReport &report) = 0;
     /// The element @p index of the file's entries. @p item is the node that took its data, null when none did.
     virtual void entryRead(const QString &fileName, int index, EntryFate fate, const TreeItem *item) = 0;
-    /// What is installed later is asked first. @p translator is empty when there was nothing to load.
+    /// Translators that are installed later are asked first. @p translator is empty when there was nothing to load.
     virtual void catalogInstalled(const QString &catalog, const QTranslator *translator) = 0;
 };

@@ -23,40 +23,39 @@ class TreeItem;
  *
  * Files that come and go are followed 2000 ms after the last change of the directory; a file is known by its name
  * alone, so one that is rewritten in place is not read again. Entries whose "path" stands in the dconf key
- * /apps/velka-settings/maskedSettings are left out. What is wrong with a file is logged to
- * "org.orvantaos.settings.framework", and the rest is used. GUI thread only.
+ * /apps/velka-settings/maskedSettings are left out. Mistakes in a file are logged to
+ * "org.orvantaos.settings.framework", and affect only their own entry or file. GUI thread only.
  */
 class VELKASETTINGS_EXPORT PluginRegistry : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The registry of the process: made on the first call, which reads all files, and never deleted.
+    /// The registry of the process: created on the first call, which reads all files, and never deleted.
     static PluginRegistry *instance();
 
-    /// For tests and special programs; everything else shares instance().
+    /// For tests and special programs. All others share instance().
     explicit PluginRegistry(QObject *parent = nullptr);
     ~PluginRegistry() override;
 
-    /// The node at @p path, the root for an empty list, null when there is none. Valid until contentChanged().
+    /// Returns the node at @p path, the root for an empty list, null when there is none. Valid until contentChanged().
     TreeItem *getItem(const QStringList &path) const;
 
     /// Loads @p fileName (a name without directory). Does not emit contentChanged().
     void addEntriesForFile(const QString &fileName);
     /**
-     * Removes the nodes that @p fileName declared and that have no children left, and the nodes that nobody
-     * declared and nothing is below. A node with children of other files keeps its data until they go as well.
-     * Catalogs stay. Does not emit contentChanged().
+     * Removes the nodes that @p fileName declared, and undeclared nodes, that have no children left. A node with
+     * children of other files keeps its data until they are removed as well. Catalogs stay. Does not emit contentChanged().
      */
     void removeEntriesForFile(const QString &fileName);
     /**
      * Installs <catalog>_eng_en.qm and the catalog of the default locale, <catalog>-<locale>.qm, from
-     * /usr/share/translations/, once in the registry's life. What is missing is not looked for again.
+     * /usr/share/translations/, once in the registry's life. A missing file is not looked for again.
      */
     void loadTranslationCatalog(const QString &catalog);
 
 Q_SIGNALS:
-    /// Once after each batch of files that were loaded or unloaded: look up the nodes again.
+    /// Emitted once after each batch of files that were loaded or unloaded: look up the nodes again.
     void contentChanged();
 
 private Q_SLOTS:

@@ -11,7 +11,7 @@
 class QJsonObject;
 struct QJsonParseError;
 
-/// What one registration file says; a key that is missing or of the wrong type is empty.
+/// The content of one registration file. A key that is missing or of the wrong type is empty.
 struct RegistrationFile {
     QString requiredGroup; ///< only for members
     QString disabledGroup; ///< not for members
@@ -20,14 +20,14 @@ struct RegistrationFile {
     QJsonArray entries;
 };
 
-/// Whether a file in the entries directory is loaded, by its name.
+/// Returns whether a file of this name in the entries directory is loaded.
 bool isRegistrationFile(const QString &fileName);
 
-/// Parses @p json. Nothing, with a warning that names @p fileName, when it is no JSON or no object.
+/// Parses @p json. Returns nothing, with a warning that names @p fileName, when it is not JSON or not an object.
 std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, const QString &fileName,
                                                       QJsonParseError *error = nullptr);
 
-/// The path that @p entry declares, as it is spelled there. Nothing when it declares none.
+/// Returns the path that @p entry declares, as it is spelled there, or nothing when it declares none.
 std::optional<QString> pathOfEntry(const QJsonObject &entry);
-/// The names of the nodes down to @p path.
+/// Returns the names of the nodes down to @p path.
 QStringList splitPath(const QString &path);

@@ -52,7 +52,7 @@ std::optional<QByteArray> readTextFile(const QString &path)
         return {};
     }
     std::optional<QByteArray> content = readBytes(file, int(status.st_size));
-    // What QIODevice::Text does, at a fraction of its cost
+    // As QIODevice::Text does, at a fraction of its cost
     if (content && std::memchr(content->constData(), '\r', size_t(content->size()))) {
         content->replace('\r', "");
     }

@@ -9,5 +9,6 @@
 
 class QString;
 
-/// The content of the file at @p path without carriage returns. Nothing when it is no regular file or cannot be read.
+/// Returns the content of the file at @p path without carriage returns, or nothing when it is not a regular file or
+/// cannot be read.
 std::optional<QByteArray> readTextFile(const QString &path);

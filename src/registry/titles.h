@@ -19,7 +19,7 @@ struct Title {
     TitleSource source;
 };
 
-/// The text of "translation_id", else "title", else "!!" and the name. Translated anew at each call.
+/// The text of "translation_id", else "title", else "!!" and the name. Translated at each call.
 Title titleOf(const TreeItem &item);
 /// The text of "translation_id_short", else "title_short", else empty.
 Title shortTitleOf(const TreeItem &item);

@@ -6,5 +6,5 @@
 class QObject;
 class TreeItem;
 
-/// @p item, safe to hand to QML, which must never delete it.
+/// Returns @p item, marked so that QML never deletes it.
 QObject *toQml(TreeItem *item);

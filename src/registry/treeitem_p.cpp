@@ -76,7 +76,7 @@ void TreeItemPrivate::addChild(TreeItem *child)
 {
     const bool wasLeaf = children.isEmpty();
     if (wasLeaf) {
-        leaveIndex(); // it may be there as a node that nothing keeps
+        leaveIndex(); // where it may be as an undeclared leaf
     }
     TreeItemPrivate *added = of(child);
     if (TreeItem *replaced = takeChild(added->name)) {
@@ -125,7 +125,7 @@ void TreeItemPrivate::deleteDescendants()
     for (int i = 0; i < subtree.size(); ++i) {
         subtree += of(subtree.at(i))->children;
     }
-    // Children stand behind their parents. Each leaves the tree first: destroyed() lets others look at it.
+    // Children stand behind their parents. Each leaves the tree first: handlers of destroyed() may look at it.
     for (int i = subtree.size() - 1; i > 0; --i) {
         of(of(subtree.at(i))->parent)->removeChild(subtree.at(i));
     }
