@@ -23,12 +23,21 @@ const QString s_method = QStringLiteral("remote-method");
 const QString s_arguments = QStringLiteral("remote-arguments");
 const QString s_package = QStringLiteral("requires-package");
 
+/// Returns the elements of the list. A value of another type has none, text included.
+QVariantList argumentsOf(const QVariantMap &action)
+{
+    const QVariant arguments = action.value(s_arguments);
+    const bool isList = arguments.userType() == QMetaType::QVariantList
+                        || arguments.userType() == QMetaType::QStringList;
+    return isList ? arguments.toList() : QVariantList();
+}
+
 QDBusMessage methodCall(const QVariantMap &action)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(
         action.value(s_service).toString(), action.value(s_path).toString(), action.value(s_interface).toString(),
         action.value(s_method).toString());
-    call.setArguments(action.value(s_arguments).toList());
+    call.setArguments(argumentsOf(action));
     return call;
 }
 
@@ -97,7 +106,7 @@ QString QuickActionReader::remoteActionString(const QVariantMap &action) const
 {
     return MRemoteAction(action.value(s_service).toString(), action.value(s_path).toString(),
                          action.value(s_interface).toString(), action.value(s_method).toString(),
-                         action.value(s_arguments).toList())
+                         argumentsOf(action))
         .toString();
 }
 
