@@ -14,7 +14,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDebug>
-#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -179,8 +178,6 @@ class QuickActionReaderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsOneSlotOnly();
-
     void callArrivesOnce_data();
     void callArrivesOnce();
     void callsWithoutArguments_data();
@@ -225,19 +222,6 @@ private Q_SLOTS:
     void remoteActionString();
     void remoteActionStringSendsNothing();
 };
-
-void QuickActionReaderTest::showsOneSlotOnly()
-{
-    const QMetaObject &meta = QuickActionReader::staticMetaObject;
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
-    const QMetaMethod method = meta.method(meta.methodOffset());
-    QCOMPARE(method.methodSignature(), QByteArray("triggerActionError(QDBusError,QDBusMessage)"));
-    QCOMPARE(method.methodType(), QMetaMethod::Slot);
-    QCOMPARE(method.access(), QMetaMethod::Private);
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 0);
-    QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), 0);
-    QCOMPARE(meta.constructorCount(), 0);
-}
 
 void QuickActionReaderTest::callArrivesOnce_data()
 {
