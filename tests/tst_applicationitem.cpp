@@ -11,7 +11,6 @@
 
 #include <launcherfoldermodel.h>
 
-#include <QMetaProperty>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QSignalSpy>
@@ -25,7 +24,6 @@ class ApplicationItemTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsExactlyItsMembers();
     void withoutLauncherEntry();
     void readsTheDesktopFile();
     void withoutItsOwnKeys();
@@ -39,23 +37,6 @@ private Q_SLOTS:
     void locatesDesktopFiles();
     void idList();
 };
-
-void ApplicationItemTest::showsExactlyItsMembers()
-{
-    const QMetaObject &meta = ApplicationItem::staticMetaObject;
-    QStringList properties;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        QVERIFY(!property.isWritable());
-        QCOMPARE(property.hasNotifySignal(), property.name() == QByteArray("sandboxed"));
-        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()));
-    }
-    QCOMPARE(properties, (QStringList{text("QVariant section"), text("QString iconId"), text("QString iconMode"),
-                                      text("QString name"), text("QString fileName"), text("QString fileId"),
-                                      text("bool isValid"), text("bool sandboxed")}));
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
-    QCOMPARE(meta.method(meta.methodOffset()).methodSignature(), QByteArray("sandboxedChanged()"));
-}
 
 void ApplicationItemTest::withoutLauncherEntry()
 {

@@ -15,8 +15,6 @@
 #include <launcherfoldermodel.h>
 
 #include <QAbstractItemModelTester>
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QSignalSpy>
@@ -37,7 +35,6 @@ class ApplicationsSettingsModelTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void showsExactlyItsMembers();
     void roleNames();
     void emptyBeforeCompletion();
     void roles();
@@ -102,57 +99,6 @@ QStringList ApplicationsSettingsModelTest::names(const Model &model) const
         names.append(value(model, row, Model::NameRole).toString());
     }
     return names;
-}
-
-void ApplicationsSettingsModelTest::showsExactlyItsMembers()
-{
-    const QMetaObject &meta = Model::staticMetaObject;
-    QStringList properties;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()) + QLatin1Char(' ')
-                          + text(property.isWritable() ? "rw" : "r") + QLatin1Char(' ')
-                          + QString::fromLatin1(property.notifySignal().name()));
-    }
-    QCOMPARE(properties,
-             (QStringList{text("QObject* applications rw applicationsChanged"), text("int count r countChanged"),
-                          text("QStringList selectedApps r selectedAppsChanged"), text("uint uid rw uidChanged"),
-                          text("int filterMode rw filterModeChanged"),
-                          text("bool filterModeEnabled rw filterModeEnabledChanged")}));
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, (QStringList{text("applicationsChanged()"),
-                                   text("countChanged()"),
-                                   text("uidChanged()"),
-                                   text("allowlistEnabledChanged()"),
-                                   text("autostartEnabledChanged()"),
-                                   text("allowlistChanged()"),
-                                   text("autostartListChanged()"),
-                                   text("alwaysAllowedApplicationsChanged()"),
-                                   text("filterModeEnabledChanged()"),
-                                   text("filterModeChanged()"),
-                                   text("selectedAppsChanged()"),
-                                   text("allowedNotificationsChanged()"),
-                                   text("scheduleUpdate()"),
-                                   text("launcherModelReset()"),
-                                   text("iconOf(QString)"),
-                                   text("toggleSelectedApp(QString)"),
-                                   text("selectAllApps()"),
-                                   text("clearSelectedApps()"),
-                                   text("applyPolicyRules(QStringList)"),
-                                   text("objectForPath(QString)"),
-                                   text("firstObjectPath()"),
-                                   text("getAllowedNotificationsConfig()"),
-                                   text("setNotificationsEnabled(QString,bool)")}));
-    const QMetaEnum modes = meta.enumerator(meta.indexOfEnumerator("ApplicationsFilterModeTypes"));
-    QCOMPARE(modes.keyToValue("AllowedOnly"), 0);
-    QCOMPARE(modes.keyToValue("AutostartedOnly"), 1);
-    const QMetaEnum roles = meta.enumerator(meta.indexOfEnumerator("ApplicationRoles"));
-    QCOMPARE(roles.keyCount(), 12);
-    QCOMPARE(roles.keyToValue("SectionRole"), 257);
-    QCOMPARE(roles.keyToValue("NotificationsEnabledRole"), 268);
 }
 
 void ApplicationsSettingsModelTest::roleNames()

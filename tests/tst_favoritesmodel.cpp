@@ -13,8 +13,6 @@
 
 #include <mgconfitem.h>
 
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QTest>
@@ -32,7 +30,6 @@ class FavoritesModelTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void showsExactlyItsMembers();
     void roleNames();
     void nothingBeforeCompletion();
     void settersStoreBeforeCompletion();
@@ -88,38 +85,6 @@ void FavoritesModelTest::init()
     storeFavorites({});
     MGConfItem(WatchedFavorites::userModifiedKeyOfTests()).set({});
     declareSections(path("a/b/c/d"));
-}
-
-void FavoritesModelTest::showsExactlyItsMembers()
-{
-    const QMetaObject &meta = FavoritesModel::staticMetaObject;
-    QStringList properties;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()) + QLatin1Char(' ')
-                          + text(property.isWritable() ? "rw" : "r") + QLatin1Char(' ')
-                          + QString::fromLatin1(property.notifySignal().methodSignature()));
-    }
-    QCOMPARE(properties,
-             (QStringList{text("int count r countChanged()"), text("QStringList filter rw filterChanged()"),
-                          text("bool showPotential rw showPotentialChanged()"),
-                          text("QStringList path rw pathChanged()"), text("QString key rw keyChanged()"),
-                          text("QString userModifiedKey rw userModifiedKeyChanged()"),
-                          text("bool userModified r userModifiedChanged()")}));
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, (QStringList{text("countChanged()"),         text("filterChanged()"),
-                                   text("showPotentialChanged()"), text("pathChanged()"),
-                                   text("keyChanged()"),           text("userModifiedKeyChanged()"),
-                                   text("userModifiedChanged()"),  text("isFavorite(QString)"),
-                                   text("addFavorite(QString)"),   text("removeFavorite(QString)"),
-                                   text("indexOf(QString)"),       text("move(int,int)"),
-                                   text("triggerAction(int)"),     text("get(int)"),
-                                   text("updateItems(bool)"),      text("addItem(TreeItem*,bool)"),
-                                   text("removeItem(int,bool)"),   text("removeDestroyedItem()"),
-                                   text("favoritesUpdated()"),     text("resetModel()")}));
 }
 
 void FavoritesModelTest::roleNames()

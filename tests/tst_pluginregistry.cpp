@@ -19,7 +19,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QMetaMethod>
 #include <QPointer>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -90,7 +89,6 @@ class PluginRegistryTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void showsExactlyItsMembers();
     void getItem();
 
     void ordinaryFile();
@@ -165,18 +163,6 @@ private Q_SLOTS:
 void PluginRegistryTest::init()
 {
     World::reset();
-}
-
-void PluginRegistryTest::showsExactlyItsMembers()
-{
-    const QMetaObject &meta = PluginRegistry::staticMetaObject;
-    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, (QStringList{text("contentChanged()"), text("monitoredDirectoryChanged()"),
-                                   text("maskedSettingsChanged()")}));
 }
 
 void PluginRegistryTest::getItem()

@@ -11,7 +11,6 @@
 
 #include <QDBusMessage>
 #include <QDebug>
-#include <QMetaMethod>
 #include <QTest>
 
 #include <memory>
@@ -46,7 +45,6 @@ class QuickActionReaderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsOneSlotOnly();
     void callArrivesOnce_data();
     void callArrivesOnce();
     void callsWithoutArguments_data();
@@ -65,19 +63,6 @@ private Q_SLOTS:
     void remoteActionString();
     void remoteActionStringSendsNothing();
 };
-
-void QuickActionReaderTest::showsOneSlotOnly()
-{
-    const QMetaObject &meta = QuickActionReader::staticMetaObject;
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
-    const QMetaMethod method = meta.method(meta.methodOffset());
-    QCOMPARE(method.methodSignature(), QByteArray("triggerActionError(QDBusError,QDBusMessage)"));
-    QCOMPARE(method.methodType(), QMetaMethod::Slot);
-    QCOMPARE(method.access(), QMetaMethod::Private);
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 0);
-    QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), 0);
-    QCOMPARE(meta.constructorCount(), 0);
-}
 
 void QuickActionReaderTest::callArrivesOnce_data()
 {

@@ -12,8 +12,6 @@
 #include "world.h"
 
 #include <QElapsedTimer>
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QSignalSpy>
@@ -62,7 +60,6 @@ class SettingsModelTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void showsExactlyItsMembers();
     void roleNames();
     void startsEmpty();
     void listsChildren();
@@ -117,27 +114,6 @@ void SettingsModelTest::declare(const QByteArray &entries)
 {
     World::writeEntries(text("x.json"), "{\"entries\": [" + entries + "]}");
     rescan();
-}
-
-void SettingsModelTest::showsExactlyItsMembers()
-{
-    const QMetaObject &meta = SettingsModel::staticMetaObject;
-    QStringList properties;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()) + QLatin1Char(' ')
-                          + text(property.isWritable() ? "rw" : "r") + QLatin1Char(' ')
-                          + QString::fromLatin1(property.notifySignal().methodSignature()));
-    }
-    QCOMPARE(properties, (QStringList{text("QStringList path rw modelChanged()"),
-                                      text("int depth rw modelChanged()"), text("int count r countChanged()")}));
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, (QStringList{text("modelChanged()"), text("countChanged()"), text("setPath(QStringList)"),
-                                   text("setDepth(int)"), text("updateItems()"), text("removeDestroyedItem()"),
-                                   text("objectAt(int)"), text("objectForPath(QString)")}));
 }
 
 void SettingsModelTest::roleNames()

@@ -13,8 +13,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLoggingCategory>
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -100,7 +98,6 @@ class TreeItemTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsExactlyItsMembersToQml();
     void title_data();
     void title();
     void readsTextsAnew();
@@ -141,29 +138,6 @@ private Q_SLOTS:
     void deepPathCostsLinearTime();
     void manySiblingsCostLinearTime();
 };
-
-void TreeItemTest::showsExactlyItsMembersToQml()
-{
-    const QMetaObject &meta = TreeItem::staticMetaObject;
-    QStringList properties;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        QVERIFY(!property.isWritable());
-        QVERIFY(!property.hasNotifySignal());
-        properties.append(text(property.typeName()) + QLatin1Char(' ') + text(property.name()));
-    }
-    QCOMPARE(properties,
-             (QStringList{text("QString name"), text("QString type"), text("QString title"),
-                          text("QString shortTitle"), text("QString icon"), text("QString controlIcon")}));
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        methods.append(text(meta.method(i).typeName()) + QLatin1Char(' ')
-                       + QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods,
-             (QStringList{text("int count(int)"), text("int count()"), text("QStringList location(TreeItem*)"),
-                          text("QStringList location()"), text("QVariantMap data()")}));
-}
 
 void TreeItemTest::title_data()
 {

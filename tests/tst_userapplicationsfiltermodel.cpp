@@ -8,7 +8,6 @@
 #include "text.h"
 
 #include <QAbstractItemModelTester>
-#include <QMetaProperty>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
@@ -22,7 +21,6 @@ class UserApplicationsFilterModelTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void showsExactlyItsMembers();
     void withoutSource();
     void filters_data();
     void filters();
@@ -74,21 +72,6 @@ void UserApplicationsFilterModelTest::init()
     m_source->appendRow(row("d", true, true, false));
     m_source->appendRow(row("a", false, false, true));
     m_source->appendRow(row("e", false, false, false));
-}
-
-void UserApplicationsFilterModelTest::showsExactlyItsMembers()
-{
-    const QMetaObject &meta = Filter::staticMetaObject;
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 2);
-    const QMetaProperty count = meta.property(meta.propertyOffset());
-    QCOMPARE(count.name(), "count");
-    QVERIFY(!count.isWritable());
-    QCOMPARE(count.notifySignal().name(), QByteArray("countChanged"));
-    const QMetaProperty filter = meta.property(meta.propertyOffset() + 1);
-    QCOMPARE(filter.name(), "filter");
-    QCOMPARE(filter.typeName(), "int");
-    QCOMPARE(filter.notifySignal().name(), QByteArray("filterChanged"));
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
 }
 
 void UserApplicationsFilterModelTest::withoutSource()
