@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is a sequence of calls to the platform's services, of actions as any file may declare them, and of what
-// is answered: errors and values of any types.
+// The input is a sequence of calls to the platform's services and of an action, and of what is answered: errors and
+// values of any types.
 
 #include "harness.h"
 #include "input.h"
@@ -137,40 +137,6 @@ void appendValues(DBusMessage *message, Input *input)
         dbus_signature_iter_init(&type, signature.constData());
         appendValue(&iterator, &type, input, 0);
     }
-}
-
-/// A name of a service, a path, an interface or a method, or none of these.
-QString readName(Input *input)
-{
-    const QStringList known{Constants::NotificationsService,
-                            QStringLiteral("org.example.Missing"),
-                            QStringLiteral("/org/example"),
-                            QStringLiteral("call"),
-                            QStringLiteral("org.freedesktop.DBus.Local"),
-                            QStringLiteral("/org/freedesktop/DBus/Local"),
-                            QStringLiteral(":1.0"),
-                            QStringLiteral("a..b")};
-    const int kind = input->below(16);
-    return kind < known.size() ? known.at(kind) : QString::fromUtf8(input->take(kind));
-}
-
-/// What a registration file can hold.
-QVariant readArgument(Input *input, int depth = 0)
-{
-    const int kind = depth < MaxTypeDepth ? input->below(8) : 0;
-    if (kind < 5) {
-        const QVariantList simple{double(input->byte()), QVariant(), input->flag(), QString(), readName(input)};
-        return simple.at(kind);
-    }
-    if (kind == 5) {
-        return QVariantMap{{readName(input), readArgument(input, depth + 1)}};
-    }
-    const QVariant element = readArgument(input, depth + 1);
-    QVariantList list;
-    for (int count = input->byte(); count >= 0; --count) {
-        list = kind == 6 ? QVariantList{QVariant(list)} : list << element;
-    }
-    return list;
 }
 
 /// The method, and the user that the call is about if it is about one.
@@ -324,7 +290,7 @@ private:
     void lookAtModel();
     void fetchAllowlist();
     void fetchNotifications();
-    void trigger(Input *input);
+    void trigger();
 
     QObject m_owner;
     SandboxingClient m_sandboxing{&m_owner};
@@ -388,15 +354,13 @@ void Clients::settle()
     fetchNotifications();
 }
 
-void Clients::trigger(Input *input)
+/// Lets a service be called of which the store would be asked for the package.
+void Clients::trigger()
 {
-    QVariantMap action{{QStringLiteral("remote-arguments"), readArgument(input)}};
-    for (const QString &key :
-         {QStringLiteral("remote-service"), QStringLiteral("remote-path"), QStringLiteral("remote-interface"),
-          QStringLiteral("remote-method"), QStringLiteral("requires-package")}) {
-        action.insert(key, readName(input));
-    }
-    m_actions.trigger(action);
+    m_actions.trigger({{QStringLiteral("remote-service"), Constants::NotificationsService},
+                       {QStringLiteral("remote-path"), Constants::NotificationsPath},
+                       {QStringLiteral("remote-method"), QStringLiteral("call")},
+                       {QStringLiteral("requires-package"), QStringLiteral("package")}});
 }
 
 void Clients::step(Input *input)
@@ -433,7 +397,7 @@ void Clients::step(Input *input)
         sessionServices().emitConfigChanged(input);
         break;
     case 10:
-        trigger(input);
+        trigger();
         break;
     default:
         model()->setFilterMode(input->below(2));
