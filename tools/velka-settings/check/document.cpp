@@ -22,19 +22,6 @@ namespace
 constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr int DeepestNesting = 1024;
 
-bool isContinuation(char c)
-{
-    return (uchar(c) & 0xC0U) == 0x80U;
-}
-
-int columnsOf(char c)
-{
-    if (isContinuation(c)) {
-        return 0;
-    }
-    return uchar(c) >= 0xF0U ? 2 : 1; // a surrogate pair
-}
-
 Tag tagOf(QJsonParseError::ParseError error)
 {
     switch (error) {
@@ -45,13 +32,6 @@ Tag tagOf(QJsonParseError::ParseError error)
     default:
         return Tag::JsonSyntax;
     }
-}
-
-/// The byte that the parser stumbled over. Except for wrong UTF-8, it has read that already.
-int offsetOf(const QJsonParseError &error, const QByteArray &text)
-{
-    const int offset = error.error == QJsonParseError::IllegalUTF8String ? error.offset : error.offset - 1;
-    return qBound(0, offset, text.size());
 }
 
 bool readWithOffsets(const QByteArray &text, bool rejectDoubledKeys, Json::Value *root, std::string *errors)
@@ -171,27 +151,6 @@ QVector<Finding> Findings::take()
     return std::exchange(m_findings, {});
 }
 
-PlaceFinder::PlaceFinder(const QByteArray &text)
-    : m_text(text)
-{
-}
-
-Place PlaceFinder::at(int offset)
-{
-    if (offset < m_offset) {
-        m_offset = 0;
-        m_place = {};
-    }
-    for (; m_offset < offset; ++m_offset) {
-        if (m_text.at(m_offset) == '\n') {
-            m_place = {m_place.line + 1, 1};
-        } else {
-            m_place.column += columnsOf(m_text.at(m_offset));
-        }
-    }
-    return m_place;
-}
-
 bool parse(Document *document, Findings *findings)
 {
     QByteArray &text = document->text;
@@ -206,7 +165,7 @@ bool parse(Document *document, Findings *findings)
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(text, &error);
     if (json.isNull()) {
-        findings->atOffset(tagOf(error.error), offsetOf(error, text), error.errorString());
+        findings->atOffset(tagOf(error.error), offsetOfError(text, error), error.errorString());
         return false;
     }
     document->read = json.isObject() ? QJsonValue(json.object()) : QJsonValue(json.array());

@@ -61,19 +61,6 @@ private:
     QSet<int> m_offsets;
 };
 
-/// Follows offsets through a text. Cheap when they ascend.
-class PlaceFinder
-{
-public:
-    explicit PlaceFinder(const QByteArray &text);
-    Place at(int offset);
-
-private:
-    const QByteArray &m_text;
-    int m_offset = 0;
-    Place m_place;
-};
-
 /// Fills @p document by its text. False, and findings that tell why, when there is no more to check. What the
 /// library reads is known even then, if it reads anything.
 bool parse(Document *document, Findings *findings);
