@@ -30,6 +30,7 @@ private Q_SLOTS:
     void exitCodes_data();
     void exitCodes();
     void textOfFinding();
+    void longPathIsWhole();
     void explainsEachTag();
     void listsEachTag();
     void json();
@@ -215,6 +216,16 @@ void CheckTest::textOfFinding()
              QByteArray("order-lost/bad.json:3:54: error: the library reads this order as -1294967296 "
                         "[order-lost]\n"));
     QCOMPARE(check({QStringLiteral("order-lost/good.json")}).output, QByteArray());
+}
+
+void CheckTest::longPathIsWhole()
+{
+    const QTemporaryDir directory;
+    const QString folder = directory.filePath(QString(100, QLatin1Char('d')));
+    QVERIFY(QDir().mkdir(folder));
+    const QString path = folder + QLatin1String("/a.json");
+    QVERIFY(QFile::copy(s_fixtures.filePath(QStringLiteral("order-lost/bad.json")), path));
+    QVERIFY(check({path}).output.startsWith(path.toUtf8() + ":3:54: error: "));
 }
 
 void CheckTest::explainsEachTag()

@@ -3,6 +3,7 @@
 
 #include "commandline.h"
 #include "commands.h"
+#include "printable.h"
 #include "readingoptions.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"
@@ -34,7 +35,7 @@ void printText(TreeItem *item)
     const Terminal out(stdout);
     const auto line = [&out](const char *name, const QString &value) {
         const QString label = QStringLiteral("%1:").arg(QLatin1String(name)).leftJustified(14);
-        out.writeLine(out.strong(label) + Terminal::printable(value));
+        out.writeLine(out.strong(label) + printable(value));
     };
     line("path", TreeListing::pathOf(item));
     line("title", item->title());
@@ -51,7 +52,7 @@ void printText(TreeItem *item)
     out.writeLine(out.strong(QStringLiteral("data:")));
     const QJsonObject data = QJsonObject::fromVariantMap(item->data());
     for (auto it = data.constBegin(); it != data.constEnd(); ++it) {
-        out.writeLine(QStringLiteral("  %1: %2").arg(Terminal::printable(it.key()), Values::toText(it.value())));
+        out.writeLine(QStringLiteral("  %1: %2").arg(printable(it.key()), Values::toText(it.value())));
     }
 }
 }
@@ -68,7 +69,7 @@ int Commands::show(const QStringList &arguments)
     const QStringList names = splitPath(parser.positionalArguments().constFirst());
     TreeItem *item = names.isEmpty() ? nullptr : inspection->root()->lookup(names);
     if (!item) {
-        const QString path = Terminal::printable(names.join(QLatin1Char('/')));
+        const QString path = printable(names.join(QLatin1Char('/')));
         std::fprintf(stderr, "There is nothing at %s. \"velka-settings why %s\" tells the reason.\n",
                      qUtf8Printable(path), qUtf8Printable(path));
         return Findings;

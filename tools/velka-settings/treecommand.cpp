@@ -3,6 +3,7 @@
 
 #include "commandline.h"
 #include "commands.h"
+#include "printable.h"
 #include "problems.h"
 #include "readingoptions.h"
 #include "registry/treeitem.h"
@@ -39,10 +40,10 @@ void printText(TreeItem *root)
     const QList<TreeItem *> items = TreeListing::itemsOf(root);
     for (const TreeItem *item : items) {
         const QString indent(2 * (item->depth(root) - 1), QLatin1Char(' '));
-        const QString name = Terminal::printable(item->name());
-        const QString title = Terminal::printable(item->title());
-        const QString kind = QStringLiteral("%1, %2").arg(Terminal::printable(item->type())).arg(item->order());
-        const QString origin = item->isDeclared() ? out.faint(Terminal::printable(item->fromFile()))
+        const QString name = printable(item->name());
+        const QString title = printable(item->title());
+        const QString kind = QStringLiteral("%1, %2").arg(printable(item->type())).arg(item->order());
+        const QString origin = item->isDeclared() ? out.faint(printable(item->fromFile()))
                                                   : out.notable(QStringLiteral("not declared"));
         out.writeLine(QStringLiteral("%1%2  \"%3\"  (%4)  %5").arg(indent, out.strong(name), title, kind, origin));
     }
@@ -65,7 +66,7 @@ void printPaths(TreeItem *root)
     const QList<TreeItem *> items = TreeListing::itemsOf(root);
     for (TreeItem *item : items) {
         const QString path = TreeListing::pathOf(item);
-        if (Terminal::printable(path) == path) {
+        if (printable(path) == path) {
             out.writeLine(path);
         }
     }

@@ -70,7 +70,7 @@ void actionNames(const Entry &entry, Findings *findings)
         if (!objection.isEmpty()) {
             findings->atValue(
                 name.tag, *value,
-                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), printable(objection)));
+                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), abridged(objection)));
         }
     }
 }

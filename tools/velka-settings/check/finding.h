@@ -24,7 +24,8 @@ struct FileFindings {
     QVector<Finding> findings;
 };
 
-/// @p text on one line, cut short, without characters that a terminal would act upon.
-QString printable(const QString &text);
+/// Returns the printable form of @p text, or of its start and an ellipsis if it is long.
+QString abridged(const QString &text);
+/// Returns the same between quotation marks.
 QString quoted(const QString &text);
 }
