@@ -31,6 +31,8 @@ private Q_SLOTS:
     void exitCodes();
     void textOfFinding();
     void longPathIsWhole();
+    void unlikelyCatalogNames_data();
+    void unlikelyCatalogNames();
     void explainsEachTag();
     void listsEachTag();
     void json();
@@ -226,6 +228,28 @@ void CheckTest::longPathIsWhole()
     const QString path = folder + QLatin1String("/a.json");
     QVERIFY(QFile::copy(s_fixtures.filePath(QStringLiteral("order-lost/bad.json")), path));
     QVERIFY(check({path}).output.startsWith(path.toUtf8() + ":3:54: error: "));
+}
+
+void CheckTest::unlikelyCatalogNames_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("longest") << QByteArray(255 - int(qstrlen("_eng_en")), 'a');
+    QTest::newRow("too long") << QByteArray(5000, 'a');
+    QTest::newRow("elsewhere") << QByteArray("../elsewhere/a");
+    QTest::newRow("null character") << QByteArray("a\\u0000b");
+}
+
+void CheckTest::unlikelyCatalogNames()
+{
+    QFETCH(QByteArray, name);
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("a.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"translation_catalog": ")" + name + R"(", "entries": [{"path": "a", "title": "A"}]})");
+    file.close();
+    const Finished finished = check({file.fileName()});
+    QCOMPARE(finished.errors, QByteArray());
+    QVERIFY2(finished.output.endsWith(" [missing-catalog]\n"), finished.output.constData());
 }
 
 void CheckTest::explainsEachTag()
