@@ -27,7 +27,7 @@ or stand at the ends of PATH do not matter.
   --format json   for programs
   --help          prints this
 
-Exit code: 0; 1 when there is nothing at PATH; 2 when it cannot be told.
+Exit status: 0; 1 when there is nothing at PATH; 2 when it cannot be told.
 )";
 
 void printText(TreeItem *item)
@@ -60,7 +60,7 @@ void printText(TreeItem *item)
 int Commands::show(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1};
+    const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
     int exitCode = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {

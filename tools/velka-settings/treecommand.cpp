@@ -31,7 +31,7 @@ order of its pages: path, title, type, "order" and the file that declares it.
   --help          prints this
 
 What is wrong with files is told on standard error.
-Exit code: 0, or 2 when the directory cannot be read.
+Exit status: 0, or 2 when the directory cannot be read.
 )";
 
 void printText(TreeItem *root)
@@ -77,7 +77,7 @@ int Commands::tree(const QStringList &arguments)
 {
     QCommandLineParser parser;
     const CommandSyntax syntax{
-        "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0};
+        "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0, 0};
     int exitCode = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {
