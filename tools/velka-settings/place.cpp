@@ -37,15 +37,14 @@ bool isExact(QJsonParseError::ParseError error)
 
 PlaceFinder::PlaceFinder(const QByteArray &text)
     : m_text(text)
-    , m_start(text.startsWith(ByteOrderMark) ? int(qstrlen(ByteOrderMark)) : 0)
-    , m_offset(m_start)
+    , m_offset(startOf(text))
 {
 }
 
 Place PlaceFinder::at(int offset)
 {
     if (offset < m_offset) {
-        m_offset = m_start;
+        m_offset = startOf(m_text);
         m_place = {};
     }
     for (; m_offset < offset; ++m_offset) {
@@ -56,6 +55,11 @@ Place PlaceFinder::at(int offset)
         }
     }
     return m_place;
+}
+
+int startOf(const QByteArray &text)
+{
+    return text.startsWith(ByteOrderMark) ? int(qstrlen(ByteOrderMark)) : 0;
 }
 
 int offsetOfError(const QByteArray &text, const QJsonParseError &error)

@@ -22,10 +22,12 @@ public:
 
 private:
     const QByteArray &m_text;
-    const int m_start; ///< after the byte order mark
     int m_offset;
     Place m_place;
 };
+
+/// Returns the offset of the first byte of @p text that is no byte order mark.
+int startOf(const QByteArray &text);
 
 /// Returns the offset of the byte of @p text that Qt's parser did not accept, or of the last one when the text ends
 /// too early.
