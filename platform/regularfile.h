@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef REGULARFILE_H
-#define REGULARFILE_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -12,7 +11,5 @@ struct FileContent {
     QString error; ///< empty when the file was read
 };
 
-/// Reads a file of no more than @p limit bytes. What is no regular file is not opened: it could block.
+/// Reads the file at @p path, which must be a regular one of no more than @p limit bytes. Never waits for a writer.
 FileContent readRegularFile(const QString &path, qint64 limit);
-
-#endif

@@ -11,8 +11,6 @@ packages=(
     cmake g++ ninja-build pkg-config
     # the library and the platform's stand-ins
     qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools libdbus-1-dev libdconf-dev
-    # the command-line tool
-    libjsoncpp-dev libvalijson-dev
     # the sandbox
     bubblewrap dbus-daemon dconf-cli dconf-service
     # the demo

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "checker.h"
+#include "schema.h"
 #include "tags.h"
 
 #include <QDir>
@@ -25,11 +26,16 @@ private Q_SLOTS:
     void tagsAreInOrder();
     void fixtures_data();
     void fixtures();
+    void schemaHasNoOtherKeywords();
+    void checksOnAfterWhatIsNotPortable();
     void places_data();
     void places();
     void exitCodes_data();
     void exitCodes();
     void textOfFinding();
+    void longPathIsWhole();
+    void unlikelyCatalogNames_data();
+    void unlikelyCatalogNames();
     void explainsEachTag();
     void listsEachTag();
     void json();
@@ -118,6 +124,46 @@ void CheckTest::fixtures()
     for (const QString &name : good) {
         QVERIFY2((tagsIn(directory.filePath(name)) - others).isEmpty(), qPrintable(name));
     }
+}
+
+/// The checker reads the types and lengths of the schema; its other keywords have rules of their own, or say nothing of
+/// a file.
+void CheckTest::schemaHasNoOtherKeywords()
+{
+    const QSet<QString> known{
+        QStringLiteral("$schema"),     QStringLiteral("title"),    QStringLiteral("description"),
+        QStringLiteral("type"),        QStringLiteral("default"),  QStringLiteral("examples"),
+        QStringLiteral("properties"),  QStringLiteral("items"),    QStringLiteral("$ref"),
+        QStringLiteral("definitions"), QStringLiteral("required"), QStringLiteral("maxLength"),
+        QStringLiteral("if"),          QStringLiteral("then")};
+    QList<QJsonObject> schemas{registrationSchema(), schemaDefinition(QStringLiteral("entry")),
+                               schemaDefinition(QStringLiteral("params"))};
+    for (int i = 0; i < 3; ++i) {
+        const QJsonObject properties = schemaProperties(schemas.at(i));
+        for (const QJsonValue &property : properties) {
+            schemas.append(property.toObject());
+        }
+    }
+    QVERIFY(schemas.size() > 20);
+    for (const QJsonObject &schema : qAsConst(schemas)) {
+        const QStringList keywords = schema.keys();
+        QVERIFY2(known.contains(QSet<QString>(keywords.cbegin(), keywords.cend())),
+                 qPrintable(keywords.join(QLatin1Char(' '))));
+    }
+    const QJsonObject definitions = registrationSchema().value(QStringLiteral("definitions")).toObject();
+    QCOMPARE(definitions.keys(), (QStringList{QStringLiteral("entry"), QStringLiteral("params")}));
+}
+
+void CheckTest::checksOnAfterWhatIsNotPortable()
+{
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("a.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"entries": [{"path": "a", "title": "A", "order": .5}, {"title": "B"}]})");
+    file.close();
+    QCOMPARE(tagsIn(file.fileName()),
+             (QSet<QString>{QStringLiteral("not-portable"), QStringLiteral("order-rounded"),
+                            QStringLiteral("path-missing")}));
 }
 
 void CheckTest::places_data()
@@ -215,6 +261,38 @@ void CheckTest::textOfFinding()
              QByteArray("order-lost/bad.json:3:54: error: the library reads this order as -1294967296 "
                         "[order-lost]\n"));
     QCOMPARE(check({QStringLiteral("order-lost/good.json")}).output, QByteArray());
+}
+
+void CheckTest::longPathIsWhole()
+{
+    const QTemporaryDir directory;
+    const QString folder = directory.filePath(QString(100, QLatin1Char('d')));
+    QVERIFY(QDir().mkdir(folder));
+    const QString path = folder + QLatin1String("/a.json");
+    QVERIFY(QFile::copy(s_fixtures.filePath(QStringLiteral("order-lost/bad.json")), path));
+    QVERIFY(check({path}).output.startsWith(path.toUtf8() + ":3:54: error: "));
+}
+
+void CheckTest::unlikelyCatalogNames_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("longest") << QByteArray(255 - int(qstrlen("_eng_en")), 'a');
+    QTest::newRow("too long") << QByteArray(5000, 'a');
+    QTest::newRow("elsewhere") << QByteArray("../elsewhere/a");
+    QTest::newRow("null character") << QByteArray("a\\u0000b");
+}
+
+void CheckTest::unlikelyCatalogNames()
+{
+    QFETCH(QByteArray, name);
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("a.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"translation_catalog": ")" + name + R"(", "entries": [{"path": "a", "title": "A"}]})");
+    file.close();
+    const Finished finished = check({file.fileName()});
+    QCOMPARE(finished.errors, QByteArray());
+    QVERIFY2(finished.output.endsWith(" [missing-catalog]\n"), finished.output.constData());
 }
 
 void CheckTest::explainsEachTag()

@@ -120,18 +120,15 @@ bool isRefused(const Entry &entry)
            || !messages.filter(QStringLiteral("could not send message")).isEmpty();
 }
 
-/// The first value whose text is at @p offset, and the way to it from an entry.
-const Json::Value *valueAt(const Json::Value &from, int offset)
+/// Returns the value in @p from that is written at @p offset, null when there is none.
+const Written *valueAt(const Written &from, int offset)
 {
-    if (int(from.getOffsetStart()) == offset) {
+    if (from.start == offset) {
         return &from;
     }
-    if (from.isArray() || from.isObject()) {
-        for (const Json::Value &value : from) {
-            const bool isInside = int(value.getOffsetStart()) <= offset && offset < int(value.getOffsetLimit());
-            if (isInside) {
-                return valueAt(value, offset);
-            }
+    for (const Written &child : from.children) {
+        if (child.start <= offset && offset < child.end) {
+            return valueAt(child, offset);
         }
     }
     return nullptr;
@@ -140,7 +137,7 @@ const Json::Value *valueAt(const Json::Value &from, int offset)
 const Entry *entryAt(const Document &document, int offset)
 {
     for (const Entry &entry : document.entries) {
-        if (int(entry.written->getOffsetStart()) <= offset && offset < int(entry.written->getOffsetLimit())) {
+        if (entry.written->start <= offset && offset < entry.written->end) {
             return &entry;
         }
     }
@@ -149,8 +146,8 @@ const Entry *entryAt(const Document &document, int offset)
 
 QByteArray literalAt(const Document &document, int offset)
 {
-    const Json::Value *value = valueAt(document.root, offset);
-    return value ? document.text.mid(offset, int(value->getOffsetLimit()) - offset) : QByteArray();
+    const Written *value = valueAt(document.root, offset);
+    return value ? document.text.mid(offset, value->end - offset) : QByteArray();
 }
 
 int countMembers(const QJsonValue &value)
@@ -192,14 +189,10 @@ bool orderIsLost(const Entry &entry, const QByteArray &literal)
     return !isNumber || qAbs(item.order() - written) >= 1;
 }
 
-QString keyAt(const Json::Value &object, int offset)
+QString keyAt(const Written &object, int offset)
 {
-    for (auto it = object.begin(); it != object.end(); ++it) {
-        if (int(it->getOffsetStart()) == offset) {
-            return toText(it.name());
-        }
-    }
-    return {};
+    const Written *value = valueAt(object, offset);
+    return value ? value->key : QString();
 }
 
 /// Whether the library makes nothing of the value of the entry, or of the top level, that is written at @p offset.
@@ -264,14 +257,6 @@ bool declaresNothing(const PluginRegistry &registry, const QString &fileName)
     const QList<TreeItem *> items = registry.getItem({})->getSubitems(TreeItem::orderLessThan, -1);
     return std::none_of(items.cbegin(), items.cend(),
                         [&fileName](const TreeItem *item) { return item->fromFile() == fileName; });
-}
-
-bool losesAnEntry(const Document &document, const PluginRegistry &registry)
-{
-    const QJsonArray entries = document.read.toObject().value(QLatin1String("entries")).toArray();
-    return std::any_of(entries.cbegin(), entries.cend(), [&](const QJsonValue &entry) {
-        return !isInTree(registry, entry.toObject(), QFileInfo(document.path).fileName());
-    });
 }
 
 bool isPathMissing(const Finding &finding)
@@ -365,7 +350,7 @@ void CheckPropertyTest::judge(const FileFindings &file, const QStringList &log, 
     const bool isLoaded = std::none_of(file.findings.cbegin(), file.findings.cend(), [](const Finding &finding) {
         return finding.tag == Tag::NameNeverLoaded || finding.tag == Tag::NameAside;
     });
-    if (isParsed && isLoaded && document.root.isObject() && isForUser(document)) {
+    if (isParsed && isLoaded && document.root.kind == Written::Object && isForUser(document)) {
         QCOMPARE(pathsMissing(messages), missing);
     }
     for (const Finding &finding : file.findings) {
@@ -386,9 +371,6 @@ void CheckPropertyTest::judge(const FileFindings &file, const QStringList &log, 
         case Tag::GroupsContradict:
         case Tag::NameNeverLoaded:
             isTrue = declaresNothing(registry, name);
-            break;
-        case Tag::DuplicatePath:
-            isTrue = isParsed ? isTrueOf(document, finding, registry) : losesAnEntry(document, registry);
             break;
         default:
             isTrue = isParsed && isTrueOf(document, finding, registry);

@@ -7,6 +7,7 @@
 #include "common/messages.h"
 #include "registry/fileentries.h"
 #include "registry/fileindex.h"
+#include "registry/filename.h"
 #include "registry/filereport.h"
 #include "registry/loadobserver.h"
 #include "registry/registrationfile.h"
@@ -14,24 +15,15 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QJsonObject>
 #include <QLocale>
 #include <QPointer>
 #include <QTranslator>
 
-#include <climits>
-
 namespace
 {
 /// The largest size of a file, in bytes for each entry, whose text is kept: the rest of it may be anything.
 constexpr qint64 MaxTextOfEntry = 4096;
-
-/// Returns whether a file can have @p name. QTranslator would look for a longer one in ever shorter forms, for hours.
-bool isFileName(const QString &name)
-{
-    return QFile::encodeName(name).size() <= NAME_MAX;
-}
 }
 
 EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, LoadObserver *observer)

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void helpFitsScreen();
     void mistakes_data();
     void mistakes();
+    void mistakesNameTheHelp_data();
+    void mistakesNameTheHelp();
     void coloursOnTerminalsAlone_data();
     void coloursOnTerminalsAlone();
     void noColor();
@@ -52,6 +54,8 @@ void CommandLineTest::helpFitsScreen()
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.errors, QByteArray());
     QVERIFY(result.output.startsWith("Usage: velka-settings "));
+    QVERIFY(command.isEmpty() || result.output.contains("\nExit status: 0"));
+    QVERIFY(command.isEmpty() || result.output.contains("\n  --help "));
     const QList<QByteArray> lines = result.output.trimmed().split('\n');
     QVERIFY(lines.size() <= 24);
     for (const QByteArray &line : lines) {
@@ -62,10 +66,29 @@ void CommandLineTest::helpFitsScreen()
 void CommandLineTest::mistakes_data()
 {
     QTest::addColumn<QString>("command");
-    for (const char *command :
-         {"", "nothing", "--nothing", "tree --nothing", "tree more", "tree --format xml", "tree --uid me",
-          "tree --locale nowhere", "tree --root", "show", "show x y", "why", "why --format markdown x", "diff x",
-          "diff --root x y z", "diff --locale fi / /"}) {
+    for (const char *command : {"",
+                                "nothing",
+                                "--nothing",
+                                "tree --nothing",
+                                "tree more",
+                                "tree --format xml",
+                                "tree --uid me",
+                                "tree --locale nowhere",
+                                "tree --root",
+                                "show",
+                                "show x y",
+                                "why",
+                                "why --format markdown x",
+                                "diff x",
+                                "diff --root x y z",
+                                "diff --locale fi / /",
+                                "check",
+                                "check --format yaml /",
+                                "check --explain nothing",
+                                "check --override nothing=error /",
+                                "preview",
+                                "preview --nothing /",
+                                "preview --page"}) {
         QTest::newRow(command) << text(command);
     }
 }
@@ -77,6 +100,22 @@ void CommandLineTest::mistakes()
     QCOMPARE(result.exitCode, 2);
     QCOMPARE(result.output, QByteArray());
     QVERIFY(!result.errors.isEmpty());
+}
+
+void CommandLineTest::mistakesNameTheHelp_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char *command : {"check", "tree", "show", "why", "diff", "preview"}) {
+        QTest::newRow(command) << text(command);
+    }
+}
+
+void CommandLineTest::mistakesNameTheHelp()
+{
+    QFETCH(QString, command);
+    const QByteArray name = command.toUtf8();
+    QCOMPARE(Tool::run({command, text("--nothing")}).errors,
+             "velka-settings " + name + ": Unknown option 'nothing'.\nSee velka-settings " + name + " --help.\n");
 }
 
 void CommandLineTest::coloursOnTerminalsAlone_data()

@@ -11,7 +11,7 @@ struct QJsonParseError;
 /// What can be said of a text that is no JSON.
 namespace BrokenJson
 {
-/// "line 3, column 14: illegal value". Columns count characters.
+/// Returns the place and the kind of @p error: "line 3, column 14: illegal value".
 QString errorOf(const QByteArray &text, const QJsonParseError &error);
 /// The strings that stand as values of keys called "path".
 QStringList paths(const QByteArray &text);

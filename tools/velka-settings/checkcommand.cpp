@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "checker.h"
+#include "commandline.h"
 #include "commands.h"
 #include "common/constants.h"
 #include "formats.h"
 #include "progress.h"
 #include "terminal.h"
 
-#include <QCommandLineParser>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -19,48 +19,50 @@ namespace
 {
 using namespace Check;
 
-constexpr char Usage[] = R"(Usage: velka-settings check [OPTION]... FILE|DIR...
+const char s_help[] = R"(Usage: velka-settings check [OPTION]... FILE|DIR...
 
 Tells what the library would refuse, lose or misread in registration files and
 favourites blacklists, and what is most likely a mistake. Prints a line for
 each finding: file:line:column: severity: text [tag].
 
-  --explain TAG          explains the findings of a tag
-  --list-tags            lists all tags
-  --strict               lets warnings fail as errors do
+  --explain TAG       explains the findings of a tag
+  --list-tags         lists all tags
+  --strict            lets warnings fail as errors do
   --override TAG=SEVERITY
-                         treats a tag as an error, warning or note, or ignores
-                         it (error, warning, note, ignore); may be repeated
-  --format FORMAT        text (the default), json, sarif or junit
-  --translations DIR     looks for compiled catalogs in DIR; otherwise in the
-                         system's directory
+                      treats a tag as an error, warning or note, or ignores it
+                      (error, warning, note, ignore); repeatable
+  --format FORMAT     text (the default), json, sarif or junit
+  --translations DIR  looks for compiled catalogs in DIR instead of the system's
+                      directory
+  --help              prints this
 
 Files of one directory are checked together, and those of a directory that is
 given as DIR, with the directory "entries" in it. A file that is named
 favorites-blacklist.json is checked as that.
 
-Exit status: 0 nothing, 1 errors were found, 2 the check could not be run.
+Exit status: 0; 1 when there are errors; 2 when the check could not be run.
 )";
+
+const CommandSyntax s_syntax{
+    "check",
+    s_help,
+    {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif"), QStringLiteral("junit")},
+    0, // some options need none
+    CommandSyntax::Unlimited};
 
 struct Options {
     QStringList arguments;
-    QString translations = Constants::TranslationsDirectory;
-    QString format = QStringLiteral("text");
+    QString translations;
+    QString format;
     Severities severities;
-    bool strict = false;
+    bool strict;
 };
-
-int fail(const QString &text)
-{
-    std::fprintf(stderr, "velka-settings check: %s\n", qUtf8Printable(text));
-    return Commands::CannotRun;
-}
 
 int explain(const QString &name)
 {
     const std::optional<Tag> tag = findTag(name);
     if (!tag) {
-        return fail(QStringLiteral("there is no tag \"%1\"").arg(name));
+        return refuse(s_syntax, QStringLiteral("there is no tag \"%1\"").arg(name));
     }
     const TagInfo &about = info(*tag);
     std::printf("%s (%s)\n%s.\n%s\n", about.name, severityName(about.severity), about.summary, about.explanation);
@@ -91,13 +93,8 @@ QString readOverrides(const QStringList &overrides, Severities *severities)
 
 QString problemWith(const Options &options)
 {
-    static const QStringList formats{QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif"),
-                                     QStringLiteral("junit")};
-    if (!formats.contains(options.format)) {
-        return QStringLiteral("there is no format \"%1\"").arg(options.format);
-    }
     if (options.arguments.isEmpty()) {
-        return QStringLiteral("which files? See velka-settings check --help");
+        return QStringLiteral("an argument is missing");
     }
     for (const QString &argument : options.arguments) {
         const QFileInfo file(argument);
@@ -145,7 +142,7 @@ int run(const Options &options)
 {
     const QString problem = problemWith(options);
     if (!problem.isEmpty()) {
-        return fail(problem);
+        return refuse(s_syntax, problem);
     }
     const Report report = check(options);
     const QByteArray output = write(report, options);
@@ -156,21 +153,16 @@ int run(const Options &options)
 
 int Commands::check(const QStringList &arguments)
 {
-    const QCommandLineOption help(QStringLiteral("help"));
     const QCommandLineOption explainTag(QStringLiteral("explain"), {}, QStringLiteral("TAG"));
     const QCommandLineOption list(QStringLiteral("list-tags"));
     const QCommandLineOption strict(QStringLiteral("strict"));
     const QCommandLineOption overrides(QStringLiteral("override"), {}, QStringLiteral("TAG=SEVERITY"));
-    const QCommandLineOption format(QStringLiteral("format"), {}, QStringLiteral("FORMAT"));
-    const QCommandLineOption translations(QStringLiteral("translations"), {}, QStringLiteral("DIR"));
+    const QCommandLineOption translations(QStringLiteral("translations"), {}, QStringLiteral("DIR"),
+                                          Constants::TranslationsDirectory);
     QCommandLineParser parser;
-    parser.addOptions({help, explainTag, list, strict, overrides, format, translations});
-    if (!parser.parse(QStringList(QStringLiteral("check")) + arguments)) {
-        return fail(parser.errorText());
-    }
-    if (parser.isSet(help)) {
-        std::fputs(Usage, stdout);
-        return Success;
+    parser.addOptions({explainTag, list, strict, overrides, translations});
+    if (const std::optional<int> exitCode = parseCommandLine(&parser, s_syntax, arguments)) {
+        return *exitCode;
     }
     if (parser.isSet(explainTag)) {
         return explain(parser.value(explainTag));
@@ -178,15 +170,8 @@ int Commands::check(const QStringList &arguments)
     if (parser.isSet(list)) {
         return listTags();
     }
-    Options options;
-    options.arguments = parser.positionalArguments();
-    options.strict = parser.isSet(strict);
-    if (parser.isSet(format)) {
-        options.format = parser.value(format);
-    }
-    if (parser.isSet(translations)) {
-        options.translations = parser.value(translations);
-    }
+    Options options{
+        parser.positionalArguments(), parser.value(translations), formatOf(parser), {}, parser.isSet(strict)};
     const QString problem = readOverrides(parser.values(overrides), &options.severities);
-    return problem.isEmpty() ? run(options) : fail(problem);
+    return problem.isEmpty() ? run(options) : refuse(s_syntax, problem);
 }

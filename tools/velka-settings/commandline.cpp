@@ -14,15 +14,14 @@ const QString s_format = QStringLiteral("format");
 
 QString mistakeIn(const QCommandLineParser &parser, const CommandSyntax &syntax)
 {
-    if (!syntax.formats.contains(parser.value(s_format))) {
+    if (!syntax.formats.isEmpty() && !syntax.formats.contains(parser.value(s_format))) {
         return QStringLiteral("--format is one of %1").arg(syntax.formats.join(QLatin1String(", ")));
     }
-    if (parser.positionalArguments().size() != syntax.argumentCount) {
-        return QStringLiteral("%1 arguments are needed, %2 are given")
-            .arg(syntax.argumentCount)
-            .arg(parser.positionalArguments().size());
+    const int given = parser.positionalArguments().size();
+    if (given < syntax.minArguments) {
+        return QStringLiteral("an argument is missing");
     }
-    return {};
+    return given > syntax.maxArguments ? QStringLiteral("there are too many arguments") : QString();
 }
 }
 
@@ -30,7 +29,9 @@ std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyn
                                     const QStringList &arguments)
 {
     parser->addOption(QCommandLineOption(s_help));
-    parser->addOption({s_format, {}, QStringLiteral("FORMAT"), syntax.formats.first()});
+    if (!syntax.formats.isEmpty()) {
+        parser->addOption({s_format, {}, QStringLiteral("FORMAT"), syntax.formats.first()});
+    }
     const bool isParsed = parser->parse(QStringList{QLatin1String(syntax.name)} + arguments);
     if (isParsed && parser->isSet(s_help)) {
         std::fputs(syntax.help, stdout);
@@ -38,9 +39,7 @@ std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyn
     }
     const QString mistake = isParsed ? mistakeIn(*parser, syntax) : parser->errorText();
     if (!mistake.isEmpty()) {
-        std::fprintf(stderr, "velka-settings %s: %s\nvelka-settings %s --help tells more.\n", syntax.name,
-                     qUtf8Printable(mistake), syntax.name);
-        return Commands::CannotRun;
+        return refuse(syntax, mistake);
     }
     return {};
 }
@@ -48,4 +47,11 @@ std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyn
 QString formatOf(const QCommandLineParser &parser)
 {
     return parser.value(s_format);
+}
+
+int refuse(const CommandSyntax &syntax, const QString &mistake)
+{
+    std::fprintf(stderr, "velka-settings %s: %s\nSee velka-settings %s --help.\n", syntax.name,
+                 qUtf8Printable(mistake), syntax.name);
+    return Commands::CannotRun;
 }

@@ -5,18 +5,26 @@
 
 #include <QCommandLineParser>
 
+#include <climits>
 #include <optional>
 
-/// What a command takes.
+/// The arguments that a command takes. Each command has --help; its other options are the caller's.
 struct CommandSyntax {
+    static constexpr int Unlimited = INT_MAX;
+
     const char *name;
     const char *help; ///< fits a screen
-    QStringList formats; ///< of --format, the first one is the default
-    int argumentCount;
+    QStringList
+        formats; ///< of --format, the first one is the default; a command without formats has no such option
+    int minArguments;
+    int maxArguments;
 };
 
-/// Parses what follows the name of a command, with --help and --format. Returns the exit code when there is nothing
-/// left to do: the help was asked for, or the command line is wrong.
+/// Parses the arguments after the name of a command. Returns the exit code when there is nothing left to do: the help
+/// was requested, or the command line is wrong.
 std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyntax &syntax,
                                     const QStringList &arguments);
 QString formatOf(const QCommandLineParser &parser);
+
+/// Prints @p mistake of the command line. Returns the exit code.
+int refuse(const CommandSyntax &syntax, const QString &mistake);

@@ -25,7 +25,7 @@ are not compared, nor are nodes that no file declares.
   --help             prints this
 
 What is wrong with files is told on standard error.
-Exit code: 0; 1 when there are differences; 2 when a directory cannot be read.
+Exit status: 0; 1 when there are differences; 2 when a directory cannot be read.
 )";
 
 /// Nothing when it cannot be read. The tree is gone afterwards, and with it its translators.
@@ -57,7 +57,7 @@ int Commands::diff(const QStringList &arguments)
     QCommandLineParser parser;
     ReadingOptions::addUserTo(&parser);
     const CommandSyntax syntax{
-        "diff", s_help, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2};
+        "diff", s_help, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2, 2};
     if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
         return *exitCode;
     }

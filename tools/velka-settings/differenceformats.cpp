@@ -3,6 +3,7 @@
 
 #include "differenceformats.h"
 
+#include "printable.h"
 #include "terminal.h"
 #include "values.h"
 
@@ -21,7 +22,7 @@ QString codeSpan(const QString &text)
     }
     const QString fence(longest + 1, QLatin1Char('`'));
     const QString space = longest > 0 ? QStringLiteral(" ") : QString();
-    QString content = Terminal::printable(text);
+    QString content = printable(text);
     content.replace(QLatin1Char('|'), QLatin1String("\\|")); // cells end at a bar, in code as well
     return fence + space + content + space + fence;
 }
@@ -47,17 +48,16 @@ void printList(const QString &heading, const QStringList &paths, const Terminal 
 void DifferenceFormats::printText(const EntryDifference &difference, const Terminal &out)
 {
     for (const QString &path : difference.removed) {
-        out.writeLine(out.bad(QStringLiteral("- ") + Terminal::printable(path)));
+        out.writeLine(out.bad(QStringLiteral("- ") + printable(path)));
     }
     for (const QString &path : difference.added) {
-        out.writeLine(out.good(QStringLiteral("+ ") + Terminal::printable(path)));
+        out.writeLine(out.good(QStringLiteral("+ ") + printable(path)));
     }
     for (const ChangedEntry &entry : difference.changed) {
-        out.writeLine(out.notable(QStringLiteral("~ ") + Terminal::printable(entry.path)));
+        out.writeLine(out.notable(QStringLiteral("~ ") + printable(entry.path)));
         for (const ChangedKey &key : entry.keys) {
-            out.writeLine(
-                QStringLiteral("    %1: %2 -> %3")
-                    .arg(Terminal::printable(key.key), Values::toText(key.before), Values::toText(key.after)));
+            out.writeLine(QStringLiteral("    %1: %2 -> %3")
+                              .arg(printable(key.key), Values::toText(key.before), Values::toText(key.after)));
         }
     }
 }

@@ -33,7 +33,7 @@ void printUsage(std::FILE *stream)
     for (const Command &command : s_commands) {
         std::fprintf(stream, "  %-8s %s\n", command.name, command.summary);
     }
-    std::fputs("\nvelka-settings COMMAND --help tells more.\n", stream);
+    std::fputs("\nFor the options of a command, run velka-settings COMMAND --help.\n", stream);
 }
 }
 

@@ -5,6 +5,7 @@
 
 #include "brokenjson.h"
 #include "loadrecord.h"
+#include "printable.h"
 #include "terminal.h"
 
 namespace
@@ -31,7 +32,7 @@ void printProblems(const LoadRecord &record)
 {
     const Terminal err(stderr);
     for (const FileReport &report : record.files()) {
-        const QString name = Terminal::printable(report.name);
+        const QString name = printable(report.name);
         const QString problem = problemOf(report);
         if (!problem.isEmpty()) {
             err.writeLine(QStringLiteral("%1: %2").arg(name, err.bad(problem)));

@@ -3,6 +3,7 @@
 
 #include "commandline.h"
 #include "commands.h"
+#include "printable.h"
 #include "readingoptions.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"
@@ -26,7 +27,7 @@ or stand at the ends of PATH do not matter.
   --format json   for programs
   --help          prints this
 
-Exit code: 0; 1 when there is nothing at PATH; 2 when it cannot be told.
+Exit status: 0; 1 when there is nothing at PATH; 2 when it cannot be told.
 )";
 
 void printText(TreeItem *item)
@@ -34,7 +35,7 @@ void printText(TreeItem *item)
     const Terminal out(stdout);
     const auto line = [&out](const char *name, const QString &value) {
         const QString label = QStringLiteral("%1:").arg(QLatin1String(name)).leftJustified(14);
-        out.writeLine(out.strong(label) + Terminal::printable(value));
+        out.writeLine(out.strong(label) + printable(value));
     };
     line("path", TreeListing::pathOf(item));
     line("title", item->title());
@@ -51,7 +52,7 @@ void printText(TreeItem *item)
     out.writeLine(out.strong(QStringLiteral("data:")));
     const QJsonObject data = QJsonObject::fromVariantMap(item->data());
     for (auto it = data.constBegin(); it != data.constEnd(); ++it) {
-        out.writeLine(QStringLiteral("  %1: %2").arg(Terminal::printable(it.key()), Values::toText(it.value())));
+        out.writeLine(QStringLiteral("  %1: %2").arg(printable(it.key()), Values::toText(it.value())));
     }
 }
 }
@@ -59,7 +60,7 @@ void printText(TreeItem *item)
 int Commands::show(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1};
+    const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
     int exitCode = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {
@@ -68,7 +69,7 @@ int Commands::show(const QStringList &arguments)
     const QStringList names = splitPath(parser.positionalArguments().constFirst());
     TreeItem *item = names.isEmpty() ? nullptr : inspection->root()->lookup(names);
     if (!item) {
-        const QString path = Terminal::printable(names.join(QLatin1Char('/')));
+        const QString path = printable(names.join(QLatin1Char('/')));
         std::fprintf(stderr, "There is nothing at %s. \"velka-settings why %s\" tells the reason.\n",
                      qUtf8Printable(path), qUtf8Printable(path));
         return Findings;

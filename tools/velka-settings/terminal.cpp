@@ -5,7 +5,6 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QVector>
 
 #include <unistd.h>
 
@@ -64,21 +63,6 @@ QString Terminal::bad(const QString &text) const
 QString Terminal::notable(const QString &text) const
 {
     return styled("33", text);
-}
-
-QString Terminal::printable(const QString &text)
-{
-    QString result;
-    result.reserve(text.size());
-    const QVector<uint> characters = text.toUcs4();
-    for (const uint character : characters) {
-        if (QChar::isPrint(character)) {
-            result += QString::fromUcs4(&character, 1);
-        } else {
-            result += QStringLiteral("\\u{%1}").arg(character, 0, 16);
-        }
-    }
-    return result;
 }
 
 QString Terminal::styled(const char *code, const QString &text) const

@@ -25,9 +25,6 @@ public:
     QString bad(const QString &text) const;
     QString notable(const QString &text) const;
 
-    /// @p text with escapes in the place of what would control the terminal, or would not be seen.
-    static QString printable(const QString &text);
-
 private:
     QString styled(const char *code, const QString &text) const;
 

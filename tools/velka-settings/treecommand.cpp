@@ -3,6 +3,7 @@
 
 #include "commandline.h"
 #include "commands.h"
+#include "printable.h"
 #include "problems.h"
 #include "readingoptions.h"
 #include "registry/treeitem.h"
@@ -30,7 +31,7 @@ order of its pages: path, title, type, "order" and the file that declares it.
   --help          prints this
 
 What is wrong with files is told on standard error.
-Exit code: 0, or 2 when the directory cannot be read.
+Exit status: 0, or 2 when the directory cannot be read.
 )";
 
 void printText(TreeItem *root)
@@ -39,10 +40,10 @@ void printText(TreeItem *root)
     const QList<TreeItem *> items = TreeListing::itemsOf(root);
     for (const TreeItem *item : items) {
         const QString indent(2 * (item->depth(root) - 1), QLatin1Char(' '));
-        const QString name = Terminal::printable(item->name());
-        const QString title = Terminal::printable(item->title());
-        const QString kind = QStringLiteral("%1, %2").arg(Terminal::printable(item->type())).arg(item->order());
-        const QString origin = item->isDeclared() ? out.faint(Terminal::printable(item->fromFile()))
+        const QString name = printable(item->name());
+        const QString title = printable(item->title());
+        const QString kind = QStringLiteral("%1, %2").arg(printable(item->type())).arg(item->order());
+        const QString origin = item->isDeclared() ? out.faint(printable(item->fromFile()))
                                                   : out.notable(QStringLiteral("not declared"));
         out.writeLine(QStringLiteral("%1%2  \"%3\"  (%4)  %5").arg(indent, out.strong(name), title, kind, origin));
     }
@@ -65,7 +66,7 @@ void printPaths(TreeItem *root)
     const QList<TreeItem *> items = TreeListing::itemsOf(root);
     for (TreeItem *item : items) {
         const QString path = TreeListing::pathOf(item);
-        if (Terminal::printable(path) == path) {
+        if (printable(path) == path) {
             out.writeLine(path);
         }
     }
@@ -76,7 +77,7 @@ int Commands::tree(const QStringList &arguments)
 {
     QCommandLineParser parser;
     const CommandSyntax syntax{
-        "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0};
+        "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0, 0};
     int exitCode = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {

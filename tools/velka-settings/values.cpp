@@ -3,7 +3,7 @@
 
 #include "values.h"
 
-#include "terminal.h"
+#include "printable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -14,5 +14,5 @@ QString Values::toText(const QJsonValue &value)
         return QStringLiteral("(none)");
     }
     const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return Terminal::printable(QString::fromUtf8(list.mid(1, list.size() - 2)));
+    return printable(QString::fromUtf8(list.mid(1, list.size() - 2)));
 }

@@ -25,14 +25,14 @@ it, where the title comes from, and which kinds of favourites admit the entry.
   --format json   for programs
   --help          prints this
 
-Exit code: 0; 1 when the entry is not in the tree; 2 when it cannot be told.
+Exit status: 0; 1 when the entry is not in the tree; 2 when it cannot be told.
 )";
 }
 
 int Commands::why(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{"why", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1};
+    const CommandSyntax syntax{"why", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
     int exitCode = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
     if (!inspection) {

@@ -4,6 +4,7 @@
 #include "whyreport.h"
 
 #include "inspection.h"
+#include "printable.h"
 #include "registry/blacklistfile.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"
@@ -28,7 +29,7 @@ TreeItem *findItem(const Inspection &inspection, const QString &node)
 
 void printLine(const Terminal &out, const QString &line)
 {
-    out.writeLine(QStringLiteral("  ") + Terminal::printable(line));
+    out.writeLine(QStringLiteral("  ") + printable(line));
 }
 }
 
@@ -52,8 +53,8 @@ void WhyReport::print(const Terminal &out) const
 {
     const QString answer = isPresent() ? out.good(QStringLiteral("is in the tree"))
                                        : out.bad(QStringLiteral("is not in the tree"));
-    const QString reason = Terminal::printable(m_text.reasonOf(m_verdict, m_declarations));
-    out.writeLine(QStringLiteral("%1 %2: %3.").arg(out.strong(Terminal::printable(m_node)), answer, reason));
+    const QString reason = printable(m_text.reasonOf(m_verdict, m_declarations));
+    out.writeLine(QStringLiteral("%1 %2: %3.").arg(out.strong(printable(m_node)), answer, reason));
     if (m_item && !isPresent()) {
         printLine(out,
                   QStringLiteral("Its node is there, titled \"%1\", for what is below it.").arg(m_item->title()));
@@ -101,8 +102,7 @@ QStringList WhyReport::notesOn(const Declaration &declaration) const
 void WhyReport::printTitles(const Terminal &out) const
 {
     const auto print = [&out](const char *heading, const QString &title, const QStringList &origin) {
-        out.writeLine(
-            QStringLiteral("\n%1 \"%2\"").arg(out.strong(QLatin1String(heading)), Terminal::printable(title)));
+        out.writeLine(QStringLiteral("\n%1 \"%2\"").arg(out.strong(QLatin1String(heading)), printable(title)));
         for (const QString &line : origin) {
             printLine(out, line);
         }
@@ -121,8 +121,8 @@ void WhyReport::printFavorites(const Terminal &out) const
     for (const FavoritesAnswer &answer : answers) {
         const QString verdict = answer.isAdmitted ? out.good(QStringLiteral("admits it:    "))
                                                   : out.faint(QStringLiteral("leaves it out:"));
-        out.writeLine(QStringLiteral("  %1 %2 %3")
-                          .arg(answer.kind.leftJustified(21), verdict, Terminal::printable(answer.rule)));
+        out.writeLine(
+            QStringLiteral("  %1 %2 %3").arg(answer.kind.leftJustified(21), verdict, printable(answer.rule)));
     }
 }
 

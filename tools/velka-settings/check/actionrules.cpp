@@ -73,14 +73,14 @@ void actionNames(const Entry &entry, Findings *findings)
     if (!isAction(entry)) {
         return;
     }
-    const Json::Value *params = entry.writtenParams;
+    const Written *params = entry.writtenParams;
     for (const NameKey &name : s_names) {
-        const Json::Value *value = params ? member(*params, name.key) : nullptr;
+        const Written *value = params ? params->member(QLatin1String(name.key)) : nullptr;
         Call call;
         call.*name.part = readString(entry.params, QLatin1String(name.key));
         if ((call.*name.part).isEmpty()) {
             if (name.isRequired) {
-                const Json::Value &place = value ? *value : params ? *params : *entry.written;
+                const Written &place = value ? *value : params ? *params : *entry.written;
                 findings->atValue(
                     Tag::ActionIncomplete, place,
                     QStringLiteral("an action needs \"%1\" in \"params\"").arg(QLatin1String(name.key)));
@@ -91,25 +91,23 @@ void actionNames(const Entry &entry, Findings *findings)
         if (!error.isEmpty()) {
             findings->atValue(
                 name.tag, *value,
-                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), printable(error)));
+                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), abridged(error)));
         }
     }
 }
 
 /// Whether there is a null anywhere among @p arguments.
-bool holdsNull(const Json::Value &arguments)
+bool holdsNull(const Written &arguments)
 {
-    std::vector<const Json::Value *> pending{&arguments};
+    std::vector<const Written *> pending{&arguments};
     while (!pending.empty()) {
-        const Json::Value *value = pending.back();
+        const Written *value = pending.back();
         pending.pop_back();
-        if (value->isNull()) {
+        if (value->kind == Written::Null) {
             return true;
         }
-        if (value->isArray() || value->isObject()) {
-            for (const Json::Value &element : *value) {
-                pending.push_back(&element);
-            }
+        for (const Written &child : value->children) {
+            pending.push_back(&child);
         }
     }
     return false;
@@ -117,12 +115,12 @@ bool holdsNull(const Json::Value &arguments)
 
 void actionArguments(const Entry &entry, Findings *findings)
 {
-    const Json::Value *params = entry.writtenParams;
-    const Json::Value *arguments = params ? member(*params, "remote-arguments") : nullptr;
-    if (!isAction(entry) || !arguments || arguments->isNull()) {
+    const Written *params = entry.writtenParams;
+    const Written *arguments = params ? params->member(QLatin1String("remote-arguments")) : nullptr;
+    if (!isAction(entry) || !arguments || arguments->kind == Written::Null) {
         return;
     }
-    if (!arguments->isArray()) {
+    if (arguments->kind != Written::Array) {
         findings->atValue(Tag::ArgumentsLost, *arguments,
                           QStringLiteral("the arguments are no array: there are none"));
         return;
@@ -137,8 +135,8 @@ void actionArguments(const Entry &entry, Findings *findings)
     if (!error.isEmpty()) {
         findings->atValue(Tag::ArgumentsRefused, *arguments, error);
     }
-    for (const Json::Value &argument : *arguments) {
-        if (argument.type() == Json::intValue || argument.type() == Json::uintValue) {
+    for (const Written &argument : arguments->children) {
+        if (argument.kind == Written::Integer) {
             findings->atValue(Tag::ArgumentNumber, argument, QStringLiteral("this number travels as a double"));
         }
     }
@@ -150,7 +148,7 @@ void callWithoutAction(const Entry &entry, Findings *findings)
         return;
     }
     for (const NameKey &name : s_names) {
-        if (const Json::Value *value = member(*entry.writtenParams, name.key)) {
+        if (const Written *value = entry.writtenParams->member(QLatin1String(name.key))) {
             findings->atKey(
                 Tag::NotAnAction, *value,
                 QStringLiteral("\"%1\" is read for the type \"action\" only").arg(QLatin1String(name.key)));

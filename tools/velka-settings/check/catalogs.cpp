@@ -3,6 +3,8 @@
 
 #include "catalogs.h"
 
+#include "registry/filename.h"
+
 #include <QDir>
 #include <QTranslator>
 
@@ -10,14 +12,6 @@ namespace Check
 {
 namespace
 {
-/// Whether @p name can be that of a file in the directory. QTranslator would look for others for hours.
-bool isFileName(const QString &name)
-{
-    constexpr int LongestName = 240;
-    return name.toUtf8().size() <= LongestName && !name.contains(QLatin1Char('/'))
-           && !name.contains(QChar(QChar::Null));
-}
-
 bool hasText(const QTranslator &translator, const QString &id)
 {
     const QString text = translator.translate("", id.toLatin1().constData());
@@ -28,10 +22,10 @@ bool hasText(const QTranslator &translator, const QString &id)
 Catalog::Catalog(const QString &name, const QString &directory)
     : m_fallback(std::make_unique<QTranslator>())
 {
-    if (!isFileName(name)) {
-        return;
+    const QString fallback = name + QLatin1String("_eng_en");
+    if (isFileName(fallback)) {
+        m_fallback->load(fallback, directory);
     }
-    m_fallback->load(name + QLatin1String("_eng_en"), directory);
     const QString prefix = name + QLatin1Char('-');
     const QStringList files = QDir(directory).entryList({QStringLiteral("*.qm")}, QDir::Files);
     for (const QString &file : files) {

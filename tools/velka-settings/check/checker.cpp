@@ -93,21 +93,22 @@ QStringList inOrder(const QStringList &paths)
     return ordered;
 }
 
-WrittenPath writtenPath(const QString &path, const Json::Value &value, PlaceFinder *places)
+WrittenPath writtenPath(const QString &path, const Written &value, PlaceFinder *places)
 {
-    const int offset = int(value.getOffsetStart());
-    return {path, offset, places->at(offset)};
+    return {path, value.start, places->at(value.start)};
 }
 
 void collectBlacklisted(const Document &document, FileSummary *summary)
 {
-    if (!document.root.isArray()) {
+    if (document.root.kind != Written::Array) {
         return;
     }
     PlaceFinder places(document.text);
-    for (const Json::Value &element : document.root) {
-        if (element.isString()) {
-            summary->blacklisted.append(writtenPath(toText(element.asString()), element, &places));
+    const QJsonArray paths = document.read.toArray();
+    for (int i = 0; i < paths.size(); ++i) {
+        const Written &element = document.root.children.at(std::size_t(i));
+        if (element.kind == Written::String) {
+            summary->blacklisted.append(writtenPath(paths.at(i).toString(), element, &places));
         }
     }
 }
@@ -119,18 +120,6 @@ void collectDeclared(const Document &document, FileSummary *summary)
         if (entry.writtenPath) {
             summary->declared.append(writtenPath(entry.path, *entry.writtenPath, &places));
             summary->declared.last().entry = entry.read;
-        }
-    }
-}
-
-/// The same where nothing is known about places.
-void collectUnplaced(const Document &document, FileSummary *summary)
-{
-    const QJsonArray entries = document.read.toObject().value(QLatin1String("entries")).toArray();
-    for (const QJsonValue &entry : entries) {
-        if (entry.toObject().contains(QLatin1String("path"))) {
-            summary->declared.append(
-                {readString(entry.toObject(), QLatin1String("path")), 0, {}, entry.toObject()});
         }
     }
 }
@@ -154,7 +143,7 @@ void checkEntries(const Document &document, Findings *findings)
 
 void checkRegistration(const Document &document, Catalogs *catalogs, Findings *findings)
 {
-    if (document.root.isObject()) {
+    if (document.root.kind == Written::Object) {
         checkTopLevel(document, findings);
         checkEntries(document, findings);
         checkNumbers(document, findings);
@@ -249,7 +238,7 @@ FileFindings Checker::checkFile(const QString &path, FileSummary *summary)
     }
     if (isLoaded && !isList) {
         collectGroups(document, summary);
-        isParsed ? collectDeclared(document, summary) : collectUnplaced(document, summary);
+        collectDeclared(document, summary);
     }
     return {path, findings.take()};
 }

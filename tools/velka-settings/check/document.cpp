@@ -3,38 +3,18 @@
 
 #include "document.h"
 
-#include "doubledkeys.h"
 #include "registry/jsonvariant.h"
 #include "registry/registrationfile.h"
-
-#include <json/reader.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 
 #include <algorithm>
-#include <memory>
 
 namespace Check
 {
 namespace
 {
-constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
-constexpr int DeepestNesting = 1024;
-
-bool isContinuation(char c)
-{
-    return (uchar(c) & 0xC0U) == 0x80U;
-}
-
-int columnsOf(char c)
-{
-    if (isContinuation(c)) {
-        return 0;
-    }
-    return uchar(c) >= 0xF0U ? 2 : 1; // a surrogate pair
-}
-
 Tag tagOf(QJsonParseError::ParseError error)
 {
     switch (error) {
@@ -47,68 +27,31 @@ Tag tagOf(QJsonParseError::ParseError error)
     }
 }
 
-/// The byte that the parser stumbled over. Except for wrong UTF-8, it has read that already.
-int offsetOf(const QJsonParseError &error, const QByteArray &text)
+const Written *objectOrNull(const Written *value)
 {
-    const int offset = error.error == QJsonParseError::IllegalUTF8String ? error.offset : error.offset - 1;
-    return qBound(0, offset, text.size());
-}
-
-bool readWithOffsets(const QByteArray &text, bool rejectDoubledKeys, Json::Value *root, std::string *errors)
-{
-    Json::CharReaderBuilder builder;
-    Json::CharReaderBuilder::strictMode(&builder.settings_);
-    builder["rejectDupKeys"] = rejectDoubledKeys;
-    builder["stackLimit"] = DeepestNesting + 1;
-    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
-    return reader->parse(text.constData(), text.constData() + text.size(), root, errors);
-}
-
-/// The first place that @p errors of the reader name, "* Line 3, Column 8", as an offset.
-int offsetOfError(const QByteArray &text, const std::string &errors)
-{
-    int line = 1;
-    int column = 1;
-    if (std::sscanf(errors.c_str(), "* Line %d, Column %d", &line, &column) != 2) { // NOLINT(cert-err34-c)
-        return 0;
-    }
-    int start = 0;
-    for (; line > 1; --line) {
-        start = text.indexOf('\n', start) + 1;
-    }
-    return std::min(start + column - 1, text.size());
-}
-
-QString messageOf(const std::string &errors)
-{
-    return toText(errors).section(QLatin1Char('\n'), 1, 1).trimmed();
-}
-
-const Json::Value *objectOrNull(const Json::Value *value)
-{
-    return value && value->isObject() ? value : nullptr;
+    return value && value->kind == Written::Object ? value : nullptr;
 }
 
 void collectEntries(Document *document)
 {
-    const Json::Value *entries = document->root.isObject() ? member(document->root, "entries") : nullptr;
-    if (!entries || !entries->isArray()) {
+    const Written *entries = document->root.member(QLatin1String("entries"));
+    if (!entries || entries->kind != Written::Array) {
         return;
     }
     const QJsonArray read = document->read.toObject().value(QLatin1String("entries")).toArray();
-    document->entries.reserve(size_t(read.size()));
-    for (Json::ArrayIndex i = 0; i < entries->size(); ++i) {
-        if ((*entries)[i].isObject()) {
-            document->entries.emplace_back((*entries)[i], read.at(int(i)).toObject());
+    document->entries.reserve(entries->children.size());
+    for (int i = 0; i < read.size(); ++i) {
+        if (read.at(i).isObject()) {
+            document->entries.emplace_back(entries->children.at(std::size_t(i)), read.at(i).toObject());
         }
     }
 }
 }
 
-Entry::Entry(const Json::Value &written, const QJsonObject &read)
+Entry::Entry(const Written &written, const QJsonObject &read)
     : written(&written)
-    , writtenPath(member(written, "path"))
-    , writtenParams(objectOrNull(member(written, "params")))
+    , writtenPath(written.member(QLatin1String("path")))
+    , writtenParams(objectOrNull(written.member(QLatin1String("params"))))
     , read(read)
     , params(read.value(QLatin1String("params")).toObject())
     , path(readString(read, QLatin1String("path")))
@@ -125,29 +68,19 @@ Findings::Findings(const QByteArray &text)
 void Findings::atOffset(Tag tag, int offset, const QString &text)
 {
     m_findings.append({tag, offset, text, {}});
-    m_offsets.insert(offset);
-}
-
-void Findings::atValue(Tag tag, const Json::Value &value, const QString &text)
-{
-    atOffset(tag, int(value.getOffsetStart()), text);
-}
-
-void Findings::atKey(Tag tag, const Json::Value &value, const QString &text)
-{
-    const int colon = m_text.lastIndexOf(':', int(value.getOffsetStart()));
-    int quote = m_text.lastIndexOf('"', m_text.lastIndexOf('"', colon) - 1);
-    const auto isEscaped = [this](int i) {
-        int backslashes = 0;
-        while (i - backslashes > 0 && m_text.at(i - backslashes - 1) == '\\') {
-            ++backslashes;
-        }
-        return backslashes % 2 == 1;
-    };
-    while (isEscaped(quote)) {
-        quote = m_text.lastIndexOf('"', quote - 1);
+    if (tag != Tag::NotPortable) { // which is about the spelling, not the value
+        m_offsets.insert(offset);
     }
-    atOffset(tag, quote, text);
+}
+
+void Findings::atValue(Tag tag, const Written &value, const QString &text)
+{
+    atOffset(tag, value.start, text);
+}
+
+void Findings::atKey(Tag tag, const Written &member, const QString &text)
+{
+    atOffset(tag, member.keyStart, text);
 }
 
 bool Findings::isEmpty() const
@@ -155,9 +88,9 @@ bool Findings::isEmpty() const
     return m_findings.isEmpty();
 }
 
-bool Findings::hasAt(const Json::Value &value) const
+bool Findings::hasAt(const Written &value) const
 {
-    return m_offsets.contains(int(value.getOffsetStart()));
+    return m_offsets.contains(value.start);
 }
 
 QVector<Finding> Findings::take()
@@ -171,65 +104,26 @@ QVector<Finding> Findings::take()
     return std::exchange(m_findings, {});
 }
 
-PlaceFinder::PlaceFinder(const QByteArray &text)
-    : m_text(text)
-{
-}
-
-Place PlaceFinder::at(int offset)
-{
-    if (offset < m_offset) {
-        m_offset = 0;
-        m_place = {};
-    }
-    for (; m_offset < offset; ++m_offset) {
-        if (m_text.at(m_offset) == '\n') {
-            m_place = {m_place.line + 1, 1};
-        } else {
-            m_place.column += columnsOf(m_text.at(m_offset));
-        }
-    }
-    return m_place;
-}
-
 bool parse(Document *document, Findings *findings)
 {
-    QByteArray &text = document->text;
+    const QByteArray &text = document->text;
     if (text.trimmed().isEmpty()) {
         findings->atOffset(Tag::EmptyFile, 0, QStringLiteral("the file is empty"));
         return false;
     }
-    if (text.startsWith(ByteOrderMark)) {
+    if (startOf(text) > 0) {
         findings->atOffset(Tag::ByteOrderMark, 0, QStringLiteral("the file begins with a byte order mark"));
-        text.remove(0, int(qstrlen(ByteOrderMark)));
     }
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(text, &error);
     if (json.isNull()) {
-        findings->atOffset(tagOf(error.error), offsetOf(error, text), error.errorString());
+        findings->atOffset(tagOf(error.error), offsetOfError(text, error), error.errorString());
         return false;
     }
     document->read = json.isObject() ? QJsonValue(json.object()) : QJsonValue(json.array());
-    std::string errors;
-    if (!readWithOffsets(text, true, &document->root, &errors)) {
-        if (!readWithOffsets(text, false, &document->root, &errors)) {
-            findings->atOffset(Tag::NotPortable, offsetOfError(text, errors), messageOf(errors));
-            return false;
-        }
-        reportDoubledKeys(text, findings);
-    }
+    document->root = readWritten(text, findings);
     collectEntries(document);
     return true;
-}
-
-const Json::Value *member(const Json::Value &object, const char *key)
-{
-    return object.find(key, key + qstrlen(key));
-}
-
-QString toText(const std::string &text)
-{
-    return QString::fromUtf8(text.data(), int(text.size()));
 }
 
 QString readString(const QJsonObject &object, QLatin1String key)

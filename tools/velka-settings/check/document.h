@@ -4,8 +4,7 @@
 #pragma once
 
 #include "finding.h"
-
-#include <json/value.h>
+#include "written.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -19,11 +18,11 @@ namespace Check
 {
 /// An element of "entries" that is an object: as it is written, and what the library reads of it.
 struct Entry {
-    explicit Entry(const Json::Value &written, const QJsonObject &read);
+    explicit Entry(const Written &written, const QJsonObject &read);
 
-    const Json::Value *written;
-    const Json::Value *writtenPath; ///< null when there is none
-    const Json::Value *writtenParams; ///< null when they are no object
+    const Written *written;
+    const Written *writtenPath; ///< null when there is none
+    const Written *writtenParams; ///< null when they are no object
     QJsonObject read;
     QJsonObject params;
     QString path;
@@ -35,7 +34,7 @@ struct Entry {
 struct Document {
     QString path; ///< as it was given
     QByteArray text; ///< as the library parses it
-    Json::Value root; ///< with the offsets of its values
+    Written root;
     QJsonValue read; ///< what the library makes of it
     std::vector<Entry> entries;
 };
@@ -47,10 +46,10 @@ public:
     explicit Findings(const QByteArray &text);
 
     void atOffset(Tag tag, int offset, const QString &text);
-    void atValue(Tag tag, const Json::Value &value, const QString &text);
-    void atKey(Tag tag, const Json::Value &value, const QString &text); ///< at the key of a member
+    void atValue(Tag tag, const Written &value, const QString &text);
+    void atKey(Tag tag, const Written &member, const QString &text);
     bool isEmpty() const;
-    bool hasAt(const Json::Value &value) const;
+    bool hasAt(const Written &value) const;
 
     /// All findings, by place.
     QVector<Finding> take();
@@ -61,25 +60,9 @@ private:
     QSet<int> m_offsets;
 };
 
-/// Follows offsets through a text. Cheap when they ascend.
-class PlaceFinder
-{
-public:
-    explicit PlaceFinder(const QByteArray &text);
-    Place at(int offset);
-
-private:
-    const QByteArray &m_text;
-    int m_offset = 0;
-    Place m_place;
-};
-
-/// Fills @p document by its text. False, and findings that tell why, when there is no more to check. What the
-/// library reads is known even then, if it reads anything.
+/// Fills @p document from its text. Returns whether the text is JSON; if not, a finding has the reason.
 bool parse(Document *document, Findings *findings);
 
-const Json::Value *member(const Json::Value &object, const char *key); ///< null when there is none
-QString toText(const std::string &text);
 /// The value as the library makes a string of it.
 QString readString(const QJsonObject &object, QLatin1String key);
 }

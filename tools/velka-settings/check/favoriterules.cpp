@@ -12,9 +12,9 @@ bool isCustom(const Entry &entry)
     return entry.type.contains(QLatin1String("custom"));
 }
 
-const Json::Value *paramOf(const Entry &entry, const char *key)
+const Written *paramOf(const Entry &entry, const char *key)
 {
-    return entry.writtenParams ? member(*entry.writtenParams, key) : nullptr;
+    return entry.writtenParams ? entry.writtenParams->member(QLatin1String(key)) : nullptr;
 }
 
 QString placeOf(const Entry &entry)
@@ -24,7 +24,7 @@ QString placeOf(const Entry &entry)
 
 void misplacedFavorite(const Entry &entry, Findings *findings)
 {
-    if (const Json::Value *value = member(*entry.written, "allow_favorite")) {
+    if (const Written *value = entry.written->member(QLatin1String("allow_favorite"))) {
         findings->atKey(Tag::FavoriteMisplaced, *value,
                         QStringLiteral("\"allow_favorite\" is read in \"params\" only"));
     }
@@ -32,12 +32,12 @@ void misplacedFavorite(const Entry &entry, Findings *findings)
 
 void unreadFavorite(const Entry &entry, Findings *findings)
 {
-    const Json::Value *allowed = paramOf(entry, "allow_favorite");
+    const Written *allowed = paramOf(entry, "allow_favorite");
     if (allowed && entry.type != QLatin1String("page")) {
         findings->atKey(Tag::FavoriteUnread, *allowed,
                         QStringLiteral("\"allow_favorite\" is read for the type \"page\" only"));
     }
-    const Json::Value *simple = paramOf(entry, "simpleGrid");
+    const Written *simple = paramOf(entry, "simpleGrid");
     if (simple && !(isCustom(entry) && placeOf(entry) == QLatin1String("grid"))) {
         findings->atKey(Tag::FavoriteUnread, *simple,
                         QStringLiteral("\"simpleGrid\" is read for custom types in a grid only"));
@@ -48,7 +48,7 @@ void customWithoutPlace(const Entry &entry, Findings *findings)
 {
     const QString place = placeOf(entry);
     if (isCustom(entry) && place != QLatin1String("grid") && place != QLatin1String("list")) {
-        findings->atValue(Tag::CustomWithoutPlace, *member(*entry.written, "type"),
+        findings->atValue(Tag::CustomWithoutPlace, *entry.written->member(QLatin1String("type")),
                           QStringLiteral("no favourite without \"type\": \"grid\" or \"list\" in \"params\""));
     }
 }

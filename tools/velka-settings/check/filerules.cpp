@@ -5,6 +5,8 @@
 #include "registry/registrationfile.h"
 #include "rules.h"
 
+#include <QJsonArray>
+
 #include <vector>
 
 namespace Check
@@ -20,10 +22,10 @@ bool isExact(const QByteArray &literal)
     return !isWhole || literal.size() <= AlwaysExact || QByteArray::number(literal.toDouble(), 'f', 0) == literal;
 }
 
-void checkNumber(const QByteArray &text, const Json::Value &number, Findings *findings)
+void checkNumber(const QByteArray &text, const Written &number, Findings *findings)
 {
-    const int start = int(number.getOffsetStart());
-    const QByteArray literal = text.mid(start, int(number.getOffsetLimit()) - start);
+    const int start = number.start;
+    const QByteArray literal = text.mid(start, number.end - start);
     if (!isExact(literal)) {
         findings->atOffset(Tag::NumberPrecision, start,
                            QStringLiteral("the library reads this number as %1")
@@ -44,32 +46,33 @@ void checkFileName(const QString &fileName, Findings *findings)
 
 void checkNumbers(const Document &document, Findings *findings)
 {
-    std::vector<const Json::Value *> pending;
+    std::vector<const Written *> pending;
     for (const Entry &entry : document.entries) {
         pending.push_back(entry.written);
     }
     while (!pending.empty()) {
-        const Json::Value &value = *pending.back();
+        const Written &value = *pending.back();
         pending.pop_back();
-        if (value.isNumeric()) {
+        if (value.isNumber()) {
             checkNumber(document.text, value, findings);
-        } else if (value.isArray() || value.isObject()) {
-            for (const Json::Value &element : value) {
-                pending.push_back(&element);
-            }
+        }
+        for (const Written &child : value.children) {
+            pending.push_back(&child);
         }
     }
 }
 
 void checkBlacklist(const Document &document, Findings *findings)
 {
-    if (!document.root.isArray()) {
+    if (document.root.kind != Written::Array) {
         findings->atValue(Tag::TopLevel, document.root, QStringLiteral("the favourites blacklist is an array"));
         return;
     }
-    for (const Json::Value &element : document.root) {
-        if (element.isString()) {
-            const QString path = toText(element.asString());
+    const QJsonArray paths = document.read.toArray();
+    for (int i = 0; i < paths.size(); ++i) {
+        const Written &element = document.root.children.at(std::size_t(i));
+        const QString path = paths.at(i).toString();
+        if (element.kind == Written::String) {
             checkSlashes(path, splitPath(path), element, findings);
         } else {
             findings->atValue(Tag::BlacklistElement, element,

@@ -3,37 +3,22 @@
 
 #include "finding.h"
 
+#include "printable.h"
+
 namespace Check
 {
-namespace
+QString abridged(const QString &text)
 {
-constexpr int LongestText = 80;
-
-bool isPair(const QString &text, int i)
-{
-    return text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-}
-}
-
-QString printable(const QString &text)
-{
-    QString result;
-    for (int i = 0; i < text.size() && result.size() < LongestText; ++i) {
-        const QChar c = text.at(i);
-        if (isPair(text, i)) {
-            result += c;
-            result += text.at(++i);
-        } else if (c.isPrint()) {
-            result += c;
-        } else {
-            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-        }
+    constexpr int MaxLength = 80;
+    if (text.size() <= MaxLength) {
+        return printable(text);
     }
-    return text.size() > LongestText && result.size() >= LongestText ? result + QStringLiteral("…") : result;
+    const bool splitsPair = text.at(MaxLength - 1).isHighSurrogate();
+    return printable(text.left(splitsPair ? MaxLength - 1 : MaxLength)) + QStringLiteral("…");
 }
 
 QString quoted(const QString &text)
 {
-    return QLatin1Char('"') + printable(text) + QLatin1Char('"');
+    return QLatin1Char('"') + abridged(text) + QLatin1Char('"');
 }
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "place.h"
 #include "tags.h"
 
 #include <QString>
@@ -10,12 +11,6 @@
 
 namespace Check
 {
-/// Where something stands in a file, counted from 1; columns in UTF-16 units, as editors count.
-struct Place {
-    int line = 1;
-    int column = 1;
-};
-
 struct Finding {
     Tag tag;
     int offset; ///< byte of the text as the library parses it
@@ -29,7 +24,8 @@ struct FileFindings {
     QVector<Finding> findings;
 };
 
-/// @p text on one line, cut short, without characters that a terminal would act upon.
-QString printable(const QString &text);
+/// Returns the printable form of @p text, or of its start and an ellipsis if it is long.
+QString abridged(const QString &text);
+/// Returns the same between quotation marks.
 QString quoted(const QString &text);
 }

@@ -3,6 +3,8 @@
 
 #include "formats.h"
 
+#include "printable.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -11,19 +11,19 @@ namespace Check
 {
 namespace
 {
-void reportUnknown(const Json::Value &object, const QStringList &known, bool isOther, Findings *findings)
+void reportUnknown(const Written &object, const QStringList &known, bool isOther, Findings *findings)
 {
-    for (auto it = object.begin(); it != object.end(); ++it) {
-        const QString key = toText(it.name());
+    for (const Written &member : object.children) {
+        const QString &key = member.key;
         if (known.contains(key)) {
             continue;
         }
         const QString meant = nearest(key, known);
         if (!meant.isEmpty()) {
-            findings->atKey(Tag::KeyMisspelt, *it,
+            findings->atKey(Tag::KeyMisspelt, member,
                             QStringLiteral("unknown key %1: did you mean %2?").arg(quoted(key), quoted(meant)));
         } else if (!isOther) {
-            findings->atKey(Tag::KeyUnknown, *it, QStringLiteral("unknown key %1").arg(quoted(key)));
+            findings->atKey(Tag::KeyUnknown, member, QStringLiteral("unknown key %1").arg(quoted(key)));
         }
     }
 }
@@ -49,18 +49,17 @@ void unknownParams(const Entry &entry, Findings *findings)
 void misplacedParams(const Entry &entry, Findings *findings)
 {
     static const QStringList names = KnownKeys::action() + QStringList{QStringLiteral("simpleGrid")};
-    for (auto it = entry.written->begin(); it != entry.written->end(); ++it) {
-        const QString name = toText(it.name());
-        if (names.contains(name)) {
-            findings->atKey(Tag::ParamMisplaced, *it,
-                            QStringLiteral("%1 is read in \"params\" only").arg(quoted(name)));
+    for (const Written &member : entry.written->children) {
+        if (names.contains(member.key)) {
+            findings->atKey(Tag::ParamMisplaced, member,
+                            QStringLiteral("%1 is read in \"params\" only").arg(quoted(member.key)));
         }
     }
 }
 
 void fromFile(const Entry &entry, Findings *findings)
 {
-    if (const Json::Value *value = member(*entry.written, "from_file")) {
+    if (const Written *value = entry.written->member(QLatin1String("from_file"))) {
         findings->atKey(Tag::FromFile, *value,
                         QStringLiteral("the library replaces \"from_file\" with the name of the file"));
     }
@@ -77,7 +76,7 @@ void misspeltType(const Entry &entry, Findings *findings)
     }
     const QString meant = nearest(type, types);
     if (!meant.isEmpty()) {
-        findings->atValue(Tag::TypeMisspelt, *member(*entry.written, "type"),
+        findings->atValue(Tag::TypeMisspelt, *entry.written->member(QLatin1String("type")),
                           QStringLiteral("unknown type %1: did you mean %2?").arg(quoted(type), quoted(meant)));
     }
 }
@@ -92,7 +91,7 @@ bool isInt(const QJsonValue &value)
 
 void order(const Entry &entry, Findings *findings)
 {
-    const Json::Value *written = member(*entry.written, "order");
+    const Written *written = entry.written->member(QLatin1String("order"));
     const QJsonValue value = entry.read.value(QLatin1String("order"));
     if (!written || value.isNull() || value.isBool() || isInt(value)) {
         return;
@@ -115,17 +114,17 @@ QVector<EntryRule> keyRules()
 
 void checkTopLevel(const Document &document, Findings *findings)
 {
-    const Json::Value &root = document.root;
+    const Written &root = document.root;
     reportUnknown(root, KnownKeys::topLevel(), false, findings);
-    const Json::Value *entries = member(root, "entries");
-    if (!entries || (entries->isArray() && entries->empty())) {
+    const Written *entries = root.member(QLatin1String("entries"));
+    if (!entries || (entries->kind == Written::Array && entries->children.empty())) {
         findings->atValue(Tag::NoEntries, entries ? *entries : root, QStringLiteral("the file declares nothing"));
     }
     const QJsonObject read = document.read.toObject();
     const QString group = read.value(QLatin1String("required_group")).toString();
     if (!group.isEmpty() && group == read.value(QLatin1String("disabled_group")).toString()) {
         findings->atValue(
-            Tag::GroupsContradict, *member(root, "disabled_group"),
+            Tag::GroupsContradict, *root.member(QLatin1String("disabled_group")),
             QStringLiteral("nobody is and is not in the group %1: the file is never used").arg(quoted(group)));
     }
 }

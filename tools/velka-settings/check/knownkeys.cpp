@@ -3,38 +3,25 @@
 
 #include "knownkeys.h"
 
-#include "document.h"
 #include "schema.h"
 
 namespace Check::KnownKeys
 {
-namespace
-{
-QStringList propertiesOf(const Json::Value &schema)
-{
-    QStringList names;
-    for (const std::string &name : schema["properties"].getMemberNames()) {
-        names.append(toText(name));
-    }
-    return names;
-}
-}
-
 const QStringList &topLevel()
 {
-    static const QStringList names = propertiesOf(registrationSchema());
+    static const QStringList names = schemaProperties(registrationSchema()).keys();
     return names;
 }
 
 const QStringList &entry()
 {
-    static const QStringList names = propertiesOf(registrationSchema()["definitions"]["entry"]);
+    static const QStringList names = schemaProperties(schemaDefinition(QStringLiteral("entry"))).keys();
     return names;
 }
 
 const QStringList &params()
 {
-    static const QStringList names = propertiesOf(registrationSchema()["definitions"]["params"]);
+    static const QStringList names = schemaProperties(schemaDefinition(QStringLiteral("params"))).keys();
     return names;
 }
 

@@ -44,7 +44,7 @@ void blanks(const Entry &entry, Findings *findings)
 }
 }
 
-void checkSlashes(const QString &path, const QStringList &names, const Json::Value &written, Findings *findings)
+void checkSlashes(const QString &path, const QStringList &names, const Written &written, Findings *findings)
 {
     const QString usual = names.join(QLatin1Char('/'));
     if (!usual.isEmpty() && usual != path) {

@@ -8,5 +8,5 @@
 namespace Check
 {
 /// Whether @p path is more than its @p names, joined.
-void checkSlashes(const QString &path, const QStringList &names, const Json::Value &written, Findings *findings);
+void checkSlashes(const QString &path, const QStringList &names, const Written &written, Findings *findings);
 }

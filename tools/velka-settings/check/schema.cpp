@@ -3,135 +3,137 @@
 
 #include "schema.h"
 
-#include "document.h"
-#include "registry/jsonvariant.h"
 #include "rules.h"
 
-#include <json/reader.h>
-#include <valijson/adapters/jsoncpp_adapter.hpp>
-#include <valijson/schema.hpp>
-#include <valijson/schema_parser.hpp>
-#include <valijson/validation_results.hpp>
-#include <valijson/validator.hpp>
-
 #include <QFile>
-
-#include <memory>
+#include <QIODevice>
+#include <QJsonDocument>
 
 namespace Check
 {
 namespace
 {
-using Context = std::vector<std::string>;
-
-Json::Value readSchema(const QString &path)
+QJsonObject readSchema(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         qFatal("There is no %s", qPrintable(path));
     }
-    const QByteArray text = file.readAll();
-    Json::Value schema;
-    const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
-    if (!reader->parse(text.constData(), text.constData() + text.size(), &schema, nullptr)) {
-        qFatal("%s is no JSON", qPrintable(path));
-    }
-    return schema;
+    return QJsonDocument::fromJson(file.readAll()).object();
 }
 
-std::unique_ptr<valijson::Schema> compile(const Json::Value &written)
+/// The objects of a file whose members the schema describes.
+struct Level {
+    QJsonObject properties; ///< the schemas of the members, by key
+    bool (*isLost)(const Written &); ///< whether the library reads a member of another type as if it was empty
+};
+
+bool isLostAtTop(const Written &member)
 {
-    auto schema = std::make_unique<valijson::Schema>();
-    const valijson::adapters::JsonCppAdapter adapter(written);
-    valijson::SchemaParser().populateSchema(adapter, *schema);
-    return schema;
+    return member.key != QLatin1String("$schema");
 }
 
-/// The last step of @p context without its brackets.
-std::string stepOf(const std::string &part)
+bool isLostInEntry(const Written &member)
 {
-    return part.substr(1, part.size() - 2);
+    return member.key == QLatin1String("params") || member.kind == Written::Object
+           || member.kind == Written::Array;
 }
 
-/// The value that @p context leads to from @p root.
-const Json::Value &valueAt(const Json::Value &root, const Context &context)
+bool isLostInParams(const Written &)
 {
-    const Json::Value *value = &root;
-    for (auto part = std::next(context.cbegin()); part != context.cend(); ++part) {
-        const std::string step = stepOf(*part);
-        value = value->isArray() ? &(*value)[Json::ArrayIndex(std::stoul(step))] : &(*value)[step];
-    }
-    return *value;
+    return false; // other rules report what is lost there
 }
 
-constexpr size_t TopLevelKey = 2;
-constexpr size_t Element = 3;
-constexpr size_t EntryKey = 4;
-
-/// Whether the library makes nothing of @p value, which is of the wrong type. What "params" lack, other rules tell.
-bool isLost(const Context &context, const Json::Value &value)
+QLatin1String typeOf(const Written &value)
 {
-    const std::string key = stepOf(context.back());
-    if (context.size() == TopLevelKey) {
-        return key != "$schema";
-    }
-    return context.size() == EntryKey && (key == "params" || value.isObject() || value.isArray());
+    constexpr const char *Types[] = {"null", "boolean", "number", "number", "string", "array", "object"};
+    return QLatin1String(Types[value.kind]);
 }
 
-void reportType(const Context &context, const Json::Value &value, Findings *findings)
+QString typeOf(const QJsonObject &schema)
 {
-    if (context.size() == 1) {
-        findings->atValue(Tag::TopLevel, value,
-                          QStringLiteral("the top level of a registration file is an object"));
-        return;
-    }
-    if (context.size() == Element) {
-        findings->atValue(Tag::EntryNotObject, value, QStringLiteral("the library skips what is no object"));
-    } else if (value.isNull()) {
-        findings->atValue(Tag::NullValue, value, QStringLiteral("null counts as if the key was missing"));
-    } else if (isLost(context, value)) {
-        findings->atValue(Tag::ValueLost, value,
+    const QString definition = schema.value(QLatin1String("$ref")).toString().section(QLatin1Char('/'), -1);
+    return (definition.isEmpty() ? schema : schemaDefinition(definition)).value(QLatin1String("type")).toString();
+}
+
+void reportType(const Written &member, const Level &level, Findings *findings)
+{
+    if (member.kind == Written::Null) {
+        findings->atValue(Tag::NullValue, member, QStringLiteral("null counts as if the key was missing"));
+    } else if (level.isLost(member)) {
+        findings->atValue(Tag::ValueLost, member,
                           QStringLiteral("the library reads this value as if it was empty"));
     } else {
-        findings->atValue(Tag::WrongType, value,
+        findings->atValue(Tag::WrongType, member,
                           QStringLiteral("this value is of another type than the format's"));
     }
 }
 
-bool isSummary(const std::string &description)
+void checkMembers(const Written &object, const QJsonObject &read, const Level &level, Findings *findings)
 {
-    return description.rfind("Failed to validate", 0) == 0;
+    for (const Written &member : object.children) {
+        const QJsonObject schema = level.properties.value(member.key).toObject();
+        if (schema.isEmpty() || findings->hasAt(member)) {
+            continue;
+        }
+        const int maxLength = schema.value(QLatin1String("maxLength")).toInt(-1);
+        if (typeOf(member) != typeOf(schema)) {
+            reportType(member, level, findings);
+        } else if (maxLength >= 0 && read.value(member.key).toString().toUcs4().size() > maxLength) {
+            findings->atValue(Tag::Schema, member,
+                              QStringLiteral("this text has more than %1 characters").arg(maxLength));
+        }
+    }
 }
 
-bool isAboutType(const std::string &description)
+void checkElements(const Written &root, Findings *findings)
 {
-    return description.rfind("Value type not permitted", 0) == 0;
+    const Written *entries = root.member(QLatin1String("entries"));
+    if (!entries || entries->kind != Written::Array) {
+        return;
+    }
+    for (const Written &element : entries->children) {
+        if (element.kind != Written::Object && !findings->hasAt(element)) {
+            findings->atValue(Tag::EntryNotObject, element, QStringLiteral("the library skips what is no object"));
+        }
+    }
 }
 }
 
-const Json::Value &registrationSchema()
+const QJsonObject &registrationSchema()
 {
-    static const Json::Value schema = readSchema(QStringLiteral(":/schema/registration.schema.json"));
+    static const QJsonObject schema = readSchema(QStringLiteral(":/schema/registration.schema.json"));
     return schema;
+}
+
+QJsonObject schemaDefinition(const QString &name)
+{
+    return registrationSchema().value(QLatin1String("definitions")).toObject().value(name).toObject();
+}
+
+QJsonObject schemaProperties(const QJsonObject &schema)
+{
+    return schema.value(QLatin1String("properties")).toObject();
 }
 
 void checkRegistrationSchema(const Document &document, Findings *findings)
 {
-    static const std::unique_ptr<valijson::Schema> schema = compile(registrationSchema());
-    valijson::ValidationResults results;
-    const valijson::adapters::JsonCppAdapter target(document.root);
-    if (valijson::Validator().validate(*schema, target, &results)) {
+    if (document.root.kind != Written::Object) {
+        if (!findings->hasAt(document.root)) {
+            findings->atValue(Tag::TopLevel, document.root,
+                              QStringLiteral("the top level of a registration file is an object"));
+        }
         return;
     }
-    for (const valijson::ValidationResults::Error &error : results) {
-        const Json::Value &value = valueAt(document.root, error.context);
-        if (isSummary(error.description) || findings->hasAt(value)) {
-            continue;
-        }
-        if (isAboutType(error.description)) {
-            reportType(error.context, value, findings);
-        } else {
-            findings->atValue(Tag::Schema, value, toText(error.description));
+    const Level topLevel{schemaProperties(registrationSchema()), isLostAtTop};
+    const Level entries{schemaProperties(schemaDefinition(QStringLiteral("entry"))), isLostInEntry};
+    const Level params{schemaProperties(schemaDefinition(QStringLiteral("params"))), isLostInParams};
+    checkMembers(document.root, document.read.toObject(), topLevel, findings);
+    checkElements(document.root, findings);
+    for (const Entry &entry : document.entries) {
+        checkMembers(*entry.written, entry.read, entries, findings);
+        if (entry.writtenParams) {
+            checkMembers(*entry.writtenParams, entry.params, params, findings);
         }
     }
 }

@@ -3,10 +3,14 @@
 
 #pragma once
 
-#include <json/value.h>
+#include <QJsonObject>
 
 namespace Check
 {
 /// The schema of registration files, as it is installed.
-const Json::Value &registrationSchema();
+const QJsonObject &registrationSchema();
+/// Returns the schema of the values called @p name, which others refer to.
+QJsonObject schemaDefinition(const QString &name);
+/// Returns the schemas of the members of an object with @p schema, by key.
+QJsonObject schemaProperties(const QJsonObject &schema);
 }

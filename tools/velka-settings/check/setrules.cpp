@@ -189,6 +189,6 @@ QString DirectoryRules::describe(const Declaration &declaration, const Declarati
         return QStringLiteral("at %1").arg(position);
     }
     const QString name = QFileInfo(m_files[declaration.file].path).fileName();
-    return QStringLiteral("in %1:%2").arg(printable(name), position);
+    return QStringLiteral("in %1:%2").arg(abridged(name), position);
 }
 }

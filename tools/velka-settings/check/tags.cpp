@@ -148,8 +148,8 @@ const QVector<TagInfo> &tags()
          "The keys \"remote-…\" in \"params\" are read for entries of the type \"action\" only."},
         {Tag::NotPortable, "not-portable", Severity::Warning,
          "The library reads the file, other programs may not",
-         "JSON does not allow what stands here, although the library's parser takes it. The rest of "
-         "the file was not checked."},
+         "JSON does not allow what stands here, although the library's parser takes it: numbers such as "
+         ".5 and 5., control characters in strings, unknown escapes and halves of surrogate pairs."},
         {Tag::NotUtf8, "not-utf8", Severity::Error,
          "The file is not UTF-8",
          "It is skipped as a whole, with a warning. Save it in UTF-8."},

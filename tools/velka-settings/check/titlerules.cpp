@@ -28,7 +28,7 @@ NamedCatalogs findCatalogs(const Document &document, Catalogs *catalogs, Finding
         if (catalog.isFound()) {
             result.found.append(&catalog);
         } else {
-            findings->atValue(Tag::MissingCatalog, *member(document.root, key),
+            findings->atValue(Tag::MissingCatalog, *document.root.member(QLatin1String(key)),
                               QStringLiteral("there is no catalog %1 to check the ids with").arg(quoted(name)));
         }
     }
@@ -68,7 +68,7 @@ void checkId(const Entry &entry, const char *key, const NamedCatalogs &catalogs,
     if (id.isEmpty()) {
         return;
     }
-    const Json::Value &written = *member(*entry.written, key);
+    const Written &written = *entry.written->member(QLatin1String(key));
     if (std::any_of(id.cbegin(), id.cend(), [](QChar c) { return c.unicode() > 127; })) {
         findings->atValue(Tag::IdNotAscii, written, QStringLiteral("the id %1 is not ASCII").arg(quoted(id)));
     } else if (!catalogs.isNamed) {
@@ -98,7 +98,7 @@ void checkTitle(const Entry &entry, const NamedCatalogs &catalogs, Findings *fin
     }
     if (!missing.isEmpty() && !hasFallback(catalogs.found, id)) {
         findings->atValue(
-            Tag::TitleMissingInLocale, *member(*entry.written, "translation_id"),
+            Tag::TitleMissingInLocale, *entry.written->member(QLatin1String("translation_id")),
             QStringLiteral("the title is \"!!…\" in the languages %1").arg(missing.join(QStringLiteral(", "))));
     }
 }
