@@ -132,3 +132,11 @@ void storeUserModified(bool modified)
 {
     MGConfItem(WatchedFavorites::userModifiedKeyOfTests()).set(modified);
 }
+
+void removeNode(const QStringList &path)
+{
+    TreeItem *item = PluginRegistry::instance()->getItem(path);
+    if (item) {
+        item->parentItem()->removeChild(item);
+    }
+}

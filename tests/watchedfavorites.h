@@ -46,3 +46,5 @@ void declareJson(const QByteArray &entries);
 void storeFavorites(const QVariant &value); ///< in this process
 QStringList storedFavorites();
 void storeUserModified(bool modified);
+
+void removeNode(const QStringList &path); ///< deletes it from the registry's tree, if it is there

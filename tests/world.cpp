@@ -93,3 +93,18 @@ QStringList World::brokenInvariants(TreeItem *root)
     }
     return broken;
 }
+
+QByteArray declaring(const QByteArray &title, const QList<QByteArray> &paths)
+{
+    QByteArray json = "{\"entries\": [";
+    for (const QByteArray &path : paths) {
+        json += "{\"path\": \"" + path + "\", \"title\": \"" + title + "\"},";
+    }
+    json.chop(paths.isEmpty() ? 0 : 1);
+    return json + "]}";
+}
+
+QStringList paths(const PluginRegistry &registry)
+{
+    return World::paths(registry.getItem({}));
+}

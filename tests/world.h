@@ -37,3 +37,8 @@ QStringList paths(TreeItem *root);
 /// What is wrong with the tree below @p root: links between parents and children, names and keys. Empty if sound.
 QStringList brokenInvariants(TreeItem *root);
 }
+
+/// A registration file with an entry, titled @p title, at each of @p paths.
+QByteArray declaring(const QByteArray &title, const QList<QByteArray> &paths);
+/// The paths of all nodes of @p registry, as World::paths() returns them.
+QStringList paths(const PluginRegistry &registry);
