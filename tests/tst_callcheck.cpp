@@ -124,7 +124,7 @@ public:
         QDBusConnection::disconnectFromBus(m_name);
     }
 
-    /// Whether the call comes to the bus, which finds no receiver for it and goes on.
+    /// Returns true when the call gets to the bus, which finds no receiver for it, and the connection stays.
     bool passes(const QDBusMessage &call)
     {
         return m_bus.call(call).errorName() == QDBusError::errorString(QDBusError::ServiceUnknown)

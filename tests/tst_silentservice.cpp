@@ -27,7 +27,7 @@ constexpr int LeastTime = 20000;
 constexpr int MostTime = 40000;
 }
 
-/// A reader that also tells of the errors that it is told of.
+/// A reader that emits a signal for each error that it gets.
 class WatchedReader : public QuickActionReader
 {
     Q_OBJECT

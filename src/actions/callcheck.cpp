@@ -37,7 +37,7 @@ bool isReserved(const QString &path, const QString &interface)
            || interface.startsWith(QLatin1String(DBUS_INTERFACE_LOCAL));
 }
 
-/// The type of @p value on the bus. Null for a null value, and for types of C++ that Qt cannot send.
+/// Returns the type of @p value on the bus. Null for a null value, and for types of C++ that Qt cannot send.
 const char *signatureOf(const QVariant &value)
 {
     return QDBusMetaType::typeToSignature(value.userType());

@@ -16,8 +16,8 @@ const QVector<TagInfo> &tags()
         {Tag::ActionIncomplete, "action-incomplete", Severity::Error,
          "An action lacks its service, path or method",
          "An entry of the type \"action\" makes the D-Bus call that its \"params\" describe. Without "
-         "\"remote-service\", \"remote-path\" and \"remote-method\" there is no call, and the library "
-         "refuses to make it. Only \"remote-interface\" and \"remote-arguments\" may be missing."},
+         "\"remote-service\", \"remote-path\" and \"remote-method\" it fails. Only \"remote-interface\" and "
+         "\"remote-arguments\" may be missing."},
         {Tag::ArgumentNull, "argument-null", Severity::Error,
          "An argument of an action is null",
          "D-Bus has no null, so the call is refused. Leave the argument out, or send an empty string."},
@@ -52,19 +52,19 @@ const QVector<TagInfo> &tags()
         {Tag::DBusInterface, "dbus-interface", Severity::Error,
          "The interface of an action is no D-Bus name",
          "An interface is two or more names of ASCII letters, digits and underscores, joined by dots; "
-         "none begins with a digit. The library refuses to make any other call."},
+         "none begins with a digit. A call with any other fails."},
         {Tag::DBusMethod, "dbus-method", Severity::Error,
          "The method of an action is no D-Bus name",
          "A method is one name of ASCII letters, digits and underscores that does not begin with a "
-         "digit. The library refuses to make any other call."},
+         "digit. A call with any other fails."},
         {Tag::DBusPath, "dbus-path", Severity::Error,
          "The object path of an action is no D-Bus path",
          "A path begins with a slash, does not end with one, and consists of names of ASCII letters, "
-         "digits and underscores. The library refuses to make any other call."},
+         "digits and underscores. A call with any other fails."},
         {Tag::DBusService, "dbus-service", Severity::Error,
          "The service of an action is no D-Bus name",
          "A service is two or more names of ASCII letters, digits, underscores and hyphens, joined by "
-         "dots; none begins with a digit. The library refuses to make any other call."},
+         "dots; none begins with a digit. A call with any other fails."},
         {Tag::DoubledKey, "doubled-key", Severity::Error,
          "A key stands twice in an object",
          "The last one counts, and the values before it are lost without a message."},
