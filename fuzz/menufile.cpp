@@ -16,9 +16,8 @@ QByteArray escaped(const QString &text)
 {
     QByteArray xml;
     const QVector<uint> characters = text.toUcs4();
-    for (int i = 0; i < characters.size(); ++i) {
-        // Text without any markup may not be long.
-        xml += "&#" + QByteArray::number(characters.at(i)) + (i % 100 == 99 ? ";<a/>" : ";");
+    for (const uint character : characters) {
+        xml += "&#" + QByteArray::number(character) + ";";
     }
     return xml;
 }

@@ -258,7 +258,7 @@ void tst_LauncherFolderModel::arrangesAsTheMenuSays_data()
         "<Menu><Menu><Name>F</Name><Menu><Name>G</Name>" + c + "</Menu>" + b
             + "</Menu><Menu><Name>H</Name></Menu></Menu>",
         "F{G{C} B} H{} A");
-    row("long comment", "<Menu><!--" + QByteArray(7 << 10, 'x') + "-->" + c + "</Menu>", "C A B");
+    row("long comment", "<Menu><!--" + QByteArray(50 << 10, 'x') + "-->" + c + "</Menu>", "C A B");
     row("unknown files", "<Menu><Filename>x.desktop</Filename>" + c + "<Filename/></Menu>", "C A B");
     row("twice", "<Menu>" + c + "<Menu><Name>F</Name>" + c + b + "</Menu>" + b + "</Menu>", "C F{B} A");
     row("other elements",
@@ -309,17 +309,14 @@ void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu_data()
         << text("line 1: declarations are not allowed");
     QTest::newRow("expanding") << QByteArray("<!DOCTYPE Menu [<!ENTITY % a \"<!--" + QByteArray(4000, 'x')
                                              + "-->\">" + QByteArray("%a;").repeated(300000) + "]>\n<Menu/>")
-                               << text("line 1: too long");
-    QTest::newRow("too long a comment")
-        << QByteArray("<Menu><!--" + QByteArray(10 << 10, 'x') + "-->" + filename + "</Menu>")
-        << text("line 1: too long");
+                               << text("larger than 65536 bytes");
     QByteArray attributes;
     for (int i = 0; i < 100000; ++i) {
         attributes += " a" + QByteArray::number(i) + "=''";
     }
-    QTest::newRow("attributes") << QByteArray("<Menu" + attributes + "/>") << text("line 1: too long");
-    QTest::newRow("huge") << QByteArray("<Menu>" + filename + QByteArray(1024 * 1024, ' ') + "</Menu>")
-                          << text("larger than 1048576 bytes");
+    QTest::newRow("attributes") << QByteArray("<Menu" + attributes + "/>") << text("larger than 65536 bytes");
+    QTest::newRow("huge") << QByteArray("<Menu>" + filename + QByteArray(64 * 1024, ' ') + "</Menu>")
+                          << text("larger than 65536 bytes");
 }
 
 void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu()

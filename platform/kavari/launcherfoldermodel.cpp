@@ -82,8 +82,8 @@ static std::optional<MenuLayout> readLayout()
     if (!QFileInfo::exists(path)) {
         return MenuLayout();
     }
-    constexpr qint64 maximumSize = 1 << 20;
-    FileContent content = readRegularFile(path, maximumSize);
+    constexpr qint64 MaxSize = 64 << 10; // QXmlStreamReader takes quadratic time for the attributes of an element
+    FileContent content = readRegularFile(path, MaxSize);
     MenuLayout layout;
     if (content.error.isEmpty()) {
         layout = parseMenu(content.bytes, &content.error);

@@ -10,39 +10,7 @@
 namespace
 {
 // Who walks the folders may do so by recursion.
-constexpr int MaximumDepth = 16;
-
-// Qt takes quadratic time for the attributes of a tag, and expands what a document type declares without limit.
-constexpr int MaximumMarkup = 8 << 10;
-constexpr int ChunkSize = 1 << 10;
-
-/// What is wrong with the markup, whatever its content. Empty when nothing is, or when reading tells it as well.
-QString objectionTo(const QByteArray &xml)
-{
-    QXmlStreamReader reader;
-    int tokenStart = 0;
-    for (int position = 0; position < xml.size(); position += ChunkSize) {
-        reader.addData(xml.mid(position, ChunkSize));
-        while (!reader.atEnd()) {
-            const QXmlStreamReader::TokenType token = reader.readNext();
-            if (token == QXmlStreamReader::DTD && reader.text().contains(QLatin1Char('['))) {
-                return QStringLiteral("line %1: declarations are not allowed").arg(reader.lineNumber());
-            }
-            // Comments come from the middle of a document type, too.
-            if (token != QXmlStreamReader::Invalid && token != QXmlStreamReader::Comment
-                && token != QXmlStreamReader::ProcessingInstruction) {
-                tokenStart = position;
-            }
-        }
-        if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError) {
-            return {};
-        }
-        if (position - tokenStart >= MaximumMarkup) {
-            return QStringLiteral("line %1: too long").arg(reader.lineNumber());
-        }
-    }
-    return {};
-}
+constexpr int MaxDepth = 16;
 
 class MenuReader
 {
@@ -73,6 +41,11 @@ MenuLayout MenuReader::read()
 {
     while (!m_xml.atEnd()) {
         switch (m_xml.readNext()) {
+        case QXmlStreamReader::DTD:
+            if (m_xml.text().contains(QLatin1Char('['))) {
+                m_xml.raiseError(QStringLiteral("declarations are not allowed"));
+            }
+            break;
         case QXmlStreamReader::StartElement:
             startElement();
             break;
@@ -113,7 +86,7 @@ void MenuReader::startElement()
 
 void MenuReader::startMenu()
 {
-    if (m_open.size() > MaximumDepth) {
+    if (m_open.size() > MaxDepth) {
         m_xml.skipCurrentElement();
         return;
     }
@@ -153,10 +126,6 @@ bool operator==(const MenuLayout &a, const MenuLayout &b)
 
 MenuLayout parseMenu(const QByteArray &xml, QString *error)
 {
-    *error = objectionTo(xml);
-    if (!error->isEmpty()) {
-        return {};
-    }
     MenuReader reader(xml);
     MenuLayout layout = reader.read();
     *error = reader.error();

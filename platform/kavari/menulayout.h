@@ -32,7 +32,7 @@ bool operator==(const MenuLayout &a, const MenuLayout &b);
 /**
  * Reads a <Menu> with any number of <Filename>, the id of a desktop file, and further <Menu>, which have a <Name>
  * besides. What else is in the file is passed over. The first mention of an id counts. A document type that declares
- * something is refused, and so are tags, texts and comments of more than about eight kilobytes.
+ * something is refused.
  *
  * On success @p error is empty.
  */

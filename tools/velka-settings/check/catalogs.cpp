@@ -72,7 +72,6 @@ Catalogs::Catalogs(const QString &directory)
 
 const Catalog &Catalogs::catalog(const QString &name)
 {
-    const QMutexLocker locker(&m_mutex);
     std::unique_ptr<Catalog> &catalog = m_catalogs[name];
     if (!catalog) {
         catalog = std::make_unique<Catalog>(name, m_directory);

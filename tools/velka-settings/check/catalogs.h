@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QHash>
-#include <QMutex>
 #include <QString>
 #include <QStringList>
 
@@ -34,7 +33,7 @@ private:
     const std::unique_ptr<QTranslator> m_fallback;
 };
 
-/// The catalogs in a directory, each loaded once. Safe to ask from several threads.
+/// The catalogs in a directory, each loaded once.
 class Catalogs
 {
 public:
@@ -43,7 +42,6 @@ public:
 
 private:
     const QString m_directory;
-    QMutex m_mutex;
     std::map<QString, std::unique_ptr<Catalog>> m_catalogs;
 };
 }

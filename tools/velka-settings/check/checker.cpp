@@ -10,10 +10,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QtConcurrent>
 
 #include <algorithm>
-#include <numeric>
 
 namespace Check
 {
@@ -186,13 +184,12 @@ std::vector<FileFindings> Checker::check(const QStringList &arguments)
 void Checker::checkTogether(const QStringList &paths, std::vector<FileFindings> *results)
 {
     std::vector<FileSummary> summaries(size_t(paths.size()));
-    std::vector<FileFindings> findings(size_t(paths.size()));
-    std::vector<int> numbers(size_t(paths.size()));
-    std::iota(numbers.begin(), numbers.end(), 0);
-    QtConcurrent::blockingMap(numbers, [&](int i) {
-        findings[i] = checkFile(paths.at(i), &summaries[i]);
-        tellProgress();
-    });
+    std::vector<FileFindings> findings;
+    findings.reserve(summaries.size());
+    for (FileSummary &summary : summaries) {
+        findings.push_back(checkFile(paths.at(int(findings.size())), &summary));
+        m_progress(++m_done, m_total);
+    }
     DirectoryRules rules(summaries, &findings);
     rules.checkDuplicates();
     rules.checkSpelling();
@@ -203,12 +200,6 @@ void Checker::checkTogether(const QStringList &paths, std::vector<FileFindings> 
                          [](const Finding &a, const Finding &b) { return a.offset < b.offset; });
         results->push_back(std::move(file));
     }
-}
-
-void Checker::tellProgress()
-{
-    const QMutexLocker locker(&m_mutex);
-    m_progress(++m_done, m_total);
 }
 
 FileFindings Checker::checkFile(const QString &path, FileSummary *summary)

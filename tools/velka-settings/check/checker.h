@@ -14,7 +14,6 @@ namespace Check
 class Checker
 {
 public:
-    /// Called from one thread at a time.
     using Progress = std::function<void(int done, int total)>;
 
     Checker(const QString &translations, Progress progress);
@@ -25,11 +24,9 @@ public:
 private:
     void checkTogether(const QStringList &paths, std::vector<FileFindings> *results);
     FileFindings checkFile(const QString &path, FileSummary *summary);
-    void tellProgress();
 
     Catalogs m_catalogs;
     const Progress m_progress;
-    QMutex m_mutex;
     int m_done = 0;
     int m_total = 0;
 };
