@@ -14,7 +14,7 @@
 
 namespace
 {
-constexpr int MaximumDepth = 16;
+constexpr int MaxDepth = 16;
 
 struct Place {
     QString path;
@@ -87,18 +87,18 @@ QSet<QString> ApplicationDirectory::update(const QString &path)
 {
     Change change;
     if (leadsHere(path)) {
-        watchWay();
+        watchParents();
         take(m_path, &change);
         add(m_path, 0, &change);
         return change.ids;
     }
     const auto folder = m_folders.constFind(parentOf(path));
     if (folder == m_folders.cend()) {
-        return {}; // gone with its folder
+        return {}; // removed with its folder
     }
     const int depth = folder->depth + 1;
     take(path, &change);
-    change.before.remove(path); // a file that is told to have changed has, even if it looks the same
+    change.before.remove(path); // the file changed, even if its stamp did not
     add(path, depth, &change);
     return change.ids;
 }
@@ -108,8 +108,8 @@ QString ApplicationDirectory::idOf(const QString &path) const
     return path.mid(m_path.size() + 1).replace(QLatin1Char('/'), QLatin1Char('-'));
 }
 
-// Any directory on the way can be made, removed or put in another's place, and this one with it.
-void ApplicationDirectory::watchWay() const
+// Any parent directory can be created, removed or replaced, and this directory with it.
+void ApplicationDirectory::watchParents() const
 {
     for (int slash = 0; slash >= 0; slash = m_path.indexOf(QLatin1Char('/'), slash + 1)) {
         m_watcher->watchNames(slash == 0 ? QStringLiteral("/") : m_path.left(slash));
@@ -160,7 +160,7 @@ void ApplicationDirectory::add(const QString &path, int depth, Change *change)
         }
         if (!S_ISDIR(status.st_mode)) {
             addFile(place.path, S_ISLNK(status.st_mode), change);
-        } else if (place.depth <= MaximumDepth) {
+        } else if (place.depth <= MaxDepth) {
             const QStringList entries = addFolder(place.path, place.depth);
             for (const QString &entry : entries) {
                 pending.append({entry, place.depth + 1});
@@ -171,7 +171,7 @@ void ApplicationDirectory::add(const QString &path, int depth, Change *change)
 
 QStringList ApplicationDirectory::addFolder(const QString &path, int depth)
 {
-    // Watched before it is read, or what comes in between is lost.
+    // Watch before reading. Otherwise a file that is added in between would be lost.
     m_watcher->watchDirectory(path);
     m_folders.insert(path, {depth, {}});
     if (path != m_path) {

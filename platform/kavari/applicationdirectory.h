@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef APPLICATIONDIRECTORY_H
-#define APPLICATIONDIRECTORY_H
+#pragma once
 
 #include <QHash>
 #include <QMap>
@@ -14,7 +13,7 @@
 class PathWatcher;
 struct stat;
 
-/// What tells one state of a file from the next without reading it.
+/// Distinguishes two states of a file without reading it.
 struct FileStamp {
     quint64 device;
     quint64 inode;
@@ -24,32 +23,33 @@ struct FileStamp {
 };
 bool operator==(const FileStamp &a, const FileStamp &b);
 
-/// A desktop file as the directory has it. It is not read yet.
+/// A desktop file in the directory, which has not been read yet.
 struct ApplicationFile {
     QString path;
     FileStamp stamp;
-    bool regular; ///< a pipe or a device of such a name still hides other files of its id
-    quint64 revision; ///< another one whenever the content may have changed, never the same for two files
+    bool regular; ///< a pipe or a device with such a name hides other files with the same id, too
+    quint64 revision; ///< a new one whenever the content may have changed; no two files have the same
 };
 
 /**
- * The desktop files of one application directory and the directories in it, by the id that their path gives them.
+ * The desktop files of an application directory and its subdirectories, by the id that results from their path.
  *
- * A link to a directory below the first is not followed: what a file is called would depend on the way to it.
+ * Links to directories are not followed, except to the application directory itself: otherwise a file would have
+ * several ids.
  */
 class ApplicationDirectory
 {
 public:
-    /// Its files are followed through @p watcher.
+    /// Follows its files through @p watcher.
     ApplicationDirectory(const QString &path, PathWatcher *watcher);
 
     QString path() const;
     QSet<QString> ids() const;
     std::optional<ApplicationFile> file(const QString &id) const;
 
-    /// Whether a change of the entry at @p path can be one here.
+    /// Returns whether a change of @p path can affect this directory.
     bool concerns(const QString &path) const;
-    /// Looks again at the file or directory at @p path, at all of them when it leads to this directory. Returns the
+    /// Reads the file or directory at @p path again, or all of them when the path leads to this directory. Returns the
     /// ids that may have changed.
     QSet<QString> update(const QString &path);
 
@@ -65,7 +65,7 @@ private:
 
     bool leadsHere(const QString &path) const;
     QString idOf(const QString &path) const;
-    void watchWay() const;
+    void watchParents() const;
     void take(const QString &path, Change *change);
     void takeFile(const QString &path, Change *change);
     void add(const QString &path, int depth, Change *change);
@@ -77,5 +77,3 @@ private:
     QHash<QString, Folder> m_folders;
     QHash<QString, QMap<QString, ApplicationFile>> m_files; ///< by id, then by path: the first has the id
 };
-
-#endif

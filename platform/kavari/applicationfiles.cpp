@@ -10,10 +10,12 @@
 
 using namespace std::chrono_literals;
 
-// Long enough for an installation to come in few pieces, too short to be noticed.
-static constexpr auto Delay = 100ms;
+namespace
+{
+// Long enough to see most installations as one change, too short for the user to notice.
+constexpr auto Delay = 100ms;
 
-static QStringList absoluteOnce(const QStringList &directories)
+QStringList absoluteOnce(const QStringList &directories)
 {
     QStringList cleaned;
     for (const QString &directory : directories) {
@@ -24,15 +26,16 @@ static QStringList absoluteOnce(const QStringList &directories)
     cleaned.removeDuplicates();
     return cleaned;
 }
+}
 
 ApplicationFiles::ApplicationFiles(const QStringList &directories, QObject *parent)
     : QObject(parent)
 {
-    connect(&m_watcher, &PathWatcher::changed, this, &ApplicationFiles::doubt);
-    connect(&m_watcher, &PathWatcher::overflown, this, &ApplicationFiles::doubtAll);
+    connect(&m_watcher, &PathWatcher::changed, this, &ApplicationFiles::markDirty);
+    connect(&m_watcher, &PathWatcher::overflown, this, &ApplicationFiles::markAllDirty);
     m_delay.setSingleShot(true);
     m_delay.setInterval(Delay);
-    connect(&m_delay, &QTimer::timeout, this, &ApplicationFiles::lookAgain);
+    connect(&m_delay, &QTimer::timeout, this, &ApplicationFiles::update);
     const QStringList paths = absoluteOnce(directories);
     for (const QString &path : paths) {
         m_directories.push_back({ApplicationDirectory(path, &m_watcher), {}});
@@ -58,32 +61,32 @@ std::optional<ApplicationFile> ApplicationFiles::file(const QString &id) const
     return std::nullopt;
 }
 
-void ApplicationFiles::doubt(const QString &path)
+void ApplicationFiles::markDirty(const QString &path)
 {
     for (Followed &followed : m_directories) {
         if (!followed.directory.concerns(path)) {
             continue;
         }
-        followed.doubtful.insert(path);
-        // A running timer goes on: steady changes must not put off the first of them for ever.
+        followed.dirty.insert(path);
+        // A running timer is not restarted: a steady stream of changes must not delay the first of them for ever.
         if (!m_delay.isActive()) {
             m_delay.start();
         }
     }
 }
 
-void ApplicationFiles::doubtAll()
+void ApplicationFiles::markAllDirty()
 {
     for (const Followed &followed : m_directories) {
-        doubt(followed.directory.path());
+        markDirty(followed.directory.path());
     }
 }
 
-void ApplicationFiles::lookAgain()
+void ApplicationFiles::update()
 {
     QSet<QString> ids;
     for (Followed &followed : m_directories) {
-        const QSet<QString> paths = std::exchange(followed.doubtful, {});
+        const QSet<QString> paths = std::exchange(followed.dirty, {});
         for (const QString &path : paths) {
             ids += followed.directory.update(path);
         }

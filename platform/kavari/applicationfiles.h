@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef APPLICATIONFILES_H
-#define APPLICATIONFILES_H
+#pragma once
 
 #include "applicationdirectory.h"
 #include "pathwatcher.h"
@@ -11,7 +10,7 @@
 
 #include <vector>
 
-/// The desktop files of several application directories: an id's file is that of the first directory with one.
+/// The desktop files of several application directories. The first directory that has an id provides its file.
 class ApplicationFiles : public QObject
 {
     Q_OBJECT
@@ -23,22 +22,20 @@ public:
     std::optional<ApplicationFile> file(const QString &id) const;
 
 Q_SIGNALS:
-    /// The ids whose files may have come, gone or changed: file() tells by the revision.
+    /// Files of these ids may have been added, removed or changed; compare the revision of file().
     void changed(const QSet<QString> &ids);
 
 private:
     struct Followed {
         ApplicationDirectory directory;
-        QSet<QString> doubtful; ///< paths to look at again
+        QSet<QString> dirty; ///< paths to read again
     };
 
-    void doubt(const QString &path);
-    void doubtAll();
-    void lookAgain();
+    void markDirty(const QString &path);
+    void markAllDirty();
+    void update();
 
     PathWatcher m_watcher;
     QTimer m_delay;
     std::vector<Followed> m_directories;
 };
-
-#endif

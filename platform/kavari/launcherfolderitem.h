@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef LAUNCHERFOLDERITEM_H
-#define LAUNCHERFOLDERITEM_H
+#pragma once
 
 #include "launcheritem.h"
 
@@ -12,10 +11,7 @@
 
 struct LauncherRow;
 
-/**
- * A folder of the launcher, and the list of what is in it: each row is a LauncherItem or another folder. The
- * launcher model owns them all.
- */
+/// A folder of the launcher. Each row is a LauncherItem or another folder, which the launcher model owns.
 class Q_DECL_EXPORT LauncherFolderItem : public QAbstractListModel
 {
     Q_OBJECT
@@ -23,7 +19,7 @@ class Q_DECL_EXPORT LauncherFolderItem : public QAbstractListModel
 
 public:
     enum Role {
-        ObjectRole = Qt::UserRole + 1, ///< QObject *, what get() returns
+        ObjectRole = Qt::UserRole + 1, ///< QObject *, the same as get()
     };
     Q_ENUM(Role)
 
@@ -31,7 +27,7 @@ public:
 
     QString title() const; ///< empty for the launcher model itself
     int itemCount() const;
-    /// The LauncherItem or LauncherFolderItem at the row, null outside the rows.
+    /// Returns the LauncherItem or LauncherFolderItem in the row, null when there is no such row.
     Q_INVOKABLE QObject *get(int row) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -39,7 +35,7 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 Q_SIGNALS:
-    /// The desktop file of an item of this folder changed, and the item is still the same.
+    /// The desktop file of an item in this folder changed. The item is still the same object.
     void itemChanged(LauncherItem *item);
 
 protected:
@@ -56,5 +52,3 @@ private:
     const QString m_title;
     std::vector<LauncherRow> m_rows; ///< sorted
 };
-
-#endif

@@ -26,7 +26,7 @@ public:
     void reload();
 
 private:
-    // What is known of a file id. There is an item when the file is that of a shown application.
+    // The state of a file id. It has an item when the file is that of a visible application.
     struct Known {
         quint64 revision = 0;
         LauncherItem *item = nullptr;
@@ -53,7 +53,9 @@ private:
     QHash<QString, Known> m_known;
 };
 
-static bool isShown(const MDesktopEntry &entry)
+namespace
+{
+bool isShown(const MDesktopEntry &entry)
 {
     const auto has = [&entry](const char *key, const char *value) {
         return entry.value(QStringLiteral("Desktop Entry"), QLatin1String(key)) == QLatin1String(value);
@@ -61,8 +63,8 @@ static bool isShown(const MDesktopEntry &entry)
     return entry.isValid() && has("Type", "Application") && !has("NoDisplay", "true") && !has("Hidden", "true");
 }
 
-/// The file's entry, null when it is not that of a shown application.
-static Entry readApplication(const ApplicationFile &file)
+/// Returns the content of the file, null when it is not that of a visible application.
+Entry readApplication(const ApplicationFile &file)
 {
     if (!file.regular) {
         return nullptr;
@@ -75,8 +77,8 @@ static Entry readApplication(const ApplicationFile &file)
     return isShown(*entry) ? std::move(entry) : nullptr;
 }
 
-/// Nothing when the file cannot be read, an empty layout when there is none.
-static std::optional<MenuLayout> readLayout()
+/// Returns nothing when the menu file cannot be read, an empty layout when there is none.
+std::optional<MenuLayout> readLayout()
 {
     const QString path = LauncherFolderModel::configFile();
     if (!QFileInfo::exists(path)) {
@@ -94,6 +96,7 @@ static std::optional<MenuLayout> readLayout()
         return std::nullopt;
     }
     return layout;
+}
 }
 
 LauncherFolderModelPrivate::LauncherFolderModelPrivate(LauncherFolderModel *model)
@@ -123,13 +126,13 @@ void LauncherFolderModelPrivate::reload()
     m_layout = *layout;
     arrange();
     m_model->endResetModel();
-    // Later, for one of them may be what called.
+    // Deferred: one of them may be the caller.
     for (LauncherFolderItem *folder : outdated) {
         folder->deleteLater();
     }
 }
 
-/// Puts all items into their rows, those of new folders included.
+/// Builds the rows of the model and of new folders from all items.
 void LauncherFolderModelPrivate::arrange()
 {
     m_folders.clear();
@@ -206,7 +209,7 @@ void LauncherFolderModelPrivate::update(const QString &id)
     }
 }
 
-// Below, the announcement comes last: its receivers may call back.
+// In the functions below, the signals come last: handlers may call back.
 
 void LauncherFolderModelPrivate::addItem(const QString &id, Entry entry)
 {

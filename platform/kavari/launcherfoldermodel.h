@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef LAUNCHERFOLDERMODEL_H
-#define LAUNCHERFOLDERMODEL_H
+#pragma once
 
 #include "launcherfolderitem.h"
 
@@ -11,10 +10,11 @@
 class LauncherFolderModelPrivate;
 
 /**
- * The installed applications: first what configFile() names, in its order and its folders, then all others by title.
+ * The installed applications: first those that configFile() names, in its order and its folders, then all others by
+ * title.
  *
- * Follows the desktop files in the standard application directories, row by row, with the short delay in which a
- * package is installed. For the GUI thread only.
+ * Follows the desktop files in the standard application directories row by row, with a short delay in which a package
+ * can be installed. To be used in the GUI thread only.
  */
 class Q_DECL_EXPORT LauncherFolderModel : public LauncherFolderItem
 {
@@ -24,15 +24,13 @@ public:
     explicit LauncherFolderModel(QObject *parent = nullptr);
     ~LauncherFolderModel() override;
 
-    /// The menu file, in the user's configuration directory. Need not exist.
+    /// Returns the path of the menu file in the user's configuration directory. The file need not exist.
     static QString configFile();
 
 public Q_SLOTS:
-    /// Reads configFile() again, which is not followed. Resets this model and makes new folders if it has changed.
+    /// Reads configFile() again, which is not followed. If it has changed, resets this model and creates new folders.
     void load();
 
 private:
     const std::unique_ptr<LauncherFolderModelPrivate> d;
 };
-
-#endif

@@ -5,9 +5,11 @@
 
 #include <mdesktopentry.h>
 
-static const QString s_mainGroup = QStringLiteral("Desktop Entry");
+namespace
+{
+const QString s_mainGroup = QStringLiteral("Desktop Entry");
 
-static bool isSandboxed(const MDesktopEntry &entry)
+bool hasSandbox(const MDesktopEntry &entry)
 {
     for (const QString &group : {QStringLiteral("X-Tarnhold"), QStringLiteral("X-Application")}) {
         if (entry.containsGroup(group)
@@ -16,6 +18,7 @@ static bool isSandboxed(const MDesktopEntry &entry)
         }
     }
     return false;
+}
 }
 
 LauncherItem::LauncherItem(const QString &fileID, std::unique_ptr<const MDesktopEntry> entry, QObject *parent)
@@ -77,5 +80,5 @@ QString LauncherItem::readValue(const QString &key, const QString &group) const
 void LauncherItem::setEntry(std::unique_ptr<const MDesktopEntry> entry)
 {
     m_entry = std::move(entry);
-    m_sandboxed = ::isSandboxed(*m_entry);
+    m_sandboxed = hasSandbox(*m_entry);
 }

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef LAUNCHERITEM_H
-#define LAUNCHERITEM_H
+#pragma once
 
 #include <QObject>
 
@@ -10,7 +9,7 @@
 
 class MDesktopEntry;
 
-/// One installed application, as its desktop file describes it. Made and owned by a LauncherFolderModel.
+/// An installed application, as its desktop file describes it. Created and owned by a LauncherFolderModel.
 class Q_DECL_EXPORT LauncherItem : public QObject
 {
     Q_OBJECT
@@ -25,11 +24,11 @@ public:
     QString iconId() const;
     bool isSandboxed() const;
     QString dBusServiceName() const; ///< empty when the application has none
-    /// Any other value of the desktop file, null when it has none.
+    /// Returns any value of the desktop file, null when there is none.
     QString readValue(const QString &key, const QString &group = QStringLiteral("Desktop Entry")) const;
 
 Q_SIGNALS:
-    /// Any of the above but the id may have changed.
+    /// The desktop file changed. The id is still the same.
     void itemChanged();
 
 private:
@@ -42,5 +41,3 @@ private:
     std::unique_ptr<const MDesktopEntry> m_entry;
     bool m_sandboxed = false;
 };
-
-#endif

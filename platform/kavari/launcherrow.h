@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef LAUNCHERROW_H
-#define LAUNCHERROW_H
+#pragma once
 
 #include <QCollator>
 #include <QString>
@@ -11,7 +10,7 @@
 
 class QObject;
 
-/// A row and what decides on its place: first what the menu file orders, then the rest by title.
+/// A row with its sort key: first the rows that the menu file orders, then the others by title.
 struct LauncherRow {
     static constexpr int Unordered = std::numeric_limits<int>::max();
 
@@ -29,5 +28,3 @@ inline bool operator<(const LauncherRow &a, const LauncherRow &b)
     const int order = a.title.compare(b.title);
     return order != 0 ? order < 0 : a.fileID < b.fileID;
 }
-
-#endif

@@ -9,7 +9,7 @@
 
 namespace
 {
-// Who walks the folders may do so by recursion.
+// Allows recursion over the folders.
 constexpr int MaxDepth = 16;
 
 class MenuReader
@@ -28,7 +28,7 @@ private:
 
     QXmlStreamReader m_xml;
     MenuLayout m_layout;
-    QVector<int> m_open; ///< the folders around the current place
+    QVector<int> m_open; ///< the folders that contain the current place
     int m_rank = 0;
 };
 
@@ -65,7 +65,7 @@ QString MenuReader::error() const
                             : QString();
 }
 
-// All but a menu is read to its end.
+// Reads any element but a menu to its end.
 void MenuReader::startElement()
 {
     if (m_xml.name() == QLatin1String("Menu")) {

@@ -14,8 +14,11 @@
 #include <cstring>
 #include <utility>
 
-static constexpr quint32 NameEvents = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
-static constexpr quint32 ContentEvents = IN_CLOSE_WRITE | IN_ATTRIB;
+namespace
+{
+constexpr quint32 NameEvents = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
+constexpr quint32 ContentEvents = IN_CLOSE_WRITE | IN_ATTRIB;
+}
 
 PathWatcher::PathWatcher(QObject *parent)
     : QObject(parent)
@@ -53,7 +56,7 @@ void PathWatcher::watchFile(const QString &path)
 
 void PathWatcher::watch(const QString &path, quint32 events)
 {
-    // Added to, for the directory of one purpose can be that of another as well.
+    // IN_MASK_ADD: a directory can be watched for several purposes.
     const int descriptor = inotify_add_watch(m_inotify, QFile::encodeName(path).constData(), events | IN_MASK_ADD);
     if (descriptor < 0) {
         if (errno == ENOSPC && !std::exchange(m_exhausted, true)) {

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef PATHWATCHER_H
-#define PATHWATCHER_H
+#pragma once
 
 #include <QHash>
 #include <QObject>
@@ -11,8 +10,8 @@
 struct inotify_event;
 
 /**
- * Tells which entry of a directory changed, and also when a file is written in place. QFileSystemWatcher tells the
- * directory alone, and needs a watch on each file for the other.
+ * Reports which entry of a directory changed, including files that are written in place. QFileSystemWatcher reports the
+ * directory only, and needs a watch for each file to notice a write.
  */
 class PathWatcher : public QObject
 {
@@ -22,17 +21,17 @@ public:
     explicit PathWatcher(QObject *parent = nullptr);
     ~PathWatcher() override;
 
-    // There need be nothing at the path, and what is watched already may be watched again.
+    // The path need not exist. It may be watched already.
     void watchDirectory(const QString &path); ///< its entries and their content
-    void watchNames(const QString &path); ///< entries of the directory that come and go
-    void watchFile(const QString &path); ///< the content of the file behind a link
+    void watchNames(const QString &path); ///< entries that are added to or removed from the directory
+    void watchFile(const QString &path); ///< the content of the file, also through a link
 
     void unwatch(const QString &path);
 
 Q_SIGNALS:
-    /// The path of an entry of a watched directory, or a watched path itself.
+    /// @p path is that of an entry of a watched directory, or a watched path itself.
     void changed(const QString &path);
-    /// Events were lost: anything may have changed.
+    /// Events were lost, so anything may have changed.
     void overflown();
 
 private:
@@ -42,8 +41,6 @@ private:
 
     const int m_inotify;
     QHash<QString, int> m_descriptors;
-    QHash<int, QSet<QString>> m_paths; ///< one directory can have several, through links
-    bool m_exhausted = false; ///< said once, not for every path
+    QHash<int, QSet<QString>> m_paths; ///< a directory has several paths when links lead to it
+    bool m_exhausted = false; ///< the warning about missing watches has been logged
 };
-
-#endif

@@ -11,7 +11,10 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-static constexpr size_t FlagSize = 1;
+namespace
+{
+constexpr size_t FlagSize = 1;
+}
 
 DatabaseFlag::~DatabaseFlag()
 {

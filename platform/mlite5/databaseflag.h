@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef DATABASEFLAG_H
-#define DATABASEFLAG_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -30,5 +29,3 @@ private:
     volatile const quint8 *m_flag = nullptr;
     quint64 m_generation = 0;
 };
-
-#endif

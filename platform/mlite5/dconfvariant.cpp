@@ -3,30 +3,25 @@
 
 #include "dconfvariant.h"
 
-#include <QTextCodec>
-
-// GLib cuts off what lies deeper than 128 levels, silently. A map in a map is three levels to it, and the database
-// puts a few around the value.
+namespace
+{
+// GLib silently drops what is nested more than 128 levels deep. For GLib a map in a map is three levels, and the
+// database adds a few around the value.
 constexpr int MaxDepth = 40;
 
-static GVariantPointer own(GVariant *floating)
+GVariantPointer own(GVariant *floating)
 {
     return GVariantPointer(g_variant_ref_sink(floating));
 }
 
-bool isStorable(const QString &text)
-{
-    return text.isValidUtf16() && !text.contains(QChar(QChar::Null));
-}
+GVariantPointer toGVariant(const QVariant &value, int depth);
 
-static GVariantPointer toGVariant(const QVariant &value, int depth);
-
-static GVariantPointer fromString(const QString &text)
+GVariantPointer fromString(const QString &text)
 {
     return isStorable(text) ? own(g_variant_new_string(text.toUtf8().constData())) : nullptr;
 }
 
-static GVariantPointer fromStringList(const QStringList &list)
+GVariantPointer fromStringList(const QStringList &list)
 {
     g_auto(GVariantBuilder) builder;
     g_variant_builder_init(&builder, G_VARIANT_TYPE_STRING_ARRAY);
@@ -40,7 +35,7 @@ static GVariantPointer fromStringList(const QStringList &list)
     return own(g_variant_builder_end(&builder));
 }
 
-static GVariantPointer fromList(const QVariantList &list, int depth)
+GVariantPointer fromList(const QVariantList &list, int depth)
 {
     g_auto(GVariantBuilder) builder;
     g_variant_builder_init(&builder, G_VARIANT_TYPE("av"));
@@ -54,7 +49,7 @@ static GVariantPointer fromList(const QVariantList &list, int depth)
     return own(g_variant_builder_end(&builder));
 }
 
-static GVariantPointer fromMap(const QVariantMap &map, int depth)
+GVariantPointer fromMap(const QVariantMap &map, int depth)
 {
     g_auto(GVariantBuilder) builder;
     g_variant_builder_init(&builder, G_VARIANT_TYPE_VARDICT);
@@ -68,7 +63,7 @@ static GVariantPointer fromMap(const QVariantMap &map, int depth)
     return own(g_variant_builder_end(&builder));
 }
 
-static GVariantPointer toGVariant(const QVariant &value, int depth)
+GVariantPointer toGVariant(const QVariant &value, int depth)
 {
     if (depth > MaxDepth) {
         return nullptr;
@@ -108,27 +103,21 @@ static GVariantPointer toGVariant(const QVariant &value, int depth)
     }
 }
 
-GVariantPointer toGVariant(const QVariant &value)
-{
-    return toGVariant(value, 0);
-}
-
-static GVariantPointer child(GVariant *container, gsize index)
+GVariantPointer child(GVariant *container, gsize index)
 {
     return GVariantPointer(g_variant_get_child_value(container, index));
 }
 
-static QString toString(GVariant *value)
+QString toString(GVariant *value)
 {
     gsize length = 0;
     const char *text = g_variant_get_string(value, &length);
-    // QString::fromUtf8() would take a byte order mark at the start away.
-    static const QTextCodec *const utf8 = QTextCodec::codecForName("UTF-8");
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    return utf8->toUnicode(text, int(length), &state);
+    const QString result = QString::fromUtf8(text, int(length));
+    // QString::fromUtf8() removes a byte order mark at the start.
+    return qstrncmp(text, "\xEF\xBB\xBF", 3) == 0 ? QChar(QChar::ByteOrderMark) + result : result;
 }
 
-static QStringList toStringList(GVariant *value)
+QStringList toStringList(GVariant *value)
 {
     QStringList list;
     const gsize size = g_variant_n_children(value);
@@ -138,7 +127,7 @@ static QStringList toStringList(GVariant *value)
     return list;
 }
 
-static QVariantList toList(GVariant *value)
+QVariantList toList(GVariant *value)
 {
     QVariantList list;
     const gsize size = g_variant_n_children(value);
@@ -148,19 +137,19 @@ static QVariantList toList(GVariant *value)
     return list;
 }
 
-static QString toKey(GVariant *value)
+QString toKey(GVariant *value)
 {
     switch (g_variant_classify(value)) {
-    case G_VARIANT_CLASS_BYTE: // would become a character, maybe the null character
+    case G_VARIANT_CLASS_BYTE: // QVariant would convert it to a character, possibly the null character
         return QString::number(g_variant_get_byte(value));
-    case G_VARIANT_CLASS_HANDLE: // would all be the same
+    case G_VARIANT_CLASS_HANDLE: // fromGVariant() returns nothing for any of them
         return QString::number(g_variant_get_handle(value));
     default:
         return fromGVariant(value).toString();
     }
 }
 
-static QVariantMap toMap(GVariant *value)
+QVariantMap toMap(GVariant *value)
 {
     QVariantMap map;
     const gsize size = g_variant_n_children(value);
@@ -171,7 +160,7 @@ static QVariantMap toMap(GVariant *value)
     return map;
 }
 
-static QVariant toArray(GVariant *value)
+QVariant toArray(GVariant *value)
 {
     if (g_variant_is_of_type(value, G_VARIANT_TYPE_STRING_ARRAY)) {
         return toStringList(value);
@@ -181,8 +170,19 @@ static QVariant toArray(GVariant *value)
     }
     return toList(value);
 }
+}
 
-// No limit on depth here: whatever bytes are in a database, GLib lets no value be deeper than its own limit.
+bool isStorable(const QString &text)
+{
+    return text.isValidUtf16() && !text.contains(QChar(QChar::Null));
+}
+
+GVariantPointer toGVariant(const QVariant &value)
+{
+    return toGVariant(value, 0);
+}
+
+// No limit on the depth here: GLib has its own, whatever bytes the database holds.
 QVariant fromGVariant(GVariant *value)
 {
     if (!value) {

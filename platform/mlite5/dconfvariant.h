@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef DCONFVARIANT_H
-#define DCONFVARIANT_H
+#pragma once
 
 #include <QVariant>
 
@@ -18,14 +17,12 @@ struct GVariantUnref {
 };
 using GVariantPointer = std::unique_ptr<GVariant, GVariantUnref>;
 
-/// Text that comes back the same from UTF-8 in a C string.
+/// Returns whether @p text is the same after a conversion to a C string in UTF-8 and back.
 bool isStorable(const QString &text);
 
-/// Null when something in the value is of a type that cannot be stored, is text that is not storable, or stands
-/// in too many lists and maps.
+/// Returns null if @p value holds a type that cannot be stored, text that is not storable, or too many levels of lists
+/// and maps.
 GVariantPointer toGVariant(const QVariant &value);
 
-/// Invalid for null and for what QVariant has no counterpart of.
+/// Returns an invalid variant for null and for a type without a counterpart in Qt.
 QVariant fromGVariant(GVariant *value);
-
-#endif

@@ -9,15 +9,15 @@
 
 namespace
 {
-// Real ones have some ten kilobytes, nearly all of it translations.
-constexpr qint64 MaximumSize = 1 << 20;
+// Real files have some ten kilobytes, most of it translations.
+constexpr qint64 MaxSize = 1 << 20;
 
 struct KeyPath {
     QString group;
     QString key;
 };
 
-// A key has no slash, a group may have.
+// A key has no slash; a group may have one.
 KeyPath splitPath(const QString &path)
 {
     const int slash = path.lastIndexOf(QLatin1Char('/'));
@@ -65,7 +65,7 @@ MDesktopEntryPrivate::MDesktopEntryPrivate(const QString &fileName)
     : m_fileName(fileName)
     , m_file(g_key_file_new())
 {
-    const FileContent content = readRegularFile(fileName, MaximumSize);
+    const FileContent content = readRegularFile(fileName, MaxSize);
     m_error = content.error;
     if (!m_error.isEmpty()) {
         return;
@@ -75,7 +75,7 @@ MDesktopEntryPrivate::MDesktopEntryPrivate(const QString &fileName)
                                    G_KEY_FILE_NONE, &error)) {
         m_error = QString::fromUtf8(error->message);
         g_error_free(error);
-        m_file.reset(g_key_file_new()); // what stands before the error would look like all there is
+        m_file.reset(g_key_file_new()); // the part before the error would look like the whole file
     }
 }
 
@@ -126,7 +126,7 @@ QString MDesktopEntry::value(const QString &path) const
 QString MDesktopEntry::value(const QString &group, const QString &key) const
 {
     const QString value = readWith(g_key_file_get_string, d->file(), group, key);
-    // "\;" is an escape sequence of lists alone, and others are just wrong: better as they are than not at all.
+    // "\;" is an escape sequence in lists only, other sequences are wrong: the raw value is better than none.
     return value.isNull() ? readWith(g_key_file_get_value, d->file(), group, key) : value;
 }
 

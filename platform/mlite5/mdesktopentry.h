@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef MDESKTOPENTRY_H
-#define MDESKTOPENTRY_H
+#pragma once
 
 #include <QString>
 
@@ -11,10 +10,9 @@
 class MDesktopEntryPrivate;
 
 /**
- * The content that a desktop file had when this was made. A key is named by its group and itself, or by both as
- * "Group/Key".
+ * The content of a desktop file at the time of construction. Functions take a group and a key, or both as "Group/Key".
  *
- * The user's languages are those of LANGUAGE, else of LC_ALL, LC_MESSAGES or LANG.
+ * The user's languages are those of LANGUAGE, or else of LC_ALL, LC_MESSAGES or LANG.
  */
 class Q_DECL_EXPORT MDesktopEntry
 {
@@ -25,22 +23,20 @@ public:
     MDesktopEntry &operator=(const MDesktopEntry &) = delete;
 
     QString fileName() const;
-    /// Whether the file could be read and has what each needs: a group "Desktop Entry" with Type and Name.
+    /// Returns whether the file was read and has the required keys, Type and Name in the group "Desktop Entry".
     bool isValid() const;
-    /// Why the file could not be read, empty if it could.
+    /// Returns why the file could not be read; empty if it was read.
     QString errorString() const;
 
     bool containsGroup(const QString &group) const;
     bool contains(const QString &path) const;
     bool contains(const QString &group, const QString &key) const;
-    /// The untranslated value, its escape sequences resolved. Null when there is none.
+    /// Returns the untranslated value with its escape sequences resolved. Null when there is none.
     QString value(const QString &path) const;
     QString value(const QString &group, const QString &key) const;
-    /// The value in the first of the user's languages that has one, else the untranslated one.
+    /// Returns the value in the first of the user's languages that has one, or else the untranslated value.
     QString localizedValue(const QString &group, const QString &key) const;
 
 private:
     const std::unique_ptr<MDesktopEntryPrivate> d;
 };
-
-#endif

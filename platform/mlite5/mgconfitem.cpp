@@ -7,16 +7,19 @@
 #include "dconfvariant.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <dconf.h>
 
 #include <optional>
 #include <utility>
 
-// GIO ends the process when the session bus goes away, unless the connection, which dconf shares, is told not
-// to. Connecting can take its time, so that happens in a thread. The connection is kept for good, or the next
-// one would be made with the default again.
-static void surviveSessionBus()
+namespace
+{
+// GIO ends the process when the session bus ends, unless the connection, which dconf shares, has this disabled.
+// Connecting can take long, so a thread does it. The connection is never released: the next one would have the default
+// again.
+void surviveSessionBus()
 {
     const auto keepProcess = [](gpointer) -> gpointer {
         static GDBusConnection *const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
@@ -28,21 +31,21 @@ static void surviveSessionBus()
     g_thread_unref(g_thread_new("session-bus", keepProcess, nullptr));
 }
 
-static DConfClient *makeClient()
+DConfClient *makeClient()
 {
     surviveSessionBus();
     return dconf_client_new();
 }
 
-/// The one client of this process: made on first use, never deleted.
-static DConfClient *client()
+/// Returns the one client of this process, which is created on first use and never deleted.
+DConfClient *client()
 {
     static DConfClient *const client = makeClient();
     return client;
 }
 
-// Equal bytes are equal values of equal types. QVariant's comparison takes 1 and "1" for the same.
-static QByteArray fingerprint(const QVariant &value)
+// Equal bytes are equal values of equal types. QVariant compares 1 and "1" as equal.
+QByteArray fingerprint(const QVariant &value)
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
@@ -50,8 +53,8 @@ static QByteArray fingerprint(const QVariant &value)
     return bytes;
 }
 
-// GLib takes quadratic time for the elements of a list, unless it is told that the bytes are sound.
-static GVariantPointer trusted(const GVariantPointer &value)
+// Returns the same value, marked as trusted: for the elements of an untrusted list GLib takes quadratic time.
+GVariantPointer trusted(const GVariantPointer &value)
 {
     const GVariantPointer normal(g_variant_get_normal_form(value.get()));
     const std::unique_ptr<GBytes, decltype(&g_bytes_unref)> bytes(g_variant_get_data_as_bytes(normal.get()),
@@ -60,19 +63,19 @@ static GVariantPointer trusted(const GVariantPointer &value)
         g_variant_ref_sink(g_variant_new_from_bytes(g_variant_get_type(normal.get()), bytes.get(), TRUE)));
 }
 
-static GVariantPointer readOnce(const QByteArray &path)
+GVariantPointer readOnce(const QByteArray &path)
 {
     const GVariantPointer value(dconf_client_read(client(), path.constData()));
     return value ? trusted(value) : nullptr;
 }
 
-static bool isEqual(const GVariantPointer &a, const GVariantPointer &b)
+bool isEqual(const GVariantPointer &a, const GVariantPointer &b)
 {
     return a && b ? g_variant_equal(a.get(), b.get()) : !a && !b;
 }
 
-// In the instant in which a write reaches the database, dconf may answer with the value before it.
-static GVariantPointer read(const QByteArray &path)
+// While a write reaches the database, dconf may return the previous value for a moment.
+GVariantPointer readKey(const QByteArray &path)
 {
     GVariantPointer value = readOnce(path);
     for (;;) {
@@ -84,16 +87,30 @@ static GVariantPointer read(const QByteArray &path)
     }
 }
 
-/// How many times an item of this process was notified of a change of its key.
-static int s_notified = 0;
-/// How many times this process has begun a write or was notified of a change of any key.
-static quint64 s_changes = 0;
+QByteArray pathOfKey(const QString &key)
+{
+    const QByteArray path = key.toUtf8();
+    return isStorable(key) && dconf_is_key(path.constData(), nullptr) ? path : QByteArray();
+}
 
-/// Another number whenever any value may have changed since the last call.
-static quint64 generation()
+// dconf does not notify of a write that changes nothing, but may compare with the value before the last one.
+void notify(const QByteArray &path)
+{
+    const char *const changes[] = {"", nullptr};
+    g_signal_emit_by_name(client(), "changed", path.constData(), changes, nullptr);
+}
+
+/// The number of notifications that items of this process have handled.
+int s_notifications = 0;
+/// The number of writes that this process has begun, and of notifications of any key.
+quint64 s_changes = 0;
+
+/// Returns another number whenever any value may have changed since the last call.
+quint64 generation()
 {
     static DatabaseFlag flag;
     return flag.generation() + s_changes;
+}
 }
 
 class MGConfItemPrivate
@@ -117,15 +134,9 @@ private:
     mutable QVariant m_value; ///< as long as the generation is the one it was read in
     mutable std::optional<quint64> m_generation;
     QByteArray m_seen;
-    mutable std::optional<GVariantPointer> m_handedOut; ///< what value() returned since m_seen was looked up
+    mutable std::optional<GVariantPointer> m_handedOut; ///< the last result of value() since m_seen was read
     gulong m_handler = 0;
 };
-
-static QByteArray pathOfKey(const QString &key)
-{
-    const QByteArray path = key.toUtf8();
-    return isStorable(key) && dconf_is_key(path.constData(), nullptr) ? path : QByteArray();
-}
 
 MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
     : m_key(key)
@@ -136,10 +147,10 @@ MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
         qWarning("MGConfItem: invalid key \"%s\"", qUtf8Printable(key));
         return;
     }
-    // Watch before the first read, or a change in between is lost.
+    // Watch before the first read. Otherwise a change in between would be lost.
     m_handler = g_signal_connect(client(), "changed", G_CALLBACK(changed), this);
     dconf_client_watch_fast(client(), m_path.constData());
-    m_seen = fingerprint(fromGVariant(::read(m_path).get()));
+    m_seen = fingerprint(fromGVariant(readKey(m_path).get()));
 }
 
 MGConfItemPrivate::~MGConfItemPrivate()
@@ -158,7 +169,7 @@ QVariant MGConfItemPrivate::value() const
     }
     const quint64 current = generation();
     if (m_generation != current) {
-        m_handedOut = ::read(m_path);
+        m_handedOut = readKey(m_path);
         m_value = fromGVariant(m_handedOut->get());
         m_generation = current;
     }
@@ -170,7 +181,7 @@ void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *c
 {
     ++s_changes;
     if (self->concerns(prefix, changes)) {
-        ++s_notified;
+        ++s_notifications;
         self->update();
     }
 }
@@ -188,21 +199,14 @@ bool MGConfItemPrivate::concerns(const char *prefix, const char *const *changes)
 
 void MGConfItemPrivate::update()
 {
-    QByteArray seen = fingerprint(fromGVariant(::read(m_path).get()));
-    // A value that came and went is news to whoever read it in between.
+    QByteArray seen = fingerprint(fromGVariant(readKey(m_path).get()));
+    // A caller who read a value that has been replaced by the one before it needs a notification, too.
     const auto handedOut = std::exchange(m_handedOut, std::nullopt);
     if (seen == m_seen && (!handedOut || fingerprint(fromGVariant(handedOut->get())) == seen)) {
         return;
     }
     m_seen = std::move(seen);
     Q_EMIT m_item->valueChanged(); // a handler may delete the item
-}
-
-// dconf keeps quiet about a write that changes nothing, but what it compares with may be the value before the last.
-static void announce(const QByteArray &path)
-{
-    const char *const changes[] = {"", nullptr};
-    g_signal_emit_by_name(client(), "changed", path.constData(), changes, nullptr);
 }
 
 MGConfItem::MGConfItem(const QString &key, QObject *parent)
@@ -241,13 +245,13 @@ void MGConfItem::set(const QVariant &value)
     }
     // Handlers of valueChanged() run before the write returns, and may delete the item.
     const QByteArray path = d->m_path;
-    const int notified = s_notified;
+    const int before = s_notifications;
     ++s_changes;
     GError *error = nullptr;
     if (!dconf_client_write_fast(client(), path.constData(), stored.get(), &error)) {
         qWarning("MGConfItem: cannot write \"%s\": %s", path.constData(), error->message);
         g_error_free(error);
-    } else if (s_notified == notified) {
-        announce(path);
+    } else if (s_notifications == before) {
+        notify(path);
     }
 }

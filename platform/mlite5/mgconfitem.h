@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef MGCONFITEM_H
-#define MGCONFITEM_H
+#pragma once
 
 #include <QObject>
 #include <QVariant>
@@ -12,10 +11,10 @@
 class MGConfItemPrivate;
 
 /**
- * One dconf key. For the GUI thread only.
+ * One dconf key. To be used in the GUI thread only.
  *
- * A value that is set can be read at once through any item of the process, and reaches the database later. When
- * it cannot be stored there, it is taken back, which is a change again.
+ * After set(), every item of the process returns the new value at once; it is written to the database later. If that
+ * fails, the value changes back, with another notification.
  */
 class Q_DECL_EXPORT MGConfItem : public QObject
 {
@@ -36,5 +35,3 @@ Q_SIGNALS:
 private:
     const std::unique_ptr<MGConfItemPrivate> d;
 };
-
-#endif

@@ -4,13 +4,17 @@
 #include "mremoteaction.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
-static QString encoded(const QVariant &argument)
+namespace
+{
+QString encoded(const QVariant &argument)
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream << argument;
     return QString::fromLatin1(bytes.toBase64());
+}
 }
 
 MRemoteAction::MRemoteAction(const QString &serviceName, const QString &objectPath, const QString &interface,

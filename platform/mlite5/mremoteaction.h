@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef MREMOTEACTION_H
-#define MREMOTEACTION_H
+#pragma once
 
 #include <QObject>
 #include <QVariant>
@@ -17,8 +16,8 @@ public:
                   const QString &methodName, const QList<QVariant> &arguments = {}, QObject *parent = nullptr);
 
     /**
-     * Service, path, interface and method, then for each argument the Base64 of its QVariant as QDataStream
-     * writes it, all separated by single blanks.
+     * Returns service, path, interface and method, then for each argument its QVariant, serialised by QDataStream and
+     * in Base64, all separated by single spaces.
      */
     QString toString() const;
 
@@ -26,5 +25,3 @@ private:
     const QStringList m_names;
     const QList<QVariant> m_arguments;
 };
-
-#endif

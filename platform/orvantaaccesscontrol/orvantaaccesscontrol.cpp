@@ -12,9 +12,11 @@
 #include <string>
 #include <vector>
 
-/// Runs one of the re-entrant look-ups, which fill a buffer of the caller, with a buffer that is large enough.
+namespace
+{
+/// Calls one of the re-entrant look-up functions, which fill a buffer of the caller, with a large enough buffer.
 template<typename LookUp>
-static void withBuffer(LookUp lookUp)
+void withBuffer(LookUp lookUp)
 {
     std::vector<char> buffer(1024);
     while (lookUp(buffer) == ERANGE) {
@@ -27,7 +29,7 @@ struct User {
     gid_t primaryGroup;
 };
 
-static std::optional<User> findUser(uid_t uid)
+std::optional<User> findUser(uid_t uid)
 {
     std::optional<User> user;
     withBuffer([&](std::vector<char> &buffer) {
@@ -42,7 +44,7 @@ static std::optional<User> findUser(uid_t uid)
     return user;
 }
 
-static std::optional<gid_t> findGroup(const char *name)
+std::optional<gid_t> findGroup(const char *name)
 {
     std::optional<gid_t> group;
     withBuffer([&](std::vector<char> &buffer) {
@@ -57,17 +59,18 @@ static std::optional<gid_t> findGroup(const char *name)
     return group;
 }
 
-static std::vector<gid_t> groupsOf(const User &user)
+std::vector<gid_t> groupsOf(const User &user)
 {
     std::vector<gid_t> groups(32);
     int count = int(groups.size());
     while (getgrouplist(user.name.c_str(), user.primaryGroup, groups.data(), &count) < 0) {
-        // The count that is asked for can be stale by the next call.
+        // The returned count can be too small by the time of the next call.
         groups.resize(std::max(size_t(count), groups.size() * 2));
         count = int(groups.size());
     }
     groups.resize(count);
     return groups;
+}
 }
 
 int orvanta_access_control_hasgroup(uid_t uid, const char *group)

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef ORVANTAACCESSCONTROL_H
-#define ORVANTAACCESSCONTROL_H
+#pragma once
 
 #include <sys/types.h>
 
@@ -10,11 +9,9 @@
 extern "C" {
 #endif
 
-/* Non-zero when the user belongs to the group, also when it is the user's primary group. */
+/* Returns non-zero when the user belongs to the group, which may be the primary group. */
 __attribute__((visibility("default"))) int orvanta_access_control_hasgroup(uid_t uid, const char *group);
 
 #ifdef __cplusplus
 }
-#endif
-
 #endif
