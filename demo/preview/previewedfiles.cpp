@@ -17,14 +17,11 @@ PreviewedFiles::PreviewedFiles(const QStringList &paths)
     }
 }
 
-PreviewedFiles::~PreviewedFiles() = default;
-
 void PreviewedFiles::follow()
 {
     for (const QString &path : m_paths) {
-        auto watcher = std::make_unique<FileWatcher>(path);
-        QObject::connect(watcher.get(), &FileWatcher::fileChanged, watcher.get(), [this, path] { reload(path); });
-        m_watchers.push_back(std::move(watcher));
+        const auto *watcher = new FileWatcher(path, &m_watchers);
+        QObject::connect(watcher, &FileWatcher::fileChanged, watcher, [this, path] { reload(path); });
     }
 }
 

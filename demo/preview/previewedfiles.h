@@ -4,12 +4,8 @@
 #pragma once
 
 #include <QDir>
+#include <QObject>
 #include <QStringList>
-
-#include <memory>
-#include <vector>
-
-class FileWatcher;
 
 /**
  * Registration files of a working copy, in the directory that the registry reads. Whenever one is saved it is read
@@ -20,7 +16,6 @@ class PreviewedFiles
 public:
     /// Before the registry is made. Names of the same file in two directories replace each other.
     explicit PreviewedFiles(const QStringList &paths);
-    ~PreviewedFiles();
 
     void follow();
 
@@ -30,5 +25,5 @@ private:
 
     const QStringList m_paths;
     const QDir m_entries;
-    std::vector<std::unique_ptr<FileWatcher>> m_watchers;
+    QObject m_watchers; ///< their parent
 };

@@ -10,7 +10,7 @@
 namespace
 {
 // Allows recursion over the folders.
-constexpr int MaxDepth = 16;
+constexpr int MaxFolderDepth = 16;
 
 class MenuReader
 {
@@ -86,7 +86,7 @@ void MenuReader::startElement()
 
 void MenuReader::startMenu()
 {
-    if (m_open.size() > MaxDepth) {
+    if (m_open.size() > MaxFolderDepth) {
         m_xml.skipCurrentElement();
         return;
     }

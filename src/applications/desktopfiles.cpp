@@ -52,13 +52,13 @@ QString locateBelow(const QString &folder, const QString &name)
 
 QString locateDesktopFile(const QString &applicationId)
 {
-    // Ids come from strangers: none may lead out of the application directories.
+    // Ids are untrusted: none may lead out of the application directories.
     if (applicationId.contains(QChar(QChar::Null))
         || applicationId.split(QLatin1Char('/')).contains(QLatin1String(".."))) {
         return {};
     }
     const QString file = applicationId + Constants::DesktopSuffix;
-    const QString asItStands = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
+    QString asItStands = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
     if (!asItStands.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
         return asItStands;
     }

@@ -3,6 +3,8 @@
 
 #include "models/favoritesfilter.h"
 
+#include "models/entryparams.h"
+
 #include "registry/treeitem.h"
 
 #include <QVariantMap>
@@ -14,11 +16,6 @@ const QString s_list = QStringLiteral("list_favorites");
 const QString s_simpleGrid = QStringLiteral("grid_favorites_simple");
 const QString s_pages = QStringLiteral("grid_favorites_page");
 const QString s_actions = QStringLiteral("action");
-
-QVariantMap params(const TreeItem *item)
-{
-    return item->value(QStringLiteral("params")).toMap();
-}
 }
 
 FavoritesFilter::FavoritesFilter(const QStringList &kinds, const QSet<QString> &blacklist)
@@ -92,13 +89,13 @@ FavoritesRule FavoritesFilter::ruleForPage(const TreeItem *item) const
     if (isBlacklisted(item)) {
         return FavoritesRule::PageOnBlacklist;
     }
-    const bool isAllowed = params(item).value(QStringLiteral("allow_favorite"), true).toBool();
+    const bool isAllowed = paramsOf(item).value(QStringLiteral("allow_favorite"), true).toBool();
     return isAllowed ? FavoritesRule::Page : FavoritesRule::PageForbidsIt;
 }
 
 FavoritesRule FavoritesFilter::ruleForCustom(const TreeItem *item) const
 {
-    const QVariantMap itemParams = params(item);
+    const QVariantMap itemParams = paramsOf(item);
     const QString type = itemParams.value(QStringLiteral("type")).toString();
     if (type == QLatin1String("list")) {
         return m_list ? FavoritesRule::CustomForList : FavoritesRule::CustomElsewhere;

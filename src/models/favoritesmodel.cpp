@@ -7,6 +7,7 @@
 #include "common/constants.h"
 #include "common/logging.h"
 #include "common/messages.h"
+#include "models/entryparams.h"
 #include "models/favoritesfilter.h"
 #include "models/pathlist.h"
 #include "models/rowdifference.h"
@@ -31,11 +32,6 @@ QString fullPath(const TreeItem *item)
 {
     return item->location().join(QLatin1Char('/'));
 }
-
-QVariantMap params(const TreeItem *item)
-{
-    return item->value(QStringLiteral("params")).toMap();
-}
 }
 
 const FavoritesModel::Roles &FavoritesModel::roles()
@@ -47,7 +43,7 @@ const FavoritesModel::Roles &FavoritesModel::roles()
         {RemoteActionRole, "remoteAction",
          [](const FavoritesModel &model, TreeItem &item) {
              const bool isAction = item.type() == s_action;
-             return QVariant(isAction ? model.actionReader()->remoteActionString(params(&item)) : QString());
+             return QVariant(isAction ? model.actionReader()->remoteActionString(paramsOf(&item)) : QString());
          }},
     };
     return roles;
@@ -261,7 +257,7 @@ void FavoritesModel::triggerAction(int index)
     if (!item) {
         qmlInfo(this) << "invalid index " << index;
     } else if (item->type() == s_action) {
-        actionReader()->trigger(params(item));
+        actionReader()->trigger(paramsOf(item));
     } else {
         qmlInfo(this) << "item at index " << index << " is not an action";
     }

@@ -22,7 +22,7 @@ int toOrder(const QVariant &order, int defaultOrder)
 QString toFileName(const QVariant &fromFile)
 {
     const QString name = fromFile.toString();
-    return name.isNull() && !fromFile.isNull() ? QStringLiteral("") : name;
+    return name.isNull() && !fromFile.isNull() ? QLatin1String("") : name;
 }
 }
 

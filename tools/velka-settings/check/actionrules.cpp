@@ -58,7 +58,7 @@ QString nameError(const Call &call, const NameKey &key)
     if (key.validate(name.toUtf8().constData(), &error)) {
         return callError(call);
     }
-    const QString text = QString::fromUtf8(error.message);
+    QString text = QString::fromUtf8(error.message);
     dbus_error_free(&error);
     return text;
 }
