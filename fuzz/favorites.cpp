@@ -7,7 +7,7 @@
 #include "harness.h"
 #include "input.h"
 
-#include "../tests/modelreplica.h"
+#include "../tests/support/modelreplica.h"
 #include "common/constants.h"
 #include "models/favoritesmodel.h"
 #include "registry/pluginregistry.h"
