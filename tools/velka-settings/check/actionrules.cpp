@@ -13,7 +13,7 @@ namespace Check
 {
 namespace
 {
-/// The parts of a call. Those that are left as they are give no reason to refuse it.
+/// The parts of a call. D-Bus accepts the defaults.
 struct Call {
     QString service = QStringLiteral("a.a");
     QString path = QStringLiteral("/a");
@@ -34,7 +34,7 @@ constexpr NameKey s_names[] = {{"remote-service", Tag::DBusService, &Call::servi
                                {"remote-interface", Tag::DBusInterface, &Call::interface, false},
                                {"remote-method", Tag::DBusMethod, &Call::method, true}};
 
-QString objectionTo(const Call &call)
+QString refusalOf(const Call &call)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(call.service, call.path, call.interface, call.method);
     message.setArguments(call.arguments);
@@ -66,16 +66,16 @@ void actionNames(const Entry &entry, Findings *findings)
             }
             continue;
         }
-        const QString objection = objectionTo(call);
-        if (!objection.isEmpty()) {
+        const QString refusal = refusalOf(call);
+        if (!refusal.isEmpty()) {
             findings->atValue(
                 name.tag, *value,
-                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), abridged(objection)));
+                QStringLiteral("D-Bus refuses %1: %2").arg(quoted(call.*name.part), abridged(refusal)));
         }
     }
 }
 
-/// Whether there is a null anywhere among @p arguments.
+/// Returns whether @p arguments contain a null at any level.
 bool holdsNull(const Written &arguments)
 {
     std::vector<const Written *> pending{&arguments};
@@ -101,7 +101,7 @@ void actionArguments(const Entry &entry, Findings *findings)
     }
     if (arguments->kind != Written::Array) {
         findings->atValue(Tag::ArgumentsLost, *arguments,
-                          QStringLiteral("the arguments are no array: there are none"));
+                          QStringLiteral("the arguments are not an array and are lost"));
         return;
     }
     if (holdsNull(*arguments)) {
@@ -110,13 +110,13 @@ void actionArguments(const Entry &entry, Findings *findings)
     }
     Call call;
     call.arguments = jsonToVariant(entry.params.value(QLatin1String("remote-arguments"))).toList();
-    const QString objection = objectionTo(call);
-    if (!objection.isEmpty()) {
-        findings->atValue(Tag::ArgumentsRefused, *arguments, objection);
+    const QString refusal = refusalOf(call);
+    if (!refusal.isEmpty()) {
+        findings->atValue(Tag::ArgumentsRefused, *arguments, refusal);
     }
     for (const Written &argument : arguments->children) {
         if (argument.kind == Written::Integer) {
-            findings->atValue(Tag::ArgumentNumber, argument, QStringLiteral("this number travels as a double"));
+            findings->atValue(Tag::ArgumentNumber, argument, QStringLiteral("this number is sent as a double"));
         }
     }
 }
@@ -130,7 +130,7 @@ void callWithoutAction(const Entry &entry, Findings *findings)
         if (const Written *value = entry.writtenParams->member(QLatin1String(name.key))) {
             findings->atKey(
                 Tag::NotAnAction, *value,
-                QStringLiteral("\"%1\" is read for the type \"action\" only").arg(QLatin1String(name.key)));
+                QStringLiteral("\"%1\" is only read for the type \"action\"").arg(QLatin1String(name.key)));
             return;
         }
     }
