@@ -24,7 +24,7 @@ namespace
 {
 const QCommandLineOption s_locale(QStringLiteral("locale"), QStringLiteral("Locale of the texts."),
                                   QStringLiteral("LOCALE"));
-const QCommandLineOption s_mask(QStringLiteral("mask"), QStringLiteral("Hide the entry that is declared as PATH."),
+const QCommandLineOption s_mask(QStringLiteral("mask"), QStringLiteral("Mask the entry that is declared as PATH."),
                                 QStringLiteral("PATH"));
 const QCommandLineOption s_wide(QStringLiteral("wide"), QStringLiteral("Open a wide window."));
 const QCommandLineOption s_page(QStringLiteral("page"), QStringLiteral("Open the page of the entry PATH."),
@@ -32,9 +32,9 @@ const QCommandLineOption s_page(QStringLiteral("page"), QStringLiteral("Open the
 const QCommandLineOption s_screenshot(QStringLiteral("screenshot"), QStringLiteral("Save a picture and quit."),
                                       QStringLiteral("FILE.png"));
 const QCommandLineOption s_smokeTest(QStringLiteral("smoke-test"),
-                                     QStringLiteral("Open every page, and fail if anything warns."));
+                                     QStringLiteral("Open every page, and fail on any warning."));
 
-/// The settings when there are any, else all that the files declare.
+/// Returns the page of the settings if there are any, otherwise that of all entries.
 QVariantMap topPage()
 {
     const QStringList settings{QStringLiteral("system_settings")};

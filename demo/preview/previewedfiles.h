@@ -8,13 +8,13 @@
 #include <QStringList>
 
 /**
- * Registration files of a working copy, in the directory that the registry reads. Whenever one is saved it is read
- * anew, without the registry's own delay.
+ * Registration files of a working copy, copied to the directory that the registry reads. A file that is saved is copied
+ * and loaded again without the delay of the registry.
  */
 class PreviewedFiles
 {
 public:
-    /// Before the registry is made. Names of the same file in two directories replace each other.
+    /// Must be called before the registry is created. Of two files with the same name, the last one is used.
     explicit PreviewedFiles(const QStringList &paths);
 
     void follow();

@@ -30,7 +30,7 @@ bool PreviewTour::openPage(const QStringList &path, bool details)
         return fail(QStringLiteral("There is no entry ") + path.join(QLatin1Char('/')));
     }
     callQml(m_window, "showEntry", path, details);
-    return m_pictures.save(s_name); // at rest: what is still being made when it goes would warn
+    return m_pictures.save(s_name); // waits for the page: one that is deleted during its creation would warn
 }
 
 bool PreviewTour::openAllPages()
@@ -43,7 +43,7 @@ bool PreviewTour::openAllPages()
     }
     return std::all_of(items.cbegin(), items.cend(), [this](const TreeItem *item) {
         const QStringList path = item->location();
-        const bool hasDetailsBesides = item->count() > 0; // else they are its page
+        const bool hasDetailsBesides = item->count() > 0; // otherwise the details are its page
         return openPage(path) && (!hasDetailsBesides || openPage(path, true));
     });
 }

@@ -10,7 +10,7 @@
 
 class QQuickWindow;
 
-/// What the preview does by itself. Each returns whether it could; the reason of a failure has been printed.
+/// The actions of the preview without a user. Each returns whether it succeeded, and prints the reason if it did not.
 class PreviewTour
 {
 public:

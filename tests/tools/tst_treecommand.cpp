@@ -25,7 +25,7 @@ private Q_SLOTS:
     void readsRoot();
     void readsDirectoryOfFiles();
     void listsPaths();
-    void tellsProblems();
+    void printsProblems();
     void textHasNoControlCharacters();
     void showsOneEntry();
     void missingDirectory();
@@ -109,7 +109,7 @@ void TreeCommandTest::listsPaths()
     QCOMPARE(result.output, QByteArray("a b\na b/\u00e4\nb\n"));
 }
 
-void TreeCommandTest::tellsProblems()
+void TreeCommandTest::printsProblems()
 {
     World::writeEntries(text("a.json"), R"({"entries": [{"path": "x"}, {"title": "X"}]})");
     World::writeEntries(text("b.json"), "{\n}}");
@@ -119,7 +119,7 @@ void TreeCommandTest::tellsProblems()
     QCOMPARE(result.output, QByteArray("x  \"!!x\"  (section, 100)  a.json\n"));
     QCOMPARE(result.errors, QByteArray("a.json: entry 2 has no path\n"
                                        "b.json: line 2, column 2: garbage at the end of the document\n"
-                                       "c.json: the top level is no object\n"));
+                                       "c.json: the top level is not an object\n"));
 }
 
 void TreeCommandTest::textHasNoControlCharacters()
@@ -146,8 +146,7 @@ void TreeCommandTest::showsOneEntry()
     const Tool::Result missing = Tool::run({text("show"), text("x/z")});
     QCOMPARE(missing.exitCode, 1);
     QCOMPARE(missing.output, QByteArray());
-    QCOMPARE(missing.errors,
-             QByteArray("There is nothing at x/z. \"velka-settings why x/z\" tells the reason.\n"));
+    QCOMPARE(missing.errors, QByteArray("There is nothing at x/z. For the reason, run: velka-settings why x/z\n"));
 }
 
 void TreeCommandTest::missingDirectory()

@@ -74,11 +74,11 @@ void WhyTest::reasons_data()
     row("undeclared", "other entries", {{file, R"({"entries": [{"path": "page/sounds"}]})"}},
         text("no file declares it"));
     row("file-name", "fake", {{text("fakesound.json"), s_good}},
-        text("fakesound.json is never loaded for its name, which begins with \"fake\""));
+        text("fakesound.json is never loaded because its name begins with \"fake\""));
     row("file-name", "suffix", {{text("sound.JSON"), s_good}},
-        text("sound.JSON is never loaded for its name, which does not end in \".json\""));
+        text("sound.JSON is never loaded because its name does not end in \".json\""));
     row("file-name", "hidden", {{text(".sound.json"), s_good}},
-        text(".sound.json is never loaded for its name, which begins with a dot"));
+        text(".sound.json is never loaded because its name begins with a dot"));
     row("broken", "syntax error", {{file, "{\n  \"entries\": [\n    {\"path\": \"page/sound\"},\n  ]\n}"}},
         text("sound.json is broken at line 4, column 3: object is missing after a comma"));
     row("broken", "carriage returns",
@@ -87,7 +87,7 @@ void WhyTest::reasons_data()
     row("broken", "end is missing", {{file, R"({"entries": [{"path": "\u0070age/sound"}])"}},
         text("sound.json is broken at line 1, column 41: unterminated object"));
     row("no-object", "array", {{file, R"([{"path": "page/sound"}])"}},
-        text("the top level of sound.json is no object"));
+        text("the top level of sound.json is not an object"));
     row("required-group", "required group",
         {{file, R"({"required_group": "velka-strangers", "entries": [{"path": "page/sound"}]})"}},
         text("the user 0 does not belong to the group \"velka-strangers\", the \"required_group\" of sound.json"));
@@ -98,7 +98,7 @@ void WhyTest::reasons_data()
     const Tool::Files good{{file, s_good}};
     QTest::newRow("masked")
         << good << s_mask << text("masked")
-        << text("hidden by the value \"page/sound\" of the key /apps/velka-settings/maskedSettings") << good;
+        << text("masked by the value \"page/sound\" of the key /apps/velka-settings/maskedSettings") << good;
 }
 
 void WhyTest::reasons()
@@ -130,7 +130,7 @@ void WhyTest::unreadableFile()
     QCOMPARE(absent.exitCode, 1);
     QCOMPARE(absent.json().value(text("kind")).toString(), text("unreadable"));
     QCOMPARE(absent.json().value(text("reason")).toString(),
-             text("no file declares it, unless one does that cannot be read: sound.json"));
+             text("no file declares it, except possibly one that cannot be read: sound.json"));
     QVERIFY(file.setPermissions(QFile::ReadOwner));
     QCOMPARE(why().exitCode, 0);
 }
@@ -160,8 +160,8 @@ void WhyTest::maskOfTheKey()
     const QStringList command{text("why"), text("/page//sound")};
     QTRY_COMPARE(Tool::run(command).exitCode, 1);
     QVERIFY(Tool::run(command).output.startsWith(
-        "page/sound is not in the tree: hidden by the value \"page/sound\" of the key "));
-    // Another spelling hides nothing.
+        "page/sound is not in the tree: masked by the value \"page/sound\" of the key "));
+    // Another spelling masks nothing.
     World::setMasked({text("page/sound/")});
     QTRY_COMPARE(Tool::run(command).exitCode, 0);
 }
@@ -172,7 +172,7 @@ void WhyTest::maskOnTheBlacklist()
     World::writeBlacklist(R"(["page/sound"])");
     const Tool::Result result = Tool::run(QStringList{text("why")} + s_mask + QStringList{text("page/sound")});
     QCOMPARE(result.exitCode, 1);
-    QVERIFY(result.output.contains("programs that run show it after the next change of the key"));
+    QVERIFY(result.output.contains("running programs show it after the next change of the key"));
 }
 
 void WhyTest::nodeWithoutEntry()
@@ -182,7 +182,7 @@ void WhyTest::nodeWithoutEntry()
     QCOMPARE(why().json().value(text("kind")).toString(), text("undeclared"));
     QVERIFY(why().json().value(text("node")).toBool());
     const Tool::Result result = Tool::run({text("why"), text("--root"), m_directory, text("page/sound")});
-    QVERIFY(result.output.contains("Its node is there, titled \"!!sound\", for what is below it."));
+    QVERIFY(result.output.contains("The tree has a node for the entries below it, titled \"!!sound\"."));
 }
 
 void WhyTest::severalObstacles()
@@ -243,7 +243,8 @@ void WhyTest::titles_data()
     QTest::newRow("no id") << QByteArray(R"("title": "Plain")") << text("Plain")
                            << QStringList{text("\"title\" of the entry")};
     QTest::newRow("name of the node") << QByteArray(R"("translation_id": "test-none")") << text("!!sound")
-                                      << QStringList{text("\"!!\" and the name, for lack of a text")} + asked;
+                                      << QStringList{text("\"!!\" and the name, because there is no text")}
+                                             + asked;
 }
 
 void WhyTest::titles()
@@ -290,23 +291,23 @@ void WhyTest::favorites_data()
     const auto row = [](const char *keys, const char *kind, bool admitted, const char *rule) {
         QTest::addRow("%s %s", kind, keys) << QByteArray(keys) << text(kind) << admitted << text(rule);
     };
-    row(R"("type": "page")", "grid_favorites", true, "it takes the type \"page\"");
-    row(R"("type": "page")", "list_favorites", false, "it does not take the type \"page\"");
-    row(R"("type": "enum")", "list_favorites", true, "it takes the type \"enum\"");
+    row(R"("type": "page")", "grid_favorites", true, "it admits the type \"page\"");
+    row(R"("type": "page")", "list_favorites", false, "it does not admit the type \"page\"");
+    row(R"("type": "enum")", "list_favorites", true, "it admits the type \"enum\"");
     row(R"("type": "page")", "grid_favorites_page", true,
-        "a page that neither the blacklist nor its \"params\" forbid");
+        "a page that neither the blacklist nor its \"params\" exclude");
     row(R"("type": "page", "params": {"allow_favorite": false})", "grid_favorites_page", false,
-        "\"allow_favorite\" in its \"params\" forbids it");
-    row(R"("type": "action")", "action", true, "an action that the blacklist does not forbid");
+        "\"allow_favorite\" in its \"params\" excludes it");
+    row(R"("type": "action")", "action", true, "an action that the blacklist does not exclude");
     row(R"("type": "custom", "params": {"type": "list"})", "list_favorites", true,
         "the \"type\" in its \"params\" is \"list\"");
     row(R"("type": "custom", "params": {"type": "grid"})", "grid_favorites", true,
         "the \"type\" in its \"params\" is \"grid\"");
     row(R"("type": "custom", "params": {"type": "grid"})", "grid_favorites_simple", true,
-        "the \"type\" in its \"params\" is \"grid\", \"simpleGrid\" does not forbid it");
+        "the \"type\" in its \"params\" is \"grid\", and \"simpleGrid\" does not exclude it");
     row(R"("type": "custom", "params": {"type": "grid", "simpleGrid": false})", "grid_favorites_simple", false,
-        "\"simpleGrid\" in its \"params\" forbids it");
-    row(R"("type": "custom")", "grid_favorites", false, "the \"type\" in its \"params\" gives it no place here");
+        "\"simpleGrid\" in its \"params\" excludes it");
+    row(R"("type": "custom")", "grid_favorites", false, "the \"type\" in its \"params\" is another or missing");
 }
 
 void WhyTest::favorites()
@@ -325,7 +326,7 @@ void WhyTest::favorites()
         const QJsonObject blacklisted
             = Tool::run(command).json().value(text("favorites")).toObject().value(kind).toObject();
         QCOMPARE(blacklisted.value(text("admitted")).toBool(true), false);
-        QCOMPARE(blacklisted.value(text("rule")).toString(), text("the favourites blacklist names its path"));
+        QCOMPARE(blacklisted.value(text("rule")).toString(), text("the favourites blacklist contains its path"));
     }
 }
 

@@ -3,7 +3,7 @@
 #
 # Completion of velka-settings for bash.
 
-# The paths of the tree that the command line names.
+# Prints the paths of the tree that the command line selects.
 _velka_settings_paths() {
     local root=() i
     for ((i = 2; i < COMP_CWORD; ++i)); do
@@ -14,7 +14,7 @@ _velka_settings_paths() {
     "${COMP_WORDS[0]}" tree --format paths "${root[@]}" 2>/dev/null
 }
 
-# Offers the lines of $1 that go on from the word at the cursor.
+# Offers the lines of $1 that begin with the word at the cursor.
 _velka_settings_offer() {
     local word=${COMP_WORDS[COMP_CWORD]} line
     word=${word//\\/}
@@ -34,7 +34,7 @@ _velka_settings_files() {
     mapfile -t COMPREPLY < <(compgen "$@" -- "${COMP_WORDS[COMP_CWORD]}")
 }
 
-# The value of the option $1 of the command $2; fails when it takes none.
+# Offers values of the option $1 of the command $2. Fails when the option has none.
 _velka_settings_value() {
     case $1 in
         --root | --translations) _velka_settings_files -d ;;

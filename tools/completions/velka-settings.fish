@@ -3,7 +3,7 @@
 #
 # Completion of velka-settings for fish.
 
-# The paths of the tree that the command line names.
+# Prints the paths of the tree that the command line selects.
 function __velka_settings_paths
     set -l words (commandline --tokenize --cut-at-cursor --current-process)
     set -l root
@@ -21,9 +21,9 @@ complete --command velka-settings --no-files
 complete --command velka-settings --long-option help --description 'Print a short help'
 
 set --local commands check tree show why diff preview
-set --local descriptions 'Look for mistakes in registration files' 'Print the tree of entries' \
-    'Print one entry in full' 'Tell why an entry is in the tree, or why it is not' \
-    'Tell what an update of a directory changes' 'Open the Settings window over files'
+set --local descriptions 'Report mistakes in registration files' 'Print the tree of entries' \
+    'Print all properties of an entry' 'Explain why an entry is in the tree, or why it is not' \
+    'Print what an update of a directory changes' 'Show files in a Settings window'
 for i in (seq (count $commands))
     complete --command velka-settings --condition "not __velka_settings_uses $commands" \
         --arguments $commands[$i] --description $descriptions[$i]

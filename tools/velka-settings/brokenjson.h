@@ -8,11 +8,11 @@
 
 struct QJsonParseError;
 
-/// What can be said of a text that is no JSON.
+/// Functions for text that is not JSON.
 namespace BrokenJson
 {
 /// Returns the place and the kind of @p error: "line 3, column 14: illegal value".
 QString errorOf(const QByteArray &text, const QJsonParseError &error);
-/// The strings that stand as values of keys called "path".
+/// Returns the string values of the keys called "path".
 QStringList paths(const QByteArray &text);
 }

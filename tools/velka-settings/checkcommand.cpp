@@ -21,13 +21,13 @@ using namespace Check;
 
 const char s_help[] = R"(Usage: velka-settings check [OPTION]... FILE|DIR...
 
-Tells what the library would refuse, lose or misread in registration files and
-favourites blacklists, and what is most likely a mistake. Prints a line for
-each finding: file:line:column: severity: text [tag].
+Reports what the library would refuse, lose or misread in registration files
+and favourites blacklists, and probable mistakes. Prints a line for each
+finding: file:line:column: severity: text [tag].
 
   --explain TAG       explains the findings of a tag
   --list-tags         lists all tags
-  --strict            lets warnings fail as errors do
+  --strict            treats warnings as errors in the exit status
   --override TAG=SEVERITY
                       treats a tag as an error, warning or note, or ignores it
                       (error, warning, note, ignore); repeatable
@@ -36,9 +36,9 @@ each finding: file:line:column: severity: text [tag].
                       directory
   --help              prints this
 
-Files of one directory are checked together, and those of a directory that is
-given as DIR, with the directory "entries" in it. A file that is named
-favorites-blacklist.json is checked as that.
+Files in the same directory are checked together. With DIR, so are the files in
+its subdirectory "entries". A file with the name favorites-blacklist.json is
+checked as a favourites blacklist.
 
 Exit status: 0; 1 when there are errors; 2 when the check could not be run.
 )";
@@ -47,7 +47,7 @@ const CommandSyntax s_syntax{
     "check",
     s_help,
     {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif"), QStringLiteral("junit")},
-    0, // some options need none
+    0, // some options need no argument
     CommandSyntax::Unlimited};
 
 struct Options {
@@ -77,14 +77,14 @@ int listTags()
     return Commands::Success;
 }
 
-/// What is wrong with @p overrides; nothing when they are @p severities now.
+/// Applies @p overrides to @p severities. Returns the mistake in @p overrides, if there is one.
 QString readOverrides(const QStringList &overrides, Severities *severities)
 {
     for (const QString &text : overrides) {
         const std::optional<Tag> tag = findTag(text.section(QLatin1Char('='), 0, 0));
         const std::optional<Severity> severity = findSeverity(text.section(QLatin1Char('='), 1));
         if (!tag || !severity) {
-            return QStringLiteral("\"%1\" is no TAG=SEVERITY").arg(text);
+            return QStringLiteral("\"%1\" is not TAG=SEVERITY").arg(text);
         }
         severities->override(*tag, *severity);
     }
@@ -111,8 +111,8 @@ QString problemWith(const Options &options)
 Report check(const Options &options)
 {
     Progress progress;
-    const auto tell = [&progress](int done, int total) { progress.update(done, total); };
-    return Checker(options.translations, tell).check(options.arguments);
+    const auto report = [&progress](int done, int total) { progress.update(done, total); };
+    return Checker(options.translations, report).check(options.arguments);
 }
 
 QByteArray write(const Report &report, const Options &options)
@@ -161,8 +161,8 @@ int Commands::check(const QStringList &arguments)
                                           Constants::TranslationsDirectory);
     QCommandLineParser parser;
     parser.addOptions({explainTag, list, strict, overrides, translations});
-    if (const std::optional<int> exitCode = parseCommandLine(&parser, s_syntax, arguments)) {
-        return *exitCode;
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
+        return *exitStatus;
     }
     if (parser.isSet(explainTag)) {
         return explain(parser.value(explainTag));

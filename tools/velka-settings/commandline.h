@@ -14,17 +14,16 @@ struct CommandSyntax {
 
     const char *name;
     const char *help; ///< fits a screen
-    QStringList
-        formats; ///< of --format, the first one is the default; a command without formats has no such option
+    QStringList formats; ///< the values of --format, the default first; without any there is no such option
     int minArguments;
     int maxArguments;
 };
 
-/// Parses the arguments after the name of a command. Returns the exit code when there is nothing left to do: the help
-/// was requested, or the command line is wrong.
+/// Parses the arguments after the name of a command. Returns the exit status when there is nothing left to do: the
+/// help was requested, or the command line is wrong.
 std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyntax &syntax,
                                     const QStringList &arguments);
 QString formatOf(const QCommandLineParser &parser);
 
-/// Prints @p mistake of the command line. Returns the exit code.
+/// Prints @p mistake of the command line. Returns the exit status.
 int refuse(const CommandSyntax &syntax, const QString &mistake);

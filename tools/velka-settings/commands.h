@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// The commands of velka-settings. Each takes what follows its name and returns the exit code.
+/// The commands of velka-settings. Each takes the arguments after its name and returns the exit status.
 namespace Commands
 {
 constexpr int Success = 0;

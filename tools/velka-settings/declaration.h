@@ -6,32 +6,32 @@
 #include <QString>
 #include <QVector>
 
-/// What keeps a declared entry out of the tree.
+/// A reason why a declared entry is not in the tree.
 struct Obstacle {
-    /// In the order in which the library meets them.
+    /// In the order in which the library checks them.
     enum Kind {
-        FileName, ///< never loaded for its name
+        FileName, ///< the library never loads a file with this name
         NotJson,
         NotAnObject,
         LacksGroup,
         HasGroup,
         Pathless,
         Masked,
-        RootPath, ///< the path holds no name: the root is never shown
+        RootPath, ///< the path contains no name, and the root is never shown
         Replaced,
     };
     Kind kind;
-    QString detail; ///< the error's place, the group, the value of the key, or the declarations that replace it
+    QString detail; ///< the place of the error, the group, the masked path, or the declarations that replace it
 };
 
-/// One element of the "entries" of one file.
+/// An element of the "entries" of a file.
 struct Declaration {
-    /// The node that it declares, however the path is spelled: names joined by "/".
+    /// Returns the path of the declared node in its normal form: names joined by "/".
     QString node() const;
     QString place() const; ///< "sound.json, entry 2"
 
     QString file;
-    int index; ///< among the file's entries; among the paths that can be made out when the file is broken
-    QString path; ///< as it is spelled there
-    QVector<Obstacle> obstacles; ///< all that are known, none when the entry is in the tree
+    int index; ///< among the file's entries; in a broken file, among the paths that can be found
+    QString path; ///< as spelled in the file
+    QVector<Obstacle> obstacles; ///< all known ones; none when the entry is in the tree
 };

@@ -8,15 +8,15 @@
 
 class Inspection;
 
-/// All that is declared in a directory, also in files that are not loaded.
+/// All declarations in a directory, including those in files that are not loaded.
 class Declarations
 {
 public:
     explicit Declarations(const Inspection &inspection);
 
-    const QVector<Declaration> &all() const; ///< in the order of loading, never loaded files last
+    const QVector<Declaration> &all() const; ///< in the order of loading, files that are never loaded last
     QVector<Declaration> ofNode(const QString &node) const;
-    /// Files that may declare anything: unreadable ones, and what bears the name of a registration file but is none.
+    /// Returns the names of registration files that may declare anything: unreadable files, directories, broken links.
     const QStringList &unknownFiles() const;
 
 private:

@@ -15,20 +15,20 @@ const char s_help[] = R"(Usage: velka-settings diff [OPTION]... OLD NEW
 Prints which entries the directory NEW adds to those of OLD, which it removes,
 and which keys of the others it changes. Each is the root of a system or of an
 unpacked package, or a directory of registration files. The names of the files
-are not compared, nor are nodes that no file declares.
+and nodes that no file declares are not compared.
 
-  --uid N            for the user N instead of the one who asks
-  --masked PATH      as if the key of hidden entries held PATH; repeatable
+  --uid N            reads as the user N
+  --masked PATH      masks PATH in both; repeatable
   --format text      for people; in colours on a terminal without NO_COLOR
   --format markdown  for a changelog or a review
   --format json      for programs
   --help             prints this
 
-What is wrong with files is told on standard error.
+Problems with files are printed on standard error.
 Exit status: 0; 1 when there are differences; 2 when a directory cannot be read.
 )";
 
-/// Nothing when it cannot be read. The tree is gone afterwards, and with it its translators.
+/// Returns nothing when the directory cannot be read. The tree and its translators are deleted on return.
 std::optional<EntrySnapshot> readSnapshot(const QCommandLineParser &parser, const QString &directory)
 {
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser, directory);
@@ -58,8 +58,8 @@ int Commands::diff(const QStringList &arguments)
     ReadingOptions::addUserTo(&parser);
     const CommandSyntax syntax{
         "diff", s_help, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2, 2};
-    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
-        return *exitCode;
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
+        return *exitStatus;
     }
     const QStringList directories = parser.positionalArguments();
     const std::optional<EntrySnapshot> before = readSnapshot(parser, directories.at(0));

@@ -11,7 +11,7 @@
 
 namespace
 {
-/// A code span of Markdown in a table, whatever stands in @p text.
+/// Returns any @p text as a code span of Markdown in a table.
 QString codeSpan(const QString &text)
 {
     int longest = 0;
@@ -23,7 +23,7 @@ QString codeSpan(const QString &text)
     const QString fence(longest + 1, QLatin1Char('`'));
     const QString space = longest > 0 ? QStringLiteral(" ") : QString();
     QString content = printable(text);
-    content.replace(QLatin1Char('|'), QLatin1String("\\|")); // cells end at a bar, in code as well
+    content.replace(QLatin1Char('|'), QLatin1String("\\|")); // a bar ends a cell, also in code
     return fence + space + content + space + fence;
 }
 

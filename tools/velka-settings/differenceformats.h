@@ -7,7 +7,7 @@
 
 class Terminal;
 
-/// A difference in forms to print.
+/// Output formats of a difference.
 namespace DifferenceFormats
 {
 void printText(const EntryDifference &difference, const Terminal &out);

@@ -14,7 +14,7 @@ QVector<ChangedKey> changedKeys(const QJsonObject &before, const QJsonObject &af
     keys.sort();
     keys.removeDuplicates();
     QVector<ChangedKey> changed;
-    for (const QString &key : qAsConst(keys)) {
+    for (const QString &key : std::as_const(keys)) {
         const ChangedKey candidate{key, before.value(key), after.value(key)};
         if (candidate.before != candidate.after) {
             changed.append(candidate);
@@ -36,7 +36,7 @@ EntrySnapshot snapshotOf(TreeItem *root)
     for (TreeItem *item : items) {
         if (item->isDeclared()) {
             QJsonObject data = QJsonObject::fromVariantMap(item->data());
-            data.remove(QStringLiteral("from_file")); // updates change the names of files
+            data.remove(QStringLiteral("from_file")); // an update may rename files
             entries.insert(TreeListing::pathOf(item), data);
         }
     }

@@ -14,8 +14,8 @@ using EntrySnapshot = QMap<QString, QJsonObject>;
 
 struct ChangedKey {
     QString key;
-    QJsonValue before; ///< undefined when it is new
-    QJsonValue after; ///< undefined when it is gone
+    QJsonValue before; ///< undefined when the key is new
+    QJsonValue after; ///< undefined when the key was removed
 };
 
 struct ChangedEntry {
@@ -23,7 +23,7 @@ struct ChangedEntry {
     QVector<ChangedKey> keys;
 };
 
-/// What became of one tree's entries in another. Each list is sorted by path.
+/// The difference between the entries of two trees. Each list is sorted by path.
 struct EntryDifference {
     bool isEmpty() const;
 

@@ -12,29 +12,30 @@ QString textOf(FavoritesRule rule, const QString &type)
 {
     switch (rule) {
     case FavoritesRule::OtherType:
-        return QStringLiteral("it does not take the type \"%1\"").arg(type);
+        return QStringLiteral("it does not admit the type \"%1\"").arg(type);
     case FavoritesRule::GridType:
     case FavoritesRule::ListType:
-        return QStringLiteral("it takes the type \"%1\"").arg(type);
+        return QStringLiteral("it admits the type \"%1\"").arg(type);
     case FavoritesRule::Page:
-        return QStringLiteral("a page that neither the blacklist nor its \"params\" forbid");
+        return QStringLiteral("a page that neither the blacklist nor its \"params\" exclude");
     case FavoritesRule::PageOnBlacklist:
     case FavoritesRule::ActionOnBlacklist:
-        return QStringLiteral("the favourites blacklist names its path");
+        return QStringLiteral("the favourites blacklist contains its path");
     case FavoritesRule::PageForbidsIt:
-        return QStringLiteral("\"allow_favorite\" in its \"params\" forbids it");
+        return QStringLiteral("\"allow_favorite\" in its \"params\" excludes it");
     case FavoritesRule::Action:
-        return QStringLiteral("an action that the blacklist does not forbid");
+        return QStringLiteral("an action that the blacklist does not exclude");
     case FavoritesRule::CustomForList:
         return QStringLiteral("the \"type\" in its \"params\" is \"list\"");
     case FavoritesRule::CustomForGrid:
         return QStringLiteral("the \"type\" in its \"params\" is \"grid\"");
     case FavoritesRule::CustomForSimpleGrid:
-        return QStringLiteral("the \"type\" in its \"params\" is \"grid\", \"simpleGrid\" does not forbid it");
+        return QStringLiteral(
+            "the \"type\" in its \"params\" is \"grid\", and \"simpleGrid\" does not exclude it");
     case FavoritesRule::CustomElsewhere:
-        return QStringLiteral("the \"type\" in its \"params\" gives it no place here");
+        return QStringLiteral("the \"type\" in its \"params\" is another or missing");
     case FavoritesRule::CustomNotSimple:
-        return QStringLiteral("\"simpleGrid\" in its \"params\" forbids it");
+        return QStringLiteral("\"simpleGrid\" in its \"params\" excludes it");
     }
     return {};
 }

@@ -9,7 +9,7 @@
 
 class TreeItem;
 
-/// Whether one kind of favourites admits an entry, and by which rule.
+/// The answer of one kind of favourites for an entry, and the rule behind it.
 struct FavoritesAnswer {
     QString kind;
     bool isAdmitted;

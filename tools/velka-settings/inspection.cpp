@@ -12,7 +12,7 @@ Inspection::Inspection(const EntrySources &sources, const QStringList &masked,
     , m_record(progress)
     , m_tree(sources, &m_translators, &m_record)
 {
-    // The QML module's own texts, which are there before any entry
+    // The QML module installs its own texts before any entry is loaded.
     const FrameworkCatalog own = installFrameworkCatalog(&m_translators, sources.translationsDirectory);
     m_record.catalogInstalled(QStringLiteral("settings_eng_en"), own.engineeringEnglish);
     m_record.catalogInstalled(QStringLiteral("settings"), own.localized);

@@ -8,14 +8,14 @@
 
 #include <QObject>
 
-/// The tree of a directory as a program that starts now would have it, and how it came about.
+/// The tree of a directory, as a program that starts now loads it, and the record of the loading.
 class Inspection
 {
 public:
     Inspection(const EntrySources &sources, const QStringList &masked, const LoadRecord::Progress &progress);
 
     const EntrySources &sources() const;
-    bool isMasked(const QString &path) const; ///< as it is spelled in a registration file
+    bool isMasked(const QString &path) const; ///< @p path as spelled in a registration file
     TreeItem *root() const;
     const LoadRecord &record() const;
 

@@ -32,17 +32,17 @@ void LoadRecord::fileRead(const FileReport &report)
 {
     m_files.append(report);
     if (report.file) {
-        m_files.last().content.clear(); // it says no more than what was parsed
+        m_files.last().content.clear(); // report.file has all of it
     }
     if (m_progress) {
         m_progress(m_files.size(), m_fileCount);
     }
 }
 
-void LoadRecord::entryRead(const QString &fileName, int index, EntryFate fate, const TreeItem *item)
+void LoadRecord::entryRead(const QString &fileName, int index, EntryFate status, const TreeItem *item)
 {
     Q_UNUSED(index)
-    m_entries[fileName].append({fate, item});
+    m_entries[fileName].append({status, item});
 }
 
 void LoadRecord::catalogInstalled(const QString &catalog, const QTranslator *translator)

@@ -11,12 +11,12 @@
 
 #include <functional>
 
-/// Writes down what an EntryTree makes of what is declared.
+/// Records what an EntryTree does with each file, entry and catalog.
 class LoadRecord final : public LoadObserver
 {
 public:
     struct Entry {
-        EntryFate fate;
+        EntryFate status;
         const TreeItem *item;
     };
     struct Catalog {
@@ -29,11 +29,11 @@ public:
 
     const QVector<FileReport> &files() const; ///< in the order of loading
     QVector<Entry> entriesOf(const QString &fileName) const; ///< in the order of the file
-    const QVector<Catalog> &catalogs() const; ///< the one that is asked first stands last
+    const QVector<Catalog> &catalogs() const; ///< the last one is looked up first
 
     void scanStarted(int newFiles) override;
     void fileRead(const FileReport &report) override;
-    void entryRead(const QString &fileName, int index, EntryFate fate, const TreeItem *item) override;
+    void entryRead(const QString &fileName, int index, EntryFate status, const TreeItem *item) override;
     void catalogInstalled(const QString &catalog, const QTranslator *translator) override;
 
 private:

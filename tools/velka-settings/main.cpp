@@ -19,12 +19,12 @@ struct Command {
 };
 
 const Command s_commands[] = {
-    {"check", "finds mistakes in registration files", Commands::check},
+    {"check", "reports mistakes in registration files", Commands::check},
     {"preview", "shows registration files in a Settings window", Commands::preview},
     {"tree", "prints the tree of entries of this system or of a directory", Commands::tree},
-    {"show", "prints one entry in full", Commands::show},
-    {"why", "tells why an entry is in the tree, or why it is not", Commands::why},
-    {"diff", "tells what an update of a directory changes", Commands::diff},
+    {"show", "prints all properties of an entry", Commands::show},
+    {"why", "explains why an entry is in the tree, or why it is not", Commands::why},
+    {"diff", "prints what an update of a directory changes", Commands::diff},
 };
 
 void printUsage(std::FILE *stream)

@@ -27,7 +27,7 @@ bool isBlank(char c)
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-/// Whether the offset of @p error is that of the byte itself, and not of one after it.
+/// Returns whether the offset of @p error is that of the byte itself, and not of one after it.
 bool isExact(QJsonParseError::ParseError error)
 {
     return error == QJsonParseError::GarbageAtEnd || error == QJsonParseError::IllegalNumber
@@ -68,7 +68,7 @@ int offsetOfError(const QByteArray &text, const QJsonParseError &error)
     if (isExact(error.error)) {
         return offset;
     }
-    // The parser has taken the byte, and in some cases the blanks behind it.
+    // The parser has passed the byte, and in some cases the white space after it.
     do {
         --offset;
     } while (offset > 0 && isBlank(text.at(offset)));

@@ -29,6 +29,6 @@ private:
 /// Returns the offset of the first byte of @p text that is no byte order mark.
 int startOf(const QByteArray &text);
 
-/// Returns the offset of the byte of @p text that Qt's parser did not accept, or of the last one when the text ends
-/// too early.
+/// Returns the offset of the byte of @p text that Qt's parser rejected. When the text ends too early, that is the last
+/// byte.
 int offsetOfError(const QByteArray &text, const QJsonParseError &error);

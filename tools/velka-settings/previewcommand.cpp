@@ -20,12 +20,12 @@ namespace
 const char s_help[] = R"(Usage: velka-settings preview [OPTION]... FILE|DIR...
 
 Shows the entries of registration files as a Settings application does, and
-reads a file again when it is saved. Nothing of the machine's settings is used
-or changed.
+reads a file again when it is saved. The machine's own settings are neither
+read nor changed.
 
   --locale L             shows the texts of the locale L, such as fi_FI
   --translations DIR     takes translation catalogs (*.qm) from DIR; repeatable
-  --mask PATH            hides the entry that is declared as PATH; repeatable
+  --mask PATH            masks the entry that is declared as PATH; repeatable
   --group GROUP          adds the user to GROUP; repeatable
   --phone, --wide        opens a phone-sized (the default) or a wide window
   --page PATH            opens the page of an entry
@@ -98,8 +98,8 @@ int Commands::preview(const QStringList &arguments)
         parser.addOption({name, {}, QStringLiteral("VALUE")});
     }
     const CommandSyntax syntax{"preview", s_help, {}, 1, CommandSyntax::Unlimited};
-    if (const std::optional<int> exitCode = parseCommandLine(&parser, syntax, arguments)) {
-        return *exitCode;
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
+        return *exitStatus;
     }
     const QString program = previewProgram();
     if (program.isEmpty()) {

@@ -18,7 +18,7 @@ QString problemOf(const FileReport &report)
     case FileFate::NotJson:
         return BrokenJson::errorOf(report.content, report.error);
     case FileFate::NotAnObject:
-        return QStringLiteral("the top level is no object");
+        return QStringLiteral("the top level is not an object");
     case FileFate::Loaded:
     case FileFate::LacksGroup:
     case FileFate::HasGroup:
@@ -39,7 +39,7 @@ void printProblems(const LoadRecord &record)
         }
         const QVector<LoadRecord::Entry> entries = record.entriesOf(report.name);
         for (int i = 0; i < entries.size(); ++i) {
-            if (entries.at(i).fate == EntryFate::Pathless) {
+            if (entries.at(i).status == EntryFate::Pathless) {
                 err.writeLine(QStringLiteral("%1: entry %2 %3")
                                   .arg(name, QString::number(i + 1), err.bad(QStringLiteral("has no path"))));
             }

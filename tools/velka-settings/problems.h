@@ -5,5 +5,5 @@
 
 class LoadRecord;
 
-/// Tells on standard error what is wrong with the files of @p record.
+/// Prints the problems with the files of @p record on standard error.
 void printProblems(const LoadRecord &record);

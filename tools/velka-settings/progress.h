@@ -5,7 +5,7 @@
 
 #include <QElapsedTimer>
 
-/// Tells on standard error how far the reading of files is, once it takes longer than a second.
+/// Prints on standard error how many files have been read, once reading takes longer than a second.
 class Progress
 {
 public:

@@ -19,7 +19,7 @@ void fail(const QString &message)
     std::fprintf(stderr, "velka-settings: %s\n", qUtf8Printable(message));
 }
 
-/// Whether --locale, if given, is one.
+/// Returns whether there is no --locale, or the locale exists.
 bool applyLocale(const QCommandLineParser &parser)
 {
     if (!parser.optionNames().contains(QStringLiteral("locale"))) {
@@ -35,7 +35,7 @@ bool applyLocale(const QCommandLineParser &parser)
     return true;
 }
 
-/// Whether --uid, if given, is a number.
+/// Returns whether there is no --uid, or it is a number.
 bool applyUser(const QCommandLineParser &parser, EntrySources *sources)
 {
     if (!parser.isSet(QStringLiteral("uid"))) {
@@ -58,7 +58,7 @@ std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, EntrySourc
         fail(QStringLiteral("cannot read %1").arg(sources.entriesDirectory));
         return {};
     }
-    // The commands tell in their own words what is wrong with files.
+    // The commands print their own messages about files.
     QLoggingCategory::setFilterRules(QStringLiteral("org.orvantaos.settings.framework.warning=false"));
     masked += parser.values(QStringLiteral("masked"));
     Progress progress;
@@ -91,16 +91,16 @@ std::optional<EntrySources> ReadingOptions::sourcesIn(const QString &directory)
 }
 
 std::unique_ptr<Inspection> ReadingOptions::inspect(QCommandLineParser *parser, const CommandSyntax &syntax,
-                                                    const QStringList &arguments, int *exitCode)
+                                                    const QStringList &arguments, int *exitStatus)
 {
     addUserTo(parser);
     parser->addOption({QStringLiteral("root"), {}, QStringLiteral("DIR")});
     parser->addOption({QStringLiteral("locale"), {}, QStringLiteral("L")});
     if (const std::optional<int> ended = parseCommandLine(parser, syntax, arguments)) {
-        *exitCode = *ended;
+        *exitStatus = *ended;
         return {};
     }
-    *exitCode = Commands::CannotRun; // unless it can be read
+    *exitStatus = Commands::CannotRun;
     if (parser->isSet(QStringLiteral("root"))) {
         return inspect(*parser, parser->value(QStringLiteral("root")));
     }

@@ -17,7 +17,7 @@ bool isMasked(const Declaration &declaration)
     return !declaration.obstacles.isEmpty() && declaration.obstacles.last().kind == Obstacle::Masked;
 }
 
-/// Whether nothing but its file or a mask keeps @p declaration from being used.
+/// Returns whether @p declaration has no obstacles, or only those of its file and a mask.
 bool isUsable(const Declaration &declaration)
 {
     return std::all_of(declaration.obstacles.cbegin(), declaration.obstacles.cend(), [](const Obstacle &obstacle) {
@@ -30,13 +30,14 @@ bool isLoaded(const Declaration &declaration)
     return declaration.obstacles.isEmpty() || declaration.obstacles.first().kind == Obstacle::Masked;
 }
 
-/// A file that is never loaded for its name has no place among the others before it gets another name.
+/// Returns whether the file has a place in the order of loading. A file that is never loaded has none before it is
+/// renamed.
 bool isAmongOthers(const Declaration &declaration)
 {
     return declaration.obstacles.isEmpty() || declaration.obstacles.first().kind != Obstacle::FileName;
 }
 
-/// The places of declarations, of which there may be very many.
+/// The places of declarations as text, which names the first ones and counts the others.
 class Places
 {
 public:
@@ -66,7 +67,7 @@ private:
     int m_count = 0;
 };
 
-/// What can replace a declaration that stands before it.
+/// The declarations that can replace an earlier one.
 class UsableDeclarations
 {
 public:
@@ -79,7 +80,7 @@ public:
         }
     }
 
-    /// Once a masked path is shown again, it is in all of its places.
+    /// A masked declaration can be replaced by all masked ones of its path: they are shown again together.
     void addReplacing(const Declaration &declaration, Places *places) const
     {
         places->add(m_shown.value(declaration.node()));
@@ -97,7 +98,7 @@ private:
 void findReplaced(QVector<Declaration> *declarations)
 {
     UsableDeclarations loaded;
-    UsableDeclarations inFile; // of one that is not loaded
+    UsableDeclarations inFile; // of a file that is not loaded
     QString file;
     for (int i = declarations->size() - 1; i >= 0; --i) {
         Declaration &declaration = (*declarations)[i];

@@ -5,5 +5,5 @@
 
 #include "declaration.h"
 
-/// Adds to each of @p declarations, which stand in the order of loading, that later ones replace it or would do so.
+/// Adds an obstacle to each of @p declarations, in the order of loading, that later ones replace or would replace.
 void findReplaced(QVector<Declaration> *declarations);

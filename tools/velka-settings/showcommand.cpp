@@ -15,19 +15,20 @@ namespace
 {
 const char s_help[] = R"(Usage: velka-settings show [OPTION]... PATH
 
-Prints the entry at PATH in full, as a page sees it. Slashes that are doubled
-or stand at the ends of PATH do not matter.
+Prints all properties of the entry at PATH that a page can read. Leading,
+trailing and doubled slashes in PATH are ignored.
 
-  --root DIR      the tree of DIR: the root of a system or of an unpacked
-                  package, or a directory of registration files
-  --uid N         for the user N instead of the one who asks
-  --locale L      with the titles of the locale L, such as fi_FI
-  --masked PATH   as if the key of hidden entries held PATH, too; repeatable
+  --root DIR      reads DIR: the root of a system or of an unpacked package, or
+                  a directory of registration files
+  --uid N         reads as the user N
+  --locale L      uses the titles of the locale L, such as fi_FI
+  --masked PATH   masks PATH, in addition to the key maskedSettings; repeatable
   --format text   for people; in colours on a terminal unless NO_COLOR is set
   --format json   for programs
   --help          prints this
 
-Exit status: 0; 1 when there is nothing at PATH; 2 when it cannot be told.
+Exit status: 0; 1 when there is nothing at PATH; 2 when the tree cannot be
+read.
 )";
 
 void printText(TreeItem *item)
@@ -61,16 +62,17 @@ int Commands::show(const QStringList &arguments)
 {
     QCommandLineParser parser;
     const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
-    int exitCode = Success;
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
+    int exitStatus = Success;
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
+                                                                           &exitStatus);
     if (!inspection) {
-        return exitCode;
+        return exitStatus;
     }
     const QStringList names = splitPath(parser.positionalArguments().constFirst());
     TreeItem *item = names.isEmpty() ? nullptr : inspection->root()->lookup(names);
     if (!item) {
         const QString path = printable(names.join(QLatin1Char('/')));
-        std::fprintf(stderr, "There is nothing at %s. \"velka-settings why %s\" tells the reason.\n",
+        std::fprintf(stderr, "There is nothing at %s. For the reason, run: velka-settings why %s\n",
                      qUtf8Printable(path), qUtf8Printable(path));
         return Findings;
     }

@@ -9,7 +9,7 @@
 
 class QJsonObject;
 
-/// Writes text for people, in UTF-8 and in colours when a terminal shows them, and JSON for programs.
+/// Writes text in UTF-8, with colours if the stream is a terminal that shows them, and JSON.
 class Terminal
 {
 public:

@@ -11,7 +11,7 @@
 
 namespace
 {
-/// The catalog that has the text of @p id, null when none has it.
+/// Returns the catalog that has a text for @p id, null when there is none.
 const LoadRecord::Catalog *catalogOf(const QString &id, const QVector<LoadRecord::Catalog> &catalogs)
 {
     const QByteArray key = id.toLocal8Bit();
@@ -23,7 +23,7 @@ const LoadRecord::Catalog *catalogOf(const QString &id, const QVector<LoadRecord
     return nullptr;
 }
 
-/// What became of the catalogs that the file of the entry names.
+/// Returns a line for each catalog that the file of the entry names, none of which has the text.
 QStringList catalogsAskedFor(const QString &fileName, const LoadRecord &record)
 {
     QStringList lines;
@@ -63,17 +63,16 @@ QStringList origin(const TreeItem &item, const Title &title, const QString &idKe
         lines.append(QStringLiteral("\"%1\" of the entry").arg(plainKey));
         break;
     case TitleSource::NodeName:
-        lines.append(QStringLiteral("\"!!\" and the name, for lack of a text"));
+        lines.append(QStringLiteral("\"!!\" and the name, because there is no text"));
         break;
     case TitleSource::Nothing:
         lines.append(QStringLiteral("the entry has none"));
         break;
     }
     if (!id.isEmpty()) {
-        lines.append(
-            catalog
-                ? QStringLiteral("the text of \"%1\" in %2 is of no use").arg(id, catalog->translator->filePath())
-                : QStringLiteral("no catalog has the translation id \"%1\"").arg(id));
+        lines.append(catalog ? QStringLiteral("the text of \"%1\" in %2 is empty or the id itself")
+                                   .arg(id, catalog->translator->filePath())
+                             : QStringLiteral("no catalog has the translation id \"%1\"").arg(id));
         lines += catalogsAskedFor(item.fromFile(), record);
     }
     return lines;

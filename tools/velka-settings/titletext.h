@@ -8,6 +8,6 @@
 class LoadRecord;
 class TreeItem;
 
-/// Where the title of @p item comes from, and what was asked in vain before.
+/// Returns the source of the title of @p item, and the sources that have no title.
 QStringList titleOrigin(const TreeItem &item, const LoadRecord &record);
 QStringList shortTitleOrigin(const TreeItem &item, const LoadRecord &record);

@@ -17,21 +17,21 @@ namespace
 {
 const char s_help[] = R"(Usage: velka-settings tree [OPTION]...
 
-Prints the tree of settings entries as a program that starts now has it, in the
-order of its pages: path, title, type, "order" and the file that declares it.
+Prints the tree of settings entries that a program loads when it starts now, in
+the order of its pages: path, title, type, "order" and the declaring file.
 
-  --root DIR      the tree of DIR: the root of a system or of an unpacked
-                  package, or a directory of registration files
-  --uid N         for the user N instead of the one who asks
-  --locale L      with the titles of the locale L, such as fi_FI
-  --masked PATH   as if the key of hidden entries held PATH, too; repeatable
+  --root DIR      reads DIR: the root of a system or of an unpacked package, or
+                  a directory of registration files
+  --uid N         reads as the user N
+  --locale L      uses the titles of the locale L, such as fi_FI
+  --masked PATH   masks PATH, in addition to the key maskedSettings; repeatable
   --format text   for people; in colours on a terminal unless NO_COLOR is set
-  --format json   all that a page sees of each entry
-  --format paths  nothing but the paths
+  --format json   all properties of each entry that a page can read
+  --format paths  only the paths
   --help          prints this
 
-What is wrong with files is told on standard error.
-Exit status: 0, or 2 when the directory cannot be read.
+Problems with files are printed on standard error.
+Exit status: 0; 2 when the directory cannot be read.
 )";
 
 void printText(TreeItem *root)
@@ -59,7 +59,7 @@ void printJson(TreeItem *root)
     Terminal(stdout).writeJson({{QStringLiteral("entries"), entries}});
 }
 
-/// One to a line. What would not be a line is left out.
+/// Prints one path per line, except paths with line breaks and the like.
 void printPaths(TreeItem *root)
 {
     const Terminal out(stdout);
@@ -78,10 +78,11 @@ int Commands::tree(const QStringList &arguments)
     QCommandLineParser parser;
     const CommandSyntax syntax{
         "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0, 0};
-    int exitCode = Success;
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
+    int exitStatus = Success;
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
+                                                                           &exitStatus);
     if (!inspection) {
-        return exitCode;
+        return exitStatus;
     }
     printProblems(inspection->record());
     const QString format = formatOf(parser);

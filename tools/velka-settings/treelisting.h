@@ -9,12 +9,12 @@
 
 class TreeItem;
 
-/// The nodes of a tree as the models list them, in forms to print.
+/// The nodes of a tree in the order of the models, and their output format.
 namespace TreeListing
 {
-/// Each node before those below it, siblings by "order", then by name.
+/// Returns each node before its descendants, siblings by "order", then by name.
 QList<TreeItem *> itemsOf(TreeItem *root);
 QString pathOf(TreeItem *item);
-/// What a page sees of the node.
+/// Returns the properties of the node that a page can read.
 QJsonObject toJson(TreeItem *item);
 }

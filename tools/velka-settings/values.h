@@ -9,6 +9,6 @@
 /// Values of entries as text.
 namespace Values
 {
-/// JSON in one line, with escapes in the place of what would control the terminal. "(none)" when it is undefined.
+/// Returns printable JSON on one line, "(none)" when @p value is undefined.
 QString toText(const QJsonValue &value);
 }

@@ -5,7 +5,7 @@
 
 namespace
 {
-/// How far the library gets with @p declaration.
+/// Returns the step at which the library stops for @p declaration.
 int progressOf(const Declaration &declaration)
 {
     return declaration.obstacles.isEmpty() ? Obstacle::Replaced + 1 : declaration.obstacles.first().kind;

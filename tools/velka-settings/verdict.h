@@ -5,17 +5,17 @@
 
 #include "declarations.h"
 
-/// Whether a path is in the tree, and the one reason if it is not.
+/// The answer whether a path is in the tree, with one reason if it is not.
 struct Verdict {
     enum Kind {
         Present,
-        KeptOut, ///< by what stands first in the way of the declaration
-        InUnknownFile, ///< declared, if at all, in a file whose content is not known
+        KeptOut, ///< by the first obstacle of the decisive declaration
+        InUnknownFile, ///< if it is declared, then in a file that cannot be read
         Undeclared,
     };
     Kind kind;
-    QVector<Declaration> declarations; ///< all of the path
-    int decisive = -1; ///< the declaration that is in the tree, or the one that comes closest to it
+    QVector<Declaration> declarations; ///< all declarations of the path
+    int decisive = -1; ///< the declaration that is in the tree, or the one with the latest first obstacle
 };
 
 Verdict verdictOn(const Declarations &declarations, const QString &node);

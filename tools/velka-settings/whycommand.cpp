@@ -12,20 +12,21 @@ namespace
 {
 const char s_help[] = R"(Usage: velka-settings why [OPTION]... PATH
 
-Tells whether the entry at PATH is in the tree of a program that starts now, and
-the one reason if it is not; then every declaration of PATH and what became of
-it, where the title comes from, and which kinds of favourites admit the entry.
+Prints whether the entry at PATH is in the tree of a program that starts now,
+with one reason if it is not; then every declaration of PATH with its status,
+the source of the title, and which kinds of favourites admit the entry.
 
-  --root DIR      the tree of DIR: the root of a system or of an unpacked
-                  package, or a directory of registration files
-  --uid N         for the user N instead of the one who asks
-  --locale L      with the titles of the locale L, such as fi_FI
-  --masked PATH   as if the key of hidden entries held PATH, too; repeatable
+  --root DIR      reads DIR: the root of a system or of an unpacked package, or
+                  a directory of registration files
+  --uid N         reads as the user N
+  --locale L      uses the titles of the locale L, such as fi_FI
+  --masked PATH   masks PATH, in addition to the key maskedSettings; repeatable
   --format text   for people; in colours on a terminal unless NO_COLOR is set
   --format json   for programs
   --help          prints this
 
-Exit status: 0; 1 when the entry is not in the tree; 2 when it cannot be told.
+Exit status: 0; 1 when the entry is not in the tree; 2 when the tree cannot be
+read.
 )";
 }
 
@@ -33,10 +34,11 @@ int Commands::why(const QStringList &arguments)
 {
     QCommandLineParser parser;
     const CommandSyntax syntax{"why", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
-    int exitCode = Success;
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitCode);
+    int exitStatus = Success;
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
+                                                                           &exitStatus);
     if (!inspection) {
-        return exitCode;
+        return exitStatus;
     }
     const QString node = splitPath(parser.positionalArguments().constFirst()).join(QLatin1Char('/'));
     const WhyReport report(*inspection, node);

@@ -56,8 +56,9 @@ void WhyReport::print(const Terminal &out) const
     const QString reason = printable(m_text.reasonOf(m_verdict, m_declarations));
     out.writeLine(QStringLiteral("%1 %2: %3.").arg(out.strong(printable(m_node)), answer, reason));
     if (m_item && !isPresent()) {
-        printLine(out,
-                  QStringLiteral("Its node is there, titled \"%1\", for what is below it.").arg(m_item->title()));
+        printLine(
+            out,
+            QStringLiteral("The tree has a node for the entries below it, titled \"%1\".").arg(m_item->title()));
     }
     printDeclarations(out);
     if (isPresent()) {
@@ -91,9 +92,8 @@ QStringList WhyReport::notesOn(const Declaration &declaration) const
         const QString text = m_text.obstacleText(declaration, obstacle);
         notes.append(notes.isEmpty() ? text : QStringLiteral("and then: ") + text);
         if (obstacle.kind == Obstacle::Masked && m_blacklist.contains(declaration.path)) {
-            notes.append(
-                QStringLiteral("the favourites blacklist names it: programs that run show it after the next "
-                               "change of the key"));
+            notes.append(QStringLiteral("the favourites blacklist contains it: running programs show it after the "
+                                        "next change of the key"));
         }
     }
     return notes;
@@ -119,8 +119,8 @@ void WhyReport::printFavorites(const Terminal &out) const
     out.writeLine(QStringLiteral("\n") + out.strong(QStringLiteral("Favourites")));
     const QVector<FavoritesAnswer> answers = favoritesAnswers(m_item, m_blacklist);
     for (const FavoritesAnswer &answer : answers) {
-        const QString verdict = answer.isAdmitted ? out.good(QStringLiteral("admits it:    "))
-                                                  : out.faint(QStringLiteral("leaves it out:"));
+        const QString verdict = answer.isAdmitted ? out.good(QStringLiteral("admits it:  "))
+                                                  : out.faint(QStringLiteral("excludes it:"));
         out.writeLine(
             QStringLiteral("  %1 %2 %3").arg(answer.kind.leftJustified(21), verdict, printable(answer.rule)));
     }

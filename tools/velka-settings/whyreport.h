@@ -12,7 +12,7 @@ class Inspection;
 class Terminal;
 class TreeItem;
 
-/// Everything on the way of one path into the tree.
+/// The report on a path: whether it is in the tree, its declarations, title and favourites.
 class WhyReport
 {
 public:

@@ -10,7 +10,7 @@ namespace
 {
 QString fileNameText(const QString &name)
 {
-    const QString never = QStringLiteral("%1 is never loaded for its name, which %2");
+    const QString never = QStringLiteral("%1 is never loaded because its name %2");
     if (name.startsWith(QLatin1Char('.'))) {
         return never.arg(name, QStringLiteral("begins with a dot"));
     }
@@ -36,7 +36,7 @@ QString WhyText::reasonOf(const Verdict &verdict, const Declarations &declaratio
         return obstacleText(declaration, declaration.obstacles.first());
     }
     case Verdict::InUnknownFile:
-        return QStringLiteral("no file declares it, unless one does that cannot be read: %1")
+        return QStringLiteral("no file declares it, except possibly one that cannot be read: %1")
             .arg(declarations.unknownFiles().join(QLatin1String(", ")));
     case Verdict::Undeclared:
         break;
@@ -53,7 +53,7 @@ QString WhyText::obstacleText(const Declaration &declaration, const Obstacle &ob
     case Obstacle::NotJson:
         return QStringLiteral("%1 is broken at %2").arg(declaration.file, obstacle.detail);
     case Obstacle::NotAnObject:
-        return QStringLiteral("the top level of %1 is no object").arg(declaration.file);
+        return QStringLiteral("the top level of %1 is not an object").arg(declaration.file);
     case Obstacle::LacksGroup:
         return QStringLiteral("the user %1 does not belong to the group \"%2\", the \"required_group\" of %3")
             .arg(user, obstacle.detail, declaration.file);
@@ -63,10 +63,11 @@ QString WhyText::obstacleText(const Declaration &declaration, const Obstacle &ob
     case Obstacle::Pathless:
         return QStringLiteral("%1 has no \"path\"").arg(declaration.place());
     case Obstacle::RootPath:
-        return QStringLiteral("the path \"%1\" of %2 holds no name: it is the root's, which is never shown")
+        return QStringLiteral(
+                   "the path \"%1\" of %2 contains no name: it is that of the root, which is never shown")
             .arg(declaration.path, declaration.place());
     case Obstacle::Masked:
-        return QStringLiteral("hidden by the value \"%1\" of the key %2")
+        return QStringLiteral("masked by the value \"%1\" of the key %2")
             .arg(obstacle.detail, Constants::MaskedSettingsKey);
     case Obstacle::Replaced:
         return QStringLiteral("replaced by %1").arg(obstacle.detail);

@@ -7,16 +7,16 @@
 
 class Inspection;
 
-/// Verdicts in words.
+/// The texts of verdicts and obstacles.
 class WhyText
 {
 public:
     explicit WhyText(const Inspection &inspection);
 
-    /// What follows "PATH is in the tree" or "PATH is not in the tree".
+    /// Returns the text after "PATH is in the tree: " or "PATH is not in the tree: ".
     QString reasonOf(const Verdict &verdict, const Declarations &declarations) const;
     QString obstacleText(const Declaration &declaration, const Obstacle &obstacle) const;
-    /// A short name for programs.
+    /// These return identifiers for programs.
     static QString kindOf(const Verdict &verdict);
     static QString kindOf(const Obstacle &obstacle);
 

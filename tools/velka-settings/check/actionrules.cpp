@@ -15,7 +15,7 @@ namespace Check
 {
 namespace
 {
-/// The parts of a call. Those that are left as they are give no reason to refuse it.
+/// The parts of a call. D-Bus accepts the defaults.
 struct Call {
     QString service = QStringLiteral("a.a");
     QString path = QStringLiteral("/a");
@@ -96,7 +96,7 @@ void actionNames(const Entry &entry, Findings *findings)
     }
 }
 
-/// Whether there is a null anywhere among @p arguments.
+/// Returns whether @p arguments contain a null at any level.
 bool holdsNull(const Written &arguments)
 {
     std::vector<const Written *> pending{&arguments};
@@ -122,7 +122,7 @@ void actionArguments(const Entry &entry, Findings *findings)
     }
     if (arguments->kind != Written::Array) {
         findings->atValue(Tag::ArgumentsLost, *arguments,
-                          QStringLiteral("the arguments are no array: there are none"));
+                          QStringLiteral("the arguments are not an array and are lost"));
         return;
     }
     if (holdsNull(*arguments)) {
@@ -137,7 +137,7 @@ void actionArguments(const Entry &entry, Findings *findings)
     }
     for (const Written &argument : arguments->children) {
         if (argument.kind == Written::Integer) {
-            findings->atValue(Tag::ArgumentNumber, argument, QStringLiteral("this number travels as a double"));
+            findings->atValue(Tag::ArgumentNumber, argument, QStringLiteral("this number is sent as a double"));
         }
     }
 }
@@ -151,7 +151,7 @@ void callWithoutAction(const Entry &entry, Findings *findings)
         if (const Written *value = entry.writtenParams->member(QLatin1String(name.key))) {
             findings->atKey(
                 Tag::NotAnAction, *value,
-                QStringLiteral("\"%1\" is read for the type \"action\" only").arg(QLatin1String(name.key)));
+                QStringLiteral("\"%1\" is only read for the type \"action\"").arg(QLatin1String(name.key)));
             return;
         }
     }

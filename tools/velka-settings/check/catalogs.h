@@ -14,7 +14,7 @@ class QTranslator;
 
 namespace Check
 {
-/// The texts of one catalog, in each language that there is.
+/// The texts of a catalog in all available languages.
 class Catalog
 {
 public:
@@ -33,7 +33,7 @@ private:
     const std::unique_ptr<QTranslator> m_fallback;
 };
 
-/// The catalogs in a directory, each loaded once.
+/// The catalogs in a directory. Each is loaded once.
 class Catalogs
 {
 public:

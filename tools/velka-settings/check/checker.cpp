@@ -20,7 +20,7 @@ namespace
 const QString s_blacklist = QStringLiteral("favorites-blacklist.json");
 const QString s_entries = QStringLiteral("entries");
 
-/// The files of a directory, in the order in which the library loads them.
+/// Returns the files of a directory in the order in which the library loads them.
 QStringList listFiles(const QString &directory)
 {
     return QDir(directory).entryList(QDir::Files | QDir::Hidden);
@@ -37,7 +37,7 @@ QString directoryOf(const QString &file)
     return slash < 0 ? QStringLiteral(".") : file.left(slash + 1);
 }
 
-/// The files of @p directory, and of the entries directory in it, that are meant for the library.
+/// Returns the files of @p directory, and of the entries directory in it, that seem to be meant for the library.
 QStringList filesIn(const QString &directory)
 {
     QStringList paths;
@@ -51,7 +51,7 @@ QStringList filesIn(const QString &directory)
     return QFileInfo(entries).isDir() ? paths + filesIn(entries) : paths;
 }
 
-/// Files that are loaded together: those of one directory, and the blacklist beside it.
+/// Returns the group of files that are loaded together: those of one directory, and the blacklist next to it.
 QString groupOf(const QString &path)
 {
     const QDir directory = QFileInfo(path).absoluteDir();
@@ -64,7 +64,7 @@ bool isBlacklist(const QString &path)
     return file.fileName() == s_blacklist && file.absoluteDir().dirName() != s_entries;
 }
 
-/// @p paths of one group in the order in which the library loads them.
+/// Returns @p paths, which belong to one group, in the order in which the library loads them.
 QStringList inOrder(const QStringList &paths)
 {
     QStringList ordered;
@@ -73,7 +73,7 @@ QStringList inOrder(const QStringList &paths)
         directories.append(directoryOf(path));
     }
     directories.removeDuplicates();
-    for (const QString &directory : qAsConst(directories)) {
+    for (const QString &directory : std::as_const(directories)) {
         QHash<QString, QString> given;
         for (const QString &path : paths) {
             if (directoryOf(path) == directory) {
@@ -86,7 +86,7 @@ QStringList inOrder(const QStringList &paths)
                 ordered.append(given.take(name));
             }
         }
-        ordered += given.values(); // what is no regular file
+        ordered += given.values(); // those that are not regular files
     }
     return ordered;
 }
@@ -167,7 +167,7 @@ std::vector<FileFindings> Checker::check(const QStringList &arguments)
     m_total = paths.size();
     QStringList groups;
     QHash<QString, QStringList> members;
-    for (const QString &path : qAsConst(paths)) {
+    for (const QString &path : std::as_const(paths)) {
         const QString group = groupOf(path);
         if (!members.contains(group)) {
             groups.append(group);
@@ -175,7 +175,7 @@ std::vector<FileFindings> Checker::check(const QStringList &arguments)
         members[group].append(path);
     }
     std::vector<FileFindings> results;
-    for (const QString &group : qAsConst(groups)) {
+    for (const QString &group : std::as_const(groups)) {
         checkTogether(inOrder(members.value(group)), &results);
     }
     return results;

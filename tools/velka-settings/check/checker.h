@@ -18,7 +18,7 @@ public:
 
     Checker(const QString &translations, Progress progress);
 
-    /// The findings of each file that @p arguments, files or directories that are there, lead to.
+    /// Returns the findings of the files in @p arguments, which are existing files and directories.
     std::vector<FileFindings> check(const QStringList &arguments);
 
 private:

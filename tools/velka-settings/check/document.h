@@ -16,7 +16,7 @@
 
 namespace Check
 {
-/// An element of "entries" that is an object: as it is written, and what the library reads of it.
+/// An element of "entries" that is an object: as it is written, and as the library reads it.
 struct Entry {
     explicit Entry(const Written &written, const QJsonObject &read);
 
@@ -26,7 +26,7 @@ struct Entry {
     QJsonObject read;
     QJsonObject params;
     QString path;
-    QStringList names; ///< down to the place that the path leads to
+    QStringList names; ///< those in the path
     QString type;
 };
 
@@ -35,11 +35,11 @@ struct Document {
     QString path; ///< as it was given
     QByteArray text; ///< as the library parses it
     Written root;
-    QJsonValue read; ///< what the library makes of it
+    QJsonValue read; ///< as the library reads it
     std::vector<Entry> entries;
 };
 
-/// Collects what is found in one text.
+/// Collects the findings of one text.
 class Findings
 {
 public:
@@ -51,7 +51,7 @@ public:
     bool isEmpty() const;
     bool hasAt(const Written &value) const;
 
-    /// All findings, by place.
+    /// Returns all findings, sorted by place.
     QVector<Finding> take();
 
 private:
@@ -63,6 +63,6 @@ private:
 /// Fills @p document from its text. Returns whether the text is JSON; if not, a finding has the reason.
 bool parse(Document *document, Findings *findings);
 
-/// The value as the library makes a string of it.
+/// Returns the value of @p key as the library converts it to a string.
 QString readString(const QJsonObject &object, QLatin1String key);
 }

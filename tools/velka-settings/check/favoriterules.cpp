@@ -26,7 +26,7 @@ void misplacedFavorite(const Entry &entry, Findings *findings)
 {
     if (const Written *value = entry.written->member(QLatin1String("allow_favorite"))) {
         findings->atKey(Tag::FavoriteMisplaced, *value,
-                        QStringLiteral("\"allow_favorite\" is read in \"params\" only"));
+                        QStringLiteral("\"allow_favorite\" is only read in \"params\""));
     }
 }
 
@@ -35,12 +35,12 @@ void unreadFavorite(const Entry &entry, Findings *findings)
     const Written *allowed = paramOf(entry, "allow_favorite");
     if (allowed && entry.type != QLatin1String("page")) {
         findings->atKey(Tag::FavoriteUnread, *allowed,
-                        QStringLiteral("\"allow_favorite\" is read for the type \"page\" only"));
+                        QStringLiteral("\"allow_favorite\" is only read for the type \"page\""));
     }
     const Written *simple = paramOf(entry, "simpleGrid");
     if (simple && !(isCustom(entry) && placeOf(entry) == QLatin1String("grid"))) {
         findings->atKey(Tag::FavoriteUnread, *simple,
-                        QStringLiteral("\"simpleGrid\" is read for custom types in a grid only"));
+                        QStringLiteral("\"simpleGrid\" is only read for custom types in a grid"));
     }
 }
 
@@ -48,8 +48,10 @@ void customWithoutPlace(const Entry &entry, Findings *findings)
 {
     const QString place = placeOf(entry);
     if (isCustom(entry) && place != QLatin1String("grid") && place != QLatin1String("list")) {
-        findings->atValue(Tag::CustomWithoutPlace, *entry.written->member(QLatin1String("type")),
-                          QStringLiteral("no favourite without \"type\": \"grid\" or \"list\" in \"params\""));
+        findings->atValue(
+            Tag::CustomWithoutPlace, *entry.written->member(QLatin1String("type")),
+            QStringLiteral(
+                "without \"type\": \"grid\" or \"list\" in \"params\" this is not offered as a favourite"));
     }
 }
 }

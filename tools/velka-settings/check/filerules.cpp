@@ -13,7 +13,7 @@ namespace Check
 {
 namespace
 {
-/// Whether the digits of @p literal are those of the double that the library makes of it.
+/// Returns whether the library, which reads numbers as doubles, keeps all digits of @p literal.
 bool isExact(const QByteArray &literal)
 {
     constexpr int AlwaysExact = 15;
@@ -65,7 +65,8 @@ void checkNumbers(const Document &document, Findings *findings)
 void checkBlacklist(const Document &document, Findings *findings)
 {
     if (document.root.kind != Written::Array) {
-        findings->atValue(Tag::TopLevel, document.root, QStringLiteral("the favourites blacklist is an array"));
+        findings->atValue(Tag::TopLevel, document.root,
+                          QStringLiteral("the favourites blacklist must be an array"));
         return;
     }
     const QJsonArray paths = document.read.toArray();
@@ -76,7 +77,7 @@ void checkBlacklist(const Document &document, Findings *findings)
             checkSlashes(path, splitPath(path), element, findings);
         } else {
             findings->atValue(Tag::BlacklistElement, element,
-                              QStringLiteral("the library skips what is no string"));
+                              QStringLiteral("the library ignores this: it is not a string"));
         }
     }
 }

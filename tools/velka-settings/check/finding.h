@@ -13,12 +13,12 @@ namespace Check
 {
 struct Finding {
     Tag tag;
-    int offset; ///< byte of the text as the library parses it
+    int offset; ///< of a byte in the text as the library parses it
     QString text;
     Place place;
 };
 
-/// The findings of one file, by place.
+/// The findings of a file, sorted by place.
 struct FileFindings {
     QString path; ///< as it was given
     QVector<Finding> findings;

@@ -11,7 +11,7 @@
 
 namespace Check
 {
-/// The severity of each tag: its own, or what the user made of it.
+/// The severity of each tag, which the user can override.
 class Severities
 {
 public:
@@ -24,10 +24,10 @@ private:
 
 using Report = std::vector<FileFindings>;
 
-/// "file:line:column: severity: text [tag]", a line a finding.
+/// Returns a line for each finding: "file:line:column: severity: text [tag]".
 QByteArray toText(const Report &report, const Severities &severities, bool inColour);
 QByteArray toJson(const Report &report, const Severities &severities);
 QByteArray toSarif(const Report &report, const Severities &severities);
-/// A test case for each file. It fails for its errors, and for its warnings when @p strict.
+/// Returns a test case for each file, which fails if the file has errors or, when @p strict, warnings.
 QByteArray toJUnit(const Report &report, const Severities &severities, bool strict);
 }

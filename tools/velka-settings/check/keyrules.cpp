@@ -52,7 +52,7 @@ void misplacedParams(const Entry &entry, Findings *findings)
     for (const Written &member : entry.written->children) {
         if (names.contains(member.key)) {
             findings->atKey(Tag::ParamMisplaced, member,
-                            QStringLiteral("%1 is read in \"params\" only").arg(quoted(member.key)));
+                            QStringLiteral("%1 is only read in \"params\"").arg(quoted(member.key)));
         }
     }
 }
@@ -81,7 +81,7 @@ void misspeltType(const Entry &entry, Findings *findings)
     }
 }
 
-/// Whether @p value is an int, also as a string that the library takes for one.
+/// Returns whether @p value is an int, or a string that the library converts to one.
 bool isInt(const QJsonValue &value)
 {
     bool isNumber = false;
@@ -123,9 +123,9 @@ void checkTopLevel(const Document &document, Findings *findings)
     const QJsonObject read = document.read.toObject();
     const QString group = read.value(QLatin1String("required_group")).toString();
     if (!group.isEmpty() && group == read.value(QLatin1String("disabled_group")).toString()) {
-        findings->atValue(
-            Tag::GroupsContradict, *root.member(QLatin1String("disabled_group")),
-            QStringLiteral("nobody is and is not in the group %1: the file is never used").arg(quoted(group)));
+        findings->atValue(Tag::GroupsContradict, *root.member(QLatin1String("disabled_group")),
+                          QStringLiteral("no user is both in the group %1 and not in it: the file is never used")
+                              .arg(quoted(group)));
     }
 }
 }

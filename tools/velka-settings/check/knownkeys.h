@@ -5,12 +5,12 @@
 
 #include <QStringList>
 
-/// The keys that the schema names.
+/// The keys in the schema.
 namespace Check::KnownKeys
 {
 const QStringList &topLevel();
 const QStringList &entry();
 const QStringList &params();
-/// The keys of "params" that describe a D-Bus call.
+/// Returns the keys of "params" that describe a D-Bus call.
 QStringList action();
 }

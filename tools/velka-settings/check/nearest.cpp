@@ -12,7 +12,7 @@ namespace Check
 {
 namespace
 {
-/// How many letters have to be changed, added or removed to make @p b of @p a.
+/// Returns how many letters have to be changed, added or removed to turn @p a into @p b.
 int distance(const QString &a, const QString &b)
 {
     QVector<int> row(b.size() + 1);
@@ -28,7 +28,7 @@ int distance(const QString &a, const QString &b)
     return row.last();
 }
 
-/// What does not count: case, and the ways to join words.
+/// Returns @p name without differences that do not count: case, and how words are joined.
 QString simplified(const QString &name)
 {
     QString simple = name.toLower();

@@ -8,6 +8,6 @@
 
 namespace Check
 {
-/// The one of @p known that @p name is most likely meant to be; empty when none is much like it.
+/// Returns the one of @p known that is most similar to @p name; empty when none is similar enough.
 QString nearest(const QString &name, const QStringList &known);
 }

@@ -13,7 +13,7 @@ void missingPath(const Entry &entry, Findings *findings)
 {
     if (!entry.writtenPath) {
         findings->atValue(Tag::PathMissing, *entry.written,
-                          QStringLiteral("the entry has no \"path\" and is skipped"));
+                          QStringLiteral("the entry has no \"path\" and is ignored"));
     }
 }
 
@@ -21,7 +21,7 @@ void emptyPath(const Entry &entry, Findings *findings)
 {
     if (entry.writtenPath && entry.names.isEmpty()) {
         findings->atValue(Tag::PathEmpty, *entry.writtenPath,
-                          QStringLiteral("the path holds no name: the entry is never shown"));
+                          QStringLiteral("the path contains no name: the entry is never shown"));
     }
 }
 
@@ -37,7 +37,7 @@ void blanks(const Entry &entry, Findings *findings)
     for (const QString &name : entry.names) {
         if (name.trimmed() != name) {
             findings->atValue(Tag::PathBlanks, *entry.writtenPath,
-                              QStringLiteral("%1 begins or ends with a blank").arg(quoted(name)));
+                              QStringLiteral("%1 begins or ends with white space").arg(quoted(name)));
             return;
         }
     }
@@ -49,7 +49,7 @@ void checkSlashes(const QString &path, const QStringList &names, const Written &
     const QString usual = names.join(QLatin1Char('/'));
     if (!usual.isEmpty() && usual != path) {
         findings->atValue(Tag::PathSlashes, written,
-                          QStringLiteral("slashes at the ends or doubled ones: write %1").arg(quoted(usual)));
+                          QStringLiteral("leading, trailing or doubled slashes: write %1").arg(quoted(usual)));
     }
 }
 

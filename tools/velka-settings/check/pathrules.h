@@ -7,6 +7,6 @@
 
 namespace Check
 {
-/// Whether @p path is more than its @p names, joined.
+/// Reports @p path if it has more slashes than those between its @p names.
 void checkSlashes(const QString &path, const QStringList &names, const Written &written, Findings *findings);
 }

@@ -11,13 +11,13 @@ class Catalogs;
 
 using EntryRule = void (*)(const Entry &entry, Findings *findings);
 
-/// What concerns one entry alone.
+/// Rules for a single entry.
 QVector<EntryRule> pathRules();
 QVector<EntryRule> keyRules();
 QVector<EntryRule> favoriteRules();
 QVector<EntryRule> actionRules();
 
-/// What concerns a registration file besides its entries.
+/// Rules for a registration file.
 void checkFileName(const QString &fileName, Findings *findings);
 void checkTopLevel(const Document &document, Findings *findings);
 void checkNumbers(const Document &document, Findings *findings);
@@ -25,6 +25,6 @@ void checkTitles(const Document &document, Catalogs *catalogs, Findings *finding
 
 void checkBlacklist(const Document &document, Findings *findings);
 
-/// What the schema says of places where @p findings has nothing yet.
+/// Checks the types and lengths in the schema, at places without other findings.
 void checkRegistrationSchema(const Document &document, Findings *findings);
 }

@@ -59,13 +59,14 @@ QString typeOf(const QJsonObject &schema)
 void reportType(const Written &member, const Level &level, Findings *findings)
 {
     if (member.kind == Written::Null) {
-        findings->atValue(Tag::NullValue, member, QStringLiteral("null counts as if the key was missing"));
+        findings->atValue(Tag::NullValue, member,
+                          QStringLiteral("the library reads null as if the key was missing"));
     } else if (level.isLost(member)) {
         findings->atValue(Tag::ValueLost, member,
                           QStringLiteral("the library reads this value as if it was empty"));
     } else {
         findings->atValue(Tag::WrongType, member,
-                          QStringLiteral("this value is of another type than the format's"));
+                          QStringLiteral("this value does not have the type that the format defines"));
     }
 }
 
@@ -94,7 +95,8 @@ void checkElements(const Written &root, Findings *findings)
     }
     for (const Written &element : entries->children) {
         if (element.kind != Written::Object && !findings->hasAt(element)) {
-            findings->atValue(Tag::EntryNotObject, element, QStringLiteral("the library skips what is no object"));
+            findings->atValue(Tag::EntryNotObject, element,
+                              QStringLiteral("the library ignores this: it is not an object"));
         }
     }
 }
@@ -121,7 +123,7 @@ void checkRegistrationSchema(const Document &document, Findings *findings)
     if (document.root.kind != Written::Object) {
         if (!findings->hasAt(document.root)) {
             findings->atValue(Tag::TopLevel, document.root,
-                              QStringLiteral("the top level of a registration file is an object"));
+                              QStringLiteral("the top level of a registration file must be an object"));
         }
         return;
     }

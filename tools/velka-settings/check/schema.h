@@ -7,9 +7,9 @@
 
 namespace Check
 {
-/// The schema of registration files, as it is installed.
+/// Returns the schema of registration files, which is also installed.
 const QJsonObject &registrationSchema();
-/// Returns the schema of the values called @p name, which others refer to.
+/// Returns the definition @p name in the schema.
 QJsonObject schemaDefinition(const QString &name);
 /// Returns the schemas of the members of an object with @p schema, by key.
 QJsonObject schemaProperties(const QJsonObject &schema);

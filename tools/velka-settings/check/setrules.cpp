@@ -14,7 +14,7 @@ namespace Check
 {
 namespace
 {
-/// Whether nobody is given both files.
+/// Returns whether no user gets both files.
 bool excludeEachOther(const FileSummary &a, const FileSummary &b)
 {
     const auto isExclusive = [](const QString &required, const QString &disabled) {
@@ -23,7 +23,7 @@ bool excludeEachOther(const FileSummary &a, const FileSummary &b)
     return isExclusive(a.requiredGroup, b.disabledGroup) || isExclusive(b.requiredGroup, a.disabledGroup);
 }
 
-/// Whether everybody who is given @p a is given @p b as well.
+/// Returns whether every user who gets @p a gets @p b as well.
 bool comesWith(const FileSummary &a, const FileSummary &b)
 {
     return (b.requiredGroup.isEmpty() || b.requiredGroup == a.requiredGroup)
@@ -39,7 +39,7 @@ DirectoryRules::DirectoryRules(const std::vector<FileSummary> &files, std::vecto
     for (int i = 0; i < int(files.size()); ++i) {
         for (const WrittenPath &written : files[i].declared) {
             const int place = node(written.path);
-            if (place != 0) { // the root is no place to share
+            if (place != 0) { // not the root
                 m_nodes[place].declarations.append({i, &written});
                 m_hasDeclarations = true;
             }
@@ -78,26 +78,32 @@ int DirectoryRules::find(const QString &path) const
 void DirectoryRules::checkDuplicates()
 {
     for (const Node &node : m_nodes) {
-        for (const auto *earlier = node.declarations.cbegin(); earlier != node.declarations.cend(); ++earlier) {
-            if (reportRepeated(*earlier, std::next(earlier), node.declarations.cend())) {
-                continue;
+        for (int i = 0; i < node.declarations.size(); ++i) {
+            // One replacement is enough.
+            if (!reportFirst(node.declarations, i, &DirectoryRules::reportRepeated)) {
+                reportFirst(node.declarations, i, &DirectoryRules::reportReplaced);
             }
-            // The next one that can meet it is enough.
-            std::any_of(std::next(earlier), node.declarations.cend(),
-                        [&](const Declaration &later) { return reportReplaced(*earlier, later); });
         }
     }
 }
 
-bool DirectoryRules::reportRepeated(const Declaration &earlier, const Declaration *next, const Declaration *end)
+bool DirectoryRules::reportFirst(const QVector<Declaration> &declarations, int earlier,
+                                 bool (DirectoryRules::*report)(const Declaration &, const Declaration &))
 {
-    const auto *const same = std::find_if(next, end, [&earlier](const Declaration &later) {
-        return later.file == earlier.file && later.written->entry == earlier.written->entry;
-    });
-    if (same == end) {
+    for (int later = earlier + 1; later < declarations.size(); ++later) {
+        if ((this->*report)(declarations.at(earlier), declarations.at(later))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool DirectoryRules::reportRepeated(const Declaration &earlier, const Declaration &later)
+{
+    if (later.file != earlier.file || later.written->entry != earlier.written->entry) {
         return false;
     }
-    report(earlier, Tag::EntryRepeated, QStringLiteral("the entry is repeated %1").arg(describe(*same, earlier)));
+    report(earlier, Tag::EntryRepeated, QStringLiteral("the entry is repeated %1").arg(describe(later, earlier)));
     return true;
 }
 
@@ -114,7 +120,7 @@ bool DirectoryRules::reportReplaced(const Declaration &earlier, const Declaratio
         return false;
     }
     report(earlier, Tag::DuplicatePathGroups,
-           QStringLiteral("who is given both files sees only the entry %1").arg(describe(later, earlier)));
+           QStringLiteral("users who get both files see only the entry %1").arg(describe(later, earlier)));
     return true;
 }
 
@@ -126,7 +132,7 @@ void DirectoryRules::checkSpelling()
             const Declaration &other = node.declarations.at(i);
             if (first.written->path != other.written->path) {
                 report(other, Tag::PathSpelling,
-                       QStringLiteral("this place is spelled %1 %2")
+                       QStringLiteral("this path is spelled %1 %2")
                            .arg(quoted(first.written->path), describe(first, other)));
             }
         }
@@ -149,7 +155,7 @@ void DirectoryRules::checkParents()
         }
         if (!missing.isEmpty()) {
             report(declared.declarations.first(), Tag::UndeclaredParent,
-                   QStringLiteral("no checked file declares %1 on the way").arg(quoted(missing.first())));
+                   QStringLiteral("no checked file declares the parent %1").arg(quoted(missing.first())));
         }
     }
 }

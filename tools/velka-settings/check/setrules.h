@@ -14,15 +14,15 @@
 
 namespace Check
 {
-/// The path of an entry, or of the favourites blacklist.
+/// A path of an entry or in the favourites blacklist.
 struct WrittenPath {
     QString path;
     int offset;
     Place place;
-    QJsonObject entry = {}; ///< that declares it, as the library reads it
+    QJsonObject entry = {}; ///< the declaring entry, as the library reads it
 };
 
-/// What the other files have to know of one file.
+/// The contents of a file that matter for the other files.
 struct FileSummary {
     QString path;
     QString requiredGroup;
@@ -31,11 +31,11 @@ struct FileSummary {
     QVector<WrittenPath> blacklisted;
 };
 
-/// The places that files of one directory declare together.
+/// Rules for the paths that the files of a directory declare together.
 class DirectoryRules
 {
 public:
-    /// Reports into @p findings, which has a list for each of @p files. The files stand in the order of loading.
+    /// Reports to @p findings, which has a list for each of @p files. The files are in the order of loading.
     DirectoryRules(const std::vector<FileSummary> &files, std::vector<FileFindings> *findings);
 
     void checkDuplicates();
@@ -58,7 +58,10 @@ private:
     int node(const QString &path);
     int find(const QString &path) const;
     void report(const Declaration &declaration, Tag tag, const QString &text);
-    bool reportRepeated(const Declaration &earlier, const Declaration *next, const Declaration *end);
+    /// Calls @p report with a declaration and each later one until it reports one. Returns whether it did.
+    bool reportFirst(const QVector<Declaration> &declarations, int earlier,
+                     bool (DirectoryRules::*report)(const Declaration &, const Declaration &));
+    bool reportRepeated(const Declaration &earlier, const Declaration &later);
     bool reportReplaced(const Declaration &earlier, const Declaration &later);
     QString describe(const Declaration &declaration, const Declaration &seenFrom) const;
 

@@ -10,7 +10,7 @@
 
 namespace Check
 {
-/// An error is what the library refuses, loses or misreads; a warning is most likely a mistake.
+/// An error is something that the library refuses, loses or misreads; a warning is probably a mistake.
 enum class Severity { Ignore, Note, Warning, Error };
 
 enum class Tag {
@@ -75,12 +75,12 @@ enum class Tag {
 struct TagInfo {
     Tag tag;
     const char *name;
-    Severity severity; ///< unless it is overridden
+    Severity severity; ///< the default
     const char *summary; ///< one line
     const char *explanation;
 };
 
-/// All tags, in the order of the enumeration.
+/// Returns all tags in the order of the enumeration.
 const QVector<TagInfo> &tags();
 const TagInfo &info(Tag tag);
 std::optional<Tag> findTag(const QString &name);

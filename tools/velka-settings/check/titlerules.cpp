@@ -41,7 +41,7 @@ bool hasFallback(const QVector<const Catalog *> &catalogs, const QString &id)
                        [&id](const Catalog *catalog) { return catalog->hasFallback(id); });
 }
 
-/// The languages of @p catalogs, and whether each has a text for @p id.
+/// Returns the languages of @p catalogs, and whether each has a text for @p id.
 std::map<QString, bool> locales(const QVector<const Catalog *> &catalogs, const QString &id)
 {
     std::map<QString, bool> isTranslated;

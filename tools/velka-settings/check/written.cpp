@@ -161,7 +161,7 @@ void Reader::readMembers(Written *object)
         } else {
             m_findings->atOffset(
                 Tag::DoubledKey, keyStart,
-                QStringLiteral("%1 stands in this object before; that value is lost").arg(quoted(key)));
+                QStringLiteral("this object has the key %1 already; its earlier value is lost").arg(quoted(key)));
             object->children[*earlier] = std::move(value);
         }
     } while (take(','));
@@ -179,16 +179,18 @@ void Reader::readString()
             ++m_offset;
             hasCharacterCode = hasCharacterCode || peek() == 'u';
             if (!escapes.contains(peek())) {
-                m_findings->atOffset(Tag::NotPortable, m_offset - 1, QStringLiteral("JSON has no such escape"));
+                m_findings->atOffset(Tag::NotPortable, m_offset - 1,
+                                     QStringLiteral("JSON has no such escape sequence"));
             }
         } else if (uchar(peek()) < ' ') {
-            m_findings->atOffset(Tag::NotPortable, m_offset, QStringLiteral("JSON escapes control characters"));
+            m_findings->atOffset(Tag::NotPortable, m_offset,
+                                 QStringLiteral("JSON requires an escape sequence for this control character"));
         }
         ++m_offset;
     }
     ++m_offset;
     if (hasCharacterCode && !decoded(literalFrom(start)).isValidUtf16()) {
-        m_findings->atOffset(Tag::NotPortable, start, QStringLiteral("a surrogate is not half of a pair"));
+        m_findings->atOffset(Tag::NotPortable, start, QStringLiteral("this text has an unpaired surrogate"));
     }
 }
 
@@ -204,7 +206,7 @@ void Reader::readNumber(Written *number)
     number->kind = isInteger ? Written::Integer : Written::Fraction;
     if (!isStandardNumber(literal)) {
         m_findings->atOffset(Tag::NotPortable, number->start,
-                             QStringLiteral("JSON wants digits on both sides of the point"));
+                             QStringLiteral("JSON requires digits on both sides of the decimal point"));
     }
 }
 }
