@@ -84,7 +84,7 @@ void EntryTree::load(const QString &fileName)
     if (m_observer) {
         m_observer->fileRead(report);
     }
-    if (report.fate != FileFate::Loaded) {
+    if (report.status != FileStatus::Loaded) {
         return;
     }
     loadCatalog(report.file->translationCatalog);
@@ -100,28 +100,28 @@ void EntryTree::insertEntries(const FileReport &report)
     const NodeData::Entries entries(new FileEntries(report.file->entries, isText ? report.content : QByteArray()));
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
-        const EntryFate fate = insertEntry(entries, index, report.name, &item);
+        const EntryStatus status = insertEntry(entries, index, report.name, &item);
         if (m_observer) {
-            m_observer->entryRead(report.name, index, fate, item);
+            m_observer->entryRead(report.name, index, status, item);
         }
     }
     entries->forget();
 }
 
-EntryFate EntryTree::insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
-                                 const TreeItem **item)
+EntryStatus EntryTree::insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
+                                   const TreeItem **item)
 {
     const std::optional<QString> path = pathOfEntry(entries->at(index));
     if (!path) {
         qCWarning(lcSettings) << Messages::PathMissing << fileName;
-        return EntryFate::Pathless;
+        return EntryStatus::Pathless;
     }
     if (m_maskedPaths.contains(*path)) {
         maskEntry(*path, fileName);
-        return EntryFate::Masked;
+        return EntryStatus::Masked;
     }
     *item = TreeItemPrivate::of(m_root.get())->insert(splitPath(*path), NodeData(entries, index, fileName));
-    return EntryFate::Inserted;
+    return EntryStatus::Inserted;
 }
 
 void EntryTree::maskEntry(const QString &path, const QString &fileName)

@@ -20,7 +20,7 @@ class LoadObserver;
 class QObject;
 class QTranslator;
 class TreeItem;
-enum class EntryFate;
+enum class EntryStatus;
 struct FileReport;
 
 /// The tree of the entries that the registration files of one directory declare, kept up to date file by file.
@@ -49,8 +49,8 @@ public:
 
 private:
     void insertEntries(const FileReport &report);
-    EntryFate insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
-                          const TreeItem **item);
+    EntryStatus insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
+                            const TreeItem **item);
     void maskEntry(const QString &path, const QString &fileName);
     void removeEntries(const QSet<QString> &fileNames, const QSet<QString> &removable);
     QSet<QString> withNodes(const QSet<QString> &fileNames) const;

@@ -20,23 +20,23 @@ FileReport readRegistrationFile(const EntrySources &sources, const QString &file
     report.content = *content;
     report.file = parseRegistrationFile(report.content, fileName, &report.error);
     if (report.file) {
-        report.fate = fateByGroups(sources, *report.file);
+        report.status = statusByGroups(sources, *report.file);
     } else {
         const bool isJson = report.error.error == QJsonParseError::NoError;
-        report.fate = isJson ? FileFate::NotAnObject : FileFate::NotJson;
+        report.status = isJson ? FileStatus::NotAnObject : FileStatus::NotJson;
     }
     return report;
 }
 
-FileFate fateByGroups(const EntrySources &sources, const RegistrationFile &file)
+FileStatus statusByGroups(const EntrySources &sources, const RegistrationFile &file)
 {
     if (!file.requiredGroup.isEmpty() && !sources.userHasGroup(file.requiredGroup)) {
         qCDebug(lcSettings) << sources.userId() << Messages::NotInGroup << file.requiredGroup;
-        return FileFate::LacksGroup;
+        return FileStatus::LacksGroup;
     }
     if (!file.disabledGroup.isEmpty() && sources.userHasGroup(file.disabledGroup)) {
         qCDebug(lcSettings) << sources.userId() << Messages::DisabledForGroup << file.disabledGroup;
-        return FileFate::HasGroup;
+        return FileStatus::HasGroup;
     }
-    return FileFate::Loaded;
+    return FileStatus::Loaded;
 }

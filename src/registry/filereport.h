@@ -10,7 +10,7 @@
 
 struct EntrySources;
 
-enum class FileFate {
+enum class FileStatus {
     Loaded,
     Unreadable,
     NotJson,
@@ -22,7 +22,7 @@ enum class FileFate {
 /// The result of reading one registration file.
 struct FileReport {
     QString name;
-    FileFate fate = FileFate::Unreadable;
+    FileStatus status = FileStatus::Unreadable;
     QByteArray content; ///< without carriage returns, empty when it is unreadable
     QJsonParseError error; ///< when it is not JSON
     std::optional<RegistrationFile> file; ///< when it is a JSON object
@@ -31,4 +31,4 @@ struct FileReport {
 /// Reads @p fileName of the entries directory and checks the groups of the user. Mistakes are logged.
 FileReport readRegistrationFile(const EntrySources &sources, const QString &fileName);
 /// Returns Loaded, LacksGroup or HasGroup, by the groups that @p file names.
-FileFate fateByGroups(const EntrySources &sources, const RegistrationFile &file);
+FileStatus statusByGroups(const EntrySources &sources, const RegistrationFile &file);

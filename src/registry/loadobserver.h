@@ -8,7 +8,7 @@ class QTranslator;
 class TreeItem;
 struct FileReport;
 
-enum class EntryFate {
+enum class EntryStatus {
     Inserted,
     Pathless, ///< no object, or one without a path
     Masked,
@@ -28,7 +28,7 @@ public:
     /// Before the file's entries, if it gives any.
     virtual void fileRead(const FileReport &report) = 0;
     /// The element @p index of the file's entries. @p item is the node that took its data, null when none did.
-    virtual void entryRead(const QString &fileName, int index, EntryFate fate, const TreeItem *item) = 0;
+    virtual void entryRead(const QString &fileName, int index, EntryStatus status, const TreeItem *item) = 0;
     /// Translators that are installed later are asked first. @p translator is empty when there was nothing to load.
     virtual void catalogInstalled(const QString &catalog, const QTranslator *translator) = 0;
 };

@@ -19,7 +19,7 @@ namespace
 {
 using namespace Check;
 
-const char s_help[] = R"(Usage: velka-settings check [OPTION]... FILE|DIR...
+const char s_checkHelp[] = R"(Usage: velka-settings check [OPTION]... FILE|DIR...
 
 Reports what the library would refuse, lose or misread in registration files
 and favourites blacklists, and probable mistakes. Prints a line for each
@@ -45,7 +45,7 @@ Exit status: 0; 1 when there are errors; 2 when the check could not be run.
 
 const CommandSyntax s_syntax{
     "check",
-    s_help,
+    s_checkHelp,
     {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif"), QStringLiteral("junit")},
     0, // some options need no argument
     CommandSyntax::Unlimited};

@@ -43,21 +43,21 @@ const QStringList &Declarations::unknownFiles() const
 
 void Declarations::addFile(const FileReport &report, const QVector<Obstacle> &obstacles)
 {
-    switch (report.fate) {
-    case FileFate::Unreadable:
+    switch (report.status) {
+    case FileStatus::Unreadable:
         m_unknownFiles.append(report.name);
         break;
-    case FileFate::NotJson:
+    case FileStatus::NotJson:
         addPathsOfText(
             report,
             obstacles + QVector<Obstacle>{{Obstacle::NotJson, BrokenJson::errorOf(report.content, report.error)}});
         break;
-    case FileFate::NotAnObject:
+    case FileStatus::NotAnObject:
         addPathsOfText(report, obstacles + QVector<Obstacle>{{Obstacle::NotAnObject, {}}});
         break;
-    case FileFate::Loaded:
-    case FileFate::LacksGroup:
-    case FileFate::HasGroup:
+    case FileStatus::Loaded:
+    case FileStatus::LacksGroup:
+    case FileStatus::HasGroup:
         addEntries(report, obstacles + groupObstacles(*report.file));
         break;
     }
@@ -108,13 +108,13 @@ QVector<Obstacle> Declarations::groupObstacles(const RegistrationFile &file) con
 {
     QVector<Obstacle> obstacles;
     RegistrationFile remaining = file;
-    FileFate fate = fateByGroups(m_inspection.sources(), remaining);
-    if (fate == FileFate::LacksGroup) {
+    FileStatus status = statusByGroups(m_inspection.sources(), remaining);
+    if (status == FileStatus::LacksGroup) {
         obstacles.append({Obstacle::LacksGroup, file.requiredGroup});
         remaining.requiredGroup.clear();
-        fate = fateByGroups(m_inspection.sources(), remaining);
+        status = statusByGroups(m_inspection.sources(), remaining);
     }
-    if (fate == FileFate::HasGroup) {
+    if (status == FileStatus::HasGroup) {
         obstacles.append({Obstacle::HasGroup, file.disabledGroup});
     }
     return obstacles;

@@ -10,7 +10,7 @@
 
 namespace
 {
-const char s_help[] = R"(Usage: velka-settings diff [OPTION]... OLD NEW
+const char s_diffHelp[] = R"(Usage: velka-settings diff [OPTION]... OLD NEW
 
 Prints which entries the directory NEW adds to those of OLD, which it removes,
 and which keys of the others it changes. Each is the root of a system or of an
@@ -57,7 +57,7 @@ int Commands::diff(const QStringList &arguments)
     QCommandLineParser parser;
     ReadingOptions::addUserTo(&parser);
     const CommandSyntax syntax{
-        "diff", s_help, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2, 2};
+        "diff", s_diffHelp, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2, 2};
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
         return *exitStatus;
     }

@@ -39,7 +39,7 @@ void LoadRecord::fileRead(const FileReport &report)
     }
 }
 
-void LoadRecord::entryRead(const QString &fileName, int index, EntryFate status, const TreeItem *item)
+void LoadRecord::entryRead(const QString &fileName, int index, EntryStatus status, const TreeItem *item)
 {
     Q_UNUSED(index)
     m_entries[fileName].append({status, item});

@@ -16,7 +16,7 @@ class LoadRecord final : public LoadObserver
 {
 public:
     struct Entry {
-        EntryFate status;
+        EntryStatus status;
         const TreeItem *item;
     };
     struct Catalog {
@@ -33,7 +33,7 @@ public:
 
     void scanStarted(int newFiles) override;
     void fileRead(const FileReport &report) override;
-    void entryRead(const QString &fileName, int index, EntryFate status, const TreeItem *item) override;
+    void entryRead(const QString &fileName, int index, EntryStatus status, const TreeItem *item) override;
     void catalogInstalled(const QString &catalog, const QTranslator *translator) override;
 
 private:

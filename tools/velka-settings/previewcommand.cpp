@@ -17,7 +17,7 @@
 
 namespace
 {
-const char s_help[] = R"(Usage: velka-settings preview [OPTION]... FILE|DIR...
+const char s_previewHelp[] = R"(Usage: velka-settings preview [OPTION]... FILE|DIR...
 
 Shows the entries of registration files as a Settings application does, and
 reads a file again when it is saved. The machine's own settings are neither
@@ -97,7 +97,7 @@ int Commands::preview(const QStringList &arguments)
     for (const QString &name : options) {
         parser.addOption({name, {}, QStringLiteral("VALUE")});
     }
-    const CommandSyntax syntax{"preview", s_help, {}, 1, CommandSyntax::Unlimited};
+    const CommandSyntax syntax{"preview", s_previewHelp, {}, 1, CommandSyntax::Unlimited};
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
         return *exitStatus;
     }

@@ -12,16 +12,16 @@ namespace
 {
 QString problemOf(const FileReport &report)
 {
-    switch (report.fate) {
-    case FileFate::Unreadable:
+    switch (report.status) {
+    case FileStatus::Unreadable:
         return QStringLiteral("cannot be read");
-    case FileFate::NotJson:
+    case FileStatus::NotJson:
         return BrokenJson::errorOf(report.content, report.error);
-    case FileFate::NotAnObject:
+    case FileStatus::NotAnObject:
         return QStringLiteral("the top level is not an object");
-    case FileFate::Loaded:
-    case FileFate::LacksGroup:
-    case FileFate::HasGroup:
+    case FileStatus::Loaded:
+    case FileStatus::LacksGroup:
+    case FileStatus::HasGroup:
         break;
     }
     return {};
@@ -39,7 +39,7 @@ void printProblems(const LoadRecord &record)
         }
         const QVector<LoadRecord::Entry> entries = record.entriesOf(report.name);
         for (int i = 0; i < entries.size(); ++i) {
-            if (entries.at(i).status == EntryFate::Pathless) {
+            if (entries.at(i).status == EntryStatus::Pathless) {
                 err.writeLine(QStringLiteral("%1: entry %2 %3")
                                   .arg(name, QString::number(i + 1), err.bad(QStringLiteral("has no path"))));
             }

@@ -13,7 +13,7 @@
 
 namespace
 {
-const char s_help[] = R"(Usage: velka-settings show [OPTION]... PATH
+const char s_showHelp[] = R"(Usage: velka-settings show [OPTION]... PATH
 
 Prints all properties of the entry at PATH that a page can read. Leading,
 trailing and doubled slashes in PATH are ignored.
@@ -61,7 +61,7 @@ void printText(TreeItem *item)
 int Commands::show(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{"show", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
+    const CommandSyntax syntax{"show", s_showHelp, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
     int exitStatus = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
                                                                            &exitStatus);

@@ -15,7 +15,7 @@
 
 namespace
 {
-const char s_help[] = R"(Usage: velka-settings tree [OPTION]...
+const char s_treeHelp[] = R"(Usage: velka-settings tree [OPTION]...
 
 Prints the tree of settings entries that a program loads when it starts now, in
 the order of its pages: path, title, type, "order" and the declaring file.
@@ -34,7 +34,7 @@ Problems with files are printed on standard error.
 Exit status: 0; 2 when the directory cannot be read.
 )";
 
-void printText(TreeItem *root)
+void printTree(TreeItem *root)
 {
     const Terminal out(stdout);
     const QList<TreeItem *> items = TreeListing::itemsOf(root);
@@ -77,7 +77,7 @@ int Commands::tree(const QStringList &arguments)
 {
     QCommandLineParser parser;
     const CommandSyntax syntax{
-        "tree", s_help, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0, 0};
+        "tree", s_treeHelp, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0, 0};
     int exitStatus = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
                                                                            &exitStatus);
@@ -91,7 +91,7 @@ int Commands::tree(const QStringList &arguments)
     } else if (format == QLatin1String("paths")) {
         printPaths(inspection->root());
     } else {
-        printText(inspection->root());
+        printTree(inspection->root());
     }
     return Success;
 }

@@ -10,7 +10,7 @@
 
 namespace
 {
-const char s_help[] = R"(Usage: velka-settings why [OPTION]... PATH
+const char s_whyHelp[] = R"(Usage: velka-settings why [OPTION]... PATH
 
 Prints whether the entry at PATH is in the tree of a program that starts now,
 with one reason if it is not; then every declaration of PATH with its status,
@@ -33,7 +33,7 @@ read.
 int Commands::why(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{"why", s_help, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
+    const CommandSyntax syntax{"why", s_whyHelp, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
     int exitStatus = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
                                                                            &exitStatus);
