@@ -32,11 +32,15 @@ ApplicationsTour::ApplicationsTour(QQuickWindow *window, ServiceFaults *faults, 
 {
 }
 
-bool ApplicationsTour::walkPages(const QString &form)
+bool ApplicationsTour::showPage(const QString &form)
 {
     callQml(m_window, "openApplications");
-    return waitForAllowlist() && m_pictures->save(form + QLatin1String("-applications"))
-           && selectMode(s_autostartMode, s_autostarted)
+    return waitForAllowlist() && m_pictures->save(form + QLatin1String("-applications"));
+}
+
+bool ApplicationsTour::walkPages(const QString &form)
+{
+    return showPage(form) && selectMode(s_autostartMode, s_autostarted)
            && m_pictures->save(form + QLatin1String("-applications-autostart"))
            && selectMode(s_allowedMode, s_allowed) && click(m_window, s_application)
            && m_pictures->save(form + QLatin1String("-application")) && click(m_window, s_entry)

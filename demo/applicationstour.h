@@ -17,6 +17,7 @@ public:
     ApplicationsTour(QQuickWindow *window, ServiceFaults *faults, WindowPictures *pictures);
 
     // False when a picture could not be made or shows something else than it should; the reason has been printed.
+    bool showPage(const QString &form);
     bool walkPages(const QString &form);
     bool walkEdits(const QString &form);
     bool walkFaults(const QString &form); ///< in the autostart mode

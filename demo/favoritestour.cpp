@@ -42,11 +42,16 @@ FavoritesTour::FavoritesTour(QQuickWindow *window, WindowPictures *pictures)
 {
 }
 
-bool FavoritesTour::walkPages(const QString &form)
+bool FavoritesTour::showPage(const QString &form)
 {
     callQml(m_window, "scrollToBeginning");
     callQml(m_window, "openFavorites");
-    if (!m_pictures->save(form + QLatin1String("-favorites"))) {
+    return m_pictures->save(form + QLatin1String("-favorites"));
+}
+
+bool FavoritesTour::walkPages(const QString &form)
+{
+    if (!showPage(form)) {
         return false;
     }
     callQml(m_window, "setFavoritesEditing", true);

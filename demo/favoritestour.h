@@ -17,6 +17,7 @@ public:
     FavoritesTour(QQuickWindow *window, WindowPictures *pictures);
 
     // False when a picture could not be made or shows something else than it should; the reason has been printed.
+    bool showPage(const QString &form);
     bool walkPages(const QString &form);
     bool walkChanges(const QString &form); ///< while the optional package is installed
     bool walkEdits(const QString &form);

@@ -26,10 +26,16 @@ const QCommandLineOption s_tree(QStringLiteral("tree"), QStringLiteral("Print th
 const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
                                        QStringLiteral("Save a picture of every page into DIR and quit."),
                                        QStringLiteral("DIR"));
+const QCommandLineOption s_tour(QStringLiteral("tour"), QStringLiteral("Save a few pictures into DIR and quit."),
+                                QStringLiteral("DIR"));
 
-int takeScreenshots(QQuickWindow *window, DemoWindow *demo, const QString &directory)
+int takePictures(QQuickWindow *window, DemoWindow *demo, const QCommandLineParser &parser)
 {
-    return ScreenshotTour(window, demo->files(), demo->faults(), directory).run() && warningCount() == 0 ? 0 : 1;
+    const bool everyPage = parser.isSet(s_screenshots);
+    const QString directory = parser.value(everyPage ? s_screenshots : s_tour);
+    ScreenshotTour tour(window, demo->files(), demo->faults(), directory);
+    const bool saved = everyPage ? tour.run() : tour.runShort();
+    return saved && warningCount() == 0 ? 0 : 1;
 }
 }
 
@@ -39,7 +45,7 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions({s_packages, s_locale, s_wide, s_tree, s_screenshots});
+    parser.addOptions({s_packages, s_locale, s_wide, s_tree, s_screenshots, s_tour});
     parser.process(application);
 
     if (parser.isSet(s_locale)) {
@@ -54,16 +60,17 @@ int main(int argc, char *argv[])
     }
 
     setAppearance();
+    const bool takesPictures = parser.isSet(s_screenshots) || parser.isSet(s_tour);
     DemoWindow demo(parser.value(s_packages));
     QQuickWindow *const window = demo.open({
         {QStringLiteral("wide"), parser.isSet(s_wide)},
-        {QStringLiteral("animated"), !parser.isSet(s_screenshots)},
+        {QStringLiteral("animated"), !takesPictures},
     });
     if (!window) {
         return 1;
     }
-    if (parser.isSet(s_screenshots)) {
-        return takeScreenshots(window, &demo, parser.value(s_screenshots));
+    if (takesPictures) {
+        return takePictures(window, &demo, parser);
     }
     return application.exec();
 }

@@ -77,6 +77,18 @@ bool ScreenshotTour::run()
            && m_applications.walkFaults(QStringLiteral("wide"));
 }
 
+bool ScreenshotTour::runShort()
+{
+    m_window->resize(PhoneSize);
+    if (!showEntry(s_topPath, false, QStringLiteral("phone-top")) || !m_favorites.showPage(QStringLiteral("phone"))
+        || !m_applications.showPage(QStringLiteral("phone"))) {
+        return false;
+    }
+    m_window->resize(WideSize);
+    return showEntry(s_topPath, false, QStringLiteral("wide-top")) && m_favorites.showPage(QStringLiteral("wide"))
+           && m_applications.showPage(QStringLiteral("wide"));
+}
+
 bool ScreenshotTour::walkPages(const QString &form, int depth)
 {
     if (!showEntry(s_topPath, false, form + QLatin1String("-top"))) {

@@ -16,15 +16,16 @@ class RegistrationFiles;
 class ServiceFaults;
 
 /**
- * Walks through every page of the application, on a phone-sized and on a wide window, and saves a picture of each.
+ * Walks through the pages of the application, on a phone-sized and on a wide window, and saves a picture of each.
  */
 class ScreenshotTour
 {
 public:
     ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, ServiceFaults *faults, const QDir &directory);
 
-    /// False when a picture could not be made; the reason has been printed.
-    bool run();
+    // False when a picture could not be made; the reason has been printed.
+    bool run(); ///< every page
+    bool runShort(); ///< a few pages that show what the application does
 
 private:
     bool walkPages(const QString &form, int depth);

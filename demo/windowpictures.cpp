@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLocale>
+#include <QQmlEngine>
+#include <QQmlIncubationController>
 #include <QQuickItem>
 #include <QQuickItemGrabResult>
 #include <QQuickWindow>
@@ -17,6 +19,12 @@
 namespace
 {
 constexpr int PatienceMs = 10000;
+
+/// Tool bars create their buttons asynchronously, over several frames.
+bool isIncubating(const QQuickWindow *window)
+{
+    return qmlEngine(window)->incubationController()->incubatingObjectCount() > 0;
+}
 }
 
 WindowPictures::WindowPictures(QQuickWindow *window, const QDir &directory, const Condition &isReady)
@@ -36,7 +44,7 @@ bool WindowPictures::save(const QString &name)
 {
     QImage last;
     const bool steady = waitFor([this, &last] {
-        if (!m_isReady()) {
+        if (!m_isReady() || isIncubating(m_window)) {
             return false;
         }
         const QImage previous = last;

@@ -11,7 +11,8 @@
 
 class QQuickWindow;
 
-/// Saves pictures of a window that has come to rest: when it is ready and two frames in a row are the same.
+/// Saves pictures of a QML window that has come to rest: when it is ready, all of its objects have been created and two
+/// frames in a row are the same.
 class WindowPictures
 {
 public:
