@@ -22,7 +22,7 @@ namespace
 {
 constexpr int MaxFileName = 255;
 
-/// Whether @p folder has a sub-directory of this name. Links are none, so that the search ends.
+/// Returns true if @p folder has a sub-directory of this name. Links do not count, so that the search ends.
 bool hasFolder(const QString &folder, const QString &name)
 {
     const QFileInfo info(folder + QLatin1Char('/') + name);
