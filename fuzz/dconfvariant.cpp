@@ -9,12 +9,15 @@
 #include "dconfvariant.h"
 
 #include <QDataStream>
+#include <QIODevice>
+
+#include <algorithm>
 
 namespace
 {
 using GBytesPointer = std::unique_ptr<GBytes, decltype(&g_bytes_unref)>;
 
-/// Null when the input starts with no type.
+/// Returns null when the input does not begin with a type.
 GVariantPointer readValue(Input *input)
 {
     const QByteArray type = input->take(input->byte());
@@ -23,13 +26,13 @@ GVariantPointer readValue(Input *input)
         return nullptr;
     }
     const QByteArray content = input->rest();
-    // A copy, for it has to be aligned
+    // The copy is aligned.
     const GBytesPointer bytes(g_bytes_new(content.constData(), gsize(content.size())), g_bytes_unref);
     GVariant *value = g_variant_new_from_bytes(G_VARIANT_TYPE(type.constData()), bytes.get(), FALSE);
     return GVariantPointer(g_variant_ref_sink(value));
 }
 
-/// Equal for equal values of equal types, not-a-number included.
+/// Returns the same bytes for equal values of equal types, including not-a-number.
 QByteArray bytesOf(const QVariant &value)
 {
     QByteArray bytes;

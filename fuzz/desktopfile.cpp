@@ -10,11 +10,11 @@
 #include <launcheritem.h>
 #include <mdesktopentry.h>
 
-/// Only the launcher's model may make items. Here this takes its place.
+/// Only the model of the launcher can create items. This class replaces it.
 class LauncherFolderModelPrivate
 {
 public:
-    static std::unique_ptr<LauncherItem> makeItem(const QString &path)
+    static std::unique_ptr<LauncherItem> createItem(const QString &path)
     {
         return std::unique_ptr<LauncherItem>(
             new LauncherItem(QStringLiteral("x.desktop"), std::make_unique<const MDesktopEntry>(path), nullptr));
@@ -26,7 +26,7 @@ namespace
 const QString s_file = QStringLiteral("applications/x.desktop");
 const QString s_mainGroup = QStringLiteral("Desktop Entry");
 
-/// The directory in which all applications are.
+/// Returns the directory of all applications.
 const Scratch &dataDirectory()
 {
     static const Scratch scratch;
@@ -35,7 +35,7 @@ const Scratch &dataDirectory()
     return scratch;
 }
 
-void lookAtEntry()
+void readEntry()
 {
     const MDesktopEntry entry(dataDirectory().path(s_file));
     for (const QString &group : {s_mainGroup, QStringLiteral("X-Tarnhold"), QStringLiteral("X-Application")}) {
@@ -51,12 +51,12 @@ void lookAtEntry()
                     "a translation is in a group");
         }
     }
-    require(entry.errorString().isEmpty() || !entry.containsGroup(s_mainGroup), "a broken file has nothing");
+    require(entry.errorString().isEmpty() || !entry.containsGroup(s_mainGroup), "a broken file has no keys");
 }
 
-void lookAtItem()
+void readItem()
 {
-    const auto item = LauncherFolderModelPrivate::makeItem(dataDirectory().path(s_file));
+    const auto item = LauncherFolderModelPrivate::createItem(dataDirectory().path(s_file));
     require(item->fileID() == QLatin1String("x.desktop"), "an application has the id of its file");
     item->isValid();
     item->title();
@@ -72,8 +72,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
                                 && qputenv("XDG_DATA_DIRS", "/nonexistent") && qputenv("LC_ALL", "de_DE.UTF-8");
     require(located, "the directory can be named");
     dataDirectory().write(s_file, {reinterpret_cast<const char *>(data), int(size)});
-    lookAtEntry();
-    lookAtItem();
+    readEntry();
+    readItem();
     requestedPermissions(QStringLiteral("x"));
     return 0;
 }

@@ -31,7 +31,7 @@ QByteArray toXml(const MenuLayout &layout)
     }
     for (int i = layout.folders.size() - 1; i >= 0; --i) {
         const MenuLayout::Folder &folder = layout.folders.at(i);
-        require(folder.place.folder < i, "a folder stands behind the one that it is in");
+        require(folder.place.folder < i, "a folder comes after the one that contains it");
         contents[folder.place.folder + 1].insert(folder.place.rank,
                                                  "<Menu><Name>" + escaped(folder.title) + "</Name>"
                                                      + contents.at(i + 1).values().join() + "</Menu>");

@@ -17,7 +17,7 @@
 
 using namespace Check;
 
-/// The command "check": what each tag finds, and what the program prints and returns.
+/// The command "check": the findings of each tag, the output of the program and its exit status.
 class CheckTest : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ private Q_SLOTS:
     void fixtures_data();
     void fixtures();
     void schemaHasNoOtherKeywords();
-    void checksOnAfterWhatIsNotPortable();
+    void checksTheRestOfANotPortableFile();
     void places_data();
     void places();
     void exitCodes_data();
@@ -41,8 +41,8 @@ private Q_SLOTS:
     void json();
     void sarif();
     void junit();
-    void overriddenSeverity();
-    void terminalIsSafe();
+    void overridesSeverity();
+    void outputHasNoControlCharacters();
     void helpFitsAScreen();
 };
 
@@ -51,7 +51,7 @@ namespace
 const QDir s_fixtures(QStringLiteral(CHECK_FIXTURES));
 const QString s_catalogs = QStringLiteral(VELKA_TEST_CATALOGS);
 
-/// What a fixture finds besides its tag.
+/// Additional tags of a fixture.
 const QHash<QString, QStringList> s_companions{{QStringLiteral("path-spelling"), {QStringLiteral("path-slashes")}},
                                                {QStringLiteral("schema"), {QStringLiteral("missing-catalog")}}};
 
@@ -126,8 +126,8 @@ void CheckTest::fixtures()
     }
 }
 
-/// The checker reads the types and lengths of the schema; its other keywords have rules of their own, or say nothing of
-/// a file.
+/// The checker reads types and lengths from the schema. Its other keywords have rules of their own or do not restrict
+/// files.
 void CheckTest::schemaHasNoOtherKeywords()
 {
     const QSet<QString> known{
@@ -154,7 +154,7 @@ void CheckTest::schemaHasNoOtherKeywords()
     QCOMPARE(definitions.keys(), (QStringList{QStringLiteral("entry"), QStringLiteral("params")}));
 }
 
-void CheckTest::checksOnAfterWhatIsNotPortable()
+void CheckTest::checksTheRestOfANotPortableFile()
 {
     const QTemporaryDir directory;
     QFile file(directory.filePath(QStringLiteral("a.json")));
@@ -178,14 +178,13 @@ void CheckTest::places_data()
                          << "key-misspelt" << 2 << 1;
     QTest::newRow("key with quotes") << QByteArray(R"({"entries": [{"path": "a", "title": "A", "a\"\\\"": 1}]})")
                                      << "key-unknown" << 1 << 42;
-    QTest::newRow("behind other letters")
+    QTest::newRow("after other letters")
         << QByteArray(u8"{\"entries\": [{\"title\": \"\u00e9\U0001F600\", \"path\": \"/\"}]}") << "path-empty" << 1
         << 39;
-    QTest::newRow("behind a byte order mark")
+    QTest::newRow("after a byte order mark")
         << QByteArray("\xef\xbb\xbf{\"entries\": 5}") << "value-lost" << 1 << 13;
     QTest::newRow("lines of another system") << QByteArray("{\r\n\"entries\":\r\n  5}") << "value-lost" << 3 << 3;
-    QTest::newRow("what is no JSON") << QByteArray("{\n\"entries\": [\n{\"path\": tru}]}") << "json-syntax" << 3
-                                     << 13;
+    QTest::newRow("not JSON") << QByteArray("{\n\"entries\": [\n{\"path\": tru}]}") << "json-syntax" << 3 << 13;
     QTest::newRow("doubled key, once escaped")
         << QByteArray("{\"entries\": [{\"path\": \"a\", \"title\": \"A\",\n \"\\u0070ath\": \"b\"}]}")
         << "doubled-key" << 2 << 2;
@@ -374,14 +373,14 @@ void CheckTest::junit()
     QCOMPARE(failures, 1);
 }
 
-void CheckTest::overriddenSeverity()
+void CheckTest::overridesSeverity()
 {
     const Finished finished = check(
         {QStringLiteral("--override=order-lost=note"), QStringLiteral("order-lost/bad.json")});
     QVERIFY2(finished.output.contains(": note: "), finished.output.constData());
 }
 
-void CheckTest::terminalIsSafe()
+void CheckTest::outputHasNoControlCharacters()
 {
     const QTemporaryDir directory;
     QFile file(directory.filePath(QStringLiteral("a.json")));

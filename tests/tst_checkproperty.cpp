@@ -32,10 +32,10 @@
 using namespace Check;
 
 /**
- * The checker and the library never disagree: a file without warnings and errors makes the library log nothing and
- * lose no entry, and each error is something that the library refuses, loses or misreads.
+ * The checker and the library agree: for a file without warnings and errors the library logs nothing and loses no
+ * entry, and each error is something that the library refuses, loses or misreads.
  *
- * VELKA_CHECK_FILES and VELKA_CHECK_SEED choose how many files are tried, and which.
+ * VELKA_CHECK_FILES and VELKA_CHECK_SEED select the number of random files and their seed.
  */
 class CheckPropertyTest : public QObject
 {
@@ -84,7 +84,7 @@ bool isForUser(const Document &document)
     return (required.toString().isEmpty() || hasGroup(required)) && !hasGroup(disabled);
 }
 
-/// What @p log says of the file named @p name, the "parsing" of each file aside.
+/// Returns the warnings in @p log about the file @p name.
 QStringList about(const QStringList &log, const QString &name)
 {
     return log.filter(QLatin1Char('"') + name + QLatin1Char('"')).filter(QStringLiteral("warning "));
@@ -172,7 +172,7 @@ int countMembers(const QJsonValue &value)
     return count;
 }
 
-/// How many members @p text writes: the colons outside of strings.
+/// Returns the number of members in @p text: that of the colons outside of strings.
 int countWrittenMembers(const QByteArray &text)
 {
     int count = 0;
@@ -203,7 +203,7 @@ QString keyAt(const Written &object, int offset)
     return value ? value->key : QString();
 }
 
-/// Whether the library makes nothing of the value of the entry, or of the top level, that is written at @p offset.
+/// Returns whether the library loses the value at @p offset, in @p entry or at the top level.
 bool valueIsLost(const Document &document, const Entry *entry, int offset)
 {
     if (!entry) {
@@ -219,10 +219,11 @@ bool valueIsLost(const Document &document, const Entry *entry, int offset)
 bool argumentsAreLost(const Entry &entry)
 {
     const QVariantMap params = jsonToVariant(entry.read.value(QLatin1String("params"))).toMap();
-    return params.value(QStringLiteral("remote-arguments")).toList().isEmpty();
+    const QVariant arguments = params.value(QStringLiteral("remote-arguments"));
+    return arguments.userType() != QMetaType::QVariantList || arguments.toList().isEmpty();
 }
 
-/// Whether @p error is something that the library does with the parsed @p document.
+/// Returns whether @p error describes what the library does with the parsed @p document.
 bool isTrueOf(const Document &document, const Finding &error, const PluginRegistry &registry)
 {
     const QString fileName = QFileInfo(document.path).fileName();

@@ -45,7 +45,7 @@ static QVariant mapsAround(QVariant value, int levels)
     return value;
 }
 
-/// As a database gives it: from its bytes, not from a tree in memory.
+/// Returns a value as a database has it: made of bytes, not a tree in memory.
 static GVariantPointer fromBytes(const char *type, const QByteArray &bytes)
 {
     GBytes *const data = g_bytes_new(bytes.constData(), gsize(bytes.size()));
@@ -243,7 +243,7 @@ void tst_DConfVariant::deepMaps()
     QVERIFY(!toGVariant(mapsAround(1, 400)));
 }
 
-// A variant is its value's bytes, a zero and the type of the value.
+// A variant consists of the bytes of its value, a zero and the type of the value.
 void tst_DConfVariant::deepBytes()
 {
     QByteArray bytes = QByteArrayLiteral("\x01");

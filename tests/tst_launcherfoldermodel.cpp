@@ -13,7 +13,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-// What is listed and in which order; tst_launcherfollowing has what happens later.
+// The rows of a new model and their order. tst_launcherfollowing tests changes of the files.
 class tst_LauncherFolderModel : public QObject
 {
     Q_OBJECT
@@ -33,13 +33,13 @@ private Q_SLOTS:
     void hidesLaterFiles();
     void sorts_data();
     void sorts();
-    void answersOnlyForItsRows();
-    void arrangesAsTheMenuSays_data();
-    void arrangesAsTheMenuSays();
+    void returnsNothingForOtherRows();
+    void followsTheOrderOfTheMenu_data();
+    void followsTheOrderOfTheMenu();
     void keepsTheOrderOfABrokenMenu_data();
     void keepsTheOrderOfABrokenMenu();
     void loadsTheMenuAgain();
-    void loadsAnEqualMenuSilently();
+    void loadsAnEqualMenuWithoutReset();
 };
 
 void tst_LauncherFolderModel::init()
@@ -218,7 +218,7 @@ void tst_LauncherFolderModel::sorts()
     QCOMPARE(fileIds(LauncherFolderModel()), order);
 }
 
-void tst_LauncherFolderModel::answersOnlyForItsRows()
+void tst_LauncherFolderModel::returnsNothingForOtherRows()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -237,7 +237,7 @@ void tst_LauncherFolderModel::answersOnlyForItsRows()
     }
 }
 
-void tst_LauncherFolderModel::arrangesAsTheMenuSays_data()
+void tst_LauncherFolderModel::followsTheOrderOfTheMenu_data()
 {
     QTest::addColumn<QByteArray>("menu");
     QTest::addColumn<QString>("arranged");
@@ -271,7 +271,7 @@ void tst_LauncherFolderModel::arrangesAsTheMenuSays_data()
         "C A B");
 }
 
-void tst_LauncherFolderModel::arrangesAsTheMenuSays()
+void tst_LauncherFolderModel::followsTheOrderOfTheMenu()
 {
     QFETCH(QByteArray, menu);
     QFETCH(QString, arranged);
@@ -283,7 +283,7 @@ void tst_LauncherFolderModel::arrangesAsTheMenuSays()
     LauncherFolderModel model;
     QCOMPARE(model.configFile(), applications.menuFile());
     QCOMPARE(rows(model), arranged);
-    // The same from later steps
+    // load() has the same result.
     applications.remove("config/menus/kavari-applications.menu");
     model.load();
     QCOMPARE(rows(model), text("A B C"));
@@ -360,7 +360,7 @@ void tst_LauncherFolderModel::loadsTheMenuAgain()
     QCOMPARE(itemAt(*newFolder, 0), a.data());
 }
 
-void tst_LauncherFolderModel::loadsAnEqualMenuSilently()
+void tst_LauncherFolderModel::loadsAnEqualMenuWithoutReset()
 {
     const Applications applications;
     applications.writeMenu("<Menu><Menu><Name>F</Name><Filename>b.desktop</Filename></Menu></Menu>");

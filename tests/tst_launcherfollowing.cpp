@@ -22,7 +22,7 @@
 using Change = std::function<void(const Applications &)>;
 Q_DECLARE_METATYPE(Change)
 
-// How a model that is there follows the files: row by row, and with nothing but what changed.
+// A model follows its files row by row, and emits signals only for what changed.
 class tst_LauncherFollowing : public QObject
 {
     Q_OBJECT
@@ -32,16 +32,16 @@ private Q_SLOTS:
     void followsOneFile();
     void followsDirectories_data();
     void followsDirectories();
-    void keepsTheItemThatChanged();
-    void dropsTheItemThatGoes();
+    void keepsAChangedItem();
+    void deletesTheItemOfARemovedFile();
     void followsInAFolder();
     void followsALinksTarget();
     void followsFurtherWriting();
-    void announcesOnlyWhatIsShown();
-    void gathersChanges();
+    void emitsNothingForHiddenFiles();
+    void combinesChanges();
     void keepsUpWithSteadyChanges();
     void loadsInAHandler();
-    void holdsTwoModels();
+    void supportsTwoModels();
     void randomOperations();
 };
 
@@ -56,10 +56,10 @@ void tst_LauncherFollowing::followsOneFile_data()
 {
     QTest::addColumn<Change>("change");
     QTest::addColumn<QString>("rows");
-    QTest::addColumn<QStringList>("announced");
+    QTest::addColumn<QStringList>("expected");
 
-    const auto row = [](const char *name, const char *rows, const QStringList &announced, const Change &change) {
-        QTest::newRow(name) << change << text(rows) << announced;
+    const auto row = [](const char *name, const char *rows, const QStringList &expected, const Change &change) {
+        QTest::newRow(name) << change << text(rows) << expected;
     };
     using A = const Applications &;
     const QStringList changed{text("dataChanged 1-1")};
@@ -80,7 +80,8 @@ void tst_LauncherFollowing::followsOneFile_data()
     row("moved out", "B F", removed, [](A a) { a.rename("first/d.desktop", "elsewhere/d"); });
     row("written in place", "B Da F", changed, [](A a) { a.write("first/d.desktop", application("Da")); });
     row("replaced", "B Da F", changed, [](A a) { a.replace("first/d.desktop", application("Da")); });
-    row("icon alone", "B D F", changed, [](A a) { a.replace("first/d.desktop", application("D", "Icon=a\n")); });
+    row("only the icon", "B D F", changed,
+        [](A a) { a.replace("first/d.desktop", application("D", "Icon=a\n")); });
     row("sorted up", "A B F",
         {
             text("rowsMoved 1-1 to 0"),
@@ -103,7 +104,7 @@ void tst_LauncherFollowing::followsOneFile()
 {
     QFETCH(Change, change);
     QFETCH(QString, rows);
-    QFETCH(QStringList, announced);
+    QFETCH(QStringList, expected);
     const Applications applications;
     writeBasics(applications);
     LauncherFolderModel model;
@@ -114,11 +115,11 @@ void tst_LauncherFollowing::followsOneFile()
     QCOMPARE(::rows(model), text("B D F"));
 
     change(applications);
-    QStringList heard;
-    QTRY_COMPARE((heard += log.take()), announced);
+    QStringList emitted;
+    QTRY_COMPARE((emitted += log.take()), expected);
     QCOMPARE(::rows(model), rows);
     QVERIFY(replica.isEqual());
-    QCOMPARE(itemChanges.count(), announced.filter(text("dataChanged")).size());
+    QCOMPARE(itemChanges.count(), expected.filter(text("dataChanged")).size());
 }
 
 void tst_LauncherFollowing::followsDirectories_data()
@@ -140,7 +141,7 @@ void tst_LauncherFollowing::followsDirectories_data()
     row("moved within", "B D F", [](A a) { a.rename("first/sub", "first/bus"); });
     row("moved out", "B D", [](A a) { a.rename("first/sub", "elsewhere"); });
     row("removed", "B D", [](A a) { a.remove("first/sub"); });
-    row("removed and made again", "A B D", [](A a) {
+    row("removed and created again", "A B D", [](A a) {
         a.remove("first/sub");
         a.write("first/sub/a.desktop", application("A"));
     });
@@ -176,7 +177,7 @@ void tst_LauncherFollowing::followsDirectories()
     change(applications);
     QTRY_COMPARE(::rows(model), rows);
     QTRY_COMPARE(fileIds(model), fileIds(LauncherFolderModel()));
-    // What is there now is followed as well.
+    // New directories are followed as well.
     applications.write("user/z.desktop", application("Z"));
     applications.write("second/new/y.desktop", application("Y"));
     QTRY_COMPARE(::rows(model), (rows + text(" Y Z")).trimmed());
@@ -186,7 +187,7 @@ void tst_LauncherFollowing::followsDirectories()
     QCOMPARE(resets.count(), 0);
 }
 
-void tst_LauncherFollowing::keepsTheItemThatChanged()
+void tst_LauncherFollowing::keepsAChangedItem()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -211,7 +212,7 @@ void tst_LauncherFollowing::keepsTheItemThatChanged()
     QVERIFY(!item->isSandboxed());
 }
 
-void tst_LauncherFollowing::dropsTheItemThatGoes()
+void tst_LauncherFollowing::deletesTheItemOfARemovedFile()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -276,7 +277,7 @@ void tst_LauncherFollowing::followsFurtherWriting()
     }
 }
 
-void tst_LauncherFollowing::announcesOnlyWhatIsShown()
+void tst_LauncherFollowing::emitsNothingForHiddenFiles()
 {
     const Applications applications;
     applications.write("user/a.desktop", application("A"));
@@ -293,7 +294,7 @@ void tst_LauncherFollowing::announcesOnlyWhatIsShown()
     QCOMPARE(log.take(), QStringList{text("rowsInserted 1-1")});
 }
 
-void tst_LauncherFollowing::gathersChanges()
+void tst_LauncherFollowing::combinesChanges()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -348,7 +349,7 @@ void tst_LauncherFollowing::loadsInAHandler()
     QVERIFY(replica.isEqual());
 }
 
-void tst_LauncherFollowing::holdsTwoModels()
+void tst_LauncherFollowing::supportsTwoModels()
 {
     const Applications applications;
     auto first = std::make_unique<LauncherFolderModel>();

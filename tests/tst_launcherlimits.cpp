@@ -24,7 +24,7 @@
 #include <cstdio>
 #include <cstring>
 
-// Files of strangers, great numbers, and the bounds of the system
+// Untrusted files, large numbers of files, and limits of the system
 class tst_LauncherLimits : public QObject
 {
     Q_OBJECT
@@ -32,19 +32,19 @@ class tst_LauncherLimits : public QObject
 private Q_SLOTS:
     void init();
     void opensOnlyRegularFiles();
-    void warnsOfBrokenFiles_data();
-    void warnsOfBrokenFiles();
+    void warnsAboutBrokenFiles_data();
+    void warnsAboutBrokenFiles();
     void readsAFileThatBecomesReadable();
-    void ignoresNamesThatAreNoText();
-    void endsInLoopsOfLinks();
-    void endsInDeepDirectories();
-    void boundsDeepMenus();
-    void takesLongMenus();
+    void acceptsNamesThatAreNotText();
+    void ignoresLoopsOfLinks();
+    void limitsTheDepthOfDirectories();
+    void limitsTheDepthOfMenus();
+    void acceptsLongMenus();
     void readsOnlyWhatChanged_data();
     void readsOnlyWhatChanged();
     void worksWithoutWatches();
-    void noticesLostEvents();
-    void watchesNothingThatIsGone();
+    void readsAllFilesAgainAfterLostEvents();
+    void removesWatchesOfRemovedFiles();
 };
 
 static QByteArray encoded(const QString &path)
@@ -85,7 +85,7 @@ void tst_LauncherLimits::opensOnlyRegularFiles()
     QCOMPARE(mkfifo(encoded(applications.path("first/pipe.desktop")).constData(), 0600), 0);
     const LauncherFolderModel model;
     QCOMPARE(rows(model), text("directory"));
-    // Nor what comes later
+    // The same holds for files that are added later.
     applications.remove("first/broken.desktop");
     QTRY_COMPARE(rows(model), text("broken directory"));
     QCOMPARE(mkfifo(encoded(applications.path("user/broken.desktop")).constData(), 0600), -1);
@@ -95,7 +95,7 @@ void tst_LauncherLimits::opensOnlyRegularFiles()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::warnsOfBrokenFiles_data()
+void tst_LauncherLimits::warnsAboutBrokenFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("reason"); // its start
@@ -108,7 +108,7 @@ void tst_LauncherLimits::warnsOfBrokenFiles_data()
                           << text("larger than 1048576 bytes");
 }
 
-void tst_LauncherLimits::warnsOfBrokenFiles()
+void tst_LauncherLimits::warnsAboutBrokenFiles()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, reason);
@@ -138,7 +138,7 @@ void tst_LauncherLimits::readsAFileThatBecomesReadable()
     applications.write("first/a.desktop", application("A"));
     QFile file(applications.path("first/a.desktop"));
     QVERIFY(file.setPermissions({}));
-    QVERIFY(!file.open(QIODevice::ReadOnly)); // The sandbox takes root's privileges, too.
+    QVERIFY(!file.open(QIODevice::ReadOnly)); // The sandbox drops the privileges of root.
     const QString warning
         = text("LauncherFolderModel: cannot read \"%1\": Permission denied").arg(file.fileName());
     QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
@@ -148,7 +148,7 @@ void tst_LauncherLimits::readsAFileThatBecomesReadable()
     QTRY_COMPARE(rows(model), text("A"));
 }
 
-void tst_LauncherLimits::ignoresNamesThatAreNoText()
+void tst_LauncherLimits::acceptsNamesThatAreNotText()
 {
     const MessageLog log;
     const Applications applications;
@@ -165,7 +165,7 @@ void tst_LauncherLimits::ignoresNamesThatAreNoText()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::endsInLoopsOfLinks()
+void tst_LauncherLimits::ignoresLoopsOfLinks()
 {
     const Applications applications;
     applications.write("first/sub/a.desktop", application("A"));
@@ -176,7 +176,7 @@ void tst_LauncherLimits::endsInLoopsOfLinks()
     QCOMPARE(rows(model), text("A"));
 }
 
-void tst_LauncherLimits::endsInDeepDirectories()
+void tst_LauncherLimits::limitsTheDepthOfDirectories()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -202,7 +202,7 @@ static int depthOf(const LauncherFolderItem *folder)
     return depth;
 }
 
-void tst_LauncherLimits::boundsDeepMenus()
+void tst_LauncherLimits::limitsTheDepthOfMenus()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -221,7 +221,7 @@ void tst_LauncherLimits::boundsDeepMenus()
     }
 }
 
-void tst_LauncherLimits::takesLongMenus()
+void tst_LauncherLimits::acceptsLongMenus()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -233,7 +233,7 @@ void tst_LauncherLimits::takesLongMenus()
 
 namespace
 {
-/// Records which files of a directory are opened, by anybody, and the directory itself as "".
+/// Records which files of a directory any process opens. The directory itself is "".
 class OpenedFiles
 {
 public:
@@ -251,7 +251,7 @@ public:
     OpenedFiles(const OpenedFiles &) = delete;
     OpenedFiles &operator=(const OpenedFiles &) = delete;
 
-    /// Each once, since the last call.
+    /// Returns the names since the last call, each once.
     QStringList take() const
     {
         QStringList names;
@@ -312,7 +312,7 @@ void tst_LauncherLimits::worksWithoutWatches()
     applications.write("first/a.desktop", application("A"));
     rlimit before = {};
     QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
-    // The next descriptor is the first that is too many.
+    // The next descriptor exceeds the limit.
     const int next = dup(0);
     close(next);
     const rlimit none = {rlim_t(next), before.rlim_max};
@@ -331,7 +331,7 @@ static int eventLimit()
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
 }
 
-void tst_LauncherLimits::noticesLostEvents()
+void tst_LauncherLimits::readsAllFilesAgainAfterLostEvents()
 {
     const int limit = eventLimit();
     QVERIFY(limit > 0);
@@ -353,7 +353,7 @@ void tst_LauncherLimits::noticesLostEvents()
     QCOMPARE(changes.count(), 0);
 }
 
-/// How many watches this process has.
+/// Returns the number of watches of this process.
 static int watchCount()
 {
     int count = 0;
@@ -367,7 +367,7 @@ static int watchCount()
     return count;
 }
 
-void tst_LauncherLimits::watchesNothingThatIsGone()
+void tst_LauncherLimits::removesWatchesOfRemovedFiles()
 {
     const Applications applications;
     applications.write("elsewhere/target", application("A"));

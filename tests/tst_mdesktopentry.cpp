@@ -25,9 +25,9 @@ private Q_SLOTS:
     void resolvesEscapes();
     void translates_data();
     void translates();
-    void keepsWhatItRead();
-    void refusesTheUnreadable_data();
-    void refusesTheUnreadable();
+    void keepsItsContent();
+    void reportsUnreadableFiles_data();
+    void reportsUnreadableFiles();
     void limitsTheSize_data();
     void limitsTheSize();
 
@@ -64,8 +64,8 @@ void tst_MDesktopEntry::isValid_data()
 
     QTest::newRow("least") << entry("") << true << true;
     QTest::newRow("comments") << QByteArray("# a\n\n" + entry("# b\n\n")) << true << true;
-    QTest::newRow("Windows's line ends") << entry("").replace("\n", "\r\n") << true << true;
-    QTest::newRow("no last line end") << entry("Icon=a") << true << true;
+    QTest::newRow("line ends of Windows") << entry("").replace("\n", "\r\n") << true << true;
+    QTest::newRow("last line without an end") << entry("Icon=a") << true << true;
     QTest::newRow("no Type") << QByteArrayLiteral("[Desktop Entry]\nName=A\n") << false << true;
     QTest::newRow("no Name") << QByteArrayLiteral("[Desktop Entry]\nType=Application\n") << false << true;
     QTest::newRow("other group") << QByteArrayLiteral("[Other]\nType=Application\nName=A\n") << false << true;
@@ -189,7 +189,7 @@ void tst_MDesktopEntry::translates()
     QCOMPARE(read, name);
 }
 
-void tst_MDesktopEntry::keepsWhatItRead()
+void tst_MDesktopEntry::keepsItsContent()
 {
     const QString path = write(entry("Icon=first\n"));
     const MDesktopEntry before(path);
@@ -200,7 +200,7 @@ void tst_MDesktopEntry::keepsWhatItRead()
     QCOMPARE(after.fileName(), path);
 }
 
-void tst_MDesktopEntry::refusesTheUnreadable_data()
+void tst_MDesktopEntry::reportsUnreadableFiles_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("error");
@@ -214,12 +214,12 @@ void tst_MDesktopEntry::refusesTheUnreadable_data()
     QTest::newRow("no name") << QString() << text("No such file or directory");
     QTest::newRow("no file") << text("/nowhere/a.desktop") << text("No such file or directory");
     QTest::newRow("directory") << directory << text("not a regular file");
-    QTest::newRow("pipe that nobody writes") << pipe << text("not a regular file");
+    QTest::newRow("pipe without a writer") << pipe << text("not a regular file");
     QTest::newRow("endless device") << text("/dev/zero") << text("not a regular file");
     QTest::newRow("loop of links") << loop << text("Too many levels of symbolic links");
 }
 
-void tst_MDesktopEntry::refusesTheUnreadable()
+void tst_MDesktopEntry::reportsUnreadableFiles()
 {
     QFETCH(QString, path);
     QFETCH(QString, error);

@@ -3,25 +3,13 @@
 
 #include "dconftool.h"
 #include "mgconfitem.h"
+#include "testkey.h"
 
 #include <QPoint>
-#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
-#include <memory>
-#include <vector>
-
-/// A key that no other test uses.
-static QString testKey()
-{
-    QString key = QStringLiteral("/test/") + QLatin1String(QTest::currentTestFunction());
-    if (QTest::currentDataTag()) {
-        key += QLatin1Char('/') + QString::fromLatin1(QByteArray(QTest::currentDataTag()).toHex());
-    }
-    return key;
-}
-
+/// The values of MGConfItem: what is stored, and what is read.
 class tst_MGConfItem : public QObject
 {
     Q_OBJECT
@@ -29,27 +17,12 @@ class tst_MGConfItem : public QObject
 private Q_SLOTS:
     void keepsValueAndType_data();
     void keepsValueAndType();
-    void readsWhatOthersWrite_data();
-    void readsWhatOthersWrite();
+    void readsValuesOfOtherPrograms_data();
+    void readsValuesOfOtherPrograms();
     void keepsTheDeepestValue();
-    void ignoresWhatCannotBeStored_data();
-    void ignoresWhatCannotBeStored();
+    void ignoresValuesThatCannotBeStored_data();
+    void ignoresValuesThatCannotBeStored();
     void defaultValue();
-    void reset();
-    void resetOfADirectory();
-    void changeFromOutside();
-    void changeFromTheSameProcess();
-    void changeBeforeTheWatchStands();
-    void changeOfTypeAlone();
-    void equalValueIsSilent();
-    void valueReadInBetweenIsTakenBack();
-    void otherKeysAreSilent();
-    void handlerDeletesTheItem();
-    void handlerDeletesAnotherItem();
-    void handlerSetsAgain();
-    void handlerMakesAnItem();
-    void itemsShareAKey();
-    void unwatches();
     void strangeKeys_data();
     void strangeKeys();
     void invalidKey_data();
@@ -103,7 +76,7 @@ void tst_MGConfItem::keepsValueAndType()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItem::readsWhatOthersWrite_data()
+void tst_MGConfItem::readsValuesOfOtherPrograms_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QVariant>("value");
@@ -117,7 +90,7 @@ void tst_MGConfItem::readsWhatOthersWrite_data()
     QTest::newRow("tuple") << QStringLiteral("('a', 1)") << QVariant(QVariantList{a, 1});
 }
 
-void tst_MGConfItem::readsWhatOthersWrite()
+void tst_MGConfItem::readsValuesOfOtherPrograms()
 {
     QFETCH(QString, text);
     QFETCH(QVariant, value);
@@ -146,7 +119,7 @@ void tst_MGConfItem::keepsTheDeepestValue()
     QCOMPARE(item.value(), deepest);
 }
 
-void tst_MGConfItem::ignoresWhatCannotBeStored_data()
+void tst_MGConfItem::ignoresValuesThatCannotBeStored_data()
 {
     QTest::addColumn<QVariant>("value");
 
@@ -158,7 +131,7 @@ void tst_MGConfItem::ignoresWhatCannotBeStored_data()
     QTest::newRow("too deep") << mapsAround(1, 400);
 }
 
-void tst_MGConfItem::ignoresWhatCannotBeStored()
+void tst_MGConfItem::ignoresValuesThatCannotBeStored()
 {
     QFETCH(QVariant, value);
     MGConfItem item(testKey());
@@ -178,255 +151,6 @@ void tst_MGConfItem::defaultValue()
     QCOMPARE(item.value(QStringLiteral("default")), QVariant(QStringLiteral("default")));
     item.set(QString());
     QCOMPARE(item.value(QStringLiteral("default")), QVariant(QString()));
-}
-
-void tst_MGConfItem::reset()
-{
-    MGConfItem item(testKey());
-    item.set(1);
-    QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("1"));
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-
-    item.set(QVariant());
-    QVERIFY(!item.value().isValid());
-    QCOMPARE(spy.count(), 1);
-    QTRY_COMPARE(stored(item.key()), QByteArray());
-    settle();
-    QVERIFY(!item.value().isValid());
-
-    item.set(QVariant());
-    settle();
-    QCOMPARE(spy.count(), 1);
-}
-
-void tst_MGConfItem::resetOfADirectory()
-{
-    MGConfItem item(testKey() + QStringLiteral("/directory/key"));
-    MGConfItem sibling(testKey() + QStringLiteral("/directory2/key"));
-    item.set(1);
-    sibling.set(1);
-    QTRY_COMPARE(stored(sibling.key()), QByteArrayLiteral("1"));
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    QSignalSpy siblingSpy(&sibling, &MGConfItem::valueChanged);
-
-    dconf({QStringLiteral("reset"), QStringLiteral("-f"), testKey() + QStringLiteral("/directory/")});
-    QTRY_VERIFY(!item.value().isValid());
-    settle();
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(siblingSpy.count(), 0);
-    QCOMPARE(sibling.value(), QVariant(1));
-}
-
-void tst_MGConfItem::changeFromOutside()
-{
-    MGConfItem item(testKey());
-    MGConfItem other(testKey());
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    QSignalSpy otherSpy(&other, &MGConfItem::valueChanged);
-    settle();
-
-    store(item.key(), QStringLiteral("'one'"));
-    QTRY_COMPARE(spy.count(), 1);
-    QCOMPARE(item.value(), QVariant(QStringLiteral("one")));
-    settle();
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(otherSpy.count(), 1);
-
-    store(item.key(), QStringLiteral("'two'"));
-    QTRY_COMPARE(spy.count(), 2);
-    settle();
-    QCOMPARE(spy.count(), 2);
-    QCOMPARE(otherSpy.count(), 2);
-}
-
-void tst_MGConfItem::changeFromTheSameProcess()
-{
-    MGConfItem item(testKey());
-    MGConfItem other(testKey());
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    QSignalSpy otherSpy(&other, &MGConfItem::valueChanged);
-
-    for (int value = 1; value <= 20; ++value) {
-        item.set(value);
-        QCOMPARE(other.value(), QVariant(value));
-        QCOMPARE(MGConfItem(item.key()).value(), QVariant(value));
-    }
-    QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("20"));
-    settle();
-    QCOMPARE(spy.count(), 20);
-    QCOMPARE(otherSpy.count(), 20);
-}
-
-void tst_MGConfItem::changeBeforeTheWatchStands()
-{
-    MGConfItem item(testKey());
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    store(item.key(), QStringLiteral("1"));
-    QTRY_COMPARE(spy.count(), 1);
-    settle();
-    QCOMPARE(spy.count(), 1);
-}
-
-void tst_MGConfItem::changeOfTypeAlone()
-{
-    MGConfItem item(testKey());
-    item.set(QVariantList{1});
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    item.set(QVariantList{QStringLiteral("1")});
-    QCOMPARE(spy.count(), 1);
-}
-
-void tst_MGConfItem::equalValueIsSilent()
-{
-    MGConfItem item(testKey());
-    store(item.key(), QStringLiteral("{'b': 2.5, 'a': nan}"));
-    settle();
-    QVERIFY(item.value().isValid());
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-
-    item.set(item.value());
-    QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("{'a': <nan>, 'b': <2.5>}"));
-    item.set(item.value());
-    store(item.key(), QStringLiteral("{'a': nan, 'b': 2.5}"));
-    settle();
-    QCOMPARE(spy.count(), 0);
-}
-
-void tst_MGConfItem::valueReadInBetweenIsTakenBack()
-{
-    MGConfItem item(testKey());
-    for (const QString &start : {QStringLiteral("1"), QString()}) {
-        item.set(start.isEmpty() ? QVariant() : QVariant(1));
-        waitForWrites();
-        settle();
-        QSignalSpy spy(&item, &MGConfItem::valueChanged);
-
-        store(item.key(), QStringLiteral("2"));
-        QCOMPARE(item.value(), QVariant(2));
-        start.isEmpty() ? dconf({QStringLiteral("reset"), item.key()}) : (store(item.key(), start), QByteArray());
-        settle();
-        QVERIFY(spy.count() >= 1);
-        QCOMPARE(item.value(), start.isEmpty() ? QVariant() : QVariant(1));
-    }
-}
-
-void tst_MGConfItem::otherKeysAreSilent()
-{
-    MGConfItem item(testKey());
-    item.set(1);
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    MGConfItem(testKey() + QLatin1Char('2')).set(2);
-    store(testKey() + QStringLiteral("/below"), QStringLiteral("3"));
-    settle();
-    QCOMPARE(spy.count(), 0);
-    QCOMPARE(item.value(), QVariant(1));
-}
-
-void tst_MGConfItem::handlerDeletesTheItem()
-{
-    QPointer<MGConfItem> item = new MGConfItem(testKey());
-    MGConfItem other(testKey());
-    QSignalSpy spy(&other, &MGConfItem::valueChanged);
-    connect(item, &MGConfItem::valueChanged, this, [item]() { delete item; });
-    item->set(1);
-    QVERIFY(!item);
-    QCOMPARE(spy.count(), 1);
-
-    item = new MGConfItem(testKey());
-    connect(item, &MGConfItem::valueChanged, this, [item]() { delete item; });
-    waitForWrites();
-    store(other.key(), QStringLiteral("2"));
-    QTRY_VERIFY(!item);
-    QTRY_COMPARE(spy.count(), 2);
-}
-
-void tst_MGConfItem::handlerDeletesAnotherItem()
-{
-    MGConfItem item(testKey());
-    auto earlier = std::make_unique<MGConfItem>(testKey());
-    auto middle = std::make_unique<MGConfItem>(testKey());
-    auto later = std::make_unique<MGConfItem>(testKey());
-    int laterChanges = 0;
-    connect(later.get(), &MGConfItem::valueChanged, this, [&laterChanges]() { ++laterChanges; });
-    connect(middle.get(), &MGConfItem::valueChanged, this, [&]() {
-        earlier.reset();
-        later.reset();
-    });
-    item.set(1);
-    QVERIFY(!earlier);
-    QVERIFY(!later);
-    QCOMPARE(laterChanges, 0);
-    QCOMPARE(item.value(), QVariant(1));
-}
-
-void tst_MGConfItem::handlerSetsAgain()
-{
-    MGConfItem item(testKey());
-    MGConfItem other(testKey());
-    QVariantList seen;
-    connect(&item, &MGConfItem::valueChanged, this, [&]() {
-        seen.append(item.value());
-        if (item.value().toInt() < 3) {
-            item.set(item.value().toInt() + 1);
-        }
-    });
-    QSignalSpy spy(&other, &MGConfItem::valueChanged);
-    item.set(1);
-    QCOMPARE(seen, (QVariantList{1, 2, 3}));
-    QCOMPARE(other.value(), QVariant(3));
-    QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("3"));
-    settle();
-    QCOMPARE(seen, (QVariantList{1, 2, 3}));
-    QVERIFY(spy.count() >= 1);
-}
-
-void tst_MGConfItem::handlerMakesAnItem()
-{
-    MGConfItem item(testKey());
-    std::vector<std::unique_ptr<MGConfItem>> made;
-    int changes = 0;
-    connect(&item, &MGConfItem::valueChanged, this, [&]() {
-        made.push_back(std::make_unique<MGConfItem>(item.key()));
-        connect(made.back().get(), &MGConfItem::valueChanged, this, [&changes]() { ++changes; });
-    });
-    item.set(1);
-    QCOMPARE(made.size(), size_t(1));
-    QCOMPARE(made.front()->value(), QVariant(1));
-    QCOMPARE(changes, 0);
-    item.set(2);
-    QCOMPARE(changes, 1);
-}
-
-void tst_MGConfItem::itemsShareAKey()
-{
-    MGConfItem item(testKey());
-    auto other = std::make_unique<MGConfItem>(testKey());
-    settle();
-    other.reset();
-    settle();
-
-    QSignalSpy spy(&item, &MGConfItem::valueChanged);
-    store(item.key(), QStringLiteral("1"));
-    QTRY_COMPARE(spy.count(), 1);
-}
-
-void tst_MGConfItem::unwatches()
-{
-    auto item = std::make_unique<MGConfItem>(testKey());
-    auto other = std::make_unique<MGConfItem>(testKey());
-    QTRY_VERIFY(isWatched(testKey()));
-    item.reset();
-    settle();
-    QVERIFY(isWatched(testKey()));
-    other.reset();
-    QTRY_VERIFY(!isWatched(testKey()));
-
-    // Not even a watch that does not stand yet is left behind.
-    for (int i = 0; i < 100; ++i) {
-        MGConfItem shortLived(testKey());
-    }
-    settle();
-    QTRY_VERIFY(!isWatched(testKey()));
 }
 
 void tst_MGConfItem::strangeKeys_data()

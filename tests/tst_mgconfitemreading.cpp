@@ -13,12 +13,12 @@
 
 namespace
 {
-GVariant *s_staleAnswer = nullptr;
-bool s_dropsAnnouncement = false; ///< the next one
+GVariant *s_outdatedValue = nullptr;
+bool s_dropsNotification = false; ///< the next one
 
-void dropAnnouncement(DConfClient *client)
+void dropNotification(DConfClient *client)
 {
-    if (std::exchange(s_dropsAnnouncement, false)) {
+    if (std::exchange(s_dropsNotification, false)) {
         g_signal_stop_emission_by_name(client, "changed");
     }
 }
@@ -34,7 +34,7 @@ QStringList names(int count)
     return names;
 }
 
-/// The nanoseconds that reading a list takes that is in the database.
+/// Returns the nanoseconds that it takes to read a list in the database.
 qint64 measureReading(int count)
 {
     MGConfItem item(s_key);
@@ -43,7 +43,7 @@ qint64 measureReading(int count)
             [count] { return stored(s_key).endsWith("'name" + QByteArray::number(count - 1) + "']"); })) {
         return -1;
     }
-    // Whatever this process has in flight has landed as well.
+    // Wait for the pending writes of this process, too.
     settle();
     CpuTimer timer;
     timer.start();
@@ -51,57 +51,57 @@ qint64 measureReading(int count)
 }
 }
 
-// The dynamic linker finds these before dconf's own.
+// The dynamic linker finds these functions before those of dconf.
 extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 {
     DConfClient *client = nextFunction(dconf_client_new, "dconf_client_new")();
-    g_signal_connect(client, "changed", G_CALLBACK(dropAnnouncement), nullptr);
+    g_signal_connect(client, "changed", G_CALLBACK(dropNotification), nullptr);
     return client;
 }
 
 extern "C" Q_DECL_EXPORT GVariant *dconf_client_read(DConfClient *client, const gchar *path)
 {
-    if (s_staleAnswer) {
-        return std::exchange(s_staleAnswer, nullptr);
+    if (s_outdatedValue) {
+        return std::exchange(s_outdatedValue, nullptr);
     }
     return nextFunction(dconf_client_read, "dconf_client_read")(client, path);
 }
 
-// How MGConfItem copes with dconf's reading values that are no longer there.
+// MGConfItem returns the current value even if dconf returns an outdated one.
 class tst_MGConfItemReading : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void staleAnswerIsNotBelieved();
-    void unannouncedWriteIsNoticed();
+    void ignoresAnOutdatedValue();
+    void notifiesOfAWriteThatDconfDoesNotReport();
     void longListTakesLinearTime();
 };
 
-void tst_MGConfItemReading::staleAnswerIsNotBelieved()
+void tst_MGConfItemReading::ignoresAnOutdatedValue()
 {
     MGConfItem item(s_key);
     item.set(1);
     item.set(2);
-    s_staleAnswer = g_variant_ref_sink(g_variant_new_int32(1));
+    s_outdatedValue = g_variant_ref_sink(g_variant_new_int32(1));
     QCOMPARE(item.value(), QVariant(2));
-    QVERIFY(!s_staleAnswer);
-    s_staleAnswer = g_variant_ref_sink(g_variant_new_int32(1));
+    QVERIFY(!s_outdatedValue);
+    s_outdatedValue = g_variant_ref_sink(g_variant_new_int32(1));
     item.set(QVariant());
     QCOMPARE(item.value(), QVariant());
 }
 
-// dconf announces no write of the value that it reads at that moment, which may be the one before.
-void tst_MGConfItemReading::unannouncedWriteIsNoticed()
+// dconf does not notify of a write that equals the value that it reads, which may be the previous one.
+void tst_MGConfItemReading::notifiesOfAWriteThatDconfDoesNotReport()
 {
     MGConfItem item(s_key);
     MGConfItem other(s_key);
     item.set(1);
     QSignalSpy changes(&item, &MGConfItem::valueChanged);
     QSignalSpy otherChanges(&other, &MGConfItem::valueChanged);
-    s_dropsAnnouncement = true;
+    s_dropsNotification = true;
     item.set(2);
-    QVERIFY(!s_dropsAnnouncement);
+    QVERIFY(!s_dropsNotification);
     QCOMPARE(changes.count(), 1);
     QCOMPARE(otherChanges.count(), 1);
     QCOMPARE(other.value(), QVariant(2));

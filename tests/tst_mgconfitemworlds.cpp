@@ -18,8 +18,8 @@
 
 #include <memory>
 
-/// What needs a process of its own, in a world with a home, a runtime directory and bus addresses of its own.
-/// The world's directory is the working directory.
+/// Tests that need a process, a home, a runtime directory and bus addresses of their own. The working directory is the
+/// directory of the world.
 class World : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private Q_SLOTS:
     void administratorsProfile();
     void profileIsMissing();
     void busDies();
-    void busDiesUnused();
+    void busDiesBeforeItIsUsed();
     void noBus();
     void busNeverAnswers();
 };
@@ -119,13 +119,13 @@ void World::profileIsMissing()
     QCOMPARE(spy.count(), 0);
 }
 
-// There and back again, or never there: a failure can come in another thread before the new value is looked at.
-static bool isTakenBack(const QSignalSpy &spy, const MGConfItem &item, const QVariant &value)
+// An even number of changes: there and back, or none, for a write may fail in another thread before it is noticed.
+static bool isReverted(const QSignalSpy &spy, const MGConfItem &item, const QVariant &value)
 {
     return item.value() == value && spy.count() % 2 == 0;
 }
 
-/// Whether the connection that all of the process shares is told not to take the process with it.
+/// Returns whether the shared connection of this process does not end it.
 static bool outlivesItsBus()
 {
     GDBusConnection *bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
@@ -134,7 +134,7 @@ static bool outlivesItsBus()
     return outlives;
 }
 
-/// What the end of the bus does to the process happens in its event loop, which runs here while a program does.
+/// Runs the event loop, in which GIO would end the process after the bus, for as long as a program runs.
 static void outliveTheBus()
 {
     QProcess program;
@@ -157,7 +157,7 @@ void World::busDies()
     bus.kill();
     for (const QString &lost : {QStringLiteral("lost"), QStringLiteral("lost again")}) {
         item.set(lost);
-        QTRY_VERIFY(isTakenBack(spy, item, QStringLiteral("kept")));
+        QTRY_VERIFY(isReverted(spy, item, QStringLiteral("kept")));
         outliveTheBus();
         QCOMPARE(item.value(), QVariant(QStringLiteral("kept")));
         QCOMPARE(MGConfItem(item.key()).value(), QVariant(QStringLiteral("kept")));
@@ -165,7 +165,7 @@ void World::busDies()
     }
 }
 
-void World::busDiesUnused()
+void World::busDiesBeforeItIsUsed()
 {
     writeProfile();
     PrivateBus bus;
@@ -175,7 +175,7 @@ void World::busDiesUnused()
     bus.kill();
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
     item.set(1);
-    QTRY_VERIFY(isTakenBack(spy, item, QVariant()));
+    QTRY_VERIFY(isReverted(spy, item, QVariant()));
     outliveTheBus();
     QVERIFY(!item.value().isValid());
 }
@@ -187,10 +187,10 @@ void World::noBus()
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
     QVERIFY(!item.value().isValid());
     item.set(1);
-    QTRY_VERIFY(isTakenBack(spy, item, QVariant()));
+    QTRY_VERIFY(isReverted(spy, item, QVariant()));
 }
 
-// Whatever waited for the bus here would wait for ever.
+// A function that waited for the bus would wait for ever here.
 void World::busNeverAnswers()
 {
     writeProfile();

@@ -44,7 +44,7 @@ QVariantMap map(const char *key, const QVariant &value)
     return {{text(key), value}};
 }
 
-/// @p value and all that is in it with its types.
+/// Returns @p value and its elements with their types.
 QString typed(const QVariant &value)
 {
     QString text;
@@ -66,7 +66,7 @@ private Q_SLOTS:
     void keepsDoubles();
     void keepsOrderOfArguments();
     void writesKnownBytes();
-    void mayBeAskedAgain();
+    void returnsTheSameTextAgain();
 };
 
 void MRemoteActionTest::writesNamesInOrder()
@@ -148,11 +148,11 @@ void MRemoteActionTest::keepsOrderOfArguments()
 
 void MRemoteActionTest::writesKnownBytes()
 {
-    // A type number of 32 bits, whether the variant is null, the value; all big-endian
+    // The type as 32 bits, a byte that is 1 for a null variant, the value; all big-endian
     QCOMPARE(written({true, text("a")}).section(QLatin1Char(' '), 4), text("AAAAAQAB AAAACgAAAAACAGE="));
 }
 
-void MRemoteActionTest::mayBeAskedAgain()
+void MRemoteActionTest::returnsTheSameTextAgain()
 {
     const MRemoteAction action(text("a.b"), text("/"), text("c.d"), text("e"), {text("f")});
     const QString first = action.toString();

@@ -20,12 +20,12 @@ struct Result {
 };
 
 Result run(const QStringList &arguments);
-/// The same where to open @p file takes @p ms.
+/// The same with a delay of @p ms when @p file is opened.
 Result runWithSlowFile(const QStringList &arguments, const QString &file, int ms);
-/// The same on a terminal, which shows the output and the errors.
+/// The same on a terminal. Returns the output and the errors.
 QByteArray runOnTerminal(const QStringList &arguments);
 
 using Files = QMap<QString, QByteArray>; ///< name -> content
-/// Makes the files of @p directory these, and no others.
+/// Replaces the contents of @p directory by @p files.
 void writeFiles(const QString &directory, const Files &files);
 }

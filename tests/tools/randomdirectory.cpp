@@ -127,7 +127,7 @@ void RandomDirectory::undo(const Obstacle &obstacle, int mark)
         break;
     case Obstacle::Pathless:
     case Obstacle::RootPath:
-        entry.insert(s_path, QStringLiteral("mended/%1").arg(mark));
+        entry.insert(s_path, QStringLiteral("fixed/%1").arg(mark));
         break;
     case Obstacle::Masked:
         m_masked.removeAll(obstacle.detail);

@@ -10,7 +10,7 @@
 #include <QRandomGenerator>
 #include <QStringList>
 
-/// Registration files with all that can go wrong, and how to put it right.
+/// Registration files with all kinds of problems, and the fixes of these.
 class RandomDirectory
 {
 public:
@@ -20,19 +20,19 @@ public:
         State state;
         QString requiredGroup;
         QString disabledGroup;
-        QVector<QJsonObject> entries; ///< each has a "mark" of its own
+        QVector<QJsonObject> entries; ///< each has a unique "mark"
     };
 
     explicit RandomDirectory(QRandomGenerator *random);
 
     const QVector<File> &files() const;
     QStringList masked() const;
-    /// Makes @p directory hold these files and nothing else. It may hold those of another of these from before.
+    /// Replaces the files in @p directory by these.
     void writeTo(const QString &directory) const;
-    /// Takes @p obstacle out of the way of the entry @p mark.
+    /// Removes @p obstacle of the entry @p mark.
     void undo(const Obstacle &obstacle, int mark);
     void makeReadable(int mark);
-    /// The file and the position of the entry @p mark.
+    /// Returns the file and the position of the entry @p mark.
     QPair<const File *, int> find(int mark) const;
 
     static EntrySources sources(const QString &directory);

@@ -8,7 +8,7 @@
 
 #include <QTest>
 
-/// What all commands have in common.
+/// The behaviour that all commands share.
 class CommandLineTest : public QObject
 {
     Q_OBJECT
@@ -22,8 +22,8 @@ private Q_SLOTS:
     void mistakes();
     void mistakesNameTheHelp_data();
     void mistakesNameTheHelp();
-    void coloursOnTerminalsAlone_data();
-    void coloursOnTerminalsAlone();
+    void coloursOnlyOnTerminals_data();
+    void coloursOnlyOnTerminals();
     void noColor();
     void progressAfterASecond_data();
     void progressAfterASecond();
@@ -118,7 +118,7 @@ void CommandLineTest::mistakesNameTheHelp()
              "velka-settings " + name + ": Unknown option 'nothing'.\nSee velka-settings " + name + " --help.\n");
 }
 
-void CommandLineTest::coloursOnTerminalsAlone_data()
+void CommandLineTest::coloursOnlyOnTerminals_data()
 {
     QTest::addColumn<QString>("command");
     for (const char *command :
@@ -127,7 +127,7 @@ void CommandLineTest::coloursOnTerminalsAlone_data()
     }
 }
 
-void CommandLineTest::coloursOnTerminalsAlone()
+void CommandLineTest::coloursOnlyOnTerminals()
 {
     QFETCH(QString, command);
     const QStringList arguments = command.split(QLatin1Char(' '));

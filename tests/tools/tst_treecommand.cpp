@@ -29,12 +29,12 @@ private Q_SLOTS:
     void textHasNoControlCharacters();
     void showsOneEntry();
     void missingDirectory();
-    void equalsWhatModelsShow(); // the last: the registry of the process stays
+    void equalsTheModels(); // the last test: the registry lives until the process ends
 };
 
 namespace
 {
-/// All that a page can read of @p object and of what is below it, in the order of the models.
+/// Returns all properties that a page can read of the entries below @p path, in the order of the models.
 QJsonArray readThroughModels(const QStringList &path)
 {
     SettingsModel model;
@@ -157,7 +157,7 @@ void TreeCommandTest::missingDirectory()
     QVERIFY(result.errors.startsWith("velka-settings: there is no directory "));
 }
 
-void TreeCommandTest::equalsWhatModelsShow()
+void TreeCommandTest::equalsTheModels()
 {
     QLocale::setDefault(QLocale(text("fi_FI")));
     Catalogs::install("sample_eng_en", "sample_eng_en");

@@ -13,7 +13,7 @@
 
 namespace
 {
-constexpr int MostReasons = 9; ///< one of each kind
+constexpr int MaxReasons = 9; ///< one of each kind
 
 QString text(const char *latin1)
 {
@@ -21,7 +21,7 @@ QString text(const char *latin1)
 }
 }
 
-/// Of every declared entry: it is in the tree, or one reason is told; that reason undone, it is in the tree.
+/// Each declared entry is in the tree or has a reason why not. Without these reasons it is in the tree.
 class WhyRandomTest : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ private Q_SLOTS:
     void everyAbsenceHasOneReason();
 
 private:
-    /// What is told of one entry of a directory.
+    /// The answer for an entry of a directory.
     struct Answer {
         bool isInTree = false;
         bool isInUnknownFile = false;
@@ -86,7 +86,7 @@ void WhyRandomTest::everyAbsenceHasOneReason()
             }
         }
     }
-    qInfo("%d directories, %d entries, %d absent, %d of them back once one reason was undone", directories,
+    qInfo("%d directories, %d entries, %d absent, %d of them in the tree without their first reason", directories,
           m_entries, m_absent, m_backAtOnce);
     QVERIFY(m_backAtOnce > m_absent / 2);
 }
@@ -106,10 +106,10 @@ WhyRandomTest::Answer WhyRandomTest::answerOf(const RandomDirectory &directory, 
     const QStringList names = splitPath(path);
     const TreeItem *item = names.isEmpty() ? nullptr : inspection.root()->lookup(names);
     const bool isInTree = item && item->value(text("mark")).toInt() == mark;
-    int told = 0;
+    int found = 0;
     QVector<Obstacle> obstacles;
     for (const Declaration &declaration : declarations.all()) {
-        // A broken file shows its paths alone, so there the position counts among those.
+        // In a broken file only paths are found, and the position is that among them.
         const bool isBroken = !declaration.obstacles.isEmpty()
                               && (declaration.obstacles.last().kind == Obstacle::NotJson
                                   || declaration.obstacles.last().kind == Obstacle::NotAnObject
@@ -119,29 +119,29 @@ WhyRandomTest::Answer WhyRandomTest::answerOf(const RandomDirectory &directory, 
                                  [](const QJsonObject &entry) { return entry.contains(text("path")); }))
                                       : index;
         if (declaration.file == file->name && declaration.index == position && declaration.path == path) {
-            ++told;
+            ++found;
             obstacles = declaration.obstacles;
         }
     }
     const bool isUnknown = file->state == RandomDirectory::State::Unreadable
                            && declarations.unknownFiles().contains(file->name);
-    const bool isUntellable = file->state != RandomDirectory::State::Good
-                              && !file->entries.at(index).contains(text("path"));
-    if (told != (isUnknown || isUntellable ? 0 : 1)) {
-        QTest::qFail("told of another number of times", __FILE__, __LINE__);
+    const bool isUnlisted = file->state != RandomDirectory::State::Good
+                            && !file->entries.at(index).contains(text("path"));
+    if (found != (isUnknown || isUnlisted ? 0 : 1)) {
+        QTest::qFail("the entry is listed another number of times", __FILE__, __LINE__);
     }
-    if (isInTree != (told == 1 && obstacles.isEmpty())) {
+    if (isInTree != (found == 1 && obstacles.isEmpty())) {
         QTest::qFail("the tree and the answer disagree", __FILE__, __LINE__);
     }
-    return {isInTree, isUnknown || isUntellable, obstacles};
+    return {isInTree, isUnknown || isUnlisted, obstacles};
 }
 
-/// Undoes one reason after the other. No one comes twice, and each next one was told before if it could be known.
+/// Removes one reason after the other. None occurs twice, and each next one was listed before if it was known.
 void WhyRandomTest::bringBack(RandomDirectory directory, int mark, Answer answer)
 {
     int undone = 0;
     while (!answer.isInTree && !QTest::currentTestFailed()) {
-        QVERIFY(++undone <= MostReasons);
+        QVERIFY(++undone <= MaxReasons);
         const QVector<Obstacle> before = answer.obstacles;
         if (answer.isInUnknownFile) {
             directory.makeReadable(mark);
@@ -154,7 +154,7 @@ void WhyRandomTest::bringBack(RandomDirectory directory, int mark, Answer answer
             continue;
         }
         QVERIFY(answer.obstacles.first().kind > before.first().kind);
-        // A broken file keeps to itself what its groups are.
+        // The groups of a broken file are not known.
         const bool wasBroken = before.first().kind == Obstacle::NotJson
                                || before.first().kind == Obstacle::NotAnObject;
         if (!wasBroken) {

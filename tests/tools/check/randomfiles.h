@@ -9,11 +9,11 @@
 
 #include <random>
 
-/// Writes registration files as packages might ship them: good ones, damaged ones, and ones that mean harm.
+/// Generates registration files: valid, damaged and hostile ones.
 class RandomFiles
 {
 public:
-    /// The files name @p group as one that the user belongs to.
+    /// @p group is the name of a group of the user.
     RandomFiles(quint32 seed, const QString &group);
 
     struct File {
