@@ -326,10 +326,11 @@ private:
     void fetchNotifications();
     void trigger(Input *input);
 
-    SandboxingClient m_sandboxing{nullptr};
-    AutostartClient m_autostart{nullptr};
-    NotificationsClient m_notifications{nullptr};
-    UserApplicationLists m_lists{nullptr};
+    QObject m_owner;
+    SandboxingClient m_sandboxing{&m_owner};
+    AutostartClient m_autostart{&m_owner};
+    NotificationsClient m_notifications{&m_owner};
+    UserApplicationLists m_lists{&m_owner};
     std::unique_ptr<ApplicationsSettingsModel> m_model; ///< made on demand, for that takes longer than all else
     QuickActionReader m_actions{nullptr};
 };

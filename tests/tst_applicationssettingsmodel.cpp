@@ -20,6 +20,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
+#include <QFileSystemWatcher>
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QPointer>

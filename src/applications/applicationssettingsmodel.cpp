@@ -5,6 +5,7 @@
 
 #include "applications/applicationitem.h"
 #include "applications/desktopfiles.h"
+#include "applications/filewatcher.h"
 #include "applications/launcherlisting.h"
 #include "applications/notificationsclient.h"
 #include "applications/userapplicationlists.h"
@@ -21,6 +22,7 @@
 
 #include <QFileInfo>
 #include <QQmlEngine>
+#include <QTimer>
 
 #include <algorithm>
 #include <chrono>
@@ -74,13 +76,14 @@ const ApplicationsSettingsModel::RoleEntry ApplicationsSettingsModel::s_roles[] 
 ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     : QAbstractListModel(parent)
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
-    , m_configWatcher(LauncherFolderModel::configFile())
+    , m_configWatcher(new FileWatcher(LauncherFolderModel::configFile(), this))
+    , m_updateTimer(new QTimer(this))
     , m_launcher(new LauncherListing(this))
     , m_lists(new UserApplicationLists(this))
     , m_notifications(new NotificationsClient(this))
 {
-    m_updateTimer.setSingleShot(true);
-    m_updateTimer.setInterval(UpdateDelay);
+    m_updateTimer->setSingleShot(true);
+    m_updateTimer->setInterval(UpdateDelay);
     if (!applicationsSection()) {
         qCCritical(lcSettings) << Messages::NoApplicationsSection;
     }
@@ -89,7 +92,7 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, this, &Self::scheduleUpdate);
     connect(m_launcher, &LauncherListing::changed, this, &Self::scheduleUpdate);
     connect(m_launcher, &LauncherListing::reset, this, &Self::launcherModelReset);
-    connect(&m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
+    connect(m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
     connect(this, &Self::allowlistEnabledChanged, this, &Self::filterModeEnabledChanged);
     connect(this, &Self::autostartEnabledChanged, this, &Self::filterModeEnabledChanged);
     using Lists = UserApplicationLists;
@@ -119,11 +122,11 @@ void ApplicationsSettingsModel::setApplications(QObject *applications)
     // With any other user the launcher's order is not followed.
     const bool followsConfigFile = uid() == 0;
     if (m_applications && followsConfigFile) {
-        disconnect(&m_configWatcher, &FileWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
+        disconnect(m_configWatcher, &FileWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
     }
     m_applications = launcher;
     if (launcher && followsConfigFile) {
-        connect(&m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
+        connect(m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
     }
     if (m_complete) {
         launcherModelReset();
@@ -248,7 +251,7 @@ QHash<int, QByteArray> ApplicationsSettingsModel::roleNames() const
 
 void ApplicationsSettingsModel::scheduleUpdate()
 {
-    m_updateTimer.start();
+    m_updateTimer->start();
 }
 
 void ApplicationsSettingsModel::launcherModelReset()

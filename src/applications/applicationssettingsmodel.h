@@ -3,26 +3,25 @@
 
 #pragma once
 
-#include "applications/filewatcher.h"
-
 #include <QAbstractListModel>
 #include <QHash>
 #include <QPointer>
 #include <QQmlParserStatus>
 #include <QSet>
 #include <QStringList>
-#include <QTimer>
 #include <QVariantMap>
 #include <QVector>
 
 #include <optional>
 
 class ApplicationItem;
+class FileWatcher;
 class LauncherFolderModel;
 class LauncherItem;
 class LauncherListing;
 class MGConfItem;
 class NotificationsClient;
+class QTimer;
 class UserApplicationLists;
 
 /**
@@ -152,8 +151,8 @@ private:
     QPointer<LauncherFolderModel> m_applications;
     QVector<ApplicationItem *> m_items;
     MGConfItem *const m_maskedItem;
-    FileWatcher m_configWatcher;
-    QTimer m_updateTimer;
+    FileWatcher *const m_configWatcher;
+    QTimer *const m_updateTimer;
     LauncherListing *const m_launcher;
     UserApplicationLists *const m_lists;
     NotificationsClient *const m_notifications;

@@ -19,7 +19,7 @@ void AutostartClient::fetchEnabled(uint uid,
                                    const std::function<void(const std::optional<QStringList> &)> &handler)
 {
     const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetEnabled"), int(uid));
-    whenFinished(call, this, [uid, handler](const QDBusPendingCall &finished) {
+    whenFinished(call, parent(), [uid, handler](const QDBusPendingCall &finished) {
         const auto reply = replyOf<QStringList>(finished);
         if (reply.error.isValid()) {
             qCWarning(lcSettings).noquote()
@@ -34,7 +34,7 @@ void AutostartClient::fetchEnabled(uint uid,
 void AutostartClient::setEnabled(uint uid, const QString &application, bool enable,
                                  const std::function<void()> &succeeded)
 {
-    whenFinished(proxy()->SetEnabled(int(uid), application, enable), this,
+    whenFinished(proxy()->SetEnabled(int(uid), application, enable), parent(),
                  [succeeded](const QDBusPendingCall &reply) {
                      if (!reply.isError()) {
                          succeeded();
@@ -46,7 +46,7 @@ ComKeloAmAutostartInterface *AutostartClient::proxy()
 {
     if (!m_proxy) {
         m_proxy = new ComKeloAmAutostartInterface(Constants::AutostartService, Constants::AutostartPath,
-                                                  QDBusConnection::systemBus(), this);
+                                                  QDBusConnection::systemBus(), parent());
     }
     return m_proxy;
 }

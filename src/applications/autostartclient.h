@@ -11,7 +11,8 @@
 
 class ComKeloAmAutostartInterface;
 
-/// The autostart service on the system bus. Its proxy is made on first use. Handlers are dropped when this dies.
+/// The autostart service on the system bus. Its proxy, which is made on first use, and the watchers of its calls are
+/// children of its parent, as it is itself.
 class AutostartClient : public QObject
 {
     Q_OBJECT

@@ -4,19 +4,20 @@
 #include "applications/filewatcher.h"
 
 #include <QFileInfo>
+#include <QFileSystemWatcher>
 
 FileWatcher::FileWatcher(const QString &path, QObject *parent)
     : QObject(parent)
     , m_path(path)
-    , m_watcher({QFileInfo(path).path()})
+    , m_watcher(new QFileSystemWatcher({QFileInfo(path).path()}, parent ? parent : this))
 {
     watch();
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
+    connect(m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
         watch(); // what replaces a file is not watched with it
         Q_EMIT fileChanged();
     });
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] {
-        if (m_watcher.files().isEmpty() && watch()) {
+    connect(m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] {
+        if (m_watcher->files().isEmpty() && watch()) {
             Q_EMIT fileChanged();
         }
     });
@@ -24,5 +25,5 @@ FileWatcher::FileWatcher(const QString &path, QObject *parent)
 
 bool FileWatcher::watch()
 {
-    return QFileInfo::exists(m_path) && m_watcher.addPath(m_path);
+    return QFileInfo::exists(m_path) && m_watcher->addPath(m_path);
 }

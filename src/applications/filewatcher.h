@@ -3,7 +3,9 @@
 
 #pragma once
 
-#include <QFileSystemWatcher>
+#include <QObject>
+
+class QFileSystemWatcher;
 
 /// Follows one file, also when it is replaced by another one, or is made later in a directory that is there.
 class FileWatcher : public QObject
@@ -11,6 +13,7 @@ class FileWatcher : public QObject
     Q_OBJECT
 
 public:
+    /// The file system's watcher becomes a child of @p parent, too, or of this when there is none.
     explicit FileWatcher(const QString &path, QObject *parent = nullptr);
 
 Q_SIGNALS:
@@ -20,5 +23,5 @@ private:
     bool watch();
 
     const QString m_path;
-    QFileSystemWatcher m_watcher;
+    QFileSystemWatcher *const m_watcher;
 };

@@ -18,7 +18,7 @@ NotificationsClient::NotificationsClient(QObject *parent)
 void NotificationsClient::fetchList(const std::function<void(const std::optional<QVariantMap> &)> &handler)
 {
     const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("getList"));
-    whenFinished(call, this, [handler](const QDBusPendingCall &finished) {
+    whenFinished(call, parent(), [handler](const QDBusPendingCall &finished) {
         const auto reply = replyOf<QVariantMap>(finished);
         if (reply.error.isValid()) {
             qCWarning(lcSettings) << Messages::NotificationsListFailed << reply.error.name()
@@ -33,22 +33,24 @@ void NotificationsClient::fetchList(const std::function<void(const std::optional
 void NotificationsClient::setEnabled(const QString &application, bool enabled,
                                      const std::function<void()> &succeeded)
 {
-    whenFinished(
-        proxy()->setEnabled(application, enabled), this, [application, succeeded](const QDBusPendingCall &reply) {
-            if (reply.isError()) {
-                qCWarning(lcSettings).noquote()
-                    << QString::fromLatin1(Messages::NotificationsSetFailed).arg(application) << reply.error();
-            } else {
-                succeeded();
-            }
-        });
+    whenFinished(proxy()->setEnabled(application, enabled), parent(),
+                 [application, succeeded](const QDBusPendingCall &reply) {
+                     if (reply.isError()) {
+                         qCWarning(lcSettings).noquote()
+                             << QString::fromLatin1(Messages::NotificationsSetFailed).arg(application)
+                             << reply.error();
+                     } else {
+                         succeeded();
+                     }
+                 });
 }
 
 ComKeloNotificationsConfigProxy *NotificationsClient::proxy()
 {
     if (!m_proxy) {
-        m_proxy = new ComKeloNotificationsConfigProxy(
-            Constants::NotificationsService, Constants::NotificationsPath, QDBusConnection::sessionBus(), this);
+        m_proxy = new ComKeloNotificationsConfigProxy(Constants::NotificationsService,
+                                                      Constants::NotificationsPath, QDBusConnection::sessionBus(),
+                                                      parent());
         connect(m_proxy, &ComKeloNotificationsConfigProxy::configChanged, this,
                 &NotificationsClient::configChanged);
     }

@@ -11,8 +11,8 @@
 
 class ComKeloNotificationsConfigProxy;
 
-/// The notifications-configuration service on the session bus. Its proxy is made on first use. Handlers are dropped
-/// when this object dies.
+/// The notifications-configuration service on the session bus. Its proxy, which is made on first use, and the watchers
+/// of its calls are children of its parent, as it is itself.
 class NotificationsClient : public QObject
 {
     Q_OBJECT

@@ -35,12 +35,13 @@ Reply<Value> replyOf(const QDBusPendingCall &call)
     return {{}, qdbus_cast<Value>(message.arguments().constFirst())};
 }
 
-/// Calls @p handler with @p call when it is finished, unless @p context is dead by then; in the order of the answers.
+/// Calls @p handler with @p call when it is finished, unless @p owner is dead by then; in the order of the answers.
+/// Until then a watcher of the call is a child of @p owner.
 template<typename Handler>
-void whenFinished(const QDBusPendingCall &call, QObject *context, Handler handler)
+void whenFinished(const QDBusPendingCall &call, QObject *owner, Handler handler)
 {
-    auto *watcher = new QDBusPendingCallWatcher(call, context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
+    auto *watcher = new QDBusPendingCallWatcher(call, owner);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, owner,
                      [handler](QDBusPendingCallWatcher *finished) {
                          finished->disconnect();
                          finished->deleteLater();

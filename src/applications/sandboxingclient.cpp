@@ -19,7 +19,7 @@ SandboxingClient::SandboxingClient(QObject *parent)
 void SandboxingClient::fetchAllowlist(uint uid, const ListHandler &handler)
 {
     const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAllowlist"), uid);
-    whenFinished(call, this, [uid, handler](const QDBusPendingCall &finished) {
+    whenFinished(call, parent(), [uid, handler](const QDBusPendingCall &finished) {
         const auto reply = replyOf<QStringList>(finished);
         if (reply.error.isValid()) {
             qCWarning(lcSettings).noquote()
@@ -34,7 +34,7 @@ void SandboxingClient::fetchAllowlist(uint uid, const ListHandler &handler)
 void SandboxingClient::fetchAlwaysAllowed(const ListHandler &handler)
 {
     const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAlwaysAllowedApplications"));
-    whenFinished(call, this, [handler](const QDBusPendingCall &finished) {
+    whenFinished(call, parent(), [handler](const QDBusPendingCall &finished) {
         const auto reply = replyOf<QStringList>(finished);
         if (reply.error.isValid()) {
             qCWarning(lcSettings) << Messages::AlwaysAllowedFailed << reply.error;
@@ -48,13 +48,13 @@ void SandboxingClient::fetchAlwaysAllowed(const ListHandler &handler)
 void SandboxingClient::setAllowlist(uint uid, const QStringList &applications,
                                     const std::function<void()> &finished)
 {
-    whenFinished(proxy()->SetAllowlist(uid, applications), this,
+    whenFinished(proxy()->SetAllowlist(uid, applications), parent(),
                  [finished](const QDBusPendingCall &) { finished(); });
 }
 
 void SandboxingClient::setAllowlistEnabled(uint uid, bool enabled, const std::function<void()> &finished)
 {
-    whenFinished(proxy()->SetAllowlistEnabled(uid, enabled ? 1 : 0), this,
+    whenFinished(proxy()->SetAllowlistEnabled(uid, enabled ? 1 : 0), parent(),
                  [finished](const QDBusPendingCall &) { finished(); });
 }
 
@@ -105,7 +105,7 @@ OrgOrvantaosTarnholdd1Interface *SandboxingClient::proxy()
 {
     if (!m_proxy) {
         m_proxy = new OrgOrvantaosTarnholdd1Interface(Constants::SandboxingService, Constants::SandboxingPath,
-                                                      QDBusConnection::systemBus(), this);
+                                                      QDBusConnection::systemBus(), parent());
     }
     return m_proxy;
 }

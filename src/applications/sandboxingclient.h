@@ -13,8 +13,9 @@ class OrgOrvantaosTarnholdd1Interface;
 
 /**
  * The application sandboxing daemon on the system bus: each user's allow-list, what is always allowed, and granted
- * permissions. Its proxy is made on first use. Handlers get nothing when a call has failed, which is logged, and are
- * dropped when this object dies.
+ * permissions. Handlers get nothing when a call has failed, which is logged.
+ *
+ * Its proxy, which is made on first use, and the watchers of its calls are children of its parent, as it is itself.
  */
 class SandboxingClient : public QObject
 {

@@ -18,8 +18,8 @@ const QString UserApplicationLists::EnabledMode = QStringLiteral("enabledMode");
 
 UserApplicationLists::UserApplicationLists(QObject *parent)
     : QObject(parent)
-    , m_sandboxing(new SandboxingClient(this))
-    , m_autostart(new AutostartClient(this))
+    , m_sandboxing(new SandboxingClient(parent))
+    , m_autostart(new AutostartClient(parent))
     , m_uid(geteuid())
 {
 }

@@ -17,6 +17,8 @@ class SandboxingClient;
  * What the platform's services keep of one user's applications: which are allowed, always allowed, and started
  * automatically. All lists are lists of application ids, empty until fetched and after a failure.
  *
+ * The clients of the services are children of its parent, as it is itself.
+ *
  * What is for a user alone is refused with a warning for the uid 0. An answer that concerns a user who is not asked
  * for any more is dropped.
  */
