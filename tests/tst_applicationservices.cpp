@@ -41,7 +41,8 @@ private Q_SLOTS:
     void uidIsSentAsEachServiceWantsIt();
     void answerAfterRebuild();
     void lastAnswerWins();
-    void answerForAnotherUser();
+    void answersAfterTheUserChanged();
+    void answersAfterTheUserBecameRoot();
     void answersAfterTheEnd();
     void handlerMayRebuild();
     void servicesComeAndGo();
@@ -206,8 +207,9 @@ void ApplicationServicesTest::lastAnswerWins()
     QCOMPARE(model.column(Model::AllowedRole), QVariantList({false, true, false}));
 }
 
-void ApplicationServicesTest::answerForAnotherUser()
+void ApplicationServicesTest::answersAfterTheUserChanged()
 {
+    m_services.answerInTurn("GetAllowlist", {"['a', 'x']", "['b']"});
     const MessageLog log;
     ServedModel model(&m_services);
     model.setFilterMode(Model::AllowedOnly);
@@ -217,15 +219,41 @@ void ApplicationServicesTest::answerForAnotherUser()
     model.takeSignals();
     model.setUid(1001);
     QCOMPARE(model.takeSignals(), texts({"uidChanged"}));
-    QCOMPARE(m_services.takeCalls().size(), 4);
-    QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(model.selectedApps(), s_none);
-    QCOMPARE(model.column(Model::AllowedRole), QVariantList({false, false, false}));
-    model.setFilterMode(Model::AllowedOnly);
-    model.setFilterMode(Model::AutostartedOnly);
-    m_services.settle();
-    QCOMPARE(model.selectedApps(), texts({"a", "x"}));
+    QStringList calls = m_services.takeCalls();
+    calls.sort();
+    QCOMPARE(calls, texts({"GetAllowlist(1000) u", "GetAllowlist(1001) u", "GetAlwaysAllowedApplications()",
+                           "GetEnabled(1000) i", "SetAllowlistEnabled(1000, 1) ui",
+                           "SetEnabled(1000, 'enabledMode', 1) isb"}));
+    QCOMPARE(model.selectedApps(), texts({"a", "x", "enabledMode"}));
+    QVERIFY(model.filterModeEnabled());
+    QCOMPARE(model.column(Model::AutostartedRole), QVariantList({true, false, false}));
+    QCOMPARE(model.column(Model::AllowedRole), QVariantList({false, true, false}));
+    QCOMPARE(model.column(Model::AlwaysAllowedRole), QVariantList({false, true, false}));
+    const QStringList announced = model.takeSignals();
+    QCOMPARE(announced.count(text("allowlistChanged")), 2);
+    QCOMPARE(announced.count(text("autostartListChanged")), 2);
+    QCOMPARE(announced.count(text("allowlistEnabledChanged")), 1);
+    QCOMPARE(announced.count(text("autostartEnabledChanged")), 1);
     QCOMPARE(log.take(), s_none);
+}
+
+void ApplicationServicesTest::answersAfterTheUserBecameRoot()
+{
+    ServedModel model(&m_services, Model::AllowedOnly);
+    for (bool enabled : {true, false}) {
+        m_services.takeCalls();
+        model.setUid(1000);
+        model.setFilterModeEnabled(enabled);
+        model.setUid(0);
+        model.takeSignals();
+        const MessageLog log;
+        QCOMPARE(m_services.takeCalls(),
+                 enabled ? texts({"SetAllowlistEnabled(1000, 1) ui", "GetAlwaysAllowedApplications()"})
+                         : texts({"SetAllowlistEnabled(1000, 0) ui"}));
+        QCOMPARE(model.takeSignals().mid(0, 2), texts({"filterModeEnabledChanged", "allowlistEnabledChanged"}));
+        QCOMPARE(model.selectedApps(), enabled ? texts({"a", "x"}) : s_none);
+        QCOMPARE(log.take(), incorrectUid(1));
+    }
 }
 
 void ApplicationServicesTest::answersAfterTheEnd()

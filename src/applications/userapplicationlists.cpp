@@ -81,10 +81,7 @@ void UserApplicationLists::fetchAllowlist()
     if (!isValidUid()) {
         return;
     }
-    m_sandboxing->fetchAllowlist(m_uid, [this, uid = m_uid](const std::optional<QStringList> &ids) {
-        if (uid != m_uid) {
-            return; // the list of another user
-        }
+    m_sandboxing->fetchAllowlist(m_uid, [this](const std::optional<QStringList> &ids) {
         if (!ids) {
             m_allowlist = IdList();
         } else if (*ids != m_allowlist.ids()) {
@@ -111,11 +108,7 @@ void UserApplicationLists::fetchAutostartList()
     if (!isValidUid()) {
         return;
     }
-    m_autostart->fetchEnabled(m_uid, [this, uid = m_uid](const std::optional<QStringList> &ids) {
-        if (uid == m_uid) {
-            replaceAutostartList(ids);
-        }
-    });
+    m_autostart->fetchEnabled(m_uid, [this](const std::optional<QStringList> &ids) { replaceAutostartList(ids); });
 }
 
 void UserApplicationLists::replaceAutostartList(const std::optional<QStringList> &ids)
@@ -164,10 +157,7 @@ void UserApplicationLists::setAllowlistEnabled(bool enabled)
     if (enabled == m_allowlistEnabled || !isValidUid()) {
         return;
     }
-    m_sandboxing->setAllowlistEnabled(m_uid, enabled, [this, enabled, uid = m_uid] {
-        if (uid != m_uid) {
-            return; // it was another user's
-        }
+    m_sandboxing->setAllowlistEnabled(m_uid, enabled, [this, enabled] {
         m_allowlistEnabled = enabled;
         if (!announce({&Self::allowlistEnabledChanged})) {
             return;
@@ -187,11 +177,7 @@ void UserApplicationLists::setAutostart(const QString &id, bool enable)
         qCWarning(lcSettings) << Messages::NotAdding << id << Messages::PermissionsNotGranted;
         return;
     }
-    m_autostart->setEnabled(m_uid, id, enable, [this, id, enable, uid = m_uid] {
-        if (uid == m_uid) {
-            changeAutostartList(id, enable);
-        }
-    });
+    m_autostart->setEnabled(m_uid, id, enable, [this, id, enable] { changeAutostartList(id, enable); });
 }
 
 void UserApplicationLists::changeAutostartList(const QString &id, bool enabled)

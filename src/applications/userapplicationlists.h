@@ -19,8 +19,8 @@ class SandboxingClient;
  *
  * The clients of the services are children of its parent, as it is itself.
  *
- * What is for a user alone is refused with a warning for the uid 0. An answer that concerns a user who is not asked
- * for any more is dropped.
+ * What is for a user alone is refused with a warning for the uid 0. The last answer to arrive wins, also when the user
+ * was changed while it was on its way.
  */
 class UserApplicationLists : public QObject
 {
