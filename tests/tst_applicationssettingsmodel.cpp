@@ -51,9 +51,6 @@ private Q_SLOTS:
     void listsTheLauncher();
     void roles();
     void rolesOutside();
-    void sections();
-    void withoutSection();
-    void sectionComesAndGoes();
     void masked();
     void restrictedApplication();
     void foldersStandInPlace();
@@ -271,63 +268,6 @@ void ApplicationsSettingsModelTest::rolesOutside()
     for (const int role : {-1, 0, 1, 256, 269}) {
         QVERIFY(!value(model, 0, role).isValid());
     }
-}
-
-void ApplicationsSettingsModelTest::sections()
-{
-    World::writeEntries(text("a.json"), R"({"entries": [{"path": "applications/a.desktop"},
-                                                        {"path": "applications/c.desktop", "title": "Of C"}]})");
-    World::rescan(PluginRegistry::instance());
-    Model model;
-    complete(&model);
-    const auto section = [&](int row) {
-        return qobject_cast<TreeItem *>(value(model, row, Model::SectionRole).value<QObject *>());
-    };
-    QCOMPARE(section(0)->location(), path("applications/a.desktop"));
-    QVERIFY(!value(model, 1, Model::SectionRole).isValid());
-    QCOMPARE(section(2)->title(), text("Of C")); // by the file's name, not by the id
-    QQmlEngine engine;
-    engine.newQObject(section(2)); // makes it QML's, if nobody says otherwise
-    QCOMPARE(QQmlEngine::objectOwnership(section(2)), QQmlEngine::CppOwnership);
-}
-
-void ApplicationsSettingsModelTest::withoutSection()
-{
-    World::removeEntries(text("x.json"));
-    World::rescan(PluginRegistry::instance());
-    const MessageLog log;
-    Model model;
-    QCOMPARE(
-        MessageLog::take(),
-        QStringList{
-            text("critical org.orvantaos.settings.framework: %1").arg(text(Messages::NoApplicationsSection))});
-    complete(&model);
-    QCOMPARE(names(model), path("A/B/C"));
-    QVERIFY(!value(model, 0, Model::SectionRole).isValid());
-    QCOMPARE(MessageLog::take(), QStringList());
-}
-
-void ApplicationsSettingsModelTest::sectionComesAndGoes()
-{
-    Model model;
-    complete(&model);
-    QSignalSpy reset(&model, &Model::modelReset);
-    const auto title = [&] {
-        auto *section = qobject_cast<TreeItem *>(value(model, 0, Model::SectionRole).value<QObject *>());
-        return section ? section->title() : QString();
-    };
-    World::writeEntries(text("a.json"), R"({"entries": [{"path": "applications/a.desktop", "title": "Page"}]})");
-    World::rescan(PluginRegistry::instance());
-    QTRY_COMPARE(title(), text("Page"));
-    QCOMPARE(reset.count(), 1);
-    World::removeEntries(text("a.json"));
-    World::removeEntries(text("x.json"));
-    World::rescan(PluginRegistry::instance());
-    QVERIFY(!value(model, 0, Model::SectionRole).isValid()); // the node is gone, the row still there
-    QTRY_COMPARE(reset.count(), 2);
-    World::writeEntries(text("z.json"), R"({"entries": [{"path": "applications/a.desktop", "title": "Anew"}]})");
-    World::rescan(PluginRegistry::instance());
-    QTRY_COMPARE(title(), text("Anew"));
 }
 
 void ApplicationsSettingsModelTest::masked()

@@ -15,10 +15,7 @@ ApplicationItem::ApplicationItem(LauncherItem *item, TreeItem *applicationsSecti
     if (!item) {
         return;
     }
-    if (applicationsSection) {
-        const QString path = item->filePath();
-        m_section = applicationsSection->lookup({path.mid(path.lastIndexOf(QLatin1Char('/')) + 1)});
-    }
+    updateSection(applicationsSection);
     m_sandboxed = item->isSandboxed();
     connect(item, &LauncherItem::itemChanged, this, &ApplicationItem::updateSandboxed);
 }
@@ -67,6 +64,26 @@ bool ApplicationItem::sandboxed() const
 QString ApplicationItem::dBusServiceName() const
 {
     return m_item ? m_item->dBusServiceName() : QString();
+}
+
+bool ApplicationItem::updateSection(TreeItem *applicationsSection)
+{
+    TreeItem *const section = lookUpSection(applicationsSection);
+    const std::optional<QVariantMap> data = section ? std::make_optional(section->data()) : std::nullopt;
+    const bool changed = section != m_section || data != m_sectionData;
+    m_section = section;
+    m_sectionData = data;
+    return changed;
+}
+
+TreeItem *ApplicationItem::lookUpSection(TreeItem *applicationsSection) const
+{
+    if (!m_item) {
+        return m_section; // nothing tells the name any more
+    }
+    const QString path = m_item->filePath();
+    return applicationsSection ? applicationsSection->lookup({path.mid(path.lastIndexOf(QLatin1Char('/')) + 1)})
+                               : nullptr;
 }
 
 void ApplicationItem::updateSandboxed()

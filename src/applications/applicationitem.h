@@ -6,6 +6,9 @@
 #include <QObject>
 #include <QPointer>
 #include <QVariant>
+#include <QVariantMap>
+
+#include <optional>
 
 class LauncherItem;
 class TreeItem;
@@ -42,13 +45,19 @@ public:
     bool sandboxed() const; ///< as last heard of
     QString dBusServiceName() const;
 
+    /// Looks the section up again below @p applicationsSection, which may be null. Returns whether there is another
+    /// section since the last time, none any more, or one with other data.
+    bool updateSection(TreeItem *applicationsSection);
+
 Q_SIGNALS:
     void sandboxedChanged();
 
 private:
+    TreeItem *lookUpSection(TreeItem *applicationsSection) const;
     void updateSandboxed();
 
     const QPointer<LauncherItem> m_item;
     QPointer<TreeItem> m_section;
+    std::optional<QVariantMap> m_sectionData; ///< as it was last looked up
     bool m_sandboxed = false;
 };

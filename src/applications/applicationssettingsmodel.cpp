@@ -21,6 +21,7 @@
 #include <orvantaaccesscontrol.h>
 
 #include <QFileInfo>
+#include <QMap>
 #include <QQmlEngine>
 #include <QTimer>
 
@@ -89,7 +90,7 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     }
     using Self = ApplicationsSettingsModel;
     connect(m_maskedItem, &MGConfItem::valueChanged, this, &Self::scheduleUpdate);
-    connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, this, &Self::scheduleUpdate);
+    connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, this, &Self::updateSections);
     connect(m_launcher, &LauncherListing::changed, this, &Self::scheduleUpdate);
     connect(m_launcher, &LauncherListing::reset, this, &Self::launcherModelReset);
     connect(m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
@@ -367,6 +368,26 @@ void ApplicationsSettingsModel::rebuild()
     for (LauncherItem *launcherItem : launcherItems) {
         if (isListed(*launcherItem, masked)) {
             addItem(new ApplicationItem(launcherItem, section, this));
+        }
+    }
+}
+
+void ApplicationsSettingsModel::updateSections()
+{
+    TreeItem *section = applicationsSection();
+    QMap<int, QPointer<ApplicationItem>> changed;
+    for (int row = 0; row < m_items.size(); ++row) {
+        ApplicationItem *item = m_items.at(row);
+        if (item->updateSection(section)) {
+            changed.insert(row, item);
+        }
+    }
+    if (m_resetting) {
+        return; // all rows are read again
+    }
+    for (auto it = changed.cbegin(); it != changed.cend(); ++it) {
+        if (it.value()) { // a handler may have reset or deleted the model
+            notifyRow(it.key());
         }
     }
 }

@@ -29,8 +29,9 @@ class UserApplicationLists;
  * user: allow-list and permissions (sandboxing daemon), autostart, and notifications.
  *
  * Applications whose desktop file's path is in the dconf key /apps/velka-settings/maskedSettings are left out. The
- * list is made anew, with new items, 1000 ms after the last change of the launcher, of that key or of the registry's
- * content. What a service fails to tell is logged to "org.orvantaos.settings.framework".
+ * list is rebuilt, with new items, 1000 ms after the last change of the launcher or of that key, and at once when the
+ * launcher resets. A change of the registry's content changes the sections of the rows and nothing else. A call that
+ * fails is logged to "org.orvantaos.settings.framework".
  *
  * The selection that QML edits is the allow-list or the autostart list, as "filterMode" says. Reading
  * "filterModeEnabled" of the allow-list and switching autostart wait for the sandboxing daemon.
@@ -133,6 +134,7 @@ private:
     };
 
     void rebuild();
+    void updateSections();
     void fetchSelection();
     bool isListed(const LauncherItem &item, const QSet<QString> &masked) const;
     void addItem(ApplicationItem *item);
