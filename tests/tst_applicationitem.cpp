@@ -206,12 +206,23 @@ void ApplicationItemTest::locatesDesktopFiles_data()
     row("sub-deep-app", "first/sub/deep/app.desktop");
     row("sub-deep-other", "first/sub/deep-other.desktop");
     row("two-parts-app", "first/two-parts/app.desktop");
-    row("some-of-user", "user/some/of-user.desktop"); // as the launcher: the user's file comes first
-    row("loop-loop-app", ""); // through links
+    row("some-of-user", "first/some-of-user.desktop"); // as it stands, before dashes are tried anywhere
+    row("own-app", "user/own/app.desktop"); // the user's first
+    row("loop-app", ""); // dashes stand for no links
+    row("loop-loop-app", "");
     row("missing", "");
     row("", "");
-    row("sub/app", "");
+    row("sub/app", "first/sub/app.desktop");
+    row("sub/deep/app", "first/sub/deep/app.desktop");
+    row("own/app", "user/own/app.desktop");
+    row("loop/app", "first/loop/app.desktop");
+    row("sub/deep-app", ""); // only an id without a slash has dashes for slashes
+    row("sub-deep/app", "");
     row("../outside", "");
+    row("..", "");
+    row("sub/../../outside", "");
+    row("sub/../app", "");
+    row("sub/..-../outside", "");
     row("..-outside", "");
     row("sub-..-..-outside", "");
     row(".-plain", "");
@@ -229,10 +240,11 @@ void ApplicationItemTest::locatesDesktopFiles()
           "first/with/dash.desktop", "first/sub/app.desktop", "first/sub/deep/app.desktop",
           "first/sub/deep-other.desktop", "outside.desktop", "user/../outside.desktop",
           "first/directory.desktop/x.desktop", "first/two-parts/app.desktop", "first/some-of-user.desktop",
-          "user/some/of-user.desktop"}) {
+          "user/some/of-user.desktop", "user/own/app.desktop", "first/own/app.desktop", "first/...desktop",
+          "first/../outside.desktop"}) {
         applications.write(name, application("App"));
     }
-    QVERIFY(QFile::link(applications.path("first"), applications.path("first/loop")));
+    QVERIFY(QFile::link(applications.path("first/"), applications.path("first/loop")));
     applications.write("first/app.desktop", application("App"));
     QCOMPARE(locateDesktopFile(id), file.isEmpty() ? QString() : applications.path(file.constData()));
 }

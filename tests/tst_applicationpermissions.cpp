@@ -281,8 +281,14 @@ void ApplicationPermissionsTest::findsDesktopFile_data()
                                             << QByteArray("first/sub/dir/x.desktop");
     QTest::newRow("dash in the sub-directory's name")
         << QByteArray("sub-dir-x") << QByteArray("first/sub-dir/x.desktop") << QByteArray();
-    QTest::newRow("user's sub-directory")
-        << QByteArray("sub-x") << QByteArray("user/sub/x.desktop") << QByteArray("first/sub-x.desktop");
+    QTest::newRow("as it stands before the user's sub-directory")
+        << QByteArray("sub-x") << QByteArray("first/sub-x.desktop") << QByteArray("user/sub/x.desktop");
+    QTest::newRow("user's sub-directory before the system's")
+        << QByteArray("sub-x") << QByteArray("user/sub/x.desktop") << QByteArray("first/sub/x.desktop");
+    QTest::newRow("slash") << QByteArray("sub/x") << QByteArray("first/sub/x.desktop")
+                           << QByteArray("first/sub-x.desktop");
+    QTest::newRow("user's slash") << QByteArray("sub/x") << QByteArray("user/sub/x.desktop")
+                                  << QByteArray("first/sub/x.desktop");
     QTest::newRow("dots in the name") << QByteArray("com.app..x") << QByteArray("first/com.app..x.desktop")
                                       << QByteArray();
 }
@@ -307,7 +313,7 @@ void ApplicationPermissionsTest::looksNowhereElse_data()
     QTest::addColumn<QByteArray>("id");
     for (const char *id : {"../secret", "..-secret", "./../secret", ".-..-secret", "sub/../../secret",
                            "sub-..-..-secret", "sub-../..-secret", "-..-secret", "..--secret", "/etc/secret",
-                           "secret", "-secret", "..", "../", "a-.-b"}) {
+                           "secret", "-secret", "..", "../", "a-.-b", "sub/..-../../secret", "sub/..-secret"}) {
         QTest::newRow(id) << QByteArray(id);
     }
 }

@@ -53,13 +53,18 @@ QString locateBelow(const QString &folder, const QString &name)
 QString locateDesktopFile(const QString &applicationId)
 {
     // Ids come from strangers: none may lead out of the application directories.
-    if (applicationId.isEmpty() || applicationId.contains(QLatin1Char('/'))
-        || applicationId.contains(QChar(QChar::Null))) {
+    if (applicationId.contains(QChar(QChar::Null))
+        || applicationId.split(QLatin1Char('/')).contains(QLatin1String(".."))) {
         return {};
+    }
+    const QString file = applicationId + Constants::DesktopSuffix;
+    const QString asItStands = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
+    if (!asItStands.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
+        return asItStands;
     }
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     for (const QString &folder : folders) {
-        QString path = locateBelow(folder, applicationId + Constants::DesktopSuffix);
+        QString path = locateBelow(folder, file);
         if (!path.isEmpty()) {
             return path;
         }
@@ -74,10 +79,10 @@ std::optional<QStringList> requestedPermissions(const QString &applicationId)
         qCWarning(lcSettings) << Messages::CannotReadPermissions;
         return {};
     }
-    const QString key = QStringLiteral("Permissions");
-    for (const QString &group : {QStringLiteral("X-Application"), QStringLiteral("X-Tarnhold")}) {
-        if (entry.contains(group, key)) {
-            return entry.value(group, key).split(QLatin1Char(';'));
+    for (const QString &key :
+         {QStringLiteral("X-Application/Permissions"), QStringLiteral("X-Tarnhold/Permissions")}) {
+        if (entry.contains(key)) {
+            return entry.value(key).split(QLatin1Char(';'));
         }
     }
     qCWarning(lcSettings) << Messages::NoPermissionsSection;
