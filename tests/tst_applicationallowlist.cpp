@@ -49,8 +49,6 @@ private Q_SLOTS:
     void disablesTheAllowlist_data();
     void disablesTheAllowlist();
     void sameStateIsNotSent();
-    void refusesRootForTheAllowlist();
-    void asksForRootWhetherTheAllowlistIsEnabled();
 
 private:
     /// Lets the model fetch both allow-lists, from a daemon that answers as usual.
@@ -429,42 +427,6 @@ void ApplicationAllowlistTest::sameStateIsNotSent()
     m_services.takeCalls();
     model.setFilterModeEnabled(true);
     QCOMPARE(m_services.takeCalls().value(0), text("SetAllowlistEnabled(1000, 1) ui"));
-}
-
-void ApplicationAllowlistTest::refusesRootForTheAllowlist()
-{
-    ServedModel model(&m_services);
-    model.setUid(0);
-    model.takeSignals();
-    const MessageLog log;
-    model.setFilterMode(Model::AllowedOnly);
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.takeSignals();
-    model.toggleSelectedApp(text("a.desktop"));
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.clearSelectedApps();
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.selectAllApps();
-    QCOMPARE(log.take(), incorrectUid(2));
-    model.applyPolicyRules({});
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.setFilterModeEnabled(true);
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.setFilterModeEnabled(false);
-    QCOMPARE(log.take(), s_none);
-    QCOMPARE(m_services.takeCalls(), s_none);
-    QCOMPARE(model.takeSignals(), s_none);
-}
-
-void ApplicationAllowlistTest::asksForRootWhetherTheAllowlistIsEnabled()
-{
-    ServedModel model(&m_services, Model::AllowedOnly);
-    model.setUid(0);
-    m_services.answer("GetAllowlistEnabled", "1");
-    const MessageLog log;
-    QVERIFY(model.filterModeEnabled());
-    QCOMPARE(m_services.takeCalls(), texts({"GetAllowlistEnabled(0) u", "GetAlwaysAllowedApplications()"}));
-    QCOMPARE(log.take(), incorrectUid(1));
 }
 
 void ApplicationAllowlistTest::filterFollowsTheModel()

@@ -39,8 +39,7 @@ private Q_SLOTS:
     void selectsAll();
     void applies();
     void appliesEachCopy();
-    void refusesRootForAutostart();
-    void appliesAutostartForRoot();
+    void appliesToEachCopy();
 
 private:
     Applications m_applications;
@@ -234,6 +233,16 @@ void ApplicationAutostartTest::markerNeedsNoPermissions()
     QCOMPARE(m_services.takeCalls(), texts({"SetEnabled(1000, 'enabledMode', 1) isb"}));
 }
 
+void ApplicationAutostartTest::appliesToEachCopy()
+{
+    m_services.answer("GetEnabled", "['a', 'x', 'a']");
+    ServedModel model(&m_services, Model::AutostartedOnly);
+    model.applyPolicyRules(texts({"x", "x"}));
+    QCOMPARE(m_services.takeCalls().filter(text("SetEnabled")),
+             texts({"SetEnabled(1000, 'a', 0) isb", "SetEnabled(1000, 'a', 0) isb"}));
+    QCOMPARE(model.selectedApps(), texts({"x"}));
+}
+
 void ApplicationAutostartTest::restricts()
 {
     const MessageLog log;
@@ -330,38 +339,6 @@ void ApplicationAutostartTest::appliesEachCopy()
     model.toggleSelectedApp(text("b.desktop"));
     m_services.settle();
     QCOMPARE(model.selectedApps(), texts({"a", "x"}));
-}
-
-void ApplicationAutostartTest::refusesRootForAutostart()
-{
-    ServedModel model(&m_services);
-    model.setUid(0);
-    model.takeSignals();
-    const MessageLog log;
-    model.setFilterMode(Model::AutostartedOnly);
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.takeSignals();
-    model.toggleSelectedApp(text("a.desktop"));
-    QCOMPARE(log.take(), incorrectUid(1));
-    QVERIFY(!model.filterModeEnabled());
-    QCOMPARE(log.take(), incorrectUid(1));
-    model.setFilterModeEnabled(false);
-    QCOMPARE(log.take(), incorrectUid(1));
-    QCOMPARE(m_services.takeCalls(), s_none);
-    QCOMPARE(model.takeSignals(), s_none);
-    model.setFilterModeEnabled(true);
-    QCOMPARE(log.take(), incorrectUid(1));
-    QCOMPARE(m_services.takeCalls(), texts({"SetEnabled(0, 'enabledMode', 1) isb"}));
-}
-
-void ApplicationAutostartTest::appliesAutostartForRoot()
-{
-    ServedModel model(&m_services, Model::AutostartedOnly);
-    model.setUid(0);
-    const MessageLog log;
-    model.applyPolicyRules(texts({"x"}));
-    QCOMPARE(m_services.takeCalls(), texts({"GetAppInfo('a') s", "SetEnabled(0, 'a', 0) isb"}));
-    QCOMPARE(log.take(), s_none);
 }
 
 QTEST_GUILESS_MAIN(ApplicationAutostartTest)
