@@ -278,7 +278,7 @@ void ApplicationAllowlistTest::failedAlwaysAllowedIsSilent()
     QVERIFY(!announced.contains(text("alwaysAllowedApplicationsChanged")));
     QCOMPARE(model.column(Model::AlwaysAllowedRole), QVariantList({false, false, false}));
     QCOMPARE(log.take().filter(text("always")),
-             QStringList(warning(text("Failed to get always allowlist. Error: ") + debugText(error))));
+             QStringList(warning(text("Failed to get always allowlist. Error: ") + unquotedText(error))));
 }
 
 void ApplicationAllowlistTest::togglesAllowed()

@@ -9,7 +9,6 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDebug>
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
@@ -189,9 +188,8 @@ void ApplicationNotificationsTest::failedListEmptiesAll()
     m_services.settle();
     QCOMPARE(model.takeSignals(), s_announcement);
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
-    QString expected;
-    QDebug(&expected) << "Failed to get notifications configs list. Error:" << error.name() << error.message();
-    QCOMPARE(log.take(), QStringList(warning(expected.trimmed())));
+    QCOMPARE(log.take(), QStringList(warning(text("Failed to get notifications configs list. Error: ")
+                                             + unquotedText(error))));
 }
 
 void ApplicationNotificationsTest::outlivesARebuild()

@@ -15,20 +15,10 @@ AutostartClient::AutostartClient(QObject *parent)
 {
 }
 
-void AutostartClient::fetchEnabled(uint uid,
-                                   const std::function<void(const std::optional<QStringList> &)> &handler)
+void AutostartClient::fetchEnabled(uint uid, const ListHandler &handler)
 {
-    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetEnabled"), int(uid));
-    whenFinished(call, parent(), [uid, handler](const QDBusPendingCall &finished) {
-        const auto reply = replyOf<QStringList>(finished);
-        if (reply.error.isValid()) {
-            qCWarning(lcSettings).noquote()
-                << QString::fromLatin1(Messages::AutostartListFailed).arg(uid) << reply.error;
-            handler({});
-        } else {
-            handler(reply.value);
-        }
-    });
+    fetch<QStringList>(proxy()->asyncCall(QStringLiteral("GetEnabled"), int(uid)), parent(),
+                       QString::fromLatin1(Messages::AutostartListFailed).arg(uid), handler);
 }
 
 void AutostartClient::setEnabled(uint uid, const QString &application, bool enable,

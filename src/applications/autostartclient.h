@@ -18,11 +18,13 @@ class AutostartClient : public QObject
     Q_OBJECT
 
 public:
+    using ListHandler = std::function<void(const std::optional<QStringList> &)>;
+
     explicit AutostartClient(QObject *parent);
 
     /// The handler gets nothing when the call has failed, which is logged.
-    void fetchEnabled(uint uid, const std::function<void(const std::optional<QStringList> &)> &handler);
-    /// A failure is not told.
+    void fetchEnabled(uint uid, const ListHandler &handler);
+    /// A failure is not logged.
     void setEnabled(uint uid, const QString &application, bool enable, const std::function<void()> &succeeded);
 
 private:

@@ -17,17 +17,8 @@ NotificationsClient::NotificationsClient(QObject *parent)
 
 void NotificationsClient::fetchList(const std::function<void(const std::optional<QVariantMap> &)> &handler)
 {
-    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("getList"));
-    whenFinished(call, parent(), [handler](const QDBusPendingCall &finished) {
-        const auto reply = replyOf<QVariantMap>(finished);
-        if (reply.error.isValid()) {
-            qCWarning(lcSettings) << Messages::NotificationsListFailed << reply.error.name()
-                                  << reply.error.message();
-            handler({});
-        } else {
-            handler(reply.value);
-        }
-    });
+    fetch<QVariantMap>(proxy()->asyncCall(QStringLiteral("getList")), parent(),
+                       QString::fromLatin1(Messages::NotificationsListFailed), handler);
 }
 
 void NotificationsClient::setEnabled(const QString &application, bool enabled,

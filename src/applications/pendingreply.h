@@ -3,9 +3,13 @@
 
 #pragma once
 
+#include "common/logging.h"
+
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
+
+#include <optional>
 
 /// What came of a call that returns one value.
 template<typename Value>
@@ -53,4 +57,17 @@ void whenFinished(const QDBusPendingCall &call, QObject *owner, Handler handler)
         QMetaObject::invokeMethod(
             watcher, [watcher] { Q_EMIT watcher->finished(watcher); }, Qt::QueuedConnection);
     }
+}
+
+/// Calls @p handler with the value that @p call returns, or with nothing after a warning of @p message and the error.
+template<typename Value, typename Handler>
+void fetch(const QDBusPendingCall &call, QObject *owner, const QString &message, Handler handler)
+{
+    whenFinished(call, owner, [message, handler](const QDBusPendingCall &finished) {
+        const Reply<Value> reply = replyOf<Value>(finished);
+        if (reply.error.isValid()) {
+            qCWarning(lcSettings).noquote() << message << reply.error;
+        }
+        handler(reply.error.isValid() ? std::nullopt : std::make_optional(reply.value));
+    });
 }

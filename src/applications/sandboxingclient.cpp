@@ -18,31 +18,14 @@ SandboxingClient::SandboxingClient(QObject *parent)
 
 void SandboxingClient::fetchAllowlist(uint uid, const ListHandler &handler)
 {
-    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAllowlist"), uid);
-    whenFinished(call, parent(), [uid, handler](const QDBusPendingCall &finished) {
-        const auto reply = replyOf<QStringList>(finished);
-        if (reply.error.isValid()) {
-            qCWarning(lcSettings).noquote()
-                << QString::fromLatin1(Messages::AllowlistFailed).arg(uid) << reply.error;
-            handler({});
-        } else {
-            handler(reply.value);
-        }
-    });
+    fetch<QStringList>(proxy()->asyncCall(QStringLiteral("GetAllowlist"), uid), parent(),
+                       QString::fromLatin1(Messages::AllowlistFailed).arg(uid), handler);
 }
 
 void SandboxingClient::fetchAlwaysAllowed(const ListHandler &handler)
 {
-    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAlwaysAllowedApplications"));
-    whenFinished(call, parent(), [handler](const QDBusPendingCall &finished) {
-        const auto reply = replyOf<QStringList>(finished);
-        if (reply.error.isValid()) {
-            qCWarning(lcSettings) << Messages::AlwaysAllowedFailed << reply.error;
-            handler({});
-        } else {
-            handler(reply.value);
-        }
-    });
+    fetch<QStringList>(proxy()->asyncCall(QStringLiteral("GetAlwaysAllowedApplications")), parent(),
+                       QString::fromLatin1(Messages::AlwaysAllowedFailed), handler);
 }
 
 void SandboxingClient::setAllowlist(uint uid, const QStringList &applications,

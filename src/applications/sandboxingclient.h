@@ -28,7 +28,7 @@ public:
 
     void fetchAllowlist(uint uid, const ListHandler &handler);
     void fetchAlwaysAllowed(const ListHandler &handler);
-    /// Failures are not told.
+    /// Failures are not logged.
     void setAllowlist(uint uid, const QStringList &applications, const std::function<void()> &finished);
     void setAllowlistEnabled(uint uid, bool enabled, const std::function<void()> &finished);
 
