@@ -3,6 +3,7 @@
 
 #include "applications.h"
 #include "applicationservices.h"
+#include "growth.h"
 #include "text.h"
 
 #include "notificationsconfigproxy.h"
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void failedSetChangesNothing();
     void setsUnknownApplication();
     void firstRowOfTheIdIsMeant();
+    void idsOfRowsChange();
     void applicationWithoutId();
 
     void hearsOfAChange();
@@ -57,6 +59,7 @@ private Q_SLOTS:
     void answersAfterTheEnd();
     void serviceComesAndGoes();
     void nothingWaits();
+    void changesTakeLinearTime();
 
 private:
     void tell(const QString &applicationId, const QVariantMap &config);
@@ -261,6 +264,30 @@ void ApplicationNotificationsTest::firstRowOfTheIdIsMeant()
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, false}));
 }
 
+void ApplicationNotificationsTest::idsOfRowsChange()
+{
+    ServedModel model(&m_services);
+    QSignalSpy reset(&model, &Model::modelReset);
+    const auto announced = [&](const char *id) {
+        model.setNotificationsEnabled(text(id), false);
+        m_services.settle();
+        return model.takeSignals();
+    };
+    QCOMPARE(announced("com.app.b"), announcementOf("1-1"));
+    m_applications->write("first/a.desktop", application("A", "X-DBus-ServiceName=com.app.b"));
+    QTRY_COMPARE(model.column(Model::ApplicationIdRole).value(0), QVariant(text("com.app.b")));
+    QCOMPARE(announced("com.app.b"), announcementOf("0-0"));
+    m_applications->write("first/c.desktop", application("C", "X-DBus-ServiceName=com.app.new"));
+    QTRY_COMPARE(model.column(Model::ApplicationIdRole).value(2), QVariant(text("com.app.new")));
+    QCOMPARE(announced("com.app.new"), announcementOf("2-2"));
+    QCOMPARE(reset.count(), 0);
+    m_applications->remove("first/a.desktop");
+    QTRY_COMPARE(model.column(Model::ApplicationIdRole).value(0), QVariant(QString()));
+    QCOMPARE(announced("com.app.b"), announcementOf("1-1"));
+    QCOMPARE(announced(""), announcementOf("0-0"));
+    QCOMPARE(reset.count(), 0);
+}
+
 void ApplicationNotificationsTest::applicationWithoutId()
 {
     ServedModel model(&m_services);
@@ -433,6 +460,29 @@ void ApplicationNotificationsTest::nothingWaits()
     m_services[Service::Notifications].resume();
     QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.a', 0) sb"}));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
+}
+
+void ApplicationNotificationsTest::changesTakeLinearTime()
+{
+    const auto changeAll = [this](int count) {
+        m_applications = std::make_unique<Applications>();
+        for (int i = 0; i < count; ++i) {
+            m_applications->write(qPrintable(text("first/x%1.desktop").arg(i)),
+                                  application("X", "X-DBus-ServiceName=com.app.x" + QByteArray::number(i)));
+        }
+        ServedModel model(&m_services);
+        model.getAllowedNotificationsConfig();
+        m_services.settle();
+        auto *proxy = model.findChild<ComKeloNotificationsConfigProxy *>();
+        CpuTimer timer;
+        timer.start();
+        for (int i = 0; i < count; ++i) {
+            Q_EMIT proxy->configChanged(text("com.app.x%1").arg(i), enabled(false));
+        }
+        const qint64 elapsed = timer.nsecsElapsed();
+        return model.column(Model::NotificationsEnabledRole).contains(true) ? -1 : elapsed;
+    };
+    QVERIFY(Growth::isLinear(changeAll, 200));
 }
 
 void ApplicationNotificationsTest::proxy()

@@ -50,10 +50,12 @@ private Q_SLOTS:
     void filterMode();
     void withoutMode();
     void lookups();
+    void looksUpChangedFiles();
     void objectsSurviveTheGarbageCollector();
     void handlersMayResetAgain();
     void roleLookupsDoNotGrowWithTheLists();
     void rebuildTakesLinearTime();
+    void iconsTakeLinearTime();
 
 private:
     void complete(Model *model);
@@ -347,6 +349,30 @@ void ApplicationsSettingsModelTest::lookups()
     }
 }
 
+void ApplicationsSettingsModelTest::looksUpChangedFiles()
+{
+    m_applications->write("first/a.desktop", application("A", "Icon=first\n"));
+    m_applications->write("first/sub/a.desktop", application("Z", "Icon=second\n"));
+    LauncherFolderModel launcher;
+    Model model;
+    model.setApplications(&launcher);
+    complete(&model);
+    QCOMPARE(model.iconOf(text("a.desktop")), text("first"));
+    QCOMPARE(model.iconOf(text("sub-a.desktop")), QString());
+    m_applications->write("first/a.desktop", application("A", "Icon=other\n"));
+    QTRY_COMPARE(model.iconOf(text("a.desktop")), text("other"));
+    // In the place of the one in the sub-directory, with the same id
+    m_applications->write("user/sub-a.desktop", application("Z", "Icon=own\n"));
+    QTRY_COMPARE(model.iconOf(text("sub-a.desktop")), text("own"));
+    m_applications->remove("user/sub-a.desktop");
+    QTRY_COMPARE(model.iconOf(text("sub-a.desktop")), QString());
+    QCOMPARE(model.iconOf(text("a.desktop")), text("other"));
+    QSignalSpy reset(&model, &Model::modelReset);
+    m_applications->remove("first/a.desktop");
+    QTRY_COMPARE(model.iconOf(text("a.desktop")), text("second"));
+    QCOMPARE(reset.count(), 0);
+}
+
 void ApplicationsSettingsModelTest::objectsSurviveTheGarbageCollector()
 {
     Model model;
@@ -420,6 +446,28 @@ void ApplicationsSettingsModelTest::rebuildTakesLinearTime()
         return model.count() == count + 3 ? timer.nsecsElapsed() : -1;
     };
     QVERIFY(Growth::isLinear(rebuild, 200));
+}
+
+void ApplicationsSettingsModelTest::iconsTakeLinearTime()
+{
+    const auto lookUpAll = [this](int count) {
+        init();
+        for (int i = 0; i < count; ++i) {
+            m_applications->write(qPrintable(text("first/x%1.desktop").arg(i)), application("X", "Icon=x\n"));
+        }
+        Model model;
+        complete(&model);
+        CpuTimer timer;
+        timer.start();
+        for (int i = 0; i < count; ++i) {
+            if (model.iconOf(text("x%1.desktop").arg(i)) != text("x")) {
+                return qint64(-1);
+            }
+            model.iconOf(text("missing%1.desktop").arg(i));
+        }
+        return timer.nsecsElapsed();
+    };
+    QVERIFY(Growth::isLinear(lookUpAll, 200));
 }
 
 QTEST_GUILESS_MAIN(ApplicationsSettingsModelTest)

@@ -66,6 +66,17 @@ QString ApplicationItem::dBusServiceName() const
     return m_item ? m_item->dBusServiceName() : QString();
 }
 
+QString ApplicationItem::desktopFile() const
+{
+    const QString path = fileName();
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+LauncherItem *ApplicationItem::launcherItem() const
+{
+    return m_item;
+}
+
 bool ApplicationItem::updateSection(TreeItem *applicationsSection)
 {
     TreeItem *const section = lookUpSection(applicationsSection);
@@ -81,9 +92,7 @@ TreeItem *ApplicationItem::lookUpSection(TreeItem *applicationsSection) const
     if (!m_item) {
         return m_section; // nothing tells the name any more
     }
-    const QString path = m_item->filePath();
-    return applicationsSection ? applicationsSection->lookup({path.mid(path.lastIndexOf(QLatin1Char('/')) + 1)})
-                               : nullptr;
+    return applicationsSection ? applicationsSection->lookup({desktopFile()}) : nullptr;
 }
 
 void ApplicationItem::updateSandboxed()

@@ -44,6 +44,8 @@ public:
     bool isValid() const;
     bool sandboxed() const; ///< as last heard of
     QString dBusServiceName() const;
+    QString desktopFile() const; ///< the name of the desktop file, without its directory
+    LauncherItem *launcherItem() const; ///< null once it is gone
 
     /// Looks the section up again below @p applicationsSection, which may be null. Returns whether there is another
     /// section since the last time, none any more, or one with other data.

@@ -4,10 +4,11 @@
 #include "applications/applicationssettingsmodel.h"
 
 #include "applications/applicationitem.h"
+#include "applications/applicationnotifications.h"
+#include "applications/applicationrows.h"
 #include "applications/desktopfiles.h"
 #include "applications/filewatcher.h"
 #include "applications/launcherlisting.h"
-#include "applications/notificationsclient.h"
 #include "applications/userapplicationlists.h"
 #include "common/constants.h"
 #include "common/logging.h"
@@ -20,14 +21,11 @@
 #include <mgconfitem.h>
 #include <orvantaaccesscontrol.h>
 
-#include <QFileInfo>
 #include <QMap>
 #include <QQmlEngine>
 #include <QTimer>
 
-#include <algorithm>
 #include <chrono>
-#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -70,7 +68,7 @@ const ApplicationsSettingsModel::RoleEntry ApplicationsSettingsModel::s_roles[] 
      [](const auto &, const ApplicationItem &item) { return QVariant(item.dBusServiceName()); }},
     {NotificationsEnabledRole, "notificationsEnabled",
      [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_notificationsEnabled.value(item.dBusServiceName(), true));
+         return QVariant(model.m_notifications->isEnabled(item.dBusServiceName()));
      }},
 };
 
@@ -81,7 +79,8 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     , m_updateTimer(new QTimer(this))
     , m_launcher(new LauncherListing(this))
     , m_lists(new UserApplicationLists(this))
-    , m_notifications(new NotificationsClient(this))
+    , m_rows(new ApplicationRows(this))
+    , m_notifications(new ApplicationNotifications(m_rows, this))
 {
     m_updateTimer->setSingleShot(true);
     m_updateTimer->setInterval(UpdateDelay);
@@ -104,7 +103,10 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     connect(m_lists, &Lists::membersChanged, this, &Self::notifyAllRows);
     connect(m_lists, &Lists::allowlistEnabledChanged, this, &Self::allowlistEnabledChanged);
     connect(m_lists, &Lists::autostartEnabledChanged, this, &Self::autostartEnabledChanged);
-    connect(m_notifications, &NotificationsClient::configChanged, this, &Self::updateNotifications);
+    using Notifications = ApplicationNotifications;
+    connect(m_notifications, &Notifications::rowChanged, this, &Self::notifyRow);
+    connect(m_notifications, &Notifications::changed, this, &Self::allowedNotificationsChanged);
+    connect(m_notifications, &Notifications::changed, this, &Self::selectedAppsChanged);
 }
 
 ApplicationsSettingsModel::~ApplicationsSettingsModel() = default;
@@ -224,12 +226,12 @@ void ApplicationsSettingsModel::componentComplete()
 int ApplicationsSettingsModel::rowCount(const QModelIndex &parent) const
 {
     Q_UNUSED(parent)
-    return m_items.size();
+    return m_rows->items().size();
 }
 
 QVariant ApplicationsSettingsModel::data(const QModelIndex &index, int role) const
 {
-    const ApplicationItem *item = m_items.value(index.row());
+    const ApplicationItem *item = m_rows->items().value(index.row());
     if (!item) {
         return {};
     }
@@ -284,12 +286,8 @@ void ApplicationsSettingsModel::fetchSelection()
 
 QString ApplicationsSettingsModel::iconOf(const QString &desktopFile) const
 {
-    for (const ApplicationItem *item : m_items) {
-        if (QFileInfo(item->fileName()).fileName() == desktopFile) {
-            return item->iconId();
-        }
-    }
-    return {};
+    const ApplicationItem *item = m_rows->itemOfDesktopFile(desktopFile);
+    return item ? item->iconId() : QString();
 }
 
 void ApplicationsSettingsModel::toggleSelectedApp(const QString &fileId)
@@ -333,7 +331,7 @@ void ApplicationsSettingsModel::applyPolicyRules(const QStringList &apps)
 
 QObject *ApplicationsSettingsModel::objectForPath(const QString &path) const
 {
-    for (ApplicationItem *item : m_items) {
+    for (ApplicationItem *item : m_rows->items()) {
         if (item->fileName() == path) {
             QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
             return item;
@@ -344,22 +342,23 @@ QObject *ApplicationsSettingsModel::objectForPath(const QString &path) const
 
 QString ApplicationsSettingsModel::firstObjectPath() const
 {
-    return m_items.isEmpty() ? QString() : m_items.first()->fileName();
+    const ApplicationItem *first = m_rows->items().value(0);
+    return first ? first->fileName() : QString();
 }
 
 void ApplicationsSettingsModel::getAllowedNotificationsConfig()
 {
-    m_notifications->fetchList([this](const auto &enabled) { replaceNotifications(enabled); });
+    m_notifications->fetch();
 }
 
 void ApplicationsSettingsModel::setNotificationsEnabled(const QString &appID, bool enabled)
 {
-    m_notifications->setEnabled(appID, enabled, [this, appID, enabled] { storeNotifications(appID, enabled); });
+    m_notifications->setEnabled(appID, enabled);
 }
 
 void ApplicationsSettingsModel::rebuild()
 {
-    qDeleteAll(std::exchange(m_items, {}));
+    qDeleteAll(m_rows->takeAll());
     m_lists->forget();
     const QStringList maskedList = m_maskedItem->value().toStringList();
     const QSet<QString> masked(maskedList.cbegin(), maskedList.cend());
@@ -376,8 +375,8 @@ void ApplicationsSettingsModel::updateSections()
 {
     TreeItem *section = applicationsSection();
     QMap<int, QPointer<ApplicationItem>> changed;
-    for (int row = 0; row < m_items.size(); ++row) {
-        ApplicationItem *item = m_items.at(row);
+    for (int row = 0; row < count(); ++row) {
+        ApplicationItem *item = m_rows->items().at(row);
         if (item->updateSection(section)) {
             changed.insert(row, item);
         }
@@ -402,8 +401,9 @@ bool ApplicationsSettingsModel::isListed(const LauncherItem &item, const QSet<QS
 
 void ApplicationsSettingsModel::addItem(ApplicationItem *item)
 {
-    m_items.append(item);
-    connect(item, &ApplicationItem::sandboxedChanged, this, [this, item] { notifyRow(m_items.indexOf(item)); });
+    const int row = count();
+    m_rows->append(item);
+    connect(item, &ApplicationItem::sandboxedChanged, this, [this, row] { notifyRow(row); });
 }
 
 void ApplicationsSettingsModel::notifyRow(int row)
@@ -413,73 +413,19 @@ void ApplicationsSettingsModel::notifyRow(int row)
 
 void ApplicationsSettingsModel::notifyAllRows()
 {
-    if (!m_items.isEmpty()) {
-        Q_EMIT dataChanged(index(0), index(m_items.size() - 1));
+    if (count() > 0) {
+        Q_EMIT dataChanged(index(0), index(count() - 1));
     }
-}
-
-int ApplicationsSettingsModel::rowOfApplicationId(const QString &applicationId) const
-{
-    const auto hasId = [&](const ApplicationItem *item) { return item->dBusServiceName() == applicationId; };
-    const auto *const item = std::find_if(m_items.cbegin(), m_items.cend(), hasId);
-    return item == m_items.cend() ? -1 : int(item - m_items.cbegin());
 }
 
 QStringList ApplicationsSettingsModel::allIds() const
 {
     QStringList ids;
-    for (const ApplicationItem *item : m_items) {
+    for (const ApplicationItem *item : m_rows->items()) {
         const QString id = applicationId(item->fileId());
         if (!id.isEmpty()) { // the launcher entry may be gone, and its row about to go
             ids.append(id);
         }
     }
     return ids;
-}
-
-void ApplicationsSettingsModel::replaceNotifications(const std::optional<QVariantMap> &enabled)
-{
-    if (!enabled) {
-        m_notificationsEnabled.clear();
-    } else {
-        // What the service does not mention keeps its value.
-        for (auto it = enabled->cbegin(); it != enabled->cend(); ++it) {
-            m_notificationsEnabled.insert(it.key(), it.value().toBool());
-        }
-    }
-    announceNotifications();
-}
-
-void ApplicationsSettingsModel::updateNotifications(const QString &applicationId, const QVariantMap &config)
-{
-    const QString key = QStringLiteral("enabled");
-    if (config.contains(key) || rowOfApplicationId(applicationId) < 0) {
-        storeNotifications(applicationId, config.value(key).toBool());
-    } else {
-        qCWarning(lcSettings) << Messages::UnknownConfig << config;
-    }
-}
-
-void ApplicationsSettingsModel::storeNotifications(const QString &applicationId, bool enabled)
-{
-    const int row = rowOfApplicationId(applicationId);
-    if (row < 0) {
-        qCWarning(lcSettings).noquote() << QString::fromLatin1(Messages::NoApplication).arg(applicationId);
-        return;
-    }
-    m_notificationsEnabled.insert(applicationId, enabled);
-    const QPointer<ApplicationsSettingsModel> self(this);
-    notifyRow(row);
-    if (self) {
-        announceNotifications();
-    }
-}
-
-void ApplicationsSettingsModel::announceNotifications()
-{
-    const QPointer<ApplicationsSettingsModel> self(this);
-    Q_EMIT allowedNotificationsChanged();
-    if (self) {
-        Q_EMIT selectedAppsChanged();
-    }
 }

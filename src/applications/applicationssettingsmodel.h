@@ -4,23 +4,19 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QHash>
 #include <QPointer>
 #include <QQmlParserStatus>
 #include <QSet>
 #include <QStringList>
-#include <QVariantMap>
-#include <QVector>
-
-#include <optional>
 
 class ApplicationItem;
+class ApplicationNotifications;
+class ApplicationRows;
 class FileWatcher;
 class LauncherFolderModel;
 class LauncherItem;
 class LauncherListing;
 class MGConfItem;
-class NotificationsClient;
 class QTimer;
 class UserApplicationLists;
 
@@ -140,27 +136,20 @@ private:
     void addItem(ApplicationItem *item);
     void notifyRow(int row);
     void notifyAllRows();
-    int rowOfApplicationId(const QString &applicationId) const;
     QStringList allIds() const;
-
-    void replaceNotifications(const std::optional<QVariantMap> &enabled);
-    void updateNotifications(const QString &applicationId, const QVariantMap &config);
-    void storeNotifications(const QString &applicationId, bool enabled);
-    void announceNotifications();
 
     static const RoleEntry s_roles[];
 
     QPointer<LauncherFolderModel> m_applications;
-    QVector<ApplicationItem *> m_items;
     MGConfItem *const m_maskedItem;
     FileWatcher *const m_configWatcher;
     QTimer *const m_updateTimer;
     LauncherListing *const m_launcher;
     UserApplicationLists *const m_lists;
-    NotificationsClient *const m_notifications;
+    ApplicationRows *const m_rows;
+    ApplicationNotifications *const m_notifications;
     bool m_complete = false;
     bool m_resetting = false;
     bool m_resetAgain = false; ///< something demanded a reset in the middle of one
     int m_filterMode = -1;
-    QHash<QString, bool> m_notificationsEnabled; ///< by application id
 };
