@@ -263,6 +263,16 @@ void writeThreeApplications(const Applications &applications)
     }
 }
 
+void writeNotifyingApplications(const Applications &applications)
+{
+    writeThreeApplications(applications);
+    for (const char *id : {"a", "b"}) {
+        const QByteArray file = QByteArray("first/") + id + ".desktop";
+        applications.write(file.constData(),
+                           application(QByteArray(id).toUpper(), QByteArray("X-DBus-ServiceName=com.app.") + id));
+    }
+}
+
 ServedModel::ServedModel(ApplicationServices *services, int mode)
 {
     setUid(1000);
@@ -289,6 +299,12 @@ QVariantList ServedModel::column(ApplicationRoles role) const
 QStringList allowlistAnnouncement()
 {
     return texts({"allowlistChanged", "selectedAppsChanged", "dataChanged 0-2"});
+}
+
+QStringList notificationAnnouncement(const char *row)
+{
+    return QStringList(text("dataChanged ") + text(row))
+           + texts({"allowedNotificationsChanged", "selectedAppsChanged"});
 }
 
 QString debugText(const QDBusError &error)

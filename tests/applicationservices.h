@@ -64,6 +64,8 @@ void faults(const char *method);
 
 /// Puts the applications a, b and c into the launcher, and an "applications" section into the registry.
 void writeThreeApplications(const Applications &applications);
+/// The same, where a has the application id com.app.a, b has com.app.b, and c none.
+void writeNotifyingApplications(const Applications &applications);
 
 constexpr int NoMode = -1;
 /// In milliseconds, far below the time that a call is given for its answer
@@ -85,6 +87,8 @@ private:
 
 /// The signals with which a new allow-list for three rows is announced.
 QStringList allowlistAnnouncement();
+/// The signals with which another notification setting of one row is announced: "0-0" for the first row.
+QStringList notificationAnnouncement(const char *row);
 
 /// What QDebug makes of it, with and without quotes round the texts.
 QString debugText(const QDBusError &error);

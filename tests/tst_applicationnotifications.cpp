@@ -3,19 +3,15 @@
 
 #include "applications.h"
 #include "applicationservices.h"
-#include "growth.h"
 #include "text.h"
 
 #include "notificationsconfigproxy.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
-#include <optional>
 
 using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
@@ -47,24 +43,10 @@ private Q_SLOTS:
     void idsOfRowsChange();
     void applicationWithoutId();
 
-    void hearsOfAChange();
-    void hearsOfAnUnknownApplication_data();
-    void hearsOfAnUnknownApplication();
-    void hearsOfAnotherChange();
-    void otherSignalsAreNotHeard();
-    void nobodyElseIsHeard();
-    void hearsNothingBeforeFirstUse();
-
     void answersAfterTheRowsAreGone();
-    void answersAfterTheEnd();
-    void serviceComesAndGoes();
     void nothingWaits();
-    void changesTakeLinearTime();
 
 private:
-    void tell(const QString &applicationId, const QVariantMap &config);
-    void tell(const QVariantList &arguments, const char *signature);
-
     std::unique_ptr<Applications> m_applications;
     ApplicationServices m_services;
 };
@@ -75,39 +57,13 @@ const QStringList s_none;
 const QString s_a = QStringLiteral("com.app.a");
 
 const QStringList s_announcement = texts({"allowedNotificationsChanged", "selectedAppsChanged"});
-
-QStringList announcementOf(const char *row)
-{
-    return QStringList(text("dataChanged ") + text(row)) + s_announcement;
-}
-
-QVariantMap enabled(bool value)
-{
-    return {{text("enabled"), value}};
-}
 }
 
 void ApplicationNotificationsTest::init()
 {
     m_services.reset();
     m_applications = std::make_unique<Applications>();
-    writeThreeApplications(*m_applications);
-    for (const char *id : {"a", "b"}) {
-        m_applications->write(
-            QByteArray(QByteArray("first/") + id + ".desktop").constData(),
-            application(QByteArray(id).toUpper(), QByteArray("X-DBus-ServiceName=com.app.") + id));
-    }
-}
-
-void ApplicationNotificationsTest::tell(const QString &applicationId, const QVariantMap &config)
-{
-    tell({applicationId, config}, "sa{sv}");
-}
-
-void ApplicationNotificationsTest::tell(const QVariantList &arguments, const char *signature)
-{
-    m_services[Service::Notifications].emitSignal(text("configChanged"), text(signature), arguments);
-    m_services.settle();
+    writeNotifyingApplications(*m_applications);
 }
 
 void ApplicationNotificationsTest::enabledUntilToldOtherwise()
@@ -213,12 +169,12 @@ void ApplicationNotificationsTest::setsOne()
     QCOMPARE(model.takeSignals(), s_none);
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
     QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.app.b', 0) sb"}));
-    QCOMPARE(model.takeSignals(), announcementOf("1-1"));
+    QCOMPARE(model.takeSignals(), notificationAnnouncement("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, true}));
     model.setNotificationsEnabled(text("com.app.b"), true);
     model.setNotificationsEnabled(text("com.app.b"), true);
     QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.app.b', 1) sb", "setEnabled('com.app.b', 1) sb"}));
-    QCOMPARE(model.takeSignals(), announcementOf("1-1") + announcementOf("1-1"));
+    QCOMPARE(model.takeSignals(), notificationAnnouncement("1-1") + notificationAnnouncement("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
     QCOMPARE(log.take(), s_none);
 }
@@ -260,7 +216,7 @@ void ApplicationNotificationsTest::firstRowOfTheIdIsMeant()
     ServedModel model(&m_services);
     model.setNotificationsEnabled(text("com.app.b"), false);
     m_services.settle();
-    QCOMPARE(model.takeSignals(), announcementOf("1-1"));
+    QCOMPARE(model.takeSignals(), notificationAnnouncement("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, false}));
 }
 
@@ -273,18 +229,18 @@ void ApplicationNotificationsTest::idsOfRowsChange()
         m_services.settle();
         return model.takeSignals();
     };
-    QCOMPARE(announced("com.app.b"), announcementOf("1-1"));
+    QCOMPARE(announced("com.app.b"), notificationAnnouncement("1-1"));
     m_applications->write("first/a.desktop", application("A", "X-DBus-ServiceName=com.app.b"));
     QTRY_COMPARE(model.column(Model::ApplicationIdRole).value(0), QVariant(text("com.app.b")));
-    QCOMPARE(announced("com.app.b"), announcementOf("0-0"));
+    QCOMPARE(announced("com.app.b"), notificationAnnouncement("0-0"));
     m_applications->write("first/c.desktop", application("C", "X-DBus-ServiceName=com.app.new"));
     QTRY_COMPARE(model.column(Model::ApplicationIdRole).value(2), QVariant(text("com.app.new")));
-    QCOMPARE(announced("com.app.new"), announcementOf("2-2"));
+    QCOMPARE(announced("com.app.new"), notificationAnnouncement("2-2"));
     QCOMPARE(reset.count(), 0);
     m_applications->remove("first/a.desktop");
     QTRY_COMPARE(model.column(Model::ApplicationIdRole).value(0), QVariant(QString()));
-    QCOMPARE(announced("com.app.b"), announcementOf("1-1"));
-    QCOMPARE(announced(""), announcementOf("0-0"));
+    QCOMPARE(announced("com.app.b"), notificationAnnouncement("1-1"));
+    QCOMPARE(announced(""), notificationAnnouncement("0-0"));
     QCOMPARE(reset.count(), 0);
 }
 
@@ -293,108 +249,7 @@ void ApplicationNotificationsTest::applicationWithoutId()
     ServedModel model(&m_services);
     model.setNotificationsEnabled({}, false);
     QCOMPARE(m_services.takeCalls(), texts({"setEnabled('', 0) sb"}));
-    QCOMPARE(model.takeSignals(), announcementOf("2-2"));
-}
-
-void ApplicationNotificationsTest::hearsOfAChange()
-{
-    const MessageLog log;
-    ServedModel model(&m_services);
-    model.getAllowedNotificationsConfig();
-    m_services.settle();
-    model.takeSignals();
-    tell(s_a, {{text("enabled"), false}, {text("sound"), true}});
-    QCOMPARE(model.takeSignals(), announcementOf("0-0"));
-    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
-    tell(s_a, enabled(true));
-    QCOMPARE(model.takeSignals(), announcementOf("0-0"));
-    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
-    tell(s_a, {{text("enabled"), text("false")}});
-    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
-    QCOMPARE(log.take(), s_none);
-}
-
-void ApplicationNotificationsTest::hearsOfAnUnknownApplication_data()
-{
-    QTest::addColumn<QVariantMap>("config");
-    QTest::newRow("with a flag") << enabled(false);
-    QTest::newRow("without a flag") << QVariantMap();
-}
-
-void ApplicationNotificationsTest::hearsOfAnUnknownApplication()
-{
-    QFETCH(QVariantMap, config);
-    const MessageLog log;
-    ServedModel model(&m_services);
-    model.getAllowedNotificationsConfig();
-    m_services.settle();
-    model.takeSignals();
-    tell(text("com.app.x"), config);
-    QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.app.x"))));
-}
-
-void ApplicationNotificationsTest::hearsOfAnotherChange()
-{
-    const MessageLog log;
-    ServedModel model(&m_services);
-    model.getAllowedNotificationsConfig();
-    m_services.settle();
-    model.takeSignals();
-    tell(s_a, {{text("Enabled"), false}});
-    QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
-    QCOMPARE(log.take(),
-             QStringList(warning(text("Unknown config changed: QMap((\"Enabled\", QVariant(bool, false)))"))));
-}
-
-void ApplicationNotificationsTest::otherSignalsAreNotHeard()
-{
-    const MessageLog log;
-    ServedModel model(&m_services);
-    model.getAllowedNotificationsConfig();
-    m_services.settle();
-    model.takeSignals();
-    tell({s_a}, "s");
-    tell({s_a, false}, "sb");
-    tell({}, "");
-    m_services[Service::Notifications].emitSignal(text("otherChanged"), text("sa{sv}"), {s_a, enabled(false)});
-    m_services.settle();
-    QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(log.take(), s_none);
-}
-
-void ApplicationNotificationsTest::nobodyElseIsHeard()
-{
-    const MessageLog log;
-    ServedModel model(&m_services);
-    model.getAllowedNotificationsConfig();
-    m_services.settle();
-    model.takeSignals();
-    QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, text("other"));
-    QDBusMessage signal = QDBusMessage::createSignal(text("/com/kelo/NotificationsConfig1"),
-                                                     text("com.kelo.NotificationsConfig1"), text("configChanged"));
-    signal.setArguments({s_a, enabled(false)});
-    QVERIFY(other.send(signal));
-    // When this is answered, the bus has passed on the signal.
-    other.call(QDBusMessage::createMethodCall(text("org.freedesktop.DBus"), text("/"),
-                                              text("org.freedesktop.DBus"), text("GetId")));
-    m_services.settle();
-    QDBusConnection::disconnectFromBus(text("other"));
-    QCOMPARE(model.takeSignals(), s_none);
-    QCOMPARE(log.take(), s_none);
-}
-
-void ApplicationNotificationsTest::hearsNothingBeforeFirstUse()
-{
-    ServedModel model(&m_services);
-    tell(s_a, enabled(false));
-    QCOMPARE(model.takeSignals(), s_none);
-    model.setNotificationsEnabled(text("com.app.b"), false);
-    m_services.settle();
-    model.takeSignals();
-    tell(s_a, enabled(false));
-    QCOMPARE(model.takeSignals(), announcementOf("0-0"));
+    QCOMPARE(model.takeSignals(), notificationAnnouncement("2-2"));
 }
 
 void ApplicationNotificationsTest::answersAfterTheRowsAreGone()
@@ -408,42 +263,6 @@ void ApplicationNotificationsTest::answersAfterTheRowsAreGone()
     m_services.settle();
     QCOMPARE(model.takeSignals(), s_announcement);
     QCOMPARE(log.take(), QStringList(warning(text("Cant find application: com.app.a"))));
-}
-
-void ApplicationNotificationsTest::answersAfterTheEnd()
-{
-    const MessageLog log;
-    m_services.spoil("getList", Fault::Refuses);
-    std::optional<ServedModel> model(&m_services);
-    m_services[Service::Notifications].suspend();
-    model->getAllowedNotificationsConfig();
-    model->setNotificationsEnabled(text("com.app.x"), false);
-    model.reset();
-    m_services[Service::Notifications].resume();
-    QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.x', 0) sb"}));
-    tell(text("com.app.x"), {});
-    QCOMPARE(log.take(), s_none);
-}
-
-void ApplicationNotificationsTest::serviceComesAndGoes()
-{
-    m_services.stop(Service::Notifications);
-    ServedModel model(&m_services);
-    for (int i = 0; i < 2; ++i) {
-        const MessageLog log;
-        model.getAllowedNotificationsConfig();
-        m_services.settle();
-        QCOMPARE(log.take().size(), 1);
-        m_services.start(Service::Notifications);
-        model.takeSignals();
-        tell(s_a, enabled(false));
-        QCOMPARE(model.takeSignals(), announcementOf("0-0"));
-        model.setNotificationsEnabled(s_a, true);
-        m_services.settle();
-        QCOMPARE(model.takeSignals(), announcementOf("0-0"));
-        QCOMPARE(log.take(), s_none);
-        m_services.stop(Service::Notifications);
-    }
 }
 
 void ApplicationNotificationsTest::nothingWaits()
@@ -460,29 +279,6 @@ void ApplicationNotificationsTest::nothingWaits()
     m_services[Service::Notifications].resume();
     QCOMPARE(m_services.takeCalls(), texts({"getList()", "setEnabled('com.app.a', 0) sb"}));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({false, true, true}));
-}
-
-void ApplicationNotificationsTest::changesTakeLinearTime()
-{
-    const auto changeAll = [this](int count) {
-        m_applications = std::make_unique<Applications>();
-        for (int i = 0; i < count; ++i) {
-            m_applications->write(qPrintable(text("first/x%1.desktop").arg(i)),
-                                  application("X", "X-DBus-ServiceName=com.app.x" + QByteArray::number(i)));
-        }
-        ServedModel model(&m_services);
-        model.getAllowedNotificationsConfig();
-        m_services.settle();
-        auto *proxy = model.findChild<ComKeloNotificationsConfigProxy *>();
-        CpuTimer timer;
-        timer.start();
-        for (int i = 0; i < count; ++i) {
-            Q_EMIT proxy->configChanged(text("com.app.x%1").arg(i), enabled(false));
-        }
-        const qint64 elapsed = timer.nsecsElapsed();
-        return model.column(Model::NotificationsEnabledRole).contains(true) ? -1 : elapsed;
-    };
-    QVERIFY(Growth::isLinear(changeAll, 200));
 }
 
 void ApplicationNotificationsTest::proxy()
