@@ -8,11 +8,14 @@
 #include "input.h"
 
 #include "actions/quickactionreader.h"
+#include "applications/allowlist.h"
+#include "applications/alwaysallowedlist.h"
 #include "applications/applicationssettingsmodel.h"
+#include "applications/applicationsuser.h"
 #include "applications/autostartclient.h"
+#include "applications/autostartlist.h"
 #include "applications/notificationsclient.h"
 #include "applications/sandboxingclient.h"
-#include "applications/userapplicationlists.h"
 #include "common/constants.h"
 
 #include <launcherfoldermodel.h>
@@ -330,14 +333,17 @@ private:
     SandboxingClient m_sandboxing{&m_owner};
     AutostartClient m_autostart{&m_owner};
     NotificationsClient m_notifications{&m_owner};
-    UserApplicationLists m_lists{&m_owner};
+    ApplicationsUser m_user;
+    AlwaysAllowedList m_alwaysAllowed{&m_sandboxing, &m_owner};
+    Allowlist m_allowlist{&m_user, &m_sandboxing, &m_alwaysAllowed, &m_owner};
+    AutostartList m_autostartList{&m_user, &m_sandboxing, &m_owner};
     std::unique_ptr<ApplicationsSettingsModel> m_model; ///< made on demand, for that takes longer than all else
     QuickActionReader m_actions{nullptr};
 };
 
 Clients::Clients()
 {
-    m_lists.setUid(s_user);
+    m_user.setUid(s_user);
 }
 
 ApplicationsSettingsModel *Clients::model()
@@ -415,16 +421,16 @@ void Clients::step(Input *input)
         m_autostart.fetchEnabled(s_user, [](const std::optional<QStringList> &) {});
         break;
     case 4:
-        m_lists.setAutostart(s_application, input->flag());
+        m_autostartList.toggle(s_application);
         break;
     case 5:
-        m_lists.fetchAutostartList();
+        m_autostartList.fetch();
         break;
     case 6:
-        m_lists.queryAllowlistEnabled();
+        m_allowlist.isEnabled();
         break;
     case 7:
-        m_lists.setAllowlistEnabled(input->flag());
+        m_allowlist.setEnabled(input->flag());
         break;
     case 8:
         model()->getAllowedNotificationsConfig();

@@ -3,13 +3,16 @@
 
 #include "applications/applicationssettingsmodel.h"
 
+#include "applications/allowlist.h"
+#include "applications/alwaysallowedlist.h"
 #include "applications/applicationitem.h"
 #include "applications/applicationnotifications.h"
 #include "applications/applicationrows.h"
+#include "applications/autostartlist.h"
 #include "applications/desktopfiles.h"
 #include "applications/filewatcher.h"
 #include "applications/launcherlisting.h"
-#include "applications/userapplicationlists.h"
+#include "applications/sandboxingclient.h"
 #include "common/constants.h"
 #include "common/logging.h"
 #include "common/messages.h"
@@ -26,6 +29,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <initializer_list>
 
 using namespace std::chrono_literals;
 
@@ -54,15 +58,15 @@ const ApplicationsSettingsModel::RoleEntry ApplicationsSettingsModel::s_roles[] 
     {FileIdRole, "fileId", [](const auto &, const ApplicationItem &item) { return QVariant(item.fileId()); }},
     {AllowedRole, "allowed",
      [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_lists->allowlist().contains(applicationId(item.fileId())));
+         return QVariant(model.m_allowlist->contains(applicationId(item.fileId())));
      }},
     {AlwaysAllowedRole, "alwaysAllowed",
      [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_lists->alwaysAllowedList().contains(applicationId(item.fileId())));
+         return QVariant(model.m_alwaysAllowed->contains(applicationId(item.fileId())));
      }},
     {AutostartedRole, "autostarted",
      [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_lists->autostartList().contains(applicationId(item.fileId())));
+         return QVariant(model.m_autostartList->contains(applicationId(item.fileId())));
      }},
     {ApplicationIdRole, "applicationId",
      [](const auto &, const ApplicationItem &item) { return QVariant(item.dBusServiceName()); }},
@@ -78,7 +82,10 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     , m_configWatcher(new FileWatcher(LauncherFolderModel::configFile(), this))
     , m_updateTimer(new QTimer(this))
     , m_launcher(new LauncherListing(this))
-    , m_lists(new UserApplicationLists(this))
+    , m_sandboxing(new SandboxingClient(this))
+    , m_alwaysAllowed(new AlwaysAllowedList(m_sandboxing, this))
+    , m_allowlist(new Allowlist(&m_user, m_sandboxing, m_alwaysAllowed, this))
+    , m_autostartList(new AutostartList(&m_user, m_sandboxing, this))
     , m_rows(new ApplicationRows(this))
     , m_notifications(new ApplicationNotifications(m_rows, this))
 {
@@ -95,14 +102,16 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     connect(m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
     connect(this, &Self::allowlistEnabledChanged, this, &Self::filterModeEnabledChanged);
     connect(this, &Self::autostartEnabledChanged, this, &Self::filterModeEnabledChanged);
-    using Lists = UserApplicationLists;
-    connect(m_lists, &Lists::allowlistChanged, this, &Self::allowlistChanged);
-    connect(m_lists, &Lists::autostartListChanged, this, &Self::autostartListChanged);
-    connect(m_lists, &Lists::alwaysAllowedChanged, this, &Self::alwaysAllowedApplicationsChanged);
-    connect(m_lists, &Lists::selectionChanged, this, &Self::selectedAppsChanged);
-    connect(m_lists, &Lists::membersChanged, this, &Self::notifyAllRows);
-    connect(m_lists, &Lists::allowlistEnabledChanged, this, &Self::allowlistEnabledChanged);
-    connect(m_lists, &Lists::autostartEnabledChanged, this, &Self::autostartEnabledChanged);
+    connect(m_allowlist, &Allowlist::listChanged, this, &Self::allowlistChanged);
+    connect(m_allowlist, &Allowlist::enabledChanged, this, &Self::allowlistEnabledChanged);
+    connect(m_autostartList, &AutostartList::listChanged, this, &Self::autostartListChanged);
+    connect(m_autostartList, &AutostartList::enabledChanged, this, &Self::autostartEnabledChanged);
+    connect(m_alwaysAllowed, &AlwaysAllowedList::listChanged, this, &Self::alwaysAllowedApplicationsChanged);
+    const std::initializer_list<const ApplicationList *> lists{m_allowlist, m_autostartList, m_alwaysAllowed};
+    for (const ApplicationList *list : lists) {
+        connect(list, &ApplicationList::selectionChanged, this, &Self::selectedAppsChanged);
+        connect(list, &ApplicationList::membersChanged, this, &Self::notifyAllRows);
+    }
     using Notifications = ApplicationNotifications;
     connect(m_notifications, &Notifications::rowChanged, this, &Self::notifyRow);
     connect(m_notifications, &Notifications::changed, this, &Self::allowedNotificationsChanged);
@@ -144,25 +153,19 @@ int ApplicationsSettingsModel::count() const
 
 QStringList ApplicationsSettingsModel::selectedApps() const
 {
-    switch (m_filterMode) {
-    case AllowedOnly:
-        return m_lists->allowlist().ids();
-    case AutostartedOnly:
-        return m_lists->autostartList().ids();
-    default:
-        return {};
-    }
+    const Selection *current = selection();
+    return current ? current->ids() : QStringList();
 }
 
 uint ApplicationsSettingsModel::uid() const
 {
-    return m_lists->uid();
+    return m_user.uid();
 }
 
 void ApplicationsSettingsModel::setUid(uint uid)
 {
-    if (uid != m_lists->uid()) {
-        m_lists->setUid(uid);
+    if (uid != m_user.uid()) {
+        m_user.setUid(uid);
         Q_EMIT uidChanged();
     }
 }
@@ -184,30 +187,14 @@ void ApplicationsSettingsModel::setFilterMode(int mode)
 
 bool ApplicationsSettingsModel::filterModeEnabled()
 {
-    switch (m_filterMode) {
-    case AllowedOnly:
-        return m_lists->queryAllowlistEnabled();
-    case AutostartedOnly:
-        return m_lists->isValidUid() && m_lists->autostartList().contains(UserApplicationLists::EnabledMode);
-    default:
-        return false;
-    }
+    Selection *current = selection();
+    return current && current->isEnabled();
 }
 
 void ApplicationsSettingsModel::setFilterModeEnabled(bool enabled)
 {
-    if (m_filterMode == AllowedOnly) {
-        m_lists->setAllowlistEnabled(enabled);
-    } else if (m_filterMode == AutostartedOnly) {
-        const bool valid = m_lists->isValidUid();
-        if (valid && m_lists->autostartList().contains(UserApplicationLists::EnabledMode) == enabled) {
-            return;
-        }
-        if (enabled) {
-            m_lists->setAutostart(UserApplicationLists::EnabledMode, true);
-        } else if (valid) {
-            m_lists->applyAutostart({});
-        }
+    if (Selection *current = selection()) {
+        current->setEnabled(enabled);
     }
 }
 
@@ -268,19 +255,24 @@ void ApplicationsSettingsModel::launcherModelReset()
         m_resetting = true;
         beginResetModel();
         rebuild();
-        fetchSelection();
+        if (Selection *current = selection()) {
+            current->fetch();
+        }
         Q_EMIT countChanged();
         endResetModel();
         m_resetting = false;
     } while (m_resetAgain);
 }
 
-void ApplicationsSettingsModel::fetchSelection()
+Selection *ApplicationsSettingsModel::selection() const
 {
-    if (m_filterMode == AllowedOnly) {
-        m_lists->fetchAllowlist();
-    } else if (m_filterMode == AutostartedOnly) {
-        m_lists->fetchAutostartList();
+    switch (m_filterMode) {
+    case AllowedOnly:
+        return m_allowlist;
+    case AutostartedOnly:
+        return m_autostartList;
+    default:
+        return nullptr;
     }
 }
 
@@ -292,27 +284,16 @@ QString ApplicationsSettingsModel::iconOf(const QString &desktopFile) const
 
 void ApplicationsSettingsModel::toggleSelectedApp(const QString &fileId)
 {
-    const QString id = applicationId(fileId);
-    if (m_filterMode == AllowedOnly) {
-        IdList allowlist = m_lists->allowlist();
-        if (allowlist.contains(id)) {
-            allowlist.removeAll(id);
-        } else {
-            allowlist.append(id);
-        }
-        m_lists->setAllowlist(allowlist.ids());
-    } else if (m_filterMode == AutostartedOnly && !id.isEmpty() && m_lists->isValidUid()) {
-        m_lists->setAutostart(id, !m_lists->autostartList().contains(id));
+    if (Selection *current = selection()) {
+        current->toggle(applicationId(fileId));
     }
 }
 
 void ApplicationsSettingsModel::selectAllApps()
 {
-    const QStringList ids = allIds();
-    if (m_filterMode == AllowedOnly) {
-        clearSelectedApps(); // the daemon hears of the empty list as well
+    if (Selection *current = selection()) {
+        current->selectAll(allIds());
     }
-    applyPolicyRules(ids);
 }
 
 void ApplicationsSettingsModel::clearSelectedApps()
@@ -322,10 +303,8 @@ void ApplicationsSettingsModel::clearSelectedApps()
 
 void ApplicationsSettingsModel::applyPolicyRules(const QStringList &apps)
 {
-    if (m_filterMode == AllowedOnly) {
-        m_lists->setAllowlist(apps);
-    } else if (m_filterMode == AutostartedOnly) {
-        m_lists->applyAutostart(apps);
+    if (Selection *current = selection()) {
+        current->apply(apps);
     }
 }
 
@@ -359,7 +338,8 @@ void ApplicationsSettingsModel::setNotificationsEnabled(const QString &appID, bo
 void ApplicationsSettingsModel::rebuild()
 {
     qDeleteAll(m_rows->takeAll());
-    m_lists->forget();
+    m_allowlist->forget();
+    m_autostartList->forget();
     const QStringList maskedList = m_maskedItem->value().toStringList();
     const QSet<QString> masked(maskedList.cbegin(), maskedList.cend());
     TreeItem *section = applicationsSection();

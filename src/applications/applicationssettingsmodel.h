@@ -3,22 +3,28 @@
 
 #pragma once
 
+#include "applications/applicationsuser.h"
+
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QQmlParserStatus>
 #include <QSet>
 #include <QStringList>
 
+class Allowlist;
+class AlwaysAllowedList;
 class ApplicationItem;
 class ApplicationNotifications;
 class ApplicationRows;
+class AutostartList;
 class FileWatcher;
 class LauncherFolderModel;
 class LauncherItem;
 class LauncherListing;
 class MGConfItem;
 class QTimer;
-class UserApplicationLists;
+class SandboxingClient;
+class Selection;
 
 /**
  * The installed applications in the launcher's order, joined with what the platform's services tell of them for one
@@ -131,7 +137,7 @@ private:
 
     void rebuild();
     void updateSections();
-    void fetchSelection();
+    Selection *selection() const;
     bool isListed(const LauncherItem &item, const QSet<QString> &masked) const;
     void addItem(ApplicationItem *item);
     void notifyRow(int row);
@@ -145,9 +151,13 @@ private:
     FileWatcher *const m_configWatcher;
     QTimer *const m_updateTimer;
     LauncherListing *const m_launcher;
-    UserApplicationLists *const m_lists;
+    SandboxingClient *const m_sandboxing;
+    AlwaysAllowedList *const m_alwaysAllowed;
+    Allowlist *const m_allowlist;
+    AutostartList *const m_autostartList;
     ApplicationRows *const m_rows;
     ApplicationNotifications *const m_notifications;
+    ApplicationsUser m_user;
     bool m_complete = false;
     bool m_resetting = false;
     bool m_resetAgain = false; ///< something demanded a reset in the middle of one
