@@ -12,7 +12,7 @@
 
 using Model = ApplicationsSettingsModel;
 
-// A handler of one of its signals deletes the applications model, while it handles a service's answer.
+// A handler of one of its signals deletes the applications model, while it handles a service's answer or a reset.
 class ApplicationModelDeletionTest : public QObject
 {
     Q_OBJECT
@@ -25,10 +25,15 @@ private Q_SLOTS:
     void handlerDeletesTheModel();
     void handlerOfChangedRowsDeletesTheModel_data();
     void handlerOfChangedRowsDeletesTheModel();
+    void handlerInAResetDeletesTheModel_data();
+    void handlerInAResetDeletesTheModel();
 
 private:
+    Q_INVOKABLE void deleteModel();
+
     Applications m_applications;
     ApplicationServices m_services;
+    QPointer<Model> m_model;
 };
 
 namespace
@@ -100,6 +105,36 @@ void ApplicationModelDeletionTest::handlerOfChangedRowsDeletesTheModel()
     connect(model, &Model::dataChanged, this, [&] { delete model; });
     m_services.settle();
     QVERIFY(!model);
+}
+
+void ApplicationModelDeletionTest::handlerInAResetDeletesTheModel_data()
+{
+    QTest::addColumn<QByteArray>("signal");
+    for (const char *signal : {"filterModeChanged()", "modelAboutToBeReset()", "countChanged()", "modelReset()",
+                               "applicationsChanged()"}) {
+        QTest::newRow(signal) << QByteArray(signal);
+    }
+}
+
+void ApplicationModelDeletionTest::handlerInAResetDeletesTheModel()
+{
+    QFETCH(QByteArray, signal);
+    auto *model = new ServedModel(&m_services);
+    m_model = model;
+    const QMetaMethod emitted = model->metaObject()->method(
+        model->metaObject()->indexOfSignal(signal.constData()));
+    connect(model, emitted, this, metaObject()->method(metaObject()->indexOfMethod("deleteModel()")));
+    model->setFilterMode(Model::AllowedOnly);
+    if (m_model) {
+        m_model->setApplications(nullptr);
+    }
+    QVERIFY(!m_model);
+    m_services.settle();
+}
+
+void ApplicationModelDeletionTest::deleteModel()
+{
+    delete m_model;
 }
 
 QTEST_GUILESS_MAIN(ApplicationModelDeletionTest)

@@ -140,10 +140,13 @@ void ApplicationsSettingsModel::setApplications(QObject *applications)
     if (launcher && followsConfigFile) {
         connect(m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
     }
+    const QPointer<ApplicationsSettingsModel> self(this);
     if (m_complete) {
         launcherModelReset();
     }
-    Q_EMIT applicationsChanged();
+    if (self) {
+        Q_EMIT applicationsChanged();
+    }
 }
 
 int ApplicationsSettingsModel::count() const
@@ -181,8 +184,11 @@ void ApplicationsSettingsModel::setFilterMode(int mode)
         return;
     }
     m_filterMode = mode;
+    const QPointer<ApplicationsSettingsModel> self(this);
     Q_EMIT filterModeChanged();
-    launcherModelReset();
+    if (self) {
+        launcherModelReset();
+    }
 }
 
 bool ApplicationsSettingsModel::filterModeEnabled()
@@ -250,18 +256,32 @@ void ApplicationsSettingsModel::launcherModelReset()
         m_resetAgain = true;
         return;
     }
+    const QPointer<ApplicationsSettingsModel> self(this); // a handler may delete the model
+    m_resetting = true;
     do {
         m_resetAgain = false;
-        m_resetting = true;
-        beginResetModel();
-        rebuild();
-        if (Selection *current = selection()) {
-            current->fetch();
-        }
-        Q_EMIT countChanged();
-        endResetModel();
+        reset();
+    } while (self && m_resetAgain);
+    if (self) {
         m_resetting = false;
-    } while (m_resetAgain);
+    }
+}
+
+void ApplicationsSettingsModel::reset()
+{
+    const QPointer<ApplicationsSettingsModel> self(this);
+    beginResetModel();
+    if (!self) {
+        return;
+    }
+    rebuild();
+    if (Selection *current = selection()) {
+        current->fetch();
+    }
+    Q_EMIT countChanged();
+    if (self) {
+        endResetModel();
+    }
 }
 
 Selection *ApplicationsSettingsModel::selection() const

@@ -135,6 +135,7 @@ private:
         QVariant (*read)(const ApplicationsSettingsModel &model, const ApplicationItem &item);
     };
 
+    void reset();
     void rebuild();
     void updateSections();
     Selection *selection() const;
