@@ -3,7 +3,10 @@
 
 #include "applications.h"
 #include "applicationservices.h"
+#include "models/userapplicationsfiltermodel.h"
 #include "text.h"
+
+#include <launcherfoldermodel.h>
 
 #include <QDBusPendingCallWatcher>
 #include <QQmlComponent>
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void asks();
     void asksInTheReset_data();
     void asksInTheReset();
+    void answersInTheReset();
     void handlerChangesTheModeAgain();
     void readerOfTheSwitchedAllowlist();
     void bindings_data();
@@ -133,6 +137,25 @@ void ApplicationFilterModeTest::asksInTheReset()
     model.setFilterMode(mode);
     QCOMPARE(callsInFlight, texts({"filterModeChanged 0", "modelAboutToBeReset 0", "countChanged 1"}));
     m_services.settle();
+}
+
+void ApplicationFilterModeTest::answersInTheReset()
+{
+    ServedModel model(&m_services);
+    model.setApplications(nullptr);
+    UserApplicationsFilterModel filter;
+    filter.setSourceModel(&model);
+    model.setFilterMode(Model::AllowedOnly);
+    m_services.settle();
+    model.takeSignals();
+    m_services.answer("GetAllowlist", "['b']");
+    connect(&model, &Model::countChanged, this, [this] { m_services.settle(); }); // runs an event loop
+    LauncherFolderModel launcher;
+    model.setApplications(&launcher);
+    QCOMPARE(model.takeSignals(), texts({"modelAboutToBeReset", "countChanged", "allowlistChanged",
+                                         "selectedAppsChanged", "modelReset", "applicationsChanged"}));
+    QCOMPARE(filter.rowCount(), 1);
+    QCOMPARE(filter.index(0, 0).data(Model::NameRole), QVariant(text("B")));
 }
 
 void ApplicationFilterModeTest::handlerChangesTheModeAgain()

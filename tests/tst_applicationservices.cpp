@@ -107,7 +107,7 @@ void ApplicationServicesTest::ownsWhatItUses()
     QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
     QSignalSpy reset(&model, &Model::modelReset);
     World::setMasked({text("x")});
-    QTRY_COMPARE(reset.count(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(reset.count(), 1, 30000);
     QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
 
     for (Service service : {Service::Sandboxing, Service::Autostart, Service::Notifications}) {

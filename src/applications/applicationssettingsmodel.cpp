@@ -381,9 +381,6 @@ void ApplicationsSettingsModel::updateSections()
             changed.insert(row, item);
         }
     }
-    if (m_resetting) {
-        return; // all rows are read again
-    }
     for (auto it = changed.cbegin(); it != changed.cend(); ++it) {
         if (it.value()) { // a handler may have reset or deleted the model
             notifyRow(it.key());
@@ -408,13 +405,20 @@ void ApplicationsSettingsModel::addItem(ApplicationItem *item)
 
 void ApplicationsSettingsModel::notifyRow(int row)
 {
-    Q_EMIT dataChanged(index(row), index(row));
+    notifyRows(row, row);
 }
 
 void ApplicationsSettingsModel::notifyAllRows()
 {
     if (count() > 0) {
-        Q_EMIT dataChanged(index(0), index(count() - 1));
+        notifyRows(0, count() - 1);
+    }
+}
+
+void ApplicationsSettingsModel::notifyRows(int first, int last)
+{
+    if (!m_resetting) { // at the end of a reset all rows are read again
+        Q_EMIT dataChanged(index(first), index(last));
     }
 }
 

@@ -143,6 +143,7 @@ private:
     void addItem(ApplicationItem *item);
     void notifyRow(int row);
     void notifyAllRows();
+    void notifyRows(int first, int last);
     QStringList allIds() const;
 
     static const RoleEntry s_roles[];
