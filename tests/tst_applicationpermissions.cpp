@@ -7,12 +7,14 @@
 #include "world.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <memory>
 
 using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
+using Service = ApplicationServices::Service;
 
 // What an application's desktop file asks for is granted before it is switched on or off in the autostart list.
 class ApplicationPermissionsTest : public QObject
@@ -49,6 +51,9 @@ private Q_SLOTS:
     void notGranted();
     void notGrantedForSwitchingOff();
     void oneFailureDoesNotStopTheOthers();
+    void silentDaemonIsWaitedForOnce();
+    void silentDaemonGrantsNothing();
+    void daemonThatDiesIsAskedAgain();
 
 private:
     QStringList toggle(const QString &id);
@@ -431,6 +436,50 @@ void ApplicationPermissionsTest::oneFailureDoesNotStopTheOthers()
                                       notAdding("on"),
                                       warning(text("Failed to read application desktop file with Permissions")),
                                       notAdding("missing")}));
+}
+
+void ApplicationPermissionsTest::silentDaemonIsWaitedForOnce()
+{
+    ServedModel model(&m_services, Model::AutostartedOnly);
+    const MessageLog log;
+    m_services[Service::Sandboxing].suspend();
+    QElapsedTimer timer;
+    timer.start();
+    model.applyPolicyRules(texts({"on", "a", "b", "c", "d", "e", "f"}));
+    const qint64 elapsed = timer.elapsed();
+    m_services[Service::Sandboxing].resume();
+    QVERIFY2(elapsed < NoTime, qPrintable(QString::number(elapsed))); // each time-out takes 2000
+    const QStringList calls = m_services.takeCalls();
+    QCOMPARE(calls.filter(text("GetAppInfo")), texts({"GetAppInfo('a') s"}));
+    QCOMPARE(calls.filter(text("SetEnabled")).size(), 6);
+    QCOMPARE(log.take().filter(text("Couldn't get app info from tarnholdd:")).size(), 6);
+    model.applyPolicyRules(texts({"on"})); // asks again
+    QCOMPARE(m_services.takeCalls().filter(text("GetAppInfo")).size(), 6);
+}
+
+void ApplicationPermissionsTest::silentDaemonGrantsNothing()
+{
+    m_applications->write("first/app.desktop", asking("[X-Application]\nPermissions=A\n"));
+    m_applications->write("first/other.desktop", asking("[X-Application]\nPermissions=A\n"));
+    ServedModel model(&m_services, Model::AutostartedOnly);
+    const MessageLog log;
+    m_services.spoil("SetShowPrompt", Fault::AnswersTooLate);
+    model.applyPolicyRules(texts({"on", "app", "other"}));
+    QCOMPARE(m_services.takeCalls(), texts({"GetAppInfo('app') s", "SetShowPrompt(1000, 'app', 0) usi",
+                                            "SetEnabled(1000, 'other', 1) isb"}));
+    QCOMPARE(log.take().size(), 3);
+}
+
+void ApplicationPermissionsTest::daemonThatDiesIsAskedAgain()
+{
+    ServedModel model(&m_services, Model::AutostartedOnly);
+    m_services.spoil("GetAppInfo", Fault::Dies);
+    const MessageLog log;
+    model.applyPolicyRules(texts({"on", "a", "b"}));
+    const QStringList messages = log.take();
+    QCOMPARE(messages.size(), 2);
+    QVERIFY(messages.at(0).contains(text("org.freedesktop.DBus.Error.NoReply")));
+    QVERIFY(messages.at(1).contains(text("org.freedesktop.DBus.Error.ServiceUnknown")));
 }
 
 QTEST_GUILESS_MAIN(ApplicationPermissionsTest)

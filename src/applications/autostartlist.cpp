@@ -56,6 +56,7 @@ void AutostartList::toggle(const QString &id)
 
 void AutostartList::apply(const QStringList &ids)
 {
+    const SandboxingClient::Batch batch(m_sandboxing);
     const IdList wanted(ids);
     const QStringList current = this->ids();
     for (const QString &id : current) {

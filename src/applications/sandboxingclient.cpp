@@ -11,6 +11,24 @@
 
 #include "tarnholddinterface.h"
 
+#include <QElapsedTimer>
+
+namespace
+{
+constexpr int LeastTimeout = 1500; ///< ms. No call is given less time for its answer.
+}
+
+SandboxingClient::Batch::Batch(SandboxingClient *client)
+    : m_client(client)
+{
+    m_client->m_batch = this;
+}
+
+SandboxingClient::Batch::~Batch()
+{
+    m_client->m_batch = nullptr;
+}
+
 SandboxingClient::SandboxingClient(QObject *parent)
     : QObject(parent)
 {
@@ -52,9 +70,8 @@ bool SandboxingClient::isAllowlistEnabled(uint uid)
 
 bool SandboxingClient::needsPermissions(const QString &application)
 {
-    QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAppInfo"), application);
-    call.waitForFinished(); // BLOCKS: the answer decides what is sent next
-    const auto reply = replyOf<QVariantMap>(call);
+    // BLOCKS: the answer decides what is sent next
+    const auto reply = replyOf<QVariantMap>(callAndWait(QStringLiteral("GetAppInfo"), application));
     if (reply.error.isValid()) {
         qCWarning(lcSettings) << Messages::AppInfoFailed << reply.error;
         return false;
@@ -69,19 +86,34 @@ bool SandboxingClient::grantPermissions(uint uid, const QString &application)
     if (!permissions || permissions->isEmpty()) {
         return permissions.has_value();
     }
-    QDBusPendingReply<> prompt = proxy()->SetShowPrompt(uid, application, 0);
-    prompt.waitForFinished(); // BLOCKS: nothing may be granted while the user would be asked
-    if (prompt.isError()) {
+    // BLOCKS: nothing may be granted while the user would be asked
+    if (callAndWait(QStringLiteral("SetShowPrompt"), uid, application, 0).isError()) {
         qCWarning(lcSettings) << Messages::HidePromptFailed << application << "application";
         return false;
     }
-    QDBusPendingReply<> granted = proxy()->SetGrantedPermissions(uid, application, *permissions);
-    granted.waitForFinished(); // BLOCKS: the application is started only with its permissions
-    if (granted.isError()) {
+    // BLOCKS: the application is started only with its permissions
+    if (callAndWait(QStringLiteral("SetGrantedPermissions"), uid, application, *permissions).isError()) {
         qCWarning(lcSettings) << Messages::GrantFailed << application << "application";
         return false;
     }
     return true;
+}
+
+template<typename... Arguments>
+QDBusPendingCall SandboxingClient::callAndWait(const QString &method, const Arguments &...arguments)
+{
+    if (m_batch && m_batch->m_timeout.isValid()) {
+        return QDBusPendingCall::fromError(m_batch->m_timeout);
+    }
+    QElapsedTimer timer;
+    timer.start();
+    QDBusPendingCall call = proxy()->asyncCall(method, arguments...);
+    call.waitForFinished();
+    // The same error comes at once from a daemon that dies, of which another one may answer the next call.
+    if (m_batch && call.error().type() == QDBusError::NoReply && timer.hasExpired(LeastTimeout)) {
+        m_batch->m_timeout = call.error();
+    }
+    return call;
 }
 
 OrgOrvantaosTarnholdd1Interface *SandboxingClient::proxy()

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QDBusError>
 #include <QObject>
 #include <QStringList>
 
@@ -10,6 +11,7 @@
 #include <optional>
 
 class OrgOrvantaosTarnholdd1Interface;
+class QDBusPendingCall;
 
 /**
  * The application sandboxing daemon on the system bus: each user's allow-list, what is always allowed, and granted
@@ -23,6 +25,22 @@ class SandboxingClient : public QObject
 
 public:
     using ListHandler = std::function<void(const std::optional<QStringList> &)>;
+
+    /// While this lives, the daemon may let one call of needsPermissions() and grantPermissions() time out. Those after
+    /// it fail with the same error and are not sent.
+    class Batch
+    {
+    public:
+        explicit Batch(SandboxingClient *client);
+        ~Batch();
+        Q_DISABLE_COPY(Batch)
+
+    private:
+        friend class SandboxingClient;
+
+        SandboxingClient *const m_client;
+        QDBusError m_timeout; ///< valid once a call has timed out
+    };
 
     explicit SandboxingClient(QObject *parent);
 
@@ -38,7 +56,10 @@ public:
     bool grantPermissions(uint uid, const QString &application);
 
 private:
+    template<typename... Arguments>
+    QDBusPendingCall callAndWait(const QString &method, const Arguments &...arguments);
     OrgOrvantaosTarnholdd1Interface *proxy();
 
     OrgOrvantaosTarnholdd1Interface *m_proxy = nullptr;
+    Batch *m_batch = nullptr;
 };
