@@ -4,19 +4,11 @@
 #include "applications.h"
 #include "applicationservices.h"
 #include "text.h"
-#include "world.h"
 
-#include <launcherfoldermodel.h>
-#include <mgconfitem.h>
-
-#include <QDBusPendingCallWatcher>
 #include <QElapsedTimer>
-#include <QFileSystemWatcher>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
-#include <algorithm>
 #include <atomic>
 #include <limits>
 #include <thread>
@@ -37,7 +29,6 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
-    void ownsWhatItUses();
     void nothingIsAskedWithoutMode();
     void uidIsSentAsEachServiceWantsIt();
     void answerAfterRebuild();
@@ -59,26 +50,6 @@ private:
 namespace
 {
 const QStringList s_none;
-
-/// The number of direct children of each class that the model is to own, in the order of their first use.
-QList<int> owned(const Model &model)
-{
-    QList<int> counts;
-    for (const char *name :
-         {"MGConfItem", "QFileSystemWatcher", "QTimer", "OrgOrvantaosTarnholdd1Interface",
-          "ComKeloAmAutostartInterface", "ComKeloNotificationsConfigProxy", "QDBusPendingCallWatcher"}) {
-        const QObjectList &children = model.children();
-        counts.append(int(std::count_if(children.cbegin(), children.cend(),
-                                        [name](const QObject *child) { return child->inherits(name); })));
-    }
-    return counts;
-}
-
-template<typename Class>
-Class *child(const Model &model)
-{
-    return model.findChild<Class *>(QString(), Qt::FindDirectChildrenOnly);
-}
 }
 
 void ApplicationServicesTest::initTestCase()
@@ -91,46 +62,6 @@ void ApplicationServicesTest::initTestCase()
 void ApplicationServicesTest::init()
 {
     m_services.reset();
-}
-
-void ApplicationServicesTest::ownsWhatItUses()
-{
-    m_applications.writeMenu("<Menu/>");
-    Model model;
-    model.setUid(1000);
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
-    QCOMPARE(child<MGConfItem>(model)->key(), text("/apps/velka-settings/maskedSettings"));
-    QCOMPARE(child<QFileSystemWatcher>(model)->files(), QStringList(LauncherFolderModel::configFile()));
-    QVERIFY(child<QTimer>(model)->isSingleShot());
-    QCOMPARE(child<QTimer>(model)->interval(), 1000);
-    model.componentComplete();
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
-    QSignalSpy reset(&model, &Model::modelReset);
-    World::setMasked({text("x")});
-    QTRY_COMPARE_WITH_TIMEOUT(reset.count(), 1, 30000);
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 0, 0, 0, 0}));
-
-    for (Service service : {Service::Sandboxing, Service::Autostart, Service::Notifications}) {
-        m_services[service].suspend();
-    }
-    model.setFilterMode(Model::AllowedOnly);
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 0, 0, 1}));
-    model.toggleSelectedApp(text("a.desktop"));
-    model.setFilterModeEnabled(true);
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 0, 0, 3}));
-    model.setFilterMode(Model::AutostartedOnly);
-    model.setFilterModeEnabled(true);
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 1, 0, 5}));
-    model.getAllowedNotificationsConfig();
-    model.setNotificationsEnabled({}, true);
-    QCOMPARE(owned(model), QList<int>({1, 1, 1, 1, 1, 1, 7}));
-    QCOMPARE(model.findChildren<QDBusPendingCallWatcher *>().size(), 7);
-    for (Service service : {Service::Sandboxing, Service::Autostart, Service::Notifications}) {
-        m_services[service].resume();
-    }
-    m_services.settle();
-    QTRY_COMPARE(owned(model), QList<int>({1, 1, 1, 1, 1, 1, 0}));
-    World::setMasked({});
 }
 
 void ApplicationServicesTest::nothingIsAskedWithoutMode()
