@@ -90,7 +90,7 @@ QStringList allowlistAnnouncement();
 /// The signals with which another notification setting of one row is announced: "0-0" for the first row.
 QStringList notificationAnnouncement(const char *row);
 
-/// What QDebug makes of it, with and without quotes round the texts.
+/// The output of QDebug for it, with and without quotes round the texts.
 QString debugText(const QDBusError &error);
 QString unquotedText(const QDBusError &error);
 /// A warning of the library's category as MessageLog records it.

@@ -249,7 +249,7 @@ void ApplicationAllowlistTest::fetchesAlwaysAllowed()
              texts({"alwaysAllowedApplicationsChanged", "selectedAppsChanged", "dataChanged 0-2"}));
     QCOMPARE(model.column(Model::AlwaysAllowedRole), QVariantList({false, true, false}));
     QCOMPARE(model.selectedApps(), texts({"a", "x"}));
-    model.setFilterMode(NoMode); // which makes the list anew
+    model.setFilterMode(NoMode); // which rebuilds the list
     QCOMPARE(model.column(Model::AlwaysAllowedRole), QVariantList({false, true, false}));
 }
 

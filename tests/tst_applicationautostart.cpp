@@ -155,7 +155,7 @@ void ApplicationAutostartTest::failedAutostartListEmptiesTheSelection()
     ServedModel model(&m_services, Model::AutostartedOnly);
     m_services.spoil("GetEnabled", Fault::Refuses);
     const MessageLog log;
-    model.toggleSelectedApp(text("b.desktop")); // is answered after the list is made anew
+    model.toggleSelectedApp(text("b.desktop")); // is answered after the rebuild
     model.setFilterMode(NoMode);
     model.setFilterMode(Model::AutostartedOnly);
     model.takeSignals();

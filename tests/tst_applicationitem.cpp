@@ -147,7 +147,7 @@ void ApplicationItemTest::launcherEntryDies()
     QVERIFY(item.fileId().isNull());
     QVERIFY(item.dBusServiceName().isNull());
     QVERIFY(!item.isValid());
-    QVERIFY(item.sandboxed()); // as last heard of
+    QVERIFY(item.sandboxed()); // as the entry last had it
 }
 
 void ApplicationItemTest::followsSandboxing()

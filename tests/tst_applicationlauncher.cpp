@@ -204,7 +204,7 @@ void ApplicationLauncherTest::launcherDies()
     QCOMPARE(model.count(), 3);
     launcher.reset();
     QCOMPARE(model.applications(), nullptr);
-    // The rows stay until the next rebuild, and tell nothing.
+    // The rows stay until the next rebuild, with empty values.
     QCOMPARE(names(model), (QStringList{QString(), QString(), QString()}));
     QCOMPARE(model.firstObjectPath(), QString());
     model.selectAllApps();
@@ -271,7 +271,7 @@ void ApplicationLauncherTest::configFileIsFollowedForRootOnly()
         if (uid == 0) {
             QTRY_COMPARE(names(model), path("B/A/C"));
         } else {
-            // What another watcher of the file hears is not taken from this one.
+            // Another watcher of the file is notified of the change, and the launcher is not loaded.
             QFileSystemWatcher barrier({LauncherFolderModel::configFile()});
             QSignalSpy changed(&barrier, &QFileSystemWatcher::fileChanged);
             m_applications->writeMenu("<Menu><Filename>sub-c.desktop</Filename></Menu>");

@@ -17,7 +17,7 @@ using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
 using Service = ApplicationServices::Service;
 
-// Whether each application may notify, which the notifications service keeps.
+// The applications' notification settings, which the notifications service keeps.
 class ApplicationNotificationsTest : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private Q_SLOTS:
     void init();
 
     void proxy();
-    void enabledUntilToldOtherwise();
+    void enabledAtFirst();
     void fetchesAll();
     void listOverwritesOnlyWhatItNames();
     void valuesAreMadeFlags_data();
@@ -66,7 +66,7 @@ void ApplicationNotificationsTest::init()
     writeNotifyingApplications(*m_applications);
 }
 
-void ApplicationNotificationsTest::enabledUntilToldOtherwise()
+void ApplicationNotificationsTest::enabledAtFirst()
 {
     ServedModel model(&m_services);
     QCOMPARE(model.column(Model::ApplicationIdRole), QVariantList({s_a, text("com.app.b"), text("")}));

@@ -26,8 +26,8 @@ private Q_SLOTS:
     void allowlist();
     void autostart();
     void notifications();
-    void failedFetchesAreTold_data();
-    void failedFetchesAreTold();
+    void logsFailedFetches_data();
+    void logsFailedFetches();
     void changedAllowlistIsAnnounced();
     void diesInTheMiddle();
 
@@ -130,7 +130,7 @@ void ApplicationServicesNoBusTest::notifications()
     QVERIFY(timer.elapsed() < NoTime);
 }
 
-void ApplicationServicesNoBusTest::failedFetchesAreTold_data()
+void ApplicationServicesNoBusTest::logsFailedFetches_data()
 {
     QTest::addColumn<int>("mode");
     QTest::addColumn<QString>("message");
@@ -140,7 +140,7 @@ void ApplicationServicesNoBusTest::failedFetchesAreTold_data()
     QTest::newRow("notifications") << NoMode << text("Failed to get notifications configs list. Error:");
 }
 
-void ApplicationServicesNoBusTest::failedFetchesAreTold()
+void ApplicationServicesNoBusTest::logsFailedFetches()
 {
     QFETCH(int, mode);
     QFETCH(QString, message);

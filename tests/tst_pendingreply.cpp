@@ -8,7 +8,7 @@
 #include <QDBusConnection>
 #include <QTest>
 
-/// What becomes of the answers to calls, whenever they come.
+/// The answers to calls are handled once and in their order, whenever they come.
 class PendingReplyTest : public QObject
 {
     Q_OBJECT

@@ -90,7 +90,7 @@ bool ApplicationItem::updateSection(TreeItem *applicationsSection)
 TreeItem *ApplicationItem::lookUpSection(TreeItem *applicationsSection) const
 {
     if (!m_item) {
-        return m_section; // nothing tells the name any more
+        return m_section; // the name is not known any more
     }
     return applicationsSection ? applicationsSection->lookup({desktopFile()}) : nullptr;
 }

@@ -14,7 +14,7 @@ class LauncherItem;
 class TreeItem;
 
 /**
- * One installed application: what its launcher entry tells, and the settings page of its own that packages may have
+ * One installed application: the values of its launcher entry, and the settings page of its own that packages may have
  * declared for it below the "applications" section, under the name of its desktop file.
  *
  * The texts are read from the launcher entry each time; they are empty once that is gone.
@@ -42,7 +42,7 @@ public:
     QString fileName() const; ///< the whole path of the desktop file
     QString fileId() const; ///< the desktop file id
     bool isValid() const;
-    bool sandboxed() const; ///< as last heard of
+    bool sandboxed() const; ///< as the launcher entry last had it
     QString dBusServiceName() const;
     QString desktopFile() const; ///< the name of the desktop file, without its directory
     LauncherItem *launcherItem() const; ///< null once it is gone

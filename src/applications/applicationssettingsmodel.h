@@ -27,8 +27,8 @@ class SandboxingClient;
 class Selection;
 
 /**
- * The installed applications in the launcher's order, joined with what the platform's services tell of them for one
- * user: allow-list and permissions (sandboxing daemon), autostart, and notifications.
+ * The installed applications in the launcher's order, joined with what the platform's services keep for one user:
+ * allow-list and permissions (sandboxing daemon), autostart, and notifications.
  *
  * Applications whose desktop file's path is in the dconf key /apps/velka-settings/maskedSettings are left out. The
  * list is rebuilt, with new items, 1000 ms after the last change of the launcher or of that key, and at once when the
@@ -49,7 +49,7 @@ class ApplicationsSettingsModel : public QAbstractListModel, public QQmlParserSt
     /// The user whose lists these are: the effective one unless set. 0 is refused with a warning.
     Q_PROPERTY(uint uid READ uid WRITE setUid NOTIFY uidChanged)
     Q_PROPERTY(int filterMode READ filterMode WRITE setFilterMode NOTIFY filterModeChanged)
-    /// Whether the user is restricted to what the list of filterMode holds.
+    /// True when the user is restricted to what the list of filterMode holds.
     Q_PROPERTY(
         bool filterModeEnabled READ filterModeEnabled WRITE setFilterModeEnabled NOTIFY filterModeEnabledChanged)
 
@@ -66,7 +66,7 @@ public:
         AlwaysAllowedRole, ///< bool
         AutostartedRole, ///< bool
         ApplicationIdRole, ///< QString, the D-Bus service name
-        NotificationsEnabledRole, ///< bool, true until the service tells otherwise
+        NotificationsEnabledRole, ///< bool, true until the service has sent another value
     };
     Q_ENUM(ApplicationRoles)
 

@@ -22,7 +22,7 @@ namespace
 {
 constexpr int MaxFileName = 255;
 
-/// Whether @p folder has a sub-directory of this name. Links are none, so that the search ends.
+/// Returns true if @p folder has a sub-directory of this name. Links do not count, so that the search ends.
 bool hasFolder(const QString &folder, const QString &name)
 {
     const QFileInfo info(folder + QLatin1Char('/') + name);
@@ -52,7 +52,7 @@ QString locateBelow(const QString &folder, const QString &name)
 
 QString locateDesktopFile(const QString &applicationId)
 {
-    // Ids come from strangers: none may lead out of the application directories.
+    // Ids are untrusted: none may lead out of the application directories.
     if (applicationId.contains(QChar(QChar::Null))
         || applicationId.split(QLatin1Char('/')).contains(QLatin1String(".."))) {
         return {};

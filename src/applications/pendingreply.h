@@ -11,7 +11,7 @@
 
 #include <optional>
 
-/// What came of a call that returns one value.
+/// The result of a call that returns one value.
 template<typename Value>
 struct Reply {
     QDBusError error; ///< valid when there is no value
@@ -51,8 +51,8 @@ void whenFinished(const QDBusPendingCall &call, QObject *owner, Handler handler)
                          finished->deleteLater();
                          handler(*finished);
                      });
-    // A call that was finished before it had a watcher is told by way of another object, and so after the next one;
-    // a call without a connection is never told.
+    // The watcher of a call that was finished before it is notified through another object, and so after the watcher
+    // of the next call; that of a call without a connection is never notified.
     if (call.isFinished()) {
         QMetaObject::invokeMethod(
             watcher, [watcher] { Q_EMIT watcher->finished(watcher); }, Qt::QueuedConnection);
