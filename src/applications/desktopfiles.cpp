@@ -58,18 +58,18 @@ QString locateDesktopFile(const QString &applicationId)
         return {};
     }
     const QString file = applicationId + Constants::DesktopSuffix;
-    QString asItStands = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
-    if (!asItStands.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
-        return asItStands;
+    QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
+    if (!path.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
+        return path;
     }
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     for (const QString &folder : folders) {
-        QString path = locateBelow(folder, file);
+        path = locateBelow(folder, file);
         if (!path.isEmpty()) {
-            return path;
+            break;
         }
     }
-    return {};
+    return path;
 }
 
 std::optional<QStringList> requestedPermissions(const QString &applicationId)

@@ -9,7 +9,7 @@
 FileWatcher::FileWatcher(const QString &path, QObject *parent)
     : QObject(parent)
     , m_path(path)
-    , m_watcher(new QFileSystemWatcher({QFileInfo(path).path()}, parent))
+    , m_watcher(new QFileSystemWatcher({QFileInfo(path).path()}, parent ? parent : this))
 {
     watch();
     connect(m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {

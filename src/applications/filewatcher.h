@@ -13,8 +13,8 @@ class FileWatcher : public QObject
     Q_OBJECT
 
 public:
-    /// The file system's watcher becomes a child of @p parent, as this does.
-    FileWatcher(const QString &path, QObject *parent);
+    /// The file system's watcher becomes a child of @p parent, too, or of this when there is none.
+    explicit FileWatcher(const QString &path, QObject *parent = nullptr);
 
 Q_SIGNALS:
     void fileChanged();
