@@ -174,7 +174,8 @@ void ApplicationNotificationsTest::setsOne()
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, false, true}));
     model.setNotificationsEnabled(text("com.example.b"), true);
     model.setNotificationsEnabled(text("com.example.b"), true);
-    QCOMPARE(m_services.takeCalls(), texts({"setEnabled('com.example.b', 1) sb", "setEnabled('com.example.b', 1) sb"}));
+    QCOMPARE(m_services.takeCalls(),
+             texts({"setEnabled('com.example.b', 1) sb", "setEnabled('com.example.b', 1) sb"}));
     QCOMPARE(model.takeSignals(), notificationAnnouncement("1-1") + notificationAnnouncement("1-1"));
     QCOMPARE(model.column(Model::NotificationsEnabledRole), QVariantList({true, true, true}));
     QCOMPARE(log.take(), s_none);

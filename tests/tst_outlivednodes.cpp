@@ -23,11 +23,6 @@ void writeFile(const char *name, const QByteArrayList &entries)
     World::writeEntries(text(name), "{\"entries\": [" + entries.join(", ") + "]}");
 }
 
-QStringList paths(const PluginRegistry &registry)
-{
-    return World::paths(registry.getItem({}));
-}
-
 QString titleOf(const PluginRegistry &registry, const char *joined)
 {
     const TreeItem *item = registry.getItem(path(joined));

@@ -268,8 +268,8 @@ void writeNotifyingApplications(const Applications &applications)
     writeThreeApplications(applications);
     for (const char *id : {"a", "b"}) {
         const QByteArray file = QByteArray("first/") + id + ".desktop";
-        applications.write(file.constData(),
-                           application(QByteArray(id).toUpper(), QByteArray("X-DBus-ServiceName=com.example.") + id));
+        applications.write(file.constData(), application(QByteArray(id).toUpper(),
+                                                         QByteArray("X-DBus-ServiceName=com.example.") + id));
     }
 }
 
