@@ -108,13 +108,13 @@ QVector<Obstacle> Declarations::groupObstacles(const RegistrationFile &file) con
 {
     QVector<Obstacle> obstacles;
     RegistrationFile remaining = file;
-    FileFate fate = fateByGroups(m_inspection.sources(), remaining);
-    if (fate == FileFate::LacksGroup) {
+    FileFate status = fateByGroups(m_inspection.sources(), remaining);
+    if (status == FileFate::LacksGroup) {
         obstacles.append({Obstacle::LacksGroup, file.requiredGroup});
         remaining.requiredGroup.clear();
-        fate = fateByGroups(m_inspection.sources(), remaining);
+        status = fateByGroups(m_inspection.sources(), remaining);
     }
-    if (fate == FileFate::HasGroup) {
+    if (status == FileFate::HasGroup) {
         obstacles.append({Obstacle::HasGroup, file.disabledGroup});
     }
     return obstacles;
