@@ -145,7 +145,7 @@ void CheckTest::schemaHasNoOtherKeywords()
         }
     }
     QVERIFY(schemas.size() > 20);
-    for (const QJsonObject &schema : qAsConst(schemas)) {
+    for (const QJsonObject &schema : std::as_const(schemas)) {
         const QStringList keywords = schema.keys();
         QVERIFY2(known.contains(QSet<QString>(keywords.cbegin(), keywords.cend())),
                  qPrintable(keywords.join(QLatin1Char(' '))));

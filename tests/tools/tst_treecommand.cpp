@@ -162,13 +162,13 @@ void TreeCommandTest::equalsTheModels()
     QLocale::setDefault(QLocale(text("fi_FI")));
     Catalogs::install("sample_eng_en", "sample_eng_en");
     Catalogs::install("sample-fi", "sample-fi");
-    World::setMasked({text("page/hidden"), text("page/kept")});
+    World::setMasked({text("page/masked"), text("page/kept")});
     World::writeEntries(text("a.json"), R"({"translation_catalog": "sample", "entries": [
         {"path": "page", "title": "Page", "order": 3, "params": {"list": [1, 2.5, null, {"x": true}]}},
         {"path": "page/zebra", "order": 1.6, "type": "bool", "icon": "i", "controlIcon": "c"},
         {"path": "page/both", "translation_id": "test-both", "translation_id_short": "test-engineering"},
         {"path": "page/Upper"}, {"path": "page/lower", "order": null}, {"path": "page/text", "order": "7"},
-        {"path": "page/hidden"}, {"path": "page/kept", "title": "Kept"}, {"path": "page/kept/child", "order": -5},
+        {"path": "page/masked"}, {"path": "page/kept", "title": "Kept"}, {"path": "page/kept/child", "order": -5},
         {"path": "deep/er/node", "type": 3, "title": "\u0000\u001b[1m\ud83d\ude00"}, {"title": "nowhere"}]})");
     World::writeEntries(text("b.json"), R"({"entries": [{"path": "/page//zebra/", "title": "Replaced", "order": 2},
         {"path": "/"}, {"path": "first", "order": 1}]})");
@@ -177,7 +177,7 @@ void TreeCommandTest::equalsTheModels()
     World::writeEntries(text("broken.json"), R"({"entries": [{"path": "page/broken"},]})");
 
     const QStringList command{text("tree"), text("--format"), text("json"), text("--locale"), text("fi_FI")};
-    QTRY_VERIFY(!Tool::run(command).output.contains("page/hidden")); // the key reaches its database later
+    QTRY_VERIFY(!Tool::run(command).output.contains("page/masked")); // the key reaches its database later
     QTest::ignoreMessage(QtWarningMsg, R"(Mandatory field "path" missing in entry on file "a.json")");
     QTest::ignoreMessage(QtWarningMsg, R"(Can't parse JSON file or file is empty: "broken.json")");
     const QJsonArray shown = readThroughModels({});

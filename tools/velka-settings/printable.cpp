@@ -11,11 +11,11 @@ QString printable(const QString &text)
     QString result;
     result.reserve(text.size());
     const QVector<uint> characters = text.toUcs4();
-    for (const uint character : characters) {
+    for (const char32_t character : characters) {
         if (QChar::isPrint(character)) {
             result += QString::fromUcs4(&character, 1);
         } else {
-            result += QStringLiteral("\\u{%1}").arg(character, 0, 16);
+            result += QStringLiteral("\\u{%1}").arg(uint(character), 0, 16);
         }
     }
     return result;
