@@ -32,8 +32,8 @@ class Selection;
  *
  * Applications whose desktop file's path is in the dconf key /apps/velka-settings/maskedSettings are left out. The
  * list is rebuilt, with new items, 1000 ms after the last change of the launcher or of that key, and at once when the
- * launcher resets. A change of the registry's content changes the sections of the rows and nothing else. A call that
- * fails is logged to "org.orvantaos.settings.framework".
+ * launcher resets or "filterMode" changes. A change of the registry's content changes the sections of the rows and
+ * nothing else. A fetch that fails is logged to "org.orvantaos.settings.framework".
  *
  * The selection that QML edits is the allow-list or the autostart list, as "filterMode" says. Reading
  * "filterModeEnabled" of the allow-list and switching autostart wait for the sandboxing daemon.
@@ -46,7 +46,7 @@ class ApplicationsSettingsModel : public QAbstractListModel, public QQmlParserSt
     Q_PROPERTY(QObject *applications READ applications WRITE setApplications NOTIFY applicationsChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(QStringList selectedApps READ selectedApps NOTIFY selectedAppsChanged)
-    /// The user whose lists these are: the effective one unless set. 0 is refused with a warning.
+    /// The user whose lists these are: the effective one unless set. Lists of the user 0 are not fetched.
     Q_PROPERTY(uint uid READ uid WRITE setUid NOTIFY uidChanged)
     Q_PROPERTY(int filterMode READ filterMode WRITE setFilterMode NOTIFY filterModeChanged)
     /// True when the user is restricted to what the list of filterMode holds.
