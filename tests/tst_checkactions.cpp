@@ -57,7 +57,7 @@ QStringList expectedTags(const CallNames::Name &name, CallNames::Part part)
         return part == CallNames::Interface ? QStringList() : QStringList(QStringLiteral("action-incomplete"));
     }
     if (hasSurrogate(name.value)) {
-        return {QStringLiteral("not-portable")}; // and the entries are not looked at
+        return {QStringLiteral("not-portable"), QString::fromLatin1(s_tags[part])};
     }
     // libdbus, which the command asks, takes the colon for the name of a service; Qt does not.
     const bool isColon = part == CallNames::Service && name.value == QLatin1Char(':');

@@ -107,7 +107,8 @@ void SilentServiceTest::callsEndAfterTheDefaultTime()
     const MessageLog log;
     WatchedReader reader;
     QSignalSpy failed(&reader, &WatchedReader::failed);
-    AutostartClient client(nullptr);
+    QObject owner;
+    AutostartClient client(&owner);
     std::optional<bool> hasList;
     QElapsedTimer elapsed;
     elapsed.start();

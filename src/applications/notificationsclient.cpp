@@ -17,8 +17,18 @@ NotificationsClient::NotificationsClient(QObject *parent)
 
 void NotificationsClient::fetchList(const std::function<void(const std::optional<QVariantMap> &)> &handler)
 {
-    fetch<QVariantMap>(proxy()->asyncCall(QStringLiteral("getList")), parent(),
-                       QString::fromLatin1(Messages::NotificationsListFailed), handler);
+    const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("getList"));
+    whenFinished(call, parent(), [handler](const QDBusPendingCall &finished) {
+        const auto reply = replyOf<QVariantMap>(finished);
+        if (reply.error.isValid()) {
+            // Unlike other errors, by name and message
+            qCWarning(lcSettings) << Messages::NotificationsListFailed << reply.error.name()
+                                  << reply.error.message();
+            handler({});
+        } else {
+            handler(reply.value);
+        }
+    });
 }
 
 void NotificationsClient::setEnabled(const QString &application, bool enabled,
