@@ -13,7 +13,6 @@
 
 #include <QRandomGenerator>
 #include <QTest>
-#include <QTranslator>
 
 namespace
 {
@@ -50,33 +49,6 @@ QStringList chain(int length)
     }
     return names;
 }
-
-/// Answers every id in the table; what is not in it stays untranslated.
-class TableTranslator : public QTranslator
-{
-public:
-    explicit TableTranslator(const QHash<QByteArray, QString> &texts)
-        : m_texts(texts)
-    {
-        QCoreApplication::installTranslator(this);
-    }
-
-    QString translate(const char *context, const char *sourceText, const char *disambiguation,
-                      int n) const override
-    {
-        Q_UNUSED(context)
-        Q_UNUSED(disambiguation)
-        return n == -1 ? m_texts.value(sourceText) : QString();
-    }
-
-    bool isEmpty() const override
-    {
-        return false;
-    }
-
-private:
-    const QHash<QByteArray, QString> m_texts;
-};
 }
 
 class TreeItemListingTest : public QObject
