@@ -5,6 +5,7 @@
 #include "favoritesedits.h"
 #include "messagelog.h"
 #include "models/settingsmodel.h"
+#include "readonlyconfiguration.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"
@@ -48,7 +49,6 @@ namespace
 using Clock = std::chrono::steady_clock;
 
 constexpr auto ReadWriteUser = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-constexpr auto ReadUser = QFile::ReadOwner | QFile::ExeOwner;
 
 // The sandbox has put a device into the directory, see CMakeLists.txt.
 const QString s_device = QStringLiteral("device.json");
@@ -80,29 +80,6 @@ public:
 
 private:
     QFile m_file;
-};
-
-/// Makes dconf's directory one that cannot be written while this lives.
-class ReadOnlyConfiguration
-{
-public:
-    ReadOnlyConfiguration()
-    {
-        set(ReadUser);
-    }
-
-    ~ReadOnlyConfiguration()
-    {
-        set(ReadWriteUser);
-    }
-
-private:
-    static void set(QFile::Permissions permissions)
-    {
-        if (!QFile::setPermissions(qEnvironmentVariable("XDG_CONFIG_HOME") + text("/dconf"), permissions)) {
-            qFatal("dconf's directory keeps its permissions");
-        }
-    }
 };
 
 template<typename Fault>

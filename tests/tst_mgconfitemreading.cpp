@@ -5,9 +5,12 @@
 #include "growth.h"
 #include "mgconfitem.h"
 #include "nextfunction.h"
+#include "readonlyconfiguration.h"
 
+#include <QDeadlineTimer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 
 #include <dconf.h>
 
@@ -15,15 +18,31 @@ namespace
 {
 GVariant *s_outdatedValue = nullptr;
 bool s_dropsNotification = false; ///< the next one
+bool s_waitsForFailure = false; ///< before the next notification is handled
 
-void dropNotification(DConfClient *client)
+const QString s_key = QStringLiteral("/test/reading");
+
+bool hasValue(DConfClient *client)
+{
+    GVariant *value = dconf_client_read(client, qUtf8Printable(s_key));
+    if (value) {
+        g_variant_unref(value);
+    }
+    return value;
+}
+
+void beforeNotification(DConfClient *client)
 {
     if (std::exchange(s_dropsNotification, false)) {
         g_signal_stop_emission_by_name(client, "changed");
     }
+    if (std::exchange(s_waitsForFailure, false)) {
+        const QDeadlineTimer deadline(5000);
+        while (hasValue(client) && !deadline.hasExpired()) {
+            QThread::yieldCurrentThread();
+        }
+    }
 }
-
-const QString s_key = QStringLiteral("/test/reading");
 
 QStringList names(int count)
 {
@@ -55,7 +74,7 @@ qint64 measureReading(int count)
 extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 {
     DConfClient *client = nextFunction(dconf_client_new, "dconf_client_new")();
-    g_signal_connect(client, "changed", G_CALLBACK(dropNotification), nullptr);
+    g_signal_connect(client, "changed", G_CALLBACK(beforeNotification), nullptr);
     return client;
 }
 
@@ -75,6 +94,7 @@ class tst_MGConfItemReading : public QObject
 private Q_SLOTS:
     void ignoresAnOutdatedValue();
     void notifiesOfAWriteThatDconfDoesNotReport();
+    void notifiesOfAWriteThatFailsAtOnce();
     void longListTakesLinearTime();
 };
 
@@ -109,6 +129,21 @@ void tst_MGConfItemReading::notifiesOfAWriteThatDconfDoesNotReport()
     settle();
     QCOMPARE(changes.count(), 1);
     QCOMPARE(otherChanges.count(), 1);
+}
+
+// The service may refuse a write before the writing process has handled its own notification.
+void tst_MGConfItemReading::notifiesOfAWriteThatFailsAtOnce()
+{
+    MGConfItem item(s_key);
+    item.set(QVariant());
+    settle();
+    const ReadOnlyConfiguration fault;
+    QSignalSpy changes(&item, &MGConfItem::valueChanged);
+    s_waitsForFailure = true;
+    item.set(1);
+    QVERIFY(!s_waitsForFailure);
+    QTRY_COMPARE(changes.count(), 1);
+    QCOMPARE(item.value(), QVariant());
 }
 
 void tst_MGConfItemReading::longListTakesLinearTime()

@@ -74,6 +74,11 @@ bool isEqual(const GVariantPointer &a, const GVariantPointer &b)
     return a && b ? g_variant_equal(a.get(), b.get()) : !a && !b;
 }
 
+GVariantPointer readDefault(const QByteArray &path)
+{
+    return GVariantPointer(dconf_client_read_full(client(), path.constData(), DCONF_READ_DEFAULT_VALUE, nullptr));
+}
+
 // While a write reaches the database, dconf may return the previous value for a moment.
 GVariantPointer readKey(const QByteArray &path)
 {
@@ -120,9 +125,11 @@ public:
     ~MGConfItemPrivate();
 
     QVariant value() const;
+    void beginWrite(const GVariantPointer &value);
 
     const QString m_key;
     const QByteArray m_path; ///< empty when the key is invalid
+    std::optional<QByteArray> m_written; ///< until the write is notified of
 
 private:
     static void changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
@@ -176,6 +183,11 @@ QVariant MGConfItemPrivate::value() const
     return m_value;
 }
 
+void MGConfItemPrivate::beginWrite(const GVariantPointer &value)
+{
+    m_written = fingerprint(fromGVariant(value ? value.get() : readDefault(m_path).get()));
+}
+
 void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
                                 MGConfItemPrivate *self)
 {
@@ -202,6 +214,12 @@ void MGConfItemPrivate::update()
     QByteArray seen = fingerprint(fromGVariant(readKey(m_path).get()));
     // A caller who read a value that has been replaced by the one before it needs a notification, too.
     const auto handedOut = std::exchange(m_handedOut, std::nullopt);
+    const auto written = std::exchange(m_written, std::nullopt);
+    if (written && *written != seen) {
+        // The write has failed already, which dconf notifies of next: the writer has to learn which value remains.
+        m_seen = *written;
+        return;
+    }
     if (seen == m_seen && (!handedOut || fingerprint(fromGVariant(handedOut->get())) == seen)) {
         return;
     }
@@ -246,9 +264,11 @@ void MGConfItem::set(const QVariant &value)
     // Handlers of valueChanged() run before the write returns, and may delete the item.
     const QByteArray path = d->m_path;
     const int before = s_notifications;
+    d->beginWrite(stored);
     ++s_changes;
     GError *error = nullptr;
     if (!dconf_client_write_fast(client(), path.constData(), stored.get(), &error)) {
+        d->m_written.reset();
         qWarning("MGConfItem: cannot write \"%s\": %s", path.constData(), error->message);
         g_error_free(error);
     } else if (s_notifications == before) {
