@@ -13,6 +13,7 @@
 #include "registry/registrationfile.h"
 #include "registry/textfile.h"
 #include "registry/treeitem.h"
+#include "testsize.h"
 #include "tools/check/randomfiles.h"
 #include "world.h"
 
@@ -288,7 +289,7 @@ QByteArray describe(const FileFindings &file, const Finding &finding)
 void CheckPropertyTest::checkerAndLibraryAgree()
 {
     constexpr int FilesOfDirectory = 50;
-    const int total = setting("VELKA_CHECK_FILES", 100000);
+    const int total = setting("VELKA_CHECK_FILES", testSize(100000));
     QLoggingCategory::setFilterRules(QStringLiteral("org.orvantaos.settings.framework.debug=true\n"
                                                     "org.orvantaos.settings.framework.info=false"));
     RandomFiles files(quint32(setting("VELKA_CHECK_SEED", 1)), ownGroup());

@@ -6,6 +6,7 @@
 #include "lateannouncements.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
+#include "testsize.h"
 #include "text.h"
 #include "watchedfavorites.h"
 #include "world.h"
@@ -133,7 +134,7 @@ void FavoritesEditingRandomTest::randomEdits()
     if (late) {
         announcements.emplace();
     }
-    for (int step = 0; step < 500; ++step) {
+    for (int step = testSize(2000); step > 0; --step) {
         WatchedFavorites &favorites = random.bounded(2) ? first : second;
         const int size = qMax(1, favorites->rowCount());
         const QStringList storedBefore = storedFavorites();

@@ -4,6 +4,7 @@
 #include "models/itemrows.h"
 
 #include "growth.h"
+#include "testsize.h"
 #include "world.h"
 
 #include <QRandomGenerator>
@@ -81,7 +82,7 @@ void ItemRowsTest::randomChangesMatchList()
     const QList<TreeItem *> all = pointers(items);
     QList<TreeItem *> expected;
     ItemRows rows;
-    for (int step = 0; step < 20000; ++step) {
+    for (int left = testSize(20000); left > 0; --left) {
         const int size = expected.size();
         const int change = random.bounded(200);
         if (change == 0) {

@@ -26,6 +26,7 @@ using Work = std::function<qint64(int)>;
 
 /// Whether @p work of size @p large takes less than @p factor times as long as that of size @p small.
 bool isBelow(int factor, const Work &work, int small, int large);
-/// Whether @p work takes about ten times as long for ten times @p size: quadratic work takes a hundred times.
+/// Whether @p work takes about ten times as long for ten times @p size: quadratic work takes a hundred times. With the
+/// sanitizers, which are slow, the sizes are a tenth.
 bool isLinear(const Work &work, int size);
 }

@@ -5,6 +5,7 @@
 #include "randomdirectory.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"
+#include "testsize.h"
 #include "verdict.h"
 
 #include <QLoggingCategory>
@@ -58,7 +59,7 @@ void WhyRandomTest::everyAbsenceHasOneReason()
 {
     bool isGiven = false;
     const int given = qEnvironmentVariableIntValue("VELKA_RANDOM_DIRECTORIES", &isGiven);
-    const int directories = isGiven ? given : 3000;
+    const int directories = isGiven ? given : testSize(3000);
     QRandomGenerator random(20260711);
     for (int i = 0; i < directories; ++i) {
         const RandomDirectory directory(&random);

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "testsize.h"
+
+#include <QtGlobal>
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int Share = 50;
+#else
+constexpr int Share = 10;
+#endif
+
+int testSize(int full)
+{
+    return qEnvironmentVariableIsSet("VELKA_FULL_TESTS") ? full : full / Share;
+}
