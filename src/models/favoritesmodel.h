@@ -112,7 +112,7 @@ private Q_SLOTS:
 private:
     using Roles = RoleTable<FavoritesModel, TreeItem>;
     using Edit = StoredFavorites::Edit;
-    using Apply = void (StoredFavorites::*)(const Edit &);
+    using Apply = bool (StoredFavorites::*)(const Edit &);
 
     static const Roles &roles();
 
