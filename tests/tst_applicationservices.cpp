@@ -3,6 +3,7 @@
 
 #include "applications.h"
 #include "applicationservices.h"
+#include "common/messages.h"
 #include "text.h"
 
 #include <QElapsedTimer>
@@ -41,6 +42,7 @@ private Q_SLOTS:
     void demandedCallsWait_data();
     void demandedCallsWait();
     void nothingElseWaits();
+    void refusesWhatNoBusCarries();
 
 private:
     Applications m_applications;
@@ -338,6 +340,37 @@ void ApplicationServicesTest::nothingElseWaits()
                            "SetAllowlist(1000, []) uas", "SetAllowlist(1000, []) uas",
                            "SetAllowlistEnabled(1000, 1) ui", "SetAllowlistEnabled(1000, 1) ui",
                            "SetEnabled(1000, 'enabledMode', 1) isb", "SetEnabled(1000, 'enabledMode', 1) isb"}));
+}
+
+// The bus would end the connection, and Qt does not connect again.
+void ApplicationServicesTest::refusesWhatNoBusCarries()
+{
+    const QString large(17 * 1024 * 1024, QLatin1Char('x'));
+    const QString half = large.left(large.size() / 2);
+    const QString refusal = warning(text("%1 %2 ids").arg(text(Messages::TooLargeToSend)));
+    const MessageLog log;
+    ServedModel model(&m_services, Model::AllowedOnly);
+    model.applyPolicyRules(texts({"a"}));
+    QCOMPARE(m_services.takeCalls(), texts({"SetAllowlist(1000, ['a']) uas"}));
+    model.toggleSelectedApp(large);
+    QCOMPARE(log.take(), QStringList(refusal.arg(2)));
+    model.applyPolicyRules({half, half});
+    QCOMPARE(log.take(), QStringList(refusal.arg(2)));
+    QCOMPARE(model.selectedApps(), texts({"a"}));
+    model.setNotificationsEnabled(large, false);
+    QCOMPARE(log.take(), QStringList(refusal.arg(1)));
+    QCOMPARE(m_services.takeCalls(), s_none);
+
+    model.setFilterMode(Model::AutostartedOnly);
+    m_services.takeCalls();
+    model.toggleSelectedApp(large);
+    model.applyPolicyRules(model.selectedApps() + QStringList(large));
+    QCOMPARE(log.take(), QStringList(refusal.arg(1)) + QStringList(refusal.arg(1)));
+    model.setFilterModeEnabled(true);
+    QCOMPARE(m_services.takeCalls(), texts({"SetEnabled(1000, 'enabledMode', 1) isb"}));
+    model.setFilterMode(Model::AllowedOnly);
+    QCOMPARE(m_services.takeCalls(), texts({"GetAllowlist(1000) u"}));
+    QCOMPARE(log.take(), s_none);
 }
 
 QTEST_GUILESS_MAIN(ApplicationServicesTest)

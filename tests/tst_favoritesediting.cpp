@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "common/messages.h"
 #include "dconftool.h"
 #include "lateannouncements.h"
+#include "messagelog.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"
@@ -46,6 +48,7 @@ private Q_SLOTS:
     void movesNothing();
     void moveOfEqualEntries();
     void movesInThePicker();
+    void refusesAListThatCannotBeStored();
 
 private:
     void announcements();
@@ -397,6 +400,23 @@ void FavoritesEditingTest::movesInThePicker()
 }
 
 // What is put off in the middle of a change is not forgotten because something else happens, too.
+
+void FavoritesEditingTest::refusesAListThatCannotBeStored()
+{
+    const QStringList paths = path("a/b") + QStringList(QString(15 * 1024 * 1024, QLatin1Char('x')));
+    storeFavorites(paths);
+    WatchedFavorites favorites;
+    const MessageLog log;
+    favorites->addFavorite(QString(2 * 1024 * 1024, QLatin1Char('y')));
+    QCOMPARE(log.take(), QStringList(settingsWarning(Messages::TooManyFavorites, WatchedFavorites::keyOfTests())));
+    QCOMPARE(favorites.takeSignals(), QStringList());
+    QVERIFY(storedFavorites() == paths);
+    QVERIFY(!favorites->userModified());
+    favorites->removeFavorite(text("a"));
+    QCOMPARE(favorites.names(), path("b"));
+    QVERIFY(storedFavorites() == paths.mid(1));
+    QCOMPARE(log.take(), QStringList());
+}
 
 QTEST_GUILESS_MAIN(FavoritesEditingTest)
 #include "tst_favoritesediting.moc"

@@ -22,12 +22,23 @@ private Q_SLOTS:
     void keepsTheDeepestValue();
     void ignoresValuesThatCannotBeStored_data();
     void ignoresValuesThatCannotBeStored();
+    void largeValues();
     void defaultValue();
     void strangeKeys_data();
     void strangeKeys();
     void invalidKey_data();
     void invalidKey();
 };
+
+namespace
+{
+constexpr int MaxKeySize = 900;
+
+QString longKey(int size)
+{
+    return QStringLiteral("/test/").leftJustified(size, QLatin1Char('a'));
+}
+}
 
 void tst_MGConfItem::keepsValueAndType_data()
 {
@@ -145,6 +156,28 @@ void tst_MGConfItem::ignoresValuesThatCannotBeStored()
     QCOMPARE(spy.count(), 0);
 }
 
+// The bus ends the connection of a process that sends more than it takes.
+void tst_MGConfItem::largeValues()
+{
+    constexpr int MaxSize = 16 * 1024 * 1024;
+    MGConfItem item(testKey());
+    const QString largest(MaxSize - 1, QLatin1Char('a')); // a null follows it
+    item.set(largest);
+    waitForWrites();
+    QCOMPARE(item.value(), QVariant(largest));
+    QSignalSpy spy(&item, &MGConfItem::valueChanged);
+    const QString warning = QStringLiteral("MGConfItem: the value of \"%1\" is too large").arg(item.key());
+    for (const int size : {MaxSize, 4 * MaxSize}) {
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+        item.set(QString(size, QLatin1Char('b')));
+        QCOMPARE(item.value(), QVariant(largest));
+    }
+    QCOMPARE(spy.count(), 0);
+    item.set(QVariant());
+    QTRY_COMPARE(stored(item.key()), QByteArray());
+    waitForWrites();
+}
+
 void tst_MGConfItem::defaultValue()
 {
     MGConfItem item(testKey());
@@ -162,7 +195,7 @@ void tst_MGConfItem::strangeKeys_data()
     QTest::newRow("quote") << QStringLiteral("/test/it's");
     QTest::newRow("dots") << QStringLiteral("/test/../..");
     QTest::newRow("comma and equals sign") << QStringLiteral("/test/a',type='b");
-    QTest::newRow("long") << QStringLiteral("/test/") + QString(10000, QLatin1Char('a'));
+    QTest::newRow("long") << longKey(MaxKeySize);
 }
 
 void tst_MGConfItem::strangeKeys()
@@ -191,6 +224,8 @@ void tst_MGConfItem::invalidKey_data()
     QTest::newRow("leading slash doubled") << QStringLiteral("//test/key");
     QTest::newRow("root") << QStringLiteral("/");
     QTest::newRow("lone surrogate") << QStringLiteral("/test/") + QChar(0xd800);
+    QTest::newRow("too long") << longKey(MaxKeySize + 1);
+    QTest::newRow("too long") << longKey(MaxKeySize + 1);
     QTest::newRow("NUL") << QStringLiteral("/test/key") + QChar(QChar::Null);
 }
 
@@ -218,9 +253,8 @@ void tst_MGConfItem::invalidKey()
         QCOMPARE(item.value(2), QVariant(2));
         QCOMPARE(spy.count(), 0);
     }
-    QCOMPARE(
-        s_warnings,
-        QStringList{QStringLiteral("MGConfItem: invalid key \"%1\"").arg(QString::fromUtf8(qUtf8Printable(key)))});
+    const QString shown = QString::fromUtf8(qUtf8Printable(key.left(MaxKeySize)));
+    QCOMPARE(s_warnings, QStringList{QStringLiteral("MGConfItem: invalid key \"%1\"").arg(shown)});
 }
 
 QTEST_GUILESS_MAIN(tst_MGConfItem)

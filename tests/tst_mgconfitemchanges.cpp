@@ -5,6 +5,7 @@
 #include "mgconfitem.h"
 #include "testkey.h"
 
+#include <QAbstractEventDispatcher>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void handlerDeletesAnotherItem();
     void handlerSetsAgain();
     void handlerCreatesAnItem();
+    void otherProcessesNotifyOnceInATurn();
     void itemsShareAKey();
     void unwatchesUnusedKeys();
 };
@@ -250,6 +252,36 @@ void tst_MGConfItemChanges::handlerCreatesAnItem()
     QCOMPARE(changes, 0);
     item.set(2);
     QCOMPARE(changes, 1);
+}
+
+// Each handler finds that another process has written once more, with many notifications to come.
+void tst_MGConfItemChanges::otherProcessesNotifyOnceInATurn()
+{
+    MGConfItem item(testKey());
+    settle();
+    constexpr int Pending = 20;
+    constexpr int Last = 2 * Pending;
+    int next = 0;
+    int notifications = 0; // in a turn
+    int mostNotifications = 0;
+    int allNotifications = 0;
+    const auto write = [&] { store(item.key(), QString::number(++next)); };
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &item,
+            [&] { notifications = 0; });
+    connect(&item, &MGConfItem::valueChanged, &item, [&] {
+        ++allNotifications;
+        mostNotifications = qMax(mostNotifications, ++notifications);
+        if (next < Last) {
+            write();
+        }
+    });
+    while (next < Pending) {
+        write();
+    }
+    QTRY_COMPARE(item.value(), QVariant(Last));
+    settle();
+    QCOMPARE(mostNotifications, 1);
+    QVERIFY(allNotifications > Pending);
 }
 
 void tst_MGConfItemChanges::itemsShareAKey()

@@ -4,10 +4,14 @@
 #include "models/userapplicationsfiltermodel.h"
 
 #include "applications/applicationssettingsmodel.h"
+#include "common/messages.h"
+#include "messagelog.h"
 #include "signallog.h"
 #include "text.h"
 
 #include <QAbstractItemModelTester>
+#include <QConcatenateTablesProxyModel>
+#include <QIdentityProxyModel>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
@@ -30,6 +34,8 @@ private Q_SLOTS:
     void countFollowsTheSource();
     void ignoresThePattern();
     void keepsTheOrder();
+    void refusesItselfAsSource_data();
+    void refusesItselfAsSource();
 
 private:
     static QStandardItem *row(const char *name, bool allowed, bool alwaysAllowed, bool autostarted);
@@ -214,6 +220,52 @@ void UserApplicationsFilterModelTest::keepsTheOrder()
     QCOMPARE(names(filter), text("cbd"));
     filter.sort(0);
     QCOMPARE(names(filter), text("bcd"));
+}
+
+void UserApplicationsFilterModelTest::refusesItselfAsSource_data()
+{
+    QTest::addColumn<QVector<int>>("chain");
+    QTest::newRow("itself") << QVector<int>{};
+    QTest::newRow("its user") << QVector<int>{0};
+    QTest::newRow("the user of its user") << QVector<int>{0, 1};
+    QTest::newRow("a list of tables") << QVector<int>{2};
+    QTest::newRow("a user of the list") << QVector<int>{2, 1};
+}
+
+void UserApplicationsFilterModelTest::refusesItselfAsSource()
+{
+    QFETCH(QVector<int>, chain);
+    Filter filter;
+    filter.setSourceModel(m_source.get());
+    Filter user;
+    QIdentityProxyModel identity;
+    QConcatenateTablesProxyModel tables;
+    QAbstractItemModel *last = &filter;
+    for (const int next : qAsConst(chain)) {
+        if (next == 2) {
+            tables.addSourceModel(m_source.get());
+            tables.addSourceModel(last);
+            last = &tables;
+        } else {
+            QAbstractProxyModel *proxy = &identity;
+            if (next == 0) {
+                proxy = &user;
+            }
+            proxy->setSourceModel(last);
+            last = proxy;
+        }
+    }
+    QSignalSpy changes(&filter, &Filter::sourceModelChanged);
+    const MessageLog log;
+    filter.setSourceModel(last);
+    QCOMPARE(log.take(), QStringList(text("warning org.orvantaos.settings.framework: ")
+                                     + QString::fromUtf8(Messages::SourceIsUser)));
+    QCOMPARE(filter.sourceModel(), m_source.get());
+    QCOMPARE(changes.count(), 0);
+    QCOMPARE(names(filter), text("cbd"));
+    filter.setSourceModel(nullptr);
+    QCOMPARE(filter.count(), 0);
+    QCOMPARE(log.take(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(UserApplicationsFilterModelTest)

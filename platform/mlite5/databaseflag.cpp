@@ -11,9 +11,16 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 namespace
 {
 constexpr size_t FlagSize = 1;
+
+bool isShortage(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOMEM;
+}
 }
 
 DatabaseFlag::~DatabaseFlag()
@@ -32,16 +39,24 @@ quint64 DatabaseFlag::generation()
     return m_generation;
 }
 
+bool DatabaseFlag::canOpenDatabase() const
+{
+    return !m_isShort;
+}
+
+// dconf opens the database when it finds the flag set, too, and needs as much for it.
 void DatabaseFlag::open()
 {
     const QByteArray path = QByteArray(g_get_user_runtime_dir()) + "/dconf/user";
     const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    m_isShort = file < 0 && isShortage(errno);
     if (file < 0) {
         return;
     }
     // The byte behind the flag makes sure that there is memory for it, and shows the service that somebody reads it.
     if (pwrite(file, "", 1, FlagSize) == 1) {
         void *memory = mmap(nullptr, FlagSize, PROT_READ, MAP_SHARED, file, 0);
+        m_isShort = memory == MAP_FAILED && isShortage(errno);
         m_flag = memory == MAP_FAILED ? nullptr : static_cast<const quint8 *>(memory);
     }
     ::close(file);

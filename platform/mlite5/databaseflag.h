@@ -21,6 +21,8 @@ public:
 
     /// Returns a number that is another one after each write. It is always another one when there is no shared memory.
     quint64 generation();
+    /// Returns whether dconf could open the database that generation() stands for: descriptors and memory may be used up.
+    bool canOpenDatabase() const;
 
 private:
     void open();
@@ -28,4 +30,5 @@ private:
 
     volatile const quint8 *m_flag = nullptr;
     quint64 m_generation = 0;
+    bool m_isShort = false; ///< of descriptors or memory
 };

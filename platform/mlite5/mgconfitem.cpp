@@ -8,14 +8,24 @@
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QTimer>
 
 #include <dconf.h>
 
+#include <chrono>
 #include <optional>
 #include <utility>
 
+using namespace std::chrono_literals;
+
 namespace
 {
+constexpr auto RetryDelay = 1000ms;
+// The rule with which dconf watches a key has no more than 1024 bytes, of which the key gets these.
+constexpr int MaxKeySize = 900;
+// A bus takes twice as much by default. It ends the connection, for all keys, over a larger message.
+constexpr gsize MaxValueSize = 16 * 1024 * 1024;
+
 // GIO ends the process when the session bus ends, unless the connection, which dconf shares, has this disabled.
 // Connecting can take long, so a thread does it. The connection is never released: the next one would have the default
 // again.
@@ -95,7 +105,8 @@ GVariantPointer readKey(const QByteArray &path)
 QByteArray pathOfKey(const QString &key)
 {
     const QByteArray path = key.toUtf8();
-    return isStorable(key) && dconf_is_key(path.constData(), nullptr) ? path : QByteArray();
+    const bool isValid = path.size() <= MaxKeySize && isStorable(key) && dconf_is_key(path.constData(), nullptr);
+    return isValid ? path : QByteArray();
 }
 
 // dconf does not notify of a write that changes nothing, but may compare with the value before the last one.
@@ -110,11 +121,23 @@ int s_notifications = 0;
 /// The number of writes that this process has begun, and of notifications of any key.
 quint64 s_changes = 0;
 
+DatabaseFlag &databaseFlag()
+{
+    static DatabaseFlag flag;
+    return flag;
+}
+
 /// Returns another number whenever any value may have changed since the last call.
 quint64 generation()
 {
-    static DatabaseFlag flag;
-    return flag.generation() + s_changes;
+    return databaseFlag().generation() + s_changes;
+}
+
+/// Returns false while dconf would find no value because it cannot open its database.
+bool isReadable()
+{
+    databaseFlag().generation();
+    return databaseFlag().canOpenDatabase();
 }
 }
 
@@ -132,17 +155,24 @@ public:
     std::optional<QByteArray> m_written; ///< until the write is notified of
 
 private:
-    static void changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
+    static void changed(DConfClient *, const char *prefix, const char *const *changes, const char *tag,
                         MGConfItemPrivate *self);
     bool concerns(const char *prefix, const char *const *changes) const;
+    void updateOnceInATurn();
+    void endTurn();
+    void updateLater();
     void update();
+    void read();
 
     MGConfItem *const m_item;
-    mutable QVariant m_value; ///< as long as the generation is the one it was read in
+    mutable QVariant m_value; ///< as it was read last; the key's value in that generation
     mutable std::optional<quint64> m_generation;
     QByteArray m_seen;
     mutable std::optional<GVariantPointer> m_handedOut; ///< the last result of value() since m_seen was read
     gulong m_handler = 0;
+    bool m_isUpdatedInTurn = false;
+    bool m_isOutdated = false; ///< since the update in this turn
+    bool m_isUpdateScheduled = false;
 };
 
 MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
@@ -151,13 +181,19 @@ MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
     , m_item(item)
 {
     if (m_path.isEmpty()) {
-        qWarning("MGConfItem: invalid key \"%s\"", qUtf8Printable(key));
+        qWarning("MGConfItem: invalid key \"%s\"", qUtf8Printable(key.left(MaxKeySize)));
         return;
     }
     // Watch before the first read. Otherwise a change in between would be lost.
     m_handler = g_signal_connect(client(), "changed", G_CALLBACK(changed), this);
     dconf_client_watch_fast(client(), m_path.constData());
-    m_seen = fingerprint(fromGVariant(readKey(m_path).get()));
+    if (isReadable()) {
+        read();
+    } else {
+        qWarning("MGConfItem: cannot read \"%s\" yet", m_path.constData());
+        m_seen = fingerprint({});
+        updateLater();
+    }
 }
 
 MGConfItemPrivate::~MGConfItemPrivate()
@@ -175,7 +211,7 @@ QVariant MGConfItemPrivate::value() const
         return {};
     }
     const quint64 current = generation();
-    if (m_generation != current) {
+    if (m_generation != current && isReadable()) {
         m_handedOut = readKey(m_path);
         m_value = fromGVariant(m_handedOut->get());
         m_generation = current;
@@ -188,12 +224,18 @@ void MGConfItemPrivate::beginWrite(const GVariantPointer &value)
     m_written = fingerprint(fromGVariant(value ? value.get() : readDefault(m_path).get()));
 }
 
-void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *,
+void MGConfItemPrivate::changed(DConfClient *, const char *prefix, const char *const *changes, const char *tag,
                                 MGConfItemPrivate *self)
 {
     ++s_changes;
-    if (self->concerns(prefix, changes)) {
-        ++s_notifications;
+    if (!self->concerns(prefix, changes)) {
+        return;
+    }
+    ++s_notifications;
+    const bool isOfOtherProcess = tag && *tag;
+    if (isOfOtherProcess) {
+        self->updateOnceInATurn();
+    } else {
         self->update();
     }
 }
@@ -209,22 +251,63 @@ bool MGConfItemPrivate::concerns(const char *prefix, const char *const *changes)
     return false;
 }
 
+// Others may write faster than handlers of valueChanged() read, and each of them would find another value.
+void MGConfItemPrivate::updateOnceInATurn()
+{
+    if (m_isUpdatedInTurn) {
+        m_isOutdated = true;
+        return;
+    }
+    m_isUpdatedInTurn = true;
+    QMetaObject::invokeMethod(
+        m_item, [this] { endTurn(); }, Qt::QueuedConnection);
+    update();
+}
+
+void MGConfItemPrivate::endTurn()
+{
+    m_isUpdatedInTurn = false;
+    if (std::exchange(m_isOutdated, false)) {
+        updateOnceInATurn();
+    }
+}
+
+void MGConfItemPrivate::updateLater()
+{
+    if (std::exchange(m_isUpdateScheduled, true)) {
+        return;
+    }
+    QTimer::singleShot(RetryDelay, m_item, [this] {
+        m_isUpdateScheduled = false;
+        update();
+    });
+}
+
 void MGConfItemPrivate::update()
 {
-    QByteArray seen = fingerprint(fromGVariant(readKey(m_path).get()));
+    const auto written = std::exchange(m_written, std::nullopt);
+    if (!isReadable()) {
+        updateLater();
+        return;
+    }
+    const QByteArray before = m_seen;
+    read();
     // A caller who read a value that has been replaced by the one before it needs a notification, too.
     const auto handedOut = std::exchange(m_handedOut, std::nullopt);
-    const auto written = std::exchange(m_written, std::nullopt);
-    if (written && *written != seen) {
+    if (written && *written != m_seen) {
         // The write has failed already, which dconf notifies of next: the writer has to learn which value remains.
         m_seen = *written;
         return;
     }
-    if (seen == m_seen && (!handedOut || fingerprint(fromGVariant(handedOut->get())) == seen)) {
-        return;
+    if (m_seen != before || (handedOut && fingerprint(fromGVariant(handedOut->get())) != m_seen)) {
+        Q_EMIT m_item->valueChanged(); // a handler may delete the item
     }
-    m_seen = std::move(seen);
-    Q_EMIT m_item->valueChanged(); // a handler may delete the item
+}
+
+void MGConfItemPrivate::read()
+{
+    m_value = fromGVariant(readKey(m_path).get());
+    m_seen = fingerprint(m_value);
 }
 
 MGConfItem::MGConfItem(const QString &key, QObject *parent)
@@ -259,6 +342,10 @@ void MGConfItem::set(const QVariant &value)
     const GVariantPointer stored = toGVariant(value);
     if (value.isValid() && !stored) {
         qWarning("MGConfItem: cannot store the value of \"%s\"", d->m_path.constData());
+        return;
+    }
+    if (stored && g_variant_get_size(stored.get()) > MaxValueSize) {
+        qWarning("MGConfItem: the value of \"%s\" is too large", d->m_path.constData());
         return;
     }
     // Handlers of valueChanged() run before the write returns, and may delete the item.

@@ -14,7 +14,10 @@ class MGConfItemPrivate;
  * One dconf key. To be used in the GUI thread only.
  *
  * After set(), every item of the process returns the new value at once; it is written to the database later. If that
- * fails, the value changes back, with another notification.
+ * fails, the value changes back, with another notification. A value of more than 16 MiB is refused with a warning.
+ *
+ * Changes by other processes are notified once in each turn of the event loop. While no descriptor or memory is free
+ * to open the database, value() returns what was read last, and changes are notified later.
  */
 class Q_DECL_EXPORT MGConfItem : public QObject
 {

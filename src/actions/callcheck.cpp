@@ -3,6 +3,8 @@
 
 #include "actions/callcheck.h"
 
+#include "common/messagesize.h"
+
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -19,8 +21,6 @@ namespace
 constexpr int MaxContainers = 64;
 constexpr int ContainersOfList = 2;
 constexpr int ContainersOfMap = 3;
-// Half of what a message bus takes by default
-constexpr qint64 MaxBytes = qint64(16) * 1024 * 1024;
 
 /// Returns true when Qt takes @p service for the name of a service although it has no dot, which libdbus insists on.
 bool hasMissingDot(const QString &service)
@@ -74,7 +74,7 @@ public:
         if (m_isUnsendable) {
             return QStringLiteral("A map holds a value that cannot be sent");
         }
-        if (m_headerBytes + m_bytes > MaxBytes) {
+        if (m_headerBytes + m_bytes > MaxMessageBytes) {
             return QStringLiteral("The call is too large");
         }
         return {};

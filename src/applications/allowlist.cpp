@@ -48,22 +48,28 @@ void Allowlist::toggle(const QString &id)
 {
     if (contains(id)) {
         m_list.removeAll(id);
-    } else {
+    } else if (canBeSent(ids() + QStringList(id))) {
         m_list.append(id);
+    } else {
+        return;
     }
     send();
 }
 
 void Allowlist::apply(const QStringList &ids)
 {
-    m_list = IdList(ids);
-    send();
+    if (canBeSent(ids)) {
+        m_list = IdList(ids);
+        send();
+    }
 }
 
 void Allowlist::selectAll(const QStringList &ids)
 {
-    apply({});
-    apply(ids);
+    if (canBeSent(ids)) {
+        apply({});
+        apply(ids);
+    }
 }
 
 void Allowlist::fetchAll()

@@ -4,6 +4,7 @@
 #include "applications/applicationnotifications.h"
 
 #include "applications/applicationrows.h"
+#include "applications/idlist.h"
 #include "applications/notificationsclient.h"
 #include "common/logging.h"
 #include "common/messages.h"
@@ -30,8 +31,10 @@ void ApplicationNotifications::fetch()
 
 void ApplicationNotifications::setEnabled(const QString &applicationId, bool enabled)
 {
-    m_client->setEnabled(applicationId, enabled,
-                         [this, applicationId, enabled] { takeEnabled(applicationId, enabled); });
+    if (canBeSent({applicationId})) {
+        m_client->setEnabled(applicationId, enabled,
+                             [this, applicationId, enabled] { takeEnabled(applicationId, enabled); });
+    }
 }
 
 void ApplicationNotifications::replace(const std::optional<QVariantMap> &enabled)

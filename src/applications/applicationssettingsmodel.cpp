@@ -45,36 +45,40 @@ TreeItem *applicationsSection()
 }
 }
 
-const ApplicationsSettingsModel::RoleEntry ApplicationsSettingsModel::s_roles[] = {
-    {SectionRole, "section", [](const auto &, const ApplicationItem &item) { return item.section(); }},
-    {IconIdRole, "iconId", [](const auto &, const ApplicationItem &item) { return QVariant(item.iconId()); }},
-    {IconModeRole, "iconMode",
-     [](const auto &, const ApplicationItem &item) { return QVariant(item.iconMode()); }},
-    {NameRole, "name", [](const auto &, const ApplicationItem &item) { return QVariant(item.name()); }},
-    {FilePathRole, "filePath",
-     [](const auto &, const ApplicationItem &item) { return QVariant(item.fileName()); }},
-    {SandboxedRole, "sandboxed",
-     [](const auto &, const ApplicationItem &item) { return QVariant(item.sandboxed()); }},
-    {FileIdRole, "fileId", [](const auto &, const ApplicationItem &item) { return QVariant(item.fileId()); }},
-    {AllowedRole, "allowed",
-     [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_allowlist->contains(applicationId(item.fileId())));
-     }},
-    {AlwaysAllowedRole, "alwaysAllowed",
-     [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_alwaysAllowed->contains(applicationId(item.fileId())));
-     }},
-    {AutostartedRole, "autostarted",
-     [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_autostartList->contains(applicationId(item.fileId())));
-     }},
-    {ApplicationIdRole, "applicationId",
-     [](const auto &, const ApplicationItem &item) { return QVariant(item.dBusServiceName()); }},
-    {NotificationsEnabledRole, "notificationsEnabled",
-     [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-         return QVariant(model.m_notifications->isEnabled(item.dBusServiceName()));
-     }},
-};
+const ApplicationsSettingsModel::Roles &ApplicationsSettingsModel::roles()
+{
+    static const Roles roles{
+        {SectionRole, "section", [](const auto &, const ApplicationItem &item) { return item.section(); }},
+        {IconIdRole, "iconId", [](const auto &, const ApplicationItem &item) { return QVariant(item.iconId()); }},
+        {IconModeRole, "iconMode",
+         [](const auto &, const ApplicationItem &item) { return QVariant(item.iconMode()); }},
+        {NameRole, "name", [](const auto &, const ApplicationItem &item) { return QVariant(item.name()); }},
+        {FilePathRole, "filePath",
+         [](const auto &, const ApplicationItem &item) { return QVariant(item.fileName()); }},
+        {SandboxedRole, "sandboxed",
+         [](const auto &, const ApplicationItem &item) { return QVariant(item.sandboxed()); }},
+        {FileIdRole, "fileId", [](const auto &, const ApplicationItem &item) { return QVariant(item.fileId()); }},
+        {AllowedRole, "allowed",
+         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
+             return QVariant(model.m_allowlist->contains(applicationId(item.fileId())));
+         }},
+        {AlwaysAllowedRole, "alwaysAllowed",
+         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
+             return QVariant(model.m_alwaysAllowed->contains(applicationId(item.fileId())));
+         }},
+        {AutostartedRole, "autostarted",
+         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
+             return QVariant(model.m_autostartList->contains(applicationId(item.fileId())));
+         }},
+        {ApplicationIdRole, "applicationId",
+         [](const auto &, const ApplicationItem &item) { return QVariant(item.dBusServiceName()); }},
+        {NotificationsEnabledRole, "notificationsEnabled",
+         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
+             return QVariant(model.m_notifications->isEnabled(item.dBusServiceName()));
+         }},
+    };
+    return roles;
+}
 
 ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     : QAbstractListModel(parent)
@@ -88,6 +92,7 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     , m_autostartList(new AutostartList(&m_user, m_sandboxing, this))
     , m_rows(new ApplicationRows(this))
     , m_notifications(new ApplicationNotifications(m_rows, this))
+    , m_changes(this, [this] { launcherModelReset(); })
 {
     m_updateTimer->setSingleShot(true);
     m_updateTimer->setInterval(UpdateDelay);
@@ -225,24 +230,12 @@ int ApplicationsSettingsModel::rowCount(const QModelIndex &parent) const
 QVariant ApplicationsSettingsModel::data(const QModelIndex &index, int role) const
 {
     const ApplicationItem *item = m_rows->items().value(index.row());
-    if (!item) {
-        return {};
-    }
-    for (const RoleEntry &entry : s_roles) {
-        if (entry.role == role) {
-            return entry.read(*this, *item);
-        }
-    }
-    return {};
+    return item ? roles().read(role, *this, *item) : QVariant();
 }
 
 QHash<int, QByteArray> ApplicationsSettingsModel::roleNames() const
 {
-    QHash<int, QByteArray> names;
-    for (const RoleEntry &entry : s_roles) {
-        names.insert(entry.role, entry.name);
-    }
-    return names;
+    return roles().names();
 }
 
 void ApplicationsSettingsModel::scheduleUpdate()
@@ -252,19 +245,7 @@ void ApplicationsSettingsModel::scheduleUpdate()
 
 void ApplicationsSettingsModel::launcherModelReset()
 {
-    if (m_resetting) {
-        m_resetAgain = true;
-        return;
-    }
-    const QPointer<ApplicationsSettingsModel> self(this); // a handler may delete the model
-    m_resetting = true;
-    do {
-        m_resetAgain = false;
-        reset();
-    } while (self && m_resetAgain);
-    if (self) {
-        m_resetting = false;
-    }
+    m_changes.run([this] { reset(); });
 }
 
 void ApplicationsSettingsModel::reset()
@@ -417,7 +398,7 @@ void ApplicationsSettingsModel::notifyAllRows()
 
 void ApplicationsSettingsModel::notifyRows(int first, int last)
 {
-    if (!m_resetting) { // at the end of a reset all rows are read again
+    if (!m_changes.isRunning()) { // at the end of a reset all rows are read again
         Q_EMIT dataChanged(index(first), index(last));
     }
 }

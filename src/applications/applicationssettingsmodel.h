@@ -4,6 +4,8 @@
 #pragma once
 
 #include "applications/applicationsuser.h"
+#include "common/roletable.h"
+#include "common/rowchanges.h"
 
 #include <QAbstractListModel>
 #include <QPointer>
@@ -129,11 +131,9 @@ public:
     Q_INVOKABLE void setNotificationsEnabled(const QString &appID, bool enabled);
 
 private:
-    struct RoleEntry {
-        int role;
-        const char *name;
-        QVariant (*read)(const ApplicationsSettingsModel &model, const ApplicationItem &item);
-    };
+    using Roles = RoleTable<ApplicationsSettingsModel, const ApplicationItem>;
+
+    static const Roles &roles();
 
     void reset();
     void rebuild();
@@ -145,8 +145,6 @@ private:
     void notifyAllRows();
     void notifyRows(int first, int last);
     QStringList allIds() const;
-
-    static const RoleEntry s_roles[];
 
     QPointer<LauncherFolderModel> m_applications;
     MGConfItem *const m_maskedItem;
@@ -160,8 +158,7 @@ private:
     ApplicationRows *const m_rows;
     ApplicationNotifications *const m_notifications;
     ApplicationsUser m_user;
+    RowChanges m_changes;
     bool m_complete = false;
-    bool m_resetting = false;
-    bool m_resetAgain = false; ///< something demanded a reset in the middle of one
     int m_filterMode = -1;
 };

@@ -93,6 +93,9 @@ void AutostartList::take(const std::optional<QStringList> &ids)
 
 void AutostartList::set(const QString &id, bool enabled)
 {
+    if (!canBeSent({id})) {
+        return;
+    }
     if (id != s_enabledMode && m_sandboxing->needsPermissions(id)
         && !m_sandboxing->grantPermissions(m_user->uid(), id)) {
         qCWarning(lcSettings) << Messages::NotAdding << id << Messages::PermissionsNotGranted;

@@ -3,6 +3,10 @@
 
 #include "applications/idlist.h"
 
+#include "common/logging.h"
+#include "common/messages.h"
+#include "common/messagesize.h"
+
 IdList::IdList(const QStringList &ids)
     : m_ids(ids)
     , m_set(ids.cbegin(), ids.cend())
@@ -29,4 +33,13 @@ void IdList::removeAll(const QString &id)
 {
     m_ids.removeAll(id);
     m_set.remove(id);
+}
+
+bool canBeSent(const QStringList &ids)
+{
+    if (fitsIntoMessage(ids)) {
+        return true;
+    }
+    qCWarning(lcSettings) << Messages::TooLargeToSend << ids.size() << "ids";
+    return false;
 }

@@ -22,3 +22,6 @@ private:
     QStringList m_ids;
     QSet<QString> m_set;
 };
+
+/// Returns false, with a warning, when @p ids are too large for a call to a service.
+bool canBeSent(const QStringList &ids);

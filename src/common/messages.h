@@ -17,6 +17,8 @@ constexpr char CannotReadBlacklist[] = "Can't read favorites blacklist file";
 constexpr char WrongBlacklistFormat[] = "Favorites blacklist file is in wrong format";
 constexpr char UnknownFilter[] = "Unknown favorites filter type:";
 constexpr char PathNotFound[] = "FavoritesModel: path not found";
+constexpr char CannotReadFavorites[] = "Can't change favorites, because they can't be read:";
+constexpr char TooManyFavorites[] = "Can't change favorites, because the list would be too large:";
 constexpr char CannotQueueCall[]
     = "Failed to initialize dbus call to: service=%1 path=%2 interface=%3 method=%4. Error was: %5 %6";
 constexpr char CallFailed[]
@@ -32,11 +34,13 @@ constexpr char CannotReadPermissions[] = "Failed to read application desktop fil
 constexpr char NoPermissionsSection[] = "No valid section is providing Permissions";
 constexpr char HidePromptFailed[] = "Failed to hide prompt";
 constexpr char GrantFailed[] = "Failed to set granted permissions";
+constexpr char TooLargeToSend[] = "Too large to be sent to a service:";
 constexpr char NotAdding[] = "Not adding";
 constexpr char PermissionsNotGranted[] = "to autostart since permissions not granted";
 constexpr char NotificationsListFailed[] = "Failed to get notifications configs list. Error:";
 constexpr char NotificationsSetFailed[] = "Failed to set notifications config for %1. Error:";
 constexpr char NoApplication[] = "Cant find application: %1";
 constexpr char UnknownConfig[] = "Unknown config changed:";
+constexpr char SourceIsUser[] = "UserApplicationsFilterModel: the source model uses this model";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }

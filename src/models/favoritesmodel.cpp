@@ -199,8 +199,9 @@ bool FavoritesModel::isFavorite(const QString &path) const
 
 void FavoritesModel::addFavorite(const QString &path)
 {
-    if (m_favorites) {
-        edit([&path](const QStringList &paths) { return PathList::appended(paths, path); });
+    const Edit append = [&path](const QStringList &paths) { return PathList::appended(paths, path); };
+    if (m_favorites && m_favorites->accepts(append)) {
+        edit(append);
     }
 }
 
@@ -208,7 +209,7 @@ void FavoritesModel::removeFavorite(const QString &path)
 {
     const Edit remove = [&path](const QStringList &paths) { return PathList::removedAll(paths, path); };
     const int row = m_showPotential ? -1 : indexOf(path);
-    if (!m_favorites || (row < 0 && !m_showPotential)) {
+    if (!m_favorites || (row < 0 && !m_showPotential) || !m_favorites->accepts(remove)) {
         return;
     }
     if (m_showPotential || m_changes.isRunning()) {
@@ -238,11 +239,11 @@ void FavoritesModel::move(int index, int newIndex)
     }
     const QString path = fullPath(item);
     const QString targetPath = fullPath(target);
+    const Edit moveStored = [&](const QStringList &paths) { return PathList::moved(paths, path, targetPath); };
     const QStringList stored = m_favorites->read();
-    if (!stored.contains(path) || !stored.contains(targetPath)) {
+    if (!stored.contains(path) || !stored.contains(targetPath) || !m_favorites->accepts(moveStored)) {
         return;
     }
-    const Edit moveStored = [&](const QStringList &paths) { return PathList::moved(paths, path, targetPath); };
     if (m_changes.isRunning()) {
         m_changes.defer(); // the announcement alone moves no row
         edit(moveStored);
@@ -459,7 +460,10 @@ bool FavoritesModel::edit(const Edit &edit, Apply apply)
         m_userModified->set(true);
     }
     // Read after them, so that no change of theirs is lost.
-    (favorites.data()->*apply)(edit);
+    const bool isApplied = (favorites.data()->*apply)(edit);
+    if (self && !isApplied && m_changes.isRunning()) {
+        m_changes.defer(); // the rows show the edit already
+    }
     return self;
 }
 

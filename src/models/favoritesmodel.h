@@ -3,9 +3,9 @@
 
 #pragma once
 
+#include "common/roletable.h"
+#include "common/rowchanges.h"
 #include "models/itemrows.h"
-#include "models/roletable.h"
-#include "models/rowchanges.h"
 #include "models/storedfavorites.h"
 
 #include <QAbstractListModel>
@@ -112,7 +112,7 @@ private Q_SLOTS:
 private:
     using Roles = RoleTable<FavoritesModel, TreeItem>;
     using Edit = StoredFavorites::Edit;
-    using Apply = void (StoredFavorites::*)(const Edit &);
+    using Apply = bool (StoredFavorites::*)(const Edit &);
 
     static const Roles &roles();
 

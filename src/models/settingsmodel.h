@@ -3,9 +3,9 @@
 
 #pragma once
 
+#include "common/roletable.h"
+#include "common/rowchanges.h"
 #include "models/itemrows.h"
-#include "models/roletable.h"
-#include "models/rowchanges.h"
 
 #include <QAbstractListModel>
 #include <QPointer>

@@ -3,7 +3,31 @@
 
 #include "models/storedfavorites.h"
 
+#include "common/logging.h"
+#include "common/messages.h"
+#include "common/messagesize.h"
+
 #include <mgconfitem.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace
+{
+/// Returns why no file can be opened now, empty if one can. dconf must open its database after each change of it, and
+/// finds no value without.
+QString openingError()
+{
+    const int descriptor = open("/", O_PATH | O_CLOEXEC);
+    if (descriptor < 0) {
+        return qt_error_string(errno);
+    }
+    close(descriptor);
+    return {};
+}
+}
 
 StoredFavorites::StoredFavorites(const QString &key, QObject *owner)
     : m_key(key)
@@ -20,7 +44,13 @@ StoredFavorites::~StoredFavorites()
 
 QStringList StoredFavorites::read() const
 {
-    return m_item ? m_item->value().toStringList() : MGConfItem(m_key).value().toStringList();
+    return m_item ? m_item->value().toStringList() : readAgain();
+}
+
+// A device's item may keep a value that it could not read at its last change.
+QStringList StoredFavorites::readAgain() const
+{
+    return MGConfItem(m_key).value().toStringList();
 }
 
 bool StoredFavorites::contains(const QString &path) const
@@ -34,19 +64,52 @@ bool StoredFavorites::contains(const QString &path) const
     return m_paths.contains(path);
 }
 
-void StoredFavorites::apply(const Edit &edit)
+bool StoredFavorites::accepts(const Edit &edit) const
 {
-    write(edit(read()));
+    return edited(edit).has_value();
 }
 
-void StoredFavorites::applyShown(const Edit &edit)
+bool StoredFavorites::apply(const Edit &edit)
+{
+    const std::optional<QStringList> paths = edited(edit);
+    if (paths) {
+        write(*paths);
+    }
+    return paths.has_value();
+}
+
+bool StoredFavorites::applyShown(const Edit &edit)
 {
     const QStringList before = read();
-    const QStringList after = edit(before);
-    if (before == m_shown) { // else a change is still to be announced
-        m_shown = after;
+    const std::optional<QStringList> after = edited(edit);
+    if (!after) {
+        return false;
     }
-    write(after);
+    if (before == m_shown) { // else a change is still to be announced
+        m_shown = *after;
+    }
+    write(*after);
+    return true;
+}
+
+/// The list that @p edit makes of the stored one. Nothing, with a warning, if it must not be written.
+std::optional<QStringList> StoredFavorites::edited(const Edit &edit) const
+{
+    const QString error = openingError();
+    if (!error.isEmpty()) {
+        qCWarning(lcSettings) << Messages::CannotReadFavorites << m_key << error;
+        return {};
+    }
+    QStringList paths = read();
+    if (paths.isEmpty()) {
+        paths = readAgain();
+    }
+    paths = edit(paths);
+    if (!fitsIntoMessage(paths)) {
+        qCWarning(lcSettings) << Messages::TooManyFavorites << m_key;
+        return {};
+    }
+    return paths;
 }
 
 void StoredFavorites::write(const QStringList &paths)

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 class MGConfItem;
 
@@ -26,16 +27,20 @@ public:
 
     QStringList read() const;
     bool contains(const QString &path) const; ///< in the list that the key holds now
-    /// Applies @p edit to the list and writes it. changed() is emitted at once or later.
-    void apply(const Edit &edit);
+    /// Returns false, with a warning, if @p edit cannot be applied: the list cannot be read, or would become too large.
+    bool accepts(const Edit &edit) const;
+    /// Applies @p edit to the list and writes it. changed() is emitted at once or later. Returns accepts().
+    bool apply(const Edit &edit);
     /// The same for an edit whose result the rows show already: changed() is emitted only for other changes.
-    void applyShown(const Edit &edit);
+    bool applyShown(const Edit &edit);
 
 Q_SIGNALS:
     void changed(); ///< the key holds another list than the last one that was announced or shown
 
 private:
     void valueChanged();
+    QStringList readAgain() const;
+    std::optional<QStringList> edited(const Edit &edit) const;
     void write(const QStringList &paths);
 
     const QString m_key;

@@ -21,6 +21,8 @@ public:
     int count() const;
     int filter() const;
     void setFilter(int filter);
+    /// A source that uses this model, directly or through other proxies, is refused with a warning.
+    void setSourceModel(QAbstractItemModel *source) override;
 
 Q_SIGNALS:
     void countChanged();

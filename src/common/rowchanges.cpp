@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "models/rowchanges.h"
+#include "common/rowchanges.h"
 
 #include <QPointer>
 
