@@ -45,10 +45,10 @@ CardRow {
     contentItem: RowLayout {
         spacing: Kirigami.Units.largeSpacing
 
-        Kirigami.Icon {
+        LocalIcon {
             implicitWidth: Kirigami.Units.iconSizes.medium
             implicitHeight: implicitWidth
-            source: row.iconId
+            name: row.iconId
             fallback: "application-x-executable"
         }
         EntryLabel {

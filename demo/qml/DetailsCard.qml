@@ -15,7 +15,7 @@ Column {
     visible: repeater.count > 0
     spacing: Kirigami.Units.smallSpacing
 
-    Controls.Label {
+    PlainLabel {
         id: headingLabel
         x: Kirigami.Units.largeSpacing
         font.bold: true
@@ -49,7 +49,7 @@ Column {
                         width: Kirigami.Units.gridUnit * 7
                         text: modelData.label
                     }
-                    Controls.Label {
+                    PlainLabel {
                         id: value
                         anchors {
                             left: name.right

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
@@ -89,7 +88,7 @@ Kirigami.ScrollablePage {
 
             EntryIcon {
                 Layout.leftMargin: Kirigami.Units.largeSpacing
-                source: page.entry.icon
+                name: page.entry.icon
             }
             EntryLabel {
                 Layout.fillWidth: true

@@ -90,7 +90,7 @@ Kirigami.OverlayDrawer {
                     Layout.leftMargin: Kirigami.Units.largeSpacing
                     Layout.rightMargin: Kirigami.Units.largeSpacing
 
-                    Controls.Label {
+                    PlainLabel {
                         Layout.fillWidth: true
                         wrapMode: Text.Wrap
                         text: modelData

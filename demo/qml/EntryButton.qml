@@ -19,7 +19,7 @@ CardRow {
         spacing: Kirigami.Units.largeSpacing
 
         EntryIcon {
-            source: button.iconName
+            name: button.iconName
         }
         EntryLabel {
             id: label

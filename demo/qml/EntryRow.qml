@@ -30,7 +30,7 @@ Column {
         contentItem: RowLayout {
             spacing: Kirigami.Units.smallSpacing
 
-            Controls.Label {
+            PlainLabel {
                 text: row.category
                 font.bold: true
                 color: Kirigami.Theme.linkColor

@@ -25,7 +25,7 @@ Controls.Control {
         spacing: Kirigami.Units.largeSpacing
 
         EntryIcon {
-            source: row.object ? row.object.icon : ""
+            name: row.object ? row.object.icon : ""
         }
         EntryLabel {
             Layout.fillWidth: true

@@ -86,7 +86,7 @@ Item {
 
             EntryIcon {
                 Layout.alignment: Qt.AlignCenter
-                source: slot.object ? slot.object.icon : ""
+                name: slot.object ? slot.object.icon : ""
             }
             ColumnLayout {
                 Layout.fillWidth: true
@@ -95,7 +95,7 @@ Item {
                 Layout.minimumHeight: slot.tile ? Kirigami.Units.gridUnit * 2 : 0
                 spacing: 0
 
-                Controls.Label {
+                PlainLabel {
                     Layout.fillWidth: true
                     Layout.alignment: Qt.AlignTop
                     horizontalAlignment: slot.tile ? Text.AlignHCenter : Text.AlignLeft

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
 import org.kde.kirigami 2.19 as Kirigami
 
 /// The favourites of some kinds under a heading.
@@ -31,7 +30,7 @@ Column {
         return ""
     }
 
-    Controls.Label {
+    PlainLabel {
         id: headingLabel
         x: Kirigami.Units.largeSpacing
         font.bold: true

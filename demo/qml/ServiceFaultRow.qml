@@ -15,7 +15,7 @@ RowLayout {
 
     spacing: Kirigami.Units.smallSpacing
 
-    Controls.Label {
+    PlainLabel {
         Layout.fillWidth: true
         wrapMode: Text.Wrap
         text: applicationWindow().serviceTitle(row.service)

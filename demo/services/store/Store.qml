@@ -43,6 +43,7 @@ Kirigami.ApplicationWindow {
                 }
                 Controls.Label {
                     Layout.fillWidth: true
+                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     text: modelData
                 }
