@@ -6,7 +6,7 @@ import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
-/// What is known of one application, and its own settings.
+/// The properties of one application, and its settings entries.
 Kirigami.ScrollablePage {
     id: page
 
@@ -32,7 +32,7 @@ Kirigami.ScrollablePage {
 
     Component.onCompleted: describe()
 
-    /// Copies what the page shows: the model makes new objects with each reset.
+    /// Copies the shown values, because the model creates new objects with each reset.
     function describe() {
         const object = ApplicationsModel.objectForPath(filePath)
         if (!object) {

@@ -5,7 +5,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 import org.kde.kirigami 2.19 as Kirigami
 
-/// A card of labelled values. Without rows it is not there.
+/// A card of labelled values. It is hidden without rows.
 Column {
     id: card
 

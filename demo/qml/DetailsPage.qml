@@ -5,7 +5,7 @@ import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// Everything that one entry's registration says.
+/// All keys and values of one entry's registration.
 Kirigami.ScrollablePage {
     id: page
 
@@ -62,7 +62,7 @@ Kirigami.ScrollablePage {
         }, entry.registration.params || {}, [])
     }
 
-    /// What has a label first and in the labels' order, then whatever else a package has put there, but for the hidden.
+    /// Returns the values with labels in the order of the labels, then all other values except the hidden ones.
     function rows(labels, values, hidden) {
         const known = Object.keys(labels).filter(key => values[key] !== undefined)
         const others = Object.keys(values).filter(key => !hidden.concat(known).includes(key))

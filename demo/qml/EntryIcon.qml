@@ -4,7 +4,7 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// An entry's icon in one colour on a tinted tile. Of the icon theme's sizes, this one is drawn for one colour.
+/// An entry's icon in one colour on a tinted tile. The icon theme draws icons of this size for one colour.
 Rectangle {
     property alias name: icon.name
 

@@ -18,7 +18,7 @@ Column {
 
     spacing: Kirigami.Units.smallSpacing
 
-    /// The title of the action that calls method, empty when it is no favourite (any more).
+    /// Returns the title of the action that calls method, empty if it is not a favourite.
     function titleOfCall(method) {
         for (let row = 0; row < favorites.count; ++row) {
             const params = favorites.get(row).params

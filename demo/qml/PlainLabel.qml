@@ -4,8 +4,8 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 
-/// A label that shows its text as it is. The texts of packages are untrusted: shown as markup, a title could load images
-/// over the network.
+/// A label that shows its text as it is. The texts of packages are untrusted: shown as markup, a title could load
+/// images over the network.
 Controls.Label {
     textFormat: Text.PlainText
 }
