@@ -237,7 +237,8 @@ const std::array<Operation, 7> s_operations{{
      [](Subject &s) { s.removeLast(); }},
     {QStringLiteral("remove the last"), &Subject::removeLast, &Subject::baseline, 3, nothing,
      [](Subject &s) { s.add(); }, nothing},
-    {QStringLiteral("move the first to the end"), &Subject::move, &Subject::baseline, 3, nothing, nothing, nothing},
+    {QStringLiteral("move the first to the end"), &Subject::move, &Subject::baseline, 3, nothing, nothing,
+     nothing},
     {QStringLiteral("isFavorite() of all"), &Subject::askForAll, &Subject::baselineOfQueries, 1.5, nothing,
      [](Subject &s) { s.touch(); }, nothing},
     {QStringLiteral("role \"favorite\" of all"), &Subject::readRoles, &Subject::baselineOfQueries, 12,
@@ -274,9 +275,9 @@ void add(const Operation &operation, const RunsOfSizes &runs, Report *report)
     QVector<Cost> costs;
     for (const auto &[size, ofSize] : runs) {
         costs.append({QStringLiteral("favourites: %1").arg(operation.name), size, ofSize.seconds});
-        report->measures.append({QStringLiteral("%1 / baseline, %2 favourites").arg(operation.name, sizeText(size)),
-                                 QStringLiteral("≤ %1").arg(operation.target), ofSize.overBaseline,
-                                 MaxOverTarget * operation.target});
+        report->measures.append(
+            {QStringLiteral("%1 / baseline, %2 favourites").arg(operation.name, sizeText(size)),
+             QStringLiteral("≤ %1").arg(operation.target), ofSize.overBaseline, MaxOverTarget * operation.target});
     }
     const bool writes = operation.baseline == &Subject::baseline;
     report->measures += growths(fastest(costs.mid(costs.size() - 2)), writes ? MaxGrowthWithDconf : MaxGrowth);

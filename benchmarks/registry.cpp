@@ -275,17 +275,17 @@ QVector<Measure> ratios(int files, const Samples &samples)
 {
     const QString size = QStringLiteral(", %1 files").arg(sizeText(files));
     const bool isLarge = files > MemoryFiles / 2; // with few files, the cost of an empty registry is a large share
-    QVector<Measure> measures{{QStringLiteral("construct / baseline") + size,
-                               isLarge ? QStringLiteral("≤ 1") : QString(), samples.constructions.overBaseline, 1.6},
-                              {QStringLiteral("construct / reading alone") + size, {}, samples.overReading},
-                              {QStringLiteral("list the whole tree / baseline") + size, QStringLiteral("≤ 0.04"),
-                               samples.listingsOverBaseline, 0.08},
-                              {QStringLiteral("unload and load one file / construct") + size,
-                               files == 10000 ? QStringLiteral("≤ 0.001") : QString(),
-                               over(samples.reloads, samples.constructions.seconds),
-                               files == 10000 ? 0.001 : Unlimited},
-                              {QStringLiteral("noise: baseline / the same baseline again") + size, QStringLiteral("1"),
-                               samples.constructions.noise}};
+    QVector<Measure> measures{
+        {QStringLiteral("construct / baseline") + size, isLarge ? QStringLiteral("≤ 1") : QString(),
+         samples.constructions.overBaseline, 1.6},
+        {QStringLiteral("construct / reading alone") + size, {}, samples.overReading},
+        {QStringLiteral("list the whole tree / baseline") + size, QStringLiteral("≤ 0.04"),
+         samples.listingsOverBaseline, 0.08},
+        {QStringLiteral("unload and load one file / construct") + size,
+         files == 10000 ? QStringLiteral("≤ 0.001") : QString(),
+         over(samples.reloads, samples.constructions.seconds), files == 10000 ? 0.001 : Unlimited},
+        {QStringLiteral("noise: baseline / the same baseline again") + size, QStringLiteral("1"),
+         samples.constructions.noise}};
     if (!samples.batches.isEmpty()) {
         measures.append({QStringLiteral("200 files removed at once / one removed") + size, QStringLiteral("≤ 2"),
                          over(samples.batches, samples.removals), 4});
