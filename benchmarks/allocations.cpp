@@ -11,7 +11,7 @@ namespace
 std::atomic<qint64> s_count{0};
 }
 
-// glibc's own names of what is replaced below
+// glibc's own names of the functions that are replaced below
 extern "C" {
 void *__libc_malloc(std::size_t size);
 void *__libc_calloc(std::size_t nmemb, std::size_t size);

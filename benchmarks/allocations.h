@@ -5,6 +5,6 @@
 
 #include <QtGlobal>
 
-/// How often this process has asked malloc(), calloc() or realloc() for memory. A program that links this has them
-/// replaced by ones that count.
+/// Returns how often this process has called malloc(), calloc() and realloc(). A program that links this file gets
+/// versions of them that count.
 qint64 allocationCount();

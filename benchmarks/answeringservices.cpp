@@ -69,7 +69,7 @@ AnsweringServices::~AnsweringServices()
     m_process.waitForFinished();
 }
 
-bool AnsweringServices::areMeantBy(const QStringList &arguments)
+bool AnsweringServices::areRunWith(const QStringList &arguments)
 {
     return arguments.contains(s_option);
 }

@@ -6,20 +6,20 @@
 #include <QProcess>
 
 /**
- * The services that the model of the applications asks: each list that they answer with names all installed
- * applications. In a process of its own, so that what they do is not measured with what the model does.
+ * The services that the model of the applications calls. Each list that they return has all installed applications.
+ * They run in another process, so that only the model is measured.
  */
 class AnsweringServices
 {
 public:
-    /// On the buses from now on.
+    /// Starts the process, and returns when the services are on the buses.
     explicit AnsweringServices(int applications);
     ~AnsweringServices();
     AnsweringServices(const AnsweringServices &) = delete;
     AnsweringServices &operator=(const AnsweringServices &) = delete;
 
-    /// Whether this is that other process: it is over with run().
-    static bool areMeantBy(const QStringList &arguments);
+    /// Returns true in the process of the services, which is to call run().
+    static bool areRunWith(const QStringList &arguments);
     static int run(const QStringList &arguments);
 
 private:

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What the list of applications costs. The floor of a rebuild is to make as many plain objects with the same texts; the
-// launcher has loaded its files before. A desktop file that changes is followed until its row has changed, a service's
-// one reply about all applications from its arrival until the last signal of the model. Processor time of the model's
-// thread: what Qt's thread of the bus and the services do is not in it.
+// Measures the list of applications. The baseline of a rebuild is to create as many plain objects with the same texts;
+// the launcher has loaded its files before. A change of a desktop file is measured until its row has changed, a reply of
+// a service about all applications from its arrival until the last signal of the model. The times are processor times
+// of the model's thread, which exclude the services and Qt's thread for the bus.
 
 #include "answeringservices.h"
 #include "applications/applicationssettingsmodel.h"
@@ -29,11 +29,11 @@ constexpr int FullRuns = 201;
 constexpr int CheckRuns = 25;
 constexpr std::array<int, 3> Sizes{10, 100, 1000};
 
-/// A hundred times the applications make no difference but noise.
+/// A change costs the same with a hundred times the applications, apart from noise.
 constexpr double MaxGrowthOfChanges = 2;
 constexpr int NoMode = -1;
 
-/// What was measured with so many applications.
+/// The samples of one number of applications.
 struct Samples {
     Runs rebuilds;
     QVector<double> changes;
@@ -55,7 +55,7 @@ private:
     const QStringList m_texts;
 };
 
-/// The texts of all rows, as the items have them.
+/// Returns the texts of all rows.
 QVector<QStringList> textsOf(const Model &model)
 {
     QVector<QStringList> rows;
@@ -74,7 +74,7 @@ void makePlainObjects(const QVector<QStringList> &rows)
 {
     QObject parent;
     for (const QStringList &texts : rows) {
-        QStringList copies; // of the characters as well
+        QStringList copies; // deep ones
         for (const QString &text : texts) {
             copies.append(QString(text.constData(), text.size()));
         }
@@ -85,12 +85,12 @@ void makePlainObjects(const QVector<QStringList> &rows)
 Runs measureRebuilds(Model *model, int runs)
 {
     const QVector<QStringList> rows = textsOf(*model);
-    const auto floor = [&rows] { return cpuSeconds([&rows] { makePlainObjects(rows); }); };
+    const auto baseline = [&rows] { return cpuSeconds([&rows] { makePlainObjects(rows); }); };
     Runs result;
     for (int run = 0; run < runs; ++run) {
-        const double before = floor();
+        const double before = baseline();
         const double work = cpuSeconds([model] { callSlot(model, "launcherModelReset"); });
-        result.add(before, work, floor());
+        result.add(before, work, baseline());
     }
     return result;
 }
@@ -103,7 +103,7 @@ double secondsUntil(const Object *object, Signal signal)
     return cpuSeconds([&loop] { loop.exec(); });
 }
 
-/// Seconds to follow the first application's file, for each run.
+/// Returns the seconds until a change of the first application's file is announced, for each run.
 QVector<double> measureChanges(const LauncherFolderModel &launcher, int runs)
 {
     QVector<double> seconds;
@@ -114,12 +114,12 @@ QVector<double> measureChanges(const LauncherFolderModel &launcher, int runs)
     return seconds;
 }
 
-/// Seconds to take a reply, after which the model emits @p last at last, for each run.
+/// Returns the seconds that a reply takes until the model emits @p last, its last signal, for each run.
 template<typename Signal>
 QVector<double> measureReplies(const Model &model, const std::function<void()> &ask, Signal last, int runs)
 {
     ask();
-    secondsUntil(&model, last); // connecting to the service
+    secondsUntil(&model, last); // connects to the service
     QVector<double> seconds;
     for (int run = 0; run < runs; ++run) {
         ask();
@@ -177,9 +177,9 @@ Report measureAll(Effort effort)
     for (const int size : Sizes) {
         const Samples samples = measure(size, effort == Effort::Full ? FullRuns : CheckRuns);
         const QString applications = QStringLiteral(", %1 applications").arg(sizeText(size));
-        report.measures += {{QStringLiteral("rebuild / floor") + applications, QStringLiteral("≤ 3"),
-                             samples.rebuilds.overFloor, 9},
-                            {QStringLiteral("noise: floor / the same floor again") + applications,
+        report.measures += {{QStringLiteral("rebuild / baseline") + applications, QStringLiteral("≤ 3"),
+                             samples.rebuilds.overBaseline, 9},
+                            {QStringLiteral("noise: baseline / the same baseline again") + applications,
                              QStringLiteral("1"), samples.rebuilds.noise}};
         rebuilds.append({QStringLiteral("applications: rebuild"), size, samples.rebuilds.seconds});
         changes.append({QStringLiteral("applications: a changed desktop file"), size, samples.changes});
@@ -201,7 +201,7 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    if (AnsweringServices::areMeantBy(arguments)) {
+    if (AnsweringServices::areRunWith(arguments)) {
         return AnsweringServices::run(arguments);
     }
     return runBenchmark(arguments, measureAll);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// How many method calls the pages of the demo cost on the two buses: numbers that no machine changes. The pages are
-// opened twice, for some of what the first time costs stays with the process. Runs in the world of the demo.
+// Counts the method calls of the demo's pages on the two buses, which do not depend on the machine. Each page is opened
+// twice, because the process keeps some of the results of the first time. Runs in the sandbox of the demo.
 
 #include "buswatch.h"
 #include "report.h"
@@ -31,8 +31,8 @@ const QString s_applicationEntry = QStringLiteral("entry applications/maps.deskt
 struct Page {
     const char *name;
     bool (*open)(QQuickWindow *window);
-    int openPages; ///< then, with itself
-    int maximum; ///< for the first time: what it costs today
+    int openPages; ///< the number of open pages, this one included
+    int maximum; ///< the calls of the first time, as measured today
     int maximumAgain;
 };
 
@@ -43,7 +43,7 @@ bool call(QQuickWindow *window, const char *function, const Arguments &...argume
     return true;
 }
 
-// Each is reached from the one before it or from the top page.
+// Each page is opened from the previous one or from the top page.
 const Page s_pages[] = {
     {"entry", [](QQuickWindow *window) { return call(window, "showEntry", s_entryPath, false); }, 2, 0, 0},
     {"details", [](QQuickWindow *window) { return call(window, "showEntry", s_entryPath, true); }, 3, 0, 0},
@@ -57,7 +57,7 @@ const Page s_pages[] = {
     {"entry of an application", [](QQuickWindow *window) { return click(window, s_applicationEntry); }, 4, 0, 0},
 };
 
-/// Opens the pages of the demo and counts.
+/// Opens the pages of the demo and counts the calls.
 class Tour
 {
 public:
@@ -94,7 +94,7 @@ private:
         }
     }
 
-    /// What has come since the last time, as soon as nothing more comes.
+    /// Waits for the end of the calls and adds those since the previous page.
     void addCalls(const QString &page, int maximum)
     {
         waitForRest();
@@ -106,7 +106,7 @@ private:
         const QString name = QStringLiteral("D-Bus calls, page %1").arg(page);
         const int sum = std::accumulate(calls.cbegin(), calls.cend(), 0);
         if (m_measures.isEmpty() && sum == 0) {
-            qFatal("The calls of the demo are not heard");
+            qFatal("The monitor does not report the calls of the demo");
         }
         m_measures.append({name, QStringLiteral("≤ %1").arg(maximum), {double(sum)}, double(maximum)});
         for (auto call = calls.cbegin(); call != calls.cend(); ++call) {
@@ -149,7 +149,7 @@ int main(int argc, char *argv[])
     parser.process(application);
     setAppearance();
 
-    // A second walk would find what the first one has left in the process.
+    // A second walk would use what the process keeps from the first one.
     Report report;
     report.measures = Tour(parser.value(packages)).walk();
     return runBenchmark(QCoreApplication::arguments(), [&report](Effort) { return report; });

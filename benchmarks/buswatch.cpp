@@ -15,7 +15,7 @@ namespace
 constexpr int PatienceMs = 10000;
 const QString s_bus = QStringLiteral("org.freedesktop.DBus");
 
-/// What dbus-monitor --profile tells of a message.
+/// The fields of a message in the output of dbus-monitor --profile.
 enum Field { Type, Serial = 2, Sender, Destination, Path, AnsweredSerial = Path, Interface };
 
 QString callId(const QString &sender, const QString &serial)
@@ -33,7 +33,7 @@ BusWatch::BusWatch(QDBusConnection::BusType bus)
     m_monitor.start(
         QStringLiteral("dbus-monitor"),
         {isSystem ? QStringLiteral("--system") : QStringLiteral("--session"), QStringLiteral("--profile")});
-    readUntil(QStringLiteral("NameLost")); // what the bus takes from a monitor
+    readUntil(QStringLiteral("NameLost")); // the bus takes the monitor's name
 }
 
 BusWatch::~BusWatch()
@@ -57,13 +57,13 @@ QMap<QString, int> BusWatch::takeCalls()
     return std::exchange(m_calls, {});
 }
 
-/// Takes in messages up to the one that has @p end as one of its fields.
+/// Reads messages up to the one that has @p end as one of its fields.
 void BusWatch::readUntil(const QString &end)
 {
     QStringList message;
     while (!message.contains(end)) {
         if (!m_monitor.canReadLine() && !m_monitor.waitForReadyRead(PatienceMs)) {
-            qFatal("dbus-monitor does not tell what is on the bus");
+            qFatal("dbus-monitor does not report the messages on the bus");
         }
         if (m_monitor.canReadLine()) {
             message = QString::fromUtf8(m_monitor.readLine()).trimmed().split(QLatin1Char('\t'));
@@ -81,7 +81,7 @@ void BusWatch::take(const QStringList &message)
     if (type == QLatin1String("mc") && isOwn(message.at(Sender))) {
         ++m_messages;
         ++m_calls[message.at(Interface)];
-        // The bus is told much that needs no answer.
+        // Many calls to the bus need no reply.
         if (message.at(Destination) != s_bus) {
             m_unanswered.insert(callId(message.at(Sender), message.at(Serial)));
         }

@@ -19,10 +19,10 @@ public:
     BusWatch(const BusWatch &) = delete;
     BusWatch &operator=(const BusWatch &) = delete;
 
-    /// Takes in all that the bus has passed on until now. Whether nothing of it is this process's, and services have
-    /// answered all its calls.
+    /// Reads all messages that the bus has passed on until now. Returns true if none of them is of this process, and all
+    /// calls of this process have their replies.
     bool isAtRest();
-    /// How often each interface was called since the last time.
+    /// Returns how often each interface was called since the previous takeCalls().
     QMap<QString, int> takeCalls();
 
 private:
@@ -30,9 +30,9 @@ private:
     void take(const QStringList &message);
     bool isOwn(const QString &name);
 
-    QDBusConnection m_control; ///< what is sent here does not count
+    QDBusConnection m_control; ///< its calls are not counted
     QProcess m_monitor;
-    QHash<QString, bool> m_own; ///< by name of a connection
+    QHash<QString, bool> m_own; ///< true for the names of this process's connections
     QMap<QString, int> m_calls;
     QSet<QString> m_unanswered;
     int m_messages = 0;

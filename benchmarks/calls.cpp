@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// How often the library calls the system and malloc: numbers that no machine changes. What a registration file or an
-// entry costs is the difference between two trees.
+// Counts the system calls and allocations of the library, which do not depend on the machine. The cost of a registration
+// file or an entry is computed from the difference between two trees.
 
 #include "allocations.h"
 #include "childprocess.h"
@@ -22,11 +22,11 @@ namespace
 constexpr int FewFiles = 100;
 constexpr int ManyFiles = 1000;
 constexpr int MoreFiles = ManyFiles - FewFiles;
-constexpr double MaxAllocations = 32.4; ///< a tenth more than today
+constexpr double MaxAllocations = 32.4; ///< a tenth more than measured
 
 using Counts = QHash<QString, int>;
 
-/// The system calls of a process that shows the first page, by name.
+/// Returns the number of system calls of a process that shows the first page, by name.
 Counts systemCalls()
 {
     const QTemporaryDir directory;
@@ -49,7 +49,7 @@ Counts systemCalls()
     return counts;
 }
 
-/// What @p count gives with @p workload in place.
+/// Returns the result of @p count with @p workload installed.
 template<typename Count>
 auto with(const Workload &workload, const Count &count)
 {
@@ -88,7 +88,7 @@ qint64 allocations()
 
 Measure measureAllocations(const Workload &few, const Workload &many)
 {
-    with(few, allocations); // what is made once in a process
+    with(few, allocations); // allocates what the process needs once
     const qint64 more = with(many, allocations) - with(few, allocations);
     return {QStringLiteral("allocations per entry, construction of the registry"),
             QStringLiteral("≤ %1").arg(MaxAllocations),

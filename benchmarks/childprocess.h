@@ -5,9 +5,9 @@
 
 #include <QStringList>
 
-/// A program that is built beside this one.
+/// Returns the path of a program that is built beside this one.
 QString siblingProgram(const QString &name);
-/// The lines that @p program prints. It has to succeed.
+/// Returns the lines that @p program prints. Ends this process if it fails.
 QStringList linesOf(const QString &program, const QStringList &arguments);
-/// The number that this program prints in a fresh process with @p arguments.
+/// Returns the number that this program prints in a fresh process with @p arguments.
 double numberOfChild(const QStringList &arguments);

@@ -59,9 +59,9 @@ QVector<double> over(const QVector<double> &samples, const QVector<double> &usua
     return scaled(samples, [middle](double sample) { return sample / middle; });
 }
 
-void Runs::add(double floorBefore, double work, double floorAfter)
+void Runs::add(double baselineBefore, double work, double baselineAfter)
 {
     seconds.append(work);
-    overFloor.append(2 * work / (floorBefore + floorAfter));
-    noise.append(floorAfter / floorBefore);
+    overBaseline.append(2 * work / (baselineBefore + baselineAfter));
+    noise.append(baselineAfter / baselineBefore);
 }

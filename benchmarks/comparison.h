@@ -8,28 +8,28 @@
 
 #include <functional>
 
-/// The wall time of @p work.
+/// Returns the wall time of @p work.
 double seconds(const std::function<void()> &work);
-/// The processor time of this thread for @p work: what others do on the machine counts less.
+/// Returns the processor time of this thread for @p work, on which other processes have less influence.
 double cpuSeconds(const std::function<void()> &work);
 
-/// Ends the process, saying @p what, unless @p condition holds.
+/// Ends the process with the message @p what unless @p condition holds.
 void require(bool condition, const char *what);
-/// Calls the slot of @p object, which may be private. Ends the process when there is none.
+/// Calls @p slot of @p object, which may be private. Ends the process if there is no such slot.
 void callSlot(QObject *object, const char *slot);
 
-/// @p values, each turned by @p scale.
+/// Returns the results of @p scale for all @p values.
 QVector<double> scaled(QVector<double> values, const std::function<double(double)> &scale);
 
-/// How many times the usual one of @p usual each of @p samples is.
+/// Returns @p samples, each divided by the median of @p usual.
 QVector<double> over(const QVector<double> &samples, const QVector<double> &usual);
 
-/// Repeated runs of some work, each between two runs of its floor, so that a machine that gets slower or faster
-/// meanwhile does so for both.
+/// Repeated runs of some work, each between two runs of its baseline, so that changes in the machine's speed affect
+/// both.
 struct Runs {
     QVector<double> seconds;
-    QVector<double> overFloor;
-    QVector<double> noise; ///< one floor over the other
+    QVector<double> overBaseline;
+    QVector<double> noise; ///< the second baseline over the first
 
-    void add(double floorBefore, double work, double floorAfter);
+    void add(double baselineBefore, double work, double baselineAfter);
 };

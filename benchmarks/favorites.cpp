@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What favourites cost. The floor is what nobody can do without who follows a list in dconf: to read it,
-// write it, read it again when the change is announced, and find each path in a hash of all entries. For the question
-// whether entries are favourites it is to read the list into a hash and ask that for all. Each run is timed between
-// two floors, in the same process. Processor time of the thread, for dconf's service takes the writes meanwhile in a
-// process of its own.
+// Measures the favourites. The baseline is what every program does that follows a list in dconf: it reads the list,
+// writes it, reads it again when the change is announced, and looks up each path in a hash of all entries. For
+// isFavorite() and the role "favorite" the baseline is to read the list into a hash and look up all entries. Each run is
+// timed between two runs of the baseline in the same process. The times are processor times of the thread, because the
+// dconf service takes the writes at the same time in another process.
 
 #include "comparison.h"
 #include "models/favoritesmodel.h"
@@ -32,12 +32,12 @@ namespace
 constexpr int Many = 1000;
 constexpr int VeryMany = 10000;
 constexpr int Files = 10000;
-constexpr int CheckFiles = 2100; // with a few entries more than favourites
-/// What ten times the favourites may cost on any machine: a quadratic step makes it a hundred times, and dconf alone
-/// more than ten.
+constexpr int CheckFiles = 2100; // a few more entries than favourites
+/// The largest growth of a cost with ten times the favourites, on any machine. A quadratic step grows a hundredfold, and
+/// dconf alone more than tenfold.
 constexpr double MaxGrowthWithDconf = 30;
-/// How many times its target a cost may be on any machine. Growth alone does not tell a search of the list from a
-/// look-up: for each question both grow tenfold at most.
+/// The largest ratio of a cost to its target, on any machine. Growth alone does not distinguish a search of the list
+/// from a look-up: for each query both grow tenfold at most.
 constexpr double MaxOverTarget = 3;
 
 struct Plan {
@@ -48,10 +48,10 @@ const Plan s_fullPlan{{10, Many, VeryMany}, 30};
 const Plan s_checkPlan{{Many, VeryMany}, 3};
 
 const QString s_key = QStringLiteral("/benchmark/favorites");
-const QString s_floorKey = QStringLiteral("/benchmark/floor");
+const QString s_baselineKey = QStringLiteral("/benchmark/baseline");
 const QString s_userModifiedKey = QStringLiteral("/benchmark/modified");
 
-/// The entries of a workload that is in place, in an order that is not theirs.
+/// The entries of an installed workload, shuffled.
 class Entries
 {
 public:
@@ -59,7 +59,7 @@ public:
     {
         const QStringList paths = workload.entryPaths();
         for (int i = 0; i < paths.size(); ++i) {
-            // Prime to their number: each comes once.
+            // The factor is prime to their number, so that each entry comes once.
             m_paths.append(paths.at(int(qint64(i) * 7919 % paths.size())));
             m_index.insert(m_paths.last(), i);
         }
@@ -90,7 +90,7 @@ QStringList everySecond(const QStringList &paths)
     return half;
 }
 
-/// One size of favourites: the lists, a model of them, and the floor.
+/// Lists of one size, a model of them, and the baseline.
 class Subject
 {
 public:
@@ -100,12 +100,12 @@ public:
         , m_all(entries.paths().mid(0, size))
         , m_half(everySecond(m_all))
         , m_writer(s_key)
-        , m_floor(s_floorKey)
+        , m_baseline(s_baselineKey)
     {
-        QObject::connect(&m_floor, &MGConfItem::valueChanged, &m_floor,
-                         [this] { require(m_entries.haveAll(m_floor.value().toStringList())); });
+        QObject::connect(&m_baseline, &MGConfItem::valueChanged, &m_baseline,
+                         [this] { require(m_entries.haveAll(m_baseline.value().toStringList())); });
         m_writer.set(m_all);
-        m_floor.set(m_all);
+        m_baseline.set(m_all);
         m_model.setFilter({QStringLiteral("grid_favorites")});
         m_model.setKey(s_key);
         m_model.setUserModifiedKey(s_userModifiedKey);
@@ -116,7 +116,7 @@ public:
     ~Subject()
     {
         m_writer.set({});
-        m_floor.set({});
+        m_baseline.set({});
         MGConfItem(s_userModifiedKey).set({});
     }
 
@@ -173,23 +173,23 @@ public:
         require(favorites == m_size);
     }
 
-    /// Makes the model read the list anew at the next question.
+    /// Makes the model read the list again for the next query.
     void touch()
     {
         m_writer.set(QStringList());
         m_writer.set(m_all);
     }
 
-    void floor()
+    void baseline()
     {
-        QStringList paths = m_floor.value().toStringList();
+        QStringList paths = m_baseline.value().toStringList();
         paths.move(0, paths.size() - 1);
-        m_floor.set(paths);
+        m_baseline.set(paths);
     }
 
-    void floorOfQuestions()
+    void baselineOfQueries()
     {
-        const QStringList stored = m_floor.value().toStringList();
+        const QStringList stored = m_baseline.value().toStringList();
         const QSet<QString> favorites(stored.cbegin(), stored.cend());
         int found = 0;
         for (const QString &path : m_entries.paths()) {
@@ -211,36 +211,37 @@ private:
     const QStringList m_all;
     const QStringList m_half;
     MGConfItem m_writer;
-    MGConfItem m_floor;
+    MGConfItem m_baseline;
     FavoritesModel m_model;
 };
 
-/// Something that is measured with each size.
+/// An operation that is measured with each size.
 struct Operation {
     QString name;
     void (Subject::*work)();
-    void (Subject::*floor)();
-    double target; ///< what it should cost at most, in floors
-    void (*prepare)(Subject &subject); ///< once
-    void (*before)(Subject &subject); ///< each run; like after() not timed
+    void (Subject::*baseline)();
+    double target; ///< the largest ratio to the baseline
+    void (*prepare)(Subject &subject); ///< called once
+    void (*before)(Subject &subject); ///< called for each run; before() and after() are not timed
     void (*after)(Subject &subject);
 };
 
 void nothing(Subject &) {}
 
 const std::array<Operation, 7> s_operations{{
-    {QStringLiteral("another list, reset"), &Subject::writeOther, &Subject::floor, 2,
+    {QStringLiteral("another list, reset"), &Subject::writeOther, &Subject::baseline, 2,
      [](Subject &s) { s.setUserModified(false); }, nothing, nothing},
-    {QStringLiteral("another list, row by row"), &Subject::writeOther, &Subject::floor, 2,
+    {QStringLiteral("another list, row by row"), &Subject::writeOther, &Subject::baseline, 2,
      [](Subject &s) { s.setUserModified(true); }, nothing, nothing},
-    {QStringLiteral("add"), &Subject::add, &Subject::floor, 3, nothing, nothing,
+    {QStringLiteral("add"), &Subject::add, &Subject::baseline, 3, nothing, nothing,
      [](Subject &s) { s.removeLast(); }},
-    {QStringLiteral("remove the last"), &Subject::removeLast, &Subject::floor, 3, nothing,
+    {QStringLiteral("remove the last"), &Subject::removeLast, &Subject::baseline, 3, nothing,
      [](Subject &s) { s.add(); }, nothing},
-    {QStringLiteral("move the first to the end"), &Subject::move, &Subject::floor, 3, nothing, nothing, nothing},
-    {QStringLiteral("isFavorite() of all"), &Subject::askForAll, &Subject::floorOfQuestions, 1.5, nothing,
+    {QStringLiteral("move the first to the end"), &Subject::move, &Subject::baseline, 3, nothing, nothing,
+     nothing},
+    {QStringLiteral("isFavorite() of all"), &Subject::askForAll, &Subject::baselineOfQueries, 1.5, nothing,
      [](Subject &s) { s.touch(); }, nothing},
-    {QStringLiteral("role \"favorite\" of all"), &Subject::readRoles, &Subject::floorOfQuestions, 12,
+    {QStringLiteral("role \"favorite\" of all"), &Subject::readRoles, &Subject::baselineOfQueries, 12,
      [](Subject &s) { s.showPotential(); }, [](Subject &s) { s.touch(); }, nothing},
 }};
 
@@ -248,25 +249,25 @@ void run(benchmark::State &state, const Entries &entries, int size, const Operat
 {
     Subject subject(entries, size);
     operation.prepare(subject);
-    const auto floor = [&] {
-        QCoreApplication::processEvents(); // what dconf has to say of the writes before
-        return cpuSeconds([&] { (subject.*operation.floor)(); });
+    const auto baseline = [&] {
+        QCoreApplication::processEvents(); // dconf's messages about the previous writes
+        return cpuSeconds([&] { (subject.*operation.baseline)(); });
     };
     for (auto iteration : state) {
         Q_UNUSED(iteration)
         operation.before(subject);
-        const double floorBefore = floor();
+        const double baselineBefore = baseline();
         QCoreApplication::processEvents();
         const double work = cpuSeconds([&] { (subject.*operation.work)(); });
-        const double floorAfter = floor();
+        const double baselineAfter = baseline();
         operation.after(subject);
         state.SetIterationTime(work);
-        runs.add(floorBefore, work, floorAfter);
+        runs.add(baselineBefore, work, baselineAfter);
     }
-    state.counters["over_floor"] = median(runs.overFloor);
+    state.counters["over_baseline"] = median(runs.overBaseline);
 }
 
-/// Those of one operation, in the order of their sizes.
+/// The runs of one operation by size.
 using RunsOfSizes = std::map<int, Runs>;
 
 void add(const Operation &operation, const RunsOfSizes &runs, Report *report)
@@ -274,11 +275,11 @@ void add(const Operation &operation, const RunsOfSizes &runs, Report *report)
     QVector<Cost> costs;
     for (const auto &[size, ofSize] : runs) {
         costs.append({QStringLiteral("favourites: %1").arg(operation.name), size, ofSize.seconds});
-        report->measures.append({QStringLiteral("%1 / floor, %2 favourites").arg(operation.name, sizeText(size)),
-                                 QStringLiteral("≤ %1").arg(operation.target), ofSize.overFloor,
-                                 MaxOverTarget * operation.target});
+        report->measures.append(
+            {QStringLiteral("%1 / baseline, %2 favourites").arg(operation.name, sizeText(size)),
+             QStringLiteral("≤ %1").arg(operation.target), ofSize.overBaseline, MaxOverTarget * operation.target});
     }
-    const bool writes = operation.floor == &Subject::floor;
+    const bool writes = operation.baseline == &Subject::baseline;
     report->measures += growths(fastest(costs.mid(costs.size() - 2)), writes ? MaxGrowthWithDconf : MaxGrowth);
     report->costs += costs;
 }

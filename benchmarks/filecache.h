@@ -5,11 +5,11 @@
 
 #include <QStringList>
 
-/// Writes what the machine still holds back for the file system of @p directory: only written pages can be dropped.
+/// Writes the dirty pages of the file system of @p directory: only clean pages can be dropped.
 void writeBack(const QString &directory);
 
 /**
- * Drops @p files from the page cache, and tells which share of their pages stayed there. That is what other processes
- * map, such as a library that the buses use, and everything that lies on no disk.
+ * Drops @p files from the page cache, and returns the share of their pages that stayed there. Pages stay if other
+ * processes map them, such as those of a library that the buses use, and if the file is not on a disk.
  */
 double dropFromCache(const QStringList &files);

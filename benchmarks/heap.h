@@ -5,5 +5,5 @@
 
 #include <functional>
 
-/// The bytes of heap that are in use after @p work and were not before it, malloc's own overhead included.
+/// Returns by how many bytes the used heap grows with @p work, malloc's own overhead included.
 double heapGrowth(const std::function<void()> &work);

@@ -6,12 +6,12 @@
 #include <QByteArray>
 #include <QString>
 
-/// Made-up applications in the user's directory, in the place of all that the machine has.
+/// Generated applications in the user's directory, in place of the machine's.
 namespace InstalledApplications
 {
-/// Installs @p count of them instead of those before. Ends the process outside the sandbox.
+/// Installs @p count applications in place of the previous ones. Ends the process outside the sandbox.
 void install(int count);
-/// Writes the desktop file of one, as install() does it with an empty @p comment.
+/// Writes the desktop file of one application. install() leaves @p comment empty.
 void write(int index, const QByteArray &comment);
 QString id(int index);
 QString serviceName(int index);

@@ -15,7 +15,8 @@ double instructionsOf(const QStringList &arguments)
 {
     QProcess valgrind;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_HASH_SEED"), QStringLiteral("0")); // else another order in each process
+    environment.insert(QStringLiteral("QT_HASH_SEED"),
+                       QStringLiteral("0")); // otherwise the order differs in each process
     valgrind.setProcessEnvironment(environment);
     valgrind.start(QStringLiteral("valgrind"),
                    QStringList{QStringLiteral("--tool=callgrind"), QStringLiteral("--collect-atstart=no"),

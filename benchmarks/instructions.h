@@ -9,10 +9,10 @@
 
 #include <functional>
 
-/// Does @p work, whose instructions growthOfInstructions() counts; there may be one call in a process.
+/// Runs @p work, whose instructions growthOfInstructions() counts. It may be called once in a process.
 void counted(const std::function<void()> &work);
-/// How the instructions of @p what, which this program executes in counted() when it runs with @p arguments and one of
-/// @p sizes, grow from each size to the next. Valgrind counts them: about the same on every machine. The time grows with
-/// the caches that a larger input leaves, too.
+/// Returns how the instructions of counted() grow from each of @p sizes to the next. This program is run with
+/// @p arguments and the size; @p what names the work. Valgrind counts the instructions, which hardly depend on the
+/// machine. Times would also grow because a larger input does not fit into the processor's caches.
 QVector<Measure> growthOfInstructions(const QString &what, const QStringList &arguments,
                                       const QVector<int> &sizes);

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What a row of each model adds to the heap, malloc's own overhead included. Each sample is taken in a fresh process,
-// where nothing has been freed before: the same model with rows and without, all that it lists being in memory already.
+// Measures the heap that a row of each model takes, malloc's own overhead included. Each sample is taken in a fresh
+// process, in which nothing has been freed, as the difference between a model with rows and without. The listed objects
+// are in memory before.
 
 #include "applications/applicationssettingsmodel.h"
 #include "childprocess.h"
@@ -43,7 +44,7 @@ double settingsRow()
 
 double favoritesRow()
 {
-    // Entries are text until they are looked at.
+    // Entries are kept as text until they are read.
     for (const TreeItem *item :
          PluginRegistry::instance()->getItem({})->getSubitems(TreeItem::orderLessThan, -1)) {
         item->type();
@@ -68,8 +69,8 @@ double applicationRow()
 }
 
 struct Row {
-    QString model; ///< and the program's argument
-    int files; ///< of the registry
+    QString model; ///< also the program's argument
+    int files; ///< registration files
     double (*bytes)();
     double maximum;
 };

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What a page costs when one of its files was loaded anew, with 20, 200 and 2,000 rows. The floor is to copy and sort as
-// many plain structs with the texts that the entries have, by the same keys. And what QML takes to read all roles and
-// properties of all rows. Wall time, each rebuild between two floors.
+// Measures how a page of 20, 200 and 2,000 rows is rebuilt after one of its files was loaded again. The baseline is to
+// copy and sort as many plain structs with the texts of the entries by the same keys. Each rebuild is timed between two
+// runs of the baseline, in wall time. The time in which QML reads all roles and properties of all rows is measured, too.
 
 #include "comparison.h"
 #include "instructions.h"
@@ -55,7 +55,7 @@ QVector<PlainEntry> plainEntries(const SettingsModel &model)
     return entries;
 }
 
-double floorSeconds(const QVector<PlainEntry> &entries)
+double baselineSeconds(const QVector<PlainEntry> &entries)
 {
     QVector<PlainEntry> copy;
     return seconds([&] {
@@ -66,7 +66,7 @@ double floorSeconds(const QVector<PlainEntry> &entries)
     });
 }
 
-/// A model of the page that @p workload declares, whose files are in place.
+/// A model of the page that a workload declares.
 class Page
 {
 public:
@@ -87,8 +87,8 @@ public:
         return &m_model;
     }
 
-    /// Until rebuild() its rows are missing.
-    void loadFileAnew()
+    /// The rows of the file are missing until rebuild().
+    void reloadFile()
     {
         PluginRegistry::instance()->removeEntriesForFile(m_file);
         PluginRegistry::instance()->addEntriesForFile(m_file);
@@ -109,10 +109,10 @@ Runs rebuilds(Page *page, int runs)
     const QVector<PlainEntry> entries = plainEntries(*page->model());
     Runs result;
     for (int run = 0; run < runs; ++run) {
-        page->loadFileAnew();
-        const double before = floorSeconds(entries);
+        page->reloadFile();
+        const double before = baselineSeconds(entries);
         const double time = seconds([page] { page->rebuild(); });
-        result.add(before, time, floorSeconds(entries));
+        result.add(before, time, baselineSeconds(entries));
     }
     return result;
 }
@@ -144,7 +144,7 @@ QVector<double> readings(SettingsModel *model, int runs)
     return result;
 }
 
-/// Without sorting, which the floor has, too: it grows by more than its input.
+/// Counts a rebuild without sorting, which grows by more than its input.
 int runCounted(int rows)
 {
     const Workload workload = workloadOf(rows);
@@ -164,8 +164,8 @@ Report measureAll(Effort effort)
         const Workload workload = workloadOf(rows);
         Page page(workload);
         const Runs rebuilding = rebuilds(&page, runs);
-        report.measures.append({QStringLiteral("page of %1 rows rebuilt / floor").arg(sizeText(rows)),
-                                rows == 200 ? QStringLiteral("≤ 2") : QString(), rebuilding.overFloor,
+        report.measures.append({QStringLiteral("page of %1 rows rebuilt / baseline").arg(sizeText(rows)),
+                                rows == 200 ? QStringLiteral("≤ 2") : QString(), rebuilding.overBaseline,
                                 rows < 200 ? 8.0 : 4.0});
         rebuildCosts.append({QStringLiteral("page: rebuild"), rows, rebuilding.seconds});
         readingCosts.append(

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What it costs to show all entries of a tree that could be made a favourite. The first such model after the files were
-// loaded parses the entries, which are text until they are looked at; so each sample of it loads the files anew, with
-// no model alive that would follow. Few favourites are stored, so that dconf's share is small. Processor time of the
-// thread.
+// Measures a model of all entries of a tree that can become favourites. The first such model after the files were loaded
+// parses the entries, which are kept as text until they are read. So each sample of the first build loads the files
+// again while no model exists. Few favourites are stored, so that dconf's share is small. The times are processor times
+// of the thread.
 
 #include "comparison.h"
 #include "instructions.h"
@@ -29,7 +29,7 @@ struct Size {
 const QVector<Size> s_fullSizes{{100, 101, 301}, {1000, 31, 101}, {10000, 11, 25}};
 const QVector<Size> s_checkSizes{{100, 25, 51}, {1000, 9, 15}, {10000, 3, 5}};
 
-/// Ten times the files of the one before
+/// Each size has ten times the files of the previous one.
 const QVector<int> s_countedFiles{100, 1000};
 
 constexpr int Favorites = 10;
@@ -39,7 +39,7 @@ const QString s_rebuild = QStringLiteral("rebuild");
 const QString s_edit = QStringLiteral("add and remove");
 const QString s_countOption = QStringLiteral("--count");
 
-/// A workload in the registry.
+/// A workload that the registry has loaded.
 class LoadedWorkload
 {
 public:
@@ -75,7 +75,7 @@ struct Samples {
     QVector<double> edits;
 };
 
-/// Without rows until it is complete.
+/// Returns a model that has no rows until its componentComplete() is called.
 std::unique_ptr<FavoritesModel> makeModel()
 {
     auto model = std::make_unique<FavoritesModel>();
@@ -128,7 +128,7 @@ Samples measure(const Size &size)
         samples.rebuilds.append(cpuSeconds([&model] { callSlot(model.get(), "resetModel"); }));
         samples.edits.append(cpuSeconds([&] { edit(model.get(), paths.last()); }));
         samples.questions.append(cpuSeconds([&] { ask(*model, paths); }));
-        QCoreApplication::processEvents(); // what dconf has to say of the edits
+        QCoreApplication::processEvents(); // dconf's messages about the edits
     }
     return samples;
 }

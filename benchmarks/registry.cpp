@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What the registry costs. The floor is its input: reading the same files and turning them into variant maps, in the
-// same process. Each construction is timed between two floors. Wall time. Neither the death of the registry nor that of
-// the floor's maps, which live until the clock has stopped, is counted; and each run starts from a trimmed heap, like a
-// program that starts, because malloc would let it sort what the run before it has freed.
+// Measures the registry. The baseline is to read the same files and convert them to variant maps in the same process.
+// Each construction is timed between two runs of the baseline, in wall time. The time for deleting the registry and the
+// maps of the baseline is not included. Each run starts with a trimmed heap, like a program that starts: otherwise it
+// would pay for malloc's sorting of the memory that the previous run has freed.
 
 #include "childprocess.h"
 #include "comparison.h"
@@ -53,15 +53,15 @@ struct Size {
 };
 const QVector<Size> s_fullSizes{{100, 500, 300}, {1000, 200, 300}, {10000, 51, 100}};
 const QVector<Size> s_checkSizes{{100, 51, 51}, {1000, 25, 25}, {10000, 3, 5}};
-/// Ten times the files of the one before
+/// Each size has ten times the files of the previous one.
 const QVector<int> s_countedFiles{100, 1000};
 
-/// What was measured with so many files; seconds but for the ratios to the floor.
+/// The samples of one number of files: seconds, or ratios to another time.
 struct Samples {
     Runs constructions;
     QVector<double> overReading;
     QVector<double> listings;
-    QVector<double> listingsOverFloor;
+    QVector<double> listingsOverBaseline;
     QVector<double> reloads;
     QVector<double> additions;
     QVector<double> removals;
@@ -90,7 +90,7 @@ double readingSeconds(const QStringList &files)
     return secondsOfReading(files, [&contents](const QByteArray &content) { contents.append(content); });
 }
 
-double floorSeconds(const QStringList &files)
+double baselineSeconds(const QStringList &files)
 {
     QVector<QVariantMap> maps;
     malloc_trim(0);
@@ -115,22 +115,22 @@ void construct(benchmark::State &state, const Workload &workload, Samples &sampl
     for (auto iteration : state) {
         Q_UNUSED(iteration)
         const double reading = readingSeconds(files);
-        const double floorBefore = floorSeconds(files);
+        const double baselineBefore = baselineSeconds(files);
         std::unique_ptr<PluginRegistry> registry;
         malloc_trim(0);
         const double construction = seconds([&] { registry = std::make_unique<PluginRegistry>(); });
         const double listing = listingSeconds(*registry, workload.fileCount() * Workload::EntriesPerFile);
         registry.reset();
-        QCoreApplication::processEvents(); // what dconf sent for this registry
-        const double floorAfter = floorSeconds(files);
+        QCoreApplication::processEvents(); // dconf's messages for this registry
+        const double baselineAfter = baselineSeconds(files);
 
         state.SetIterationTime(construction);
-        samples.constructions.add(floorBefore, construction, floorAfter);
+        samples.constructions.add(baselineBefore, construction, baselineAfter);
         samples.overReading.append(construction / reading);
         samples.listings.append(listing);
-        samples.listingsOverFloor.append(2 * listing / (floorBefore + floorAfter));
+        samples.listingsOverBaseline.append(2 * listing / (baselineBefore + baselineAfter));
     }
-    state.counters["over_floor"] = median(samples.constructions.overFloor);
+    state.counters["over_baseline"] = median(samples.constructions.overBaseline);
 }
 
 double rescanSeconds(PluginRegistry *registry)
@@ -138,7 +138,7 @@ double rescanSeconds(PluginRegistry *registry)
     return seconds([registry] { callSlot(registry, "monitoredDirectoryChanged"); });
 }
 
-/// Each time with another file.
+/// Changes another file in each iteration.
 void change(benchmark::State &state, const Workload &workload, Samples &samples)
 {
     PluginRegistry registry;
@@ -163,12 +163,12 @@ void change(benchmark::State &state, const Workload &workload, Samples &samples)
             qFatal("The masked entry is still there");
         }
         masked.set(QStringList());
-        QCoreApplication::processEvents(); // what dconf sent
+        QCoreApplication::processEvents(); // dconf's messages
         state.SetIterationTime(samples.reloads.last());
     }
 }
 
-/// Files that go together.
+/// Removes many files in each iteration.
 void removeBatches(benchmark::State &state, const Workload &workload, Samples &samples)
 {
     PluginRegistry registry;
@@ -192,7 +192,7 @@ void removeBatches(benchmark::State &state, const Workload &workload, Samples &s
     }
 }
 
-/// The heap that a registry of the files in place takes.
+/// Returns the bytes of heap that a registry of the installed files takes.
 double registryBytes(bool areEntriesRead)
 {
     std::unique_ptr<PluginRegistry> registry;
@@ -221,7 +221,7 @@ QVector<Measure> memory()
     workload.putInPlace();
     const QVector<Measure> measures{{QStringLiteral("KiB of heap for an entry"), QStringLiteral("≤ 1.2"),
                                      kibibytesPerEntry(s_unreadOption), 1.2},
-                                    {QStringLiteral("KiB of heap for an entry, once its file's are looked at"),
+                                    {QStringLiteral("KiB of heap for an entry, once its file is read"),
                                      {},
                                      kibibytesPerEntry(s_readOption),
                                      1.7}};
@@ -274,18 +274,18 @@ Samples measure(const Size &size)
 QVector<Measure> ratios(int files, const Samples &samples)
 {
     const QString size = QStringLiteral(", %1 files").arg(sizeText(files));
-    const bool isLarge = files > MemoryFiles / 2; // of few files, what a registry takes without any is a part
-    QVector<Measure> measures{{QStringLiteral("construct / floor") + size,
-                               isLarge ? QStringLiteral("≤ 1") : QString(), samples.constructions.overFloor, 1.6},
-                              {QStringLiteral("construct / reading alone") + size, {}, samples.overReading},
-                              {QStringLiteral("list the whole tree / floor") + size, QStringLiteral("≤ 0.04"),
-                               samples.listingsOverFloor, 0.08},
-                              {QStringLiteral("unload and load one file / construct") + size,
-                               files == 10000 ? QStringLiteral("≤ 0.001") : QString(),
-                               over(samples.reloads, samples.constructions.seconds),
-                               files == 10000 ? 0.001 : Unlimited},
-                              {QStringLiteral("noise: floor / the same floor again") + size, QStringLiteral("1"),
-                               samples.constructions.noise}};
+    const bool isLarge = files > MemoryFiles / 2; // with few files, the cost of an empty registry is a large share
+    QVector<Measure> measures{
+        {QStringLiteral("construct / baseline") + size, isLarge ? QStringLiteral("≤ 1") : QString(),
+         samples.constructions.overBaseline, 1.6},
+        {QStringLiteral("construct / reading alone") + size, {}, samples.overReading},
+        {QStringLiteral("list the whole tree / baseline") + size, QStringLiteral("≤ 0.04"),
+         samples.listingsOverBaseline, 0.08},
+        {QStringLiteral("unload and load one file / construct") + size,
+         files == 10000 ? QStringLiteral("≤ 0.001") : QString(),
+         over(samples.reloads, samples.constructions.seconds), files == 10000 ? 0.001 : Unlimited},
+        {QStringLiteral("noise: baseline / the same baseline again") + size, QStringLiteral("1"),
+         samples.constructions.noise}};
     if (!samples.batches.isEmpty()) {
         measures.append({QStringLiteral("200 files removed at once / one removed") + size, QStringLiteral("≤ 2"),
                          over(samples.batches, samples.removals), 4});

@@ -11,21 +11,20 @@
 #include <limits>
 
 constexpr double Unlimited = std::numeric_limits<double>::infinity();
-/// What ten times the input may cost on any machine.
+/// The largest growth of a cost with ten times the input, on any machine.
 constexpr double MaxGrowth = 12;
-/// The same where the smaller input fits into the processor's cache and the larger one does not. A quadratic step makes
-/// it a hundred times.
+/// The same if only the smaller input fits into the processor's cache. A quadratic step grows a hundredfold.
 constexpr double MaxGrowthOutOfCache = 30;
 
 /// One quantity, measured repeatedly.
 struct Measure {
     QString name;
-    QString target; ///< for people; empty when there is none
+    QString target; ///< for readers of the report; empty if there is none
     QVector<double> samples;
-    double maximum = Unlimited; ///< what the median may be on any machine
+    double maximum = Unlimited; ///< the largest acceptable median, on any machine
 };
 
-/// What something takes at one size of its input.
+/// The time of an operation at one size of its input.
 struct Cost {
     QString series; ///< the same for all sizes
     int size;
@@ -39,19 +38,19 @@ struct Report {
 
 enum class Effort {
     Full,
-    Check, ///< as little as tells a regression from noise
+    Check, ///< just enough to distinguish a regression from noise
 };
 
 /**
- * Measures and prints, as the program's @p arguments ask: the report as JSON; with --check what is measured with
- * little effort, and whether each measure is acceptable at one of three attempts, for others may keep the machine busy.
+ * Measures, and prints the report as JSON. If @p arguments contain --check, measures with little effort and prints
+ * lines; each measure must be acceptable in one of three attempts, because other processes may keep the machine busy.
  * Returns the program's exit code.
  */
 int runBenchmark(const QStringList &arguments, const std::function<Report(Effort)> &measure);
 
-/// 1000 as "1,000".
+/// Returns the number as text: "1,000" for 1000.
 QString sizeText(int size);
-/// Each with its shortest time alone, to which others that keep the machine busy add the least.
+/// Returns each of @p costs with only its shortest time, on which other processes had the least influence.
 QVector<Cost> fastest(QVector<Cost> costs);
-/// How much more each of @p costs, which are in the order of their sizes, is than the one before it.
+/// Returns the ratio of each of @p costs, which are in the order of their sizes, to the previous one.
 QVector<Measure> growths(const QVector<Cost> &costs, double maximum = MaxGrowth);

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// A process that has nothing of the library before it imports it, started by the benchmarks. Prints the seconds that
-// the import of a QML module took; then with "page" those of each step to the first page, with "libraries" the files
-// that came into the process with the module.
+// Started by the benchmarks, as a process that does not link the library. Prints the seconds that the import of a QML
+// module took; then with "page" those of each step to the first page, and with "libraries" the files that the import has
+// mapped into the process.
 
 #include "comparison.h"
 
@@ -52,7 +52,7 @@ QVariant call(const Object &object, const char *function)
     return result;
 }
 
-/// The files that are mapped into this process.
+/// Returns the files that are mapped into this process.
 QStringList mappedFiles()
 {
     QFile maps(QStringLiteral("/proc/self/maps"));
@@ -83,7 +83,7 @@ int main(int argc, char *argv[])
     QQmlEngine engine;
     engine.addImportPath(arguments.at(1));
     const QString &module = arguments.at(2);
-    // The engine's own start does not count.
+    // The start of the engine is not measured.
     call(create(engine, s_nothing), "call");
 
     const QStringList filesBefore = mappedFiles();

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// What a process pays that imports the module and shows its first page, each time in a fresh process; wall time. The
-// start of the QML engine does not count. Cold means that the registration files and all that the import loads have
-// been dropped from the page cache; the report tells which share stayed, for other processes map it. Directories and
-// inodes stay in memory, and so does what the QML engine has loaded before: after booting a start takes longer.
+// Measures how long a process takes to import the module and show its first page, in wall time, each time in a fresh
+// process. The start of the QML engine is not included. For a cold start the registration files and all files that the
+// import loads have been dropped from the page cache; the report has the share that stayed, because other processes map
+// it. Directories, inodes and the files of the QML engine stay in memory, so that a start after booting takes longer.
 
 #include "childprocess.h"
 #include "comparison.h"
@@ -53,7 +53,7 @@ double importSeconds(const Module &module)
     return startLines(module, s_import).constFirst().toDouble();
 }
 
-/// The files that a process with the module has and one with the engine alone has not.
+/// Returns the files that only a process with the module maps, and none with the engine alone.
 QStringList moduleFiles()
 {
     QStringList files{QStringLiteral("%1/com/velka/settings/qmldir").arg(s_real.importPath)};
@@ -63,7 +63,7 @@ QStringList moduleFiles()
     return files;
 }
 
-/// Starts of one kind with one number of files.
+/// The samples of one kind of start with one number of files.
 class Starts
 {
 public:
@@ -78,7 +78,7 @@ public:
     {
         const QStringList lines = startLines(s_real, s_page);
         if (lines.size() != m_steps.size()) {
-            qFatal("A start has not told the times of its steps");
+            qFatal("A start has not printed the times of its steps");
         }
         for (int step = 0; step < m_steps.size(); ++step) {
             m_steps[step].append(lines.at(step).toDouble());
@@ -125,7 +125,7 @@ private:
     QVector<QVector<double>> m_steps;
 };
 
-/// A tree of so many files, and the starts that showed its first page.
+/// The starts that showed the first page of a tree of one size.
 struct Tree {
     explicit Tree(int fileCount)
         : workload(fileCount)
@@ -166,7 +166,7 @@ void addStarts(Report &report, int count)
         report.measures.append(
             {QStringLiteral("start: cold, %1 files, share still cached").arg(size), {}, tree.cachedShares});
     }
-    // The rest does not grow.
+    // The other steps do not grow.
     report.measures += growths({trees.at(1).warm.registryCost(), trees.at(2).warm.registryCost()});
 }
 
@@ -184,10 +184,10 @@ void addImports(Report &report, int count)
         overLinked.add(linkedBefore, import, linkedAfter);
     }
     report.measures += {
-        // The libraries of the platform are nearly all of it.
-        {QStringLiteral("loading the plugin / an empty one"), {}, overEmpty.overFloor},
+        // The platform's libraries cause nearly all of it.
+        {QStringLiteral("loading the plugin / an empty one"), {}, overEmpty.overBaseline},
         {QStringLiteral("loading the plugin / an empty one that links the same libraries"),
-         QStringLiteral("≤ 1.2"), overLinked.overFloor, 2},
+         QStringLiteral("≤ 1.2"), overLinked.overBaseline, 2},
         {QStringLiteral("loading an empty plugin that links the same libraries, noise"), {}, overLinked.noise},
     };
 }
@@ -200,7 +200,7 @@ Report measureAll(Effort effort)
     return report;
 }
 
-/// In the sandbox the place of the files is in memory, and the home is on the disk.
+/// Moves the registration files to the disk. In the sandbox their directory is in memory, and the home is on the disk.
 void moveToDisk()
 {
     const QString directory = QFileInfo(Constants::EntriesDirectory).path();

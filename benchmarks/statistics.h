@@ -5,6 +5,7 @@
 
 #include <QVector>
 
-/// The value below which @p share (0 to 1) of @p samples lie, between neighbours in proportion. Needs one sample.
+/// Returns the value below which @p share (0 to 1) of @p samples lie, interpolated between two samples. Needs at least
+/// one sample.
 double quantile(QVector<double> samples, double share);
 double median(const QVector<double> &samples);

@@ -7,11 +7,11 @@
 #include <QStringList>
 
 /**
- * Made-up registration files: five entries each, of seven keys ("params" is an object of one more), spread over
- * sections; one translation catalog for all. Besides them the blacklist of favourites, which is empty.
+ * Generated registration files, with five entries each. An entry has seven keys ("params" is an object with one more).
+ * The entries are spread over sections, and one translation catalog serves all. The blacklist of favourites is empty.
  *
- * They are written once, next to the entries directory, and moved into its place when they are needed.
- * Ends the process outside the sandbox.
+ * The files are written once, next to the entries directory, and moved into its place when they are needed.
+ * The constructor ends the process outside the sandbox.
  */
 class Workload
 {
@@ -21,13 +21,13 @@ public:
     explicit Workload(int fileCount, int sectionCount = 40);
 
     int fileCount() const;
-    /// Full paths, once the workload is in place.
+    /// Returns the full paths that the files have while the workload is installed.
     QStringList files() const;
     QString fileName(int index) const;
     QStringList entryPaths() const;
     void putInPlace() const;
     void takeAway() const;
-    /// Moves @p count files, from the one with the index @p first on, out of the directory that is in place.
+    /// Moves @p count files, beginning with the index @p first, out of the entries directory.
     void hide(int first, int count) const;
     void show(int first, int count) const;
 

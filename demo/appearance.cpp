@@ -35,12 +35,12 @@ bool isExpected(const QString &message)
 
 void countWarnings(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    // What a machine without a desktop says of itself.
+    // Warnings about a machine without a desktop
     static const QStringList harmless = {
         QStringLiteral("This plugin does not support propagateSizeHints()"),
         QStringLiteral("This plugin does not support raise()"),
         QStringLiteral("Failed to find a Kirigami platform plugin"),
-        // What a page says that is closed before a busy machine has made all of its tool bar.
+        // Warnings about a page that is closed before its tool bar is complete, on a busy machine
         QStringLiteral("Could not create delegate for ToolBarLayout"),
         QStringLiteral("ActionToolBar.qml: Object or context destroyed during incubation"),
     };
@@ -65,7 +65,7 @@ void prepareApplication()
 
 void setAppearance()
 {
-    // The offscreen platform knows no directory of icons.
+    // The offscreen platform has no directory of icons.
     QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() << QStringLiteral("/usr/share/icons"));
     QIcon::setThemeName(QStringLiteral("breeze"));
     QGuiApplication::setFont(QFont(QStringLiteral("Noto Sans"), 10));

@@ -5,16 +5,16 @@
 
 class QString;
 
-/// Before the application object is made.
+/// Must be called before the application object is created.
 void prepareApplication();
 
-/// Icons and font, the same on every machine. After the application object is made.
+/// Sets icons and a font that are the same on every machine. Must be called after the application object is created.
 void setAppearance();
 
-/// The warnings and worse that the program has printed since prepareApplication().
+/// Returns the number of warnings and errors that the program has printed since prepareApplication().
 int warningCount();
 
-/// Neither prints nor counts warnings that begin so, from now on.
+/// From now on neither prints nor counts warnings that begin with @p beginning.
 void expectWarning(const QString &beginning);
-/// Whether there has been one since then.
+/// Returns true if there has been one since expectWarning().
 bool expectedWarningCame();

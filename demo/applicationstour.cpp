@@ -70,7 +70,7 @@ bool ApplicationsTour::walkFaults(const QString &form)
     expectWarning(QStringLiteral("Failed to get autostart list for uid"));
     m_faults->setFault(service, QStringLiteral("fail"));
     if (!m_pictures->waitFor(expectedWarningCame)) {
-        return fail(QStringLiteral("Nobody tells that a service fails"));
+        return fail(QStringLiteral("The failure of a service is not reported"));
     }
     if (!m_pictures->save(form + QLatin1String("-applications-failing"))) {
         return false;
@@ -79,7 +79,7 @@ bool ApplicationsTour::walkFaults(const QString &form)
     return waitForSwitch(s_autostarted, true);
 }
 
-/// Until every service has told what the page shows.
+/// Waits until the page shows the replies of all services.
 bool ApplicationsTour::waitForAllowlist()
 {
     return waitForSwitch(QStringLiteral("restricted"), true) && waitForSwitch(s_allowed, true)

@@ -10,13 +10,13 @@
 class QQuickWindow;
 class ServiceFaults;
 
-/// The part of the tour that shows the applications, and switches what the platform's services keep of them.
+/// The part of the tour that shows the applications and changes their settings in the platform's services.
 class ApplicationsTour
 {
 public:
     ApplicationsTour(QQuickWindow *window, ServiceFaults *faults, WindowPictures *pictures);
 
-    // False when a picture could not be made or shows something else than it should; the reason has been printed.
+    // These return false if a picture could not be saved or does not show the expected state, and print the reason.
     bool showPage(const QString &form);
     bool walkPages(const QString &form);
     bool walkEdits(const QString &form);

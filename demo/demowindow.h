@@ -13,14 +13,14 @@
 
 class QQuickWindow;
 
-/// The window of the demo and what its pages talk to.
+/// The window of the demo, and the objects that its pages use.
 class DemoWindow
 {
 public:
-    /// The developer drawer offers the registration files in @p packagesDirectory.
+    /// The developer drawer lists the registration files in @p packagesDirectory.
     explicit DemoWindow(const QString &packagesDirectory);
 
-    /// Null when the window's QML has errors, which have been printed.
+    /// Returns null, and prints the errors, if the window's QML has any.
     QQuickWindow *open(const QVariantMap &properties);
     RegistrationFiles *files();
     ServiceFaults *faults();

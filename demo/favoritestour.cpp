@@ -142,7 +142,7 @@ bool FavoritesTour::drag(const QString &path, const QString &target)
     return waitForStored(paths);
 }
 
-/// Presses an action that a service takes, and saves a picture of what it says.
+/// Clicks an action that has a service, and saves a picture of the outcome.
 bool FavoritesTour::trigger(const QString &path, const QString &name)
 {
     if (!click(m_window, s_favorite + path)) {

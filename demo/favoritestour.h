@@ -16,7 +16,7 @@ class FavoritesTour
 public:
     FavoritesTour(QQuickWindow *window, WindowPictures *pictures);
 
-    // False when a picture could not be made or shows something else than it should; the reason has been printed.
+    // These return false if a picture could not be saved or does not show the expected state, and print the reason.
     bool showPage(const QString &form);
     bool walkPages(const QString &form);
     bool walkChanges(const QString &form); ///< while the optional package is installed

@@ -50,7 +50,7 @@ int main(int argc, char *argv[])
 
     if (parser.isSet(s_locale)) {
         QLocale::setDefault(QLocale(parser.value(s_locale)));
-        // The names in desktop files follow the environment.
+        // The language of names in desktop files depends on the environment.
         qputenv("LANGUAGE", parser.value(s_locale).toUtf8());
     }
     if (parser.isSet(s_tree)) {

@@ -6,7 +6,7 @@
 #include <QMetaObject>
 #include <QVariant>
 
-/// Calls a function that @p object has from QML.
+/// Calls a QML function of @p object and returns its result.
 template<typename... Arguments>
 QVariant callQml(QObject *object, const char *function, const Arguments &...arguments)
 {

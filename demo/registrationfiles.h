@@ -14,7 +14,7 @@ class MGConfItem;
  * The registration files of the demo's packages, one row each, for the developer drawer.
  *
  * A file is installed by copying it into the directory that the registry watches, and masked by adding the paths
- * of its entries to the masked-settings key. The rows are fixed; what they show follows the registry and the key.
+ * of its entries to the masked-settings key. The rows are fixed; their roles follow the registry and the key.
  */
 class RegistrationFiles : public QAbstractListModel
 {
@@ -24,9 +24,9 @@ class RegistrationFiles : public QAbstractListModel
 public:
     enum Role {
         FileNameRole = Qt::UserRole + 1,
-        InstalledRole, ///< bool, whether the file lies in the registry's directory
+        InstalledRole, ///< bool, true if the file is in the registry's directory
         EntryCountRole, ///< int, nodes of the tree that the file declared
-        MaskedRole, ///< bool, whether every path of the file is masked
+        MaskedRole, ///< bool, true if every path of the file is masked
         RequiredGroupRole,
         DisabledGroupRole,
     };

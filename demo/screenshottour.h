@@ -23,9 +23,9 @@ class ScreenshotTour
 public:
     ScreenshotTour(QQuickWindow *window, RegistrationFiles *files, ServiceFaults *faults, const QDir &directory);
 
-    // False when a picture could not be made; the reason has been printed.
+    // These return false if a picture could not be saved, and print the reason.
     bool run(); ///< every page
-    bool runShort(); ///< a few pages that show what the application does
+    bool runShort(); ///< a few pages, for an overview
 
 private:
     bool walkPages(const QString &form, int depth);

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-/// Tells the platform's services of the demo to answer badly.
+/// Lets the platform's services of the demo reply slowly, with errors or with wrong values.
 class ServiceFaults : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 
     QStringList services() const;
     QVariantMap faults() const; ///< "none", "slow", "fail" or "nonsense", by service
-    /// Comes into effect when faultsChanged() is emitted.
+    /// The fault is set when faultsChanged() is emitted.
     Q_INVOKABLE void setFault(const QString &id, const QString &fault);
 
 Q_SIGNALS:

@@ -10,12 +10,12 @@ class QQuickItem;
 class QQuickWindow;
 class QString;
 
-/// The item in the window with that object name, null when there is none.
+/// Returns the item in the window with that object name, null if there is none.
 QQuickItem *findItem(const QQuickWindow *window, const QString &name);
 
-// False when the item is not in sight; the reason has been printed.
+// These return false if the item is not visible, and print the reason.
 bool findCenter(const QQuickWindow *window, const QString &name, QPointF *center);
 bool click(QQuickWindow *window, const QString &name);
 
-/// A press, a release or a move while pressed.
+/// Sends a press, a release or a move while the button is pressed.
 void sendMouse(QQuickWindow *window, QEvent::Type type, const QPointF &position);

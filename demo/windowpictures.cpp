@@ -20,7 +20,7 @@ namespace
 {
 constexpr int PatienceMs = 10000;
 
-/// Tool bars create their buttons asynchronously, over several frames.
+/// Returns true while objects are created asynchronously. Tool bars create their buttons so, over several frames.
 bool isIncubating(const QQuickWindow *window)
 {
     return qmlEngine(window)->incubationController()->incubatingObjectCount() > 0;
@@ -51,7 +51,7 @@ bool WindowPictures::save(const QString &name)
         last = grab();
         return !last.isNull() && last == previous;
     });
-    // Whoever waits for the file never sees a part of it.
+    // A program that waits for the file never reads a part of it.
     QSaveFile target(file(name));
     if (!steady) {
         return fail(QStringLiteral("The window does not come to rest: ") + target.fileName());
@@ -84,7 +84,7 @@ void WindowPictures::waitForFrame()
 
 QImage WindowPictures::grab()
 {
-    // QQuickWindow::grabWindow() gives nothing on the offscreen platform.
+    // QQuickWindow::grabWindow() returns nothing on the offscreen platform.
     const QSharedPointer<QQuickItemGrabResult> result = m_window->contentItem()->grabToImage();
     if (!result) {
         return {};

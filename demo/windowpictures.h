@@ -11,8 +11,8 @@
 
 class QQuickWindow;
 
-/// Saves pictures of a QML window that has come to rest: when it is ready, all of its objects have been created and two
-/// frames in a row are the same.
+/// Saves pictures of a QML window when it no longer changes: when it is ready, all of its objects have been created and
+/// two successive frames are the same.
 class WindowPictures
 {
 public:
@@ -21,11 +21,11 @@ public:
     WindowPictures(
         QQuickWindow *window, const QDir &directory, const Condition &isReady = [] { return true; });
 
-    /// Where the picture of that name is saved. File names begin with the language of the texts.
+    /// Returns the path of the picture with that name. File names begin with the language of the texts.
     QString file(const QString &name) const;
-    /// False when the picture could not be made; the reason has been printed.
+    /// Returns false, and prints the reason, if the picture could not be saved.
     bool save(const QString &name);
-    /// Renders frames until @p condition is met. False when that takes too long.
+    /// Renders frames until @p condition is met. Returns false if that takes too long.
     bool waitFor(const Condition &condition);
 
 private:
@@ -37,5 +37,5 @@ private:
     const Condition m_isReady;
 };
 
-/// Prints the reason. Always false.
+/// Prints the reason and returns false.
 bool fail(const QString &reason);

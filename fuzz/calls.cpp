@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is an action as any file may declare it: the service, the path, the interface and the method, each with a
-// byte 0xff behind it, and then the arguments.
+// The input is an action as a file can declare it: the service, the path, the interface and the method, each followed
+// by a byte 0xff, and then the arguments.
 
 #include "harness.h"
 #include "input.h"
@@ -17,7 +17,7 @@
 namespace
 {
 constexpr char EndOfName = '\xff';
-constexpr int MaxDepth = 8; ///< without the lists that are nested on purpose
+constexpr int MaxDepth = 8; ///< of other arguments than the deeply nested lists and maps
 
 QString textOf(const QByteArray &bytes)
 {
@@ -25,7 +25,7 @@ QString textOf(const QByteArray &bytes)
     return QString::fromUtf8(bytes).replace(QChar(QChar::ReplacementCharacter), QChar(0xd800));
 }
 
-/// @p value in @p depth lists, or else maps
+/// Returns @p value in @p depth nested lists or maps.
 QVariant nested(QVariant value, int depth, bool isInLists)
 {
     for (; depth > 0; --depth) {
@@ -34,7 +34,7 @@ QVariant nested(QVariant value, int depth, bool isInLists)
     return value;
 }
 
-/// What a registration file can hold.
+/// Returns a value that a registration file can contain.
 QVariant readArgument(Input *input, int depth = 0)
 {
     const int kind = depth < MaxDepth ? input->below(8) : 0;
@@ -88,7 +88,7 @@ QVariantMap readAction(const QByteArray &bytes)
     return action;
 }
 
-/// Returns when the calls so far have failed, which the bus still has to say of a call that comes after them.
+/// Waits until the calls so far have failed. The bus replies in order, so the reply to a later call shows this.
 void settle()
 {
     const QDBusMessage call = QDBusMessage::createMethodCall(

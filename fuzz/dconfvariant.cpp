@@ -17,7 +17,7 @@ namespace
 {
 using GBytesPointer = std::unique_ptr<GBytes, decltype(&g_bytes_unref)>;
 
-/// Returns null when the input does not begin with a type.
+/// Returns null if the input does not begin with a type.
 GVariantPointer readValue(Input *input)
 {
     const QByteArray type = input->take(input->byte());

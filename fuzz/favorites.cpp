@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is a sequence of steps: edits of the favourites, writes of other programs, changed properties, and
-// entries that come and go. After each step the model is compared with a list that is kept in the plainest way.
+// The input is a sequence of steps: edits of the favourites, writes of other programs, changed properties, and entries
+// that are added and removed. After each step the model is compared with a plain list.
 
 #include "harness.h"
 #include "input.h"
@@ -32,7 +32,7 @@ const QString s_userModifiedKey = QStringLiteral("/apps/velka-settings/favorites
 const QString s_grid = QStringLiteral("grid_favorites");
 const QString s_list = QStringLiteral("list_favorites");
 
-// Entries, what is none, other spellings
+// Entries, paths without an entry, other spellings
 const QStringList s_paths{QStringLiteral("a"),  QStringLiteral("b"),    QStringLiteral("n"), QStringLiteral("a/x"),
                           QStringLiteral("d"),  QStringLiteral("d/y"),  QString(),           QStringLiteral("zz"),
                           QStringLiteral("/b"), QStringLiteral("a//x"), QStringLiteral("x")};
@@ -70,7 +70,7 @@ public:
         QMetaObject::invokeMethod(PluginRegistry::instance(), "monitoredDirectoryChanged");
     }
 
-    /// The kind of favourites that each entry can be, in the order of the tree.
+    /// Returns the kind of favourite of each entry, in the order of the tree.
     QMap<QString, QString> kinds() const
     {
         QMap<QString, QString> kinds{{QStringLiteral("a"), s_grid},
@@ -105,7 +105,7 @@ Entries &entries()
     return entries;
 }
 
-/// What a FavoritesModel is to show, each row as the path of its entry.
+/// The rows that a FavoritesModel should have, each as the path of its entry.
 struct PlainFavorites {
     QStringList stored;
     QStringList rows;
@@ -206,7 +206,7 @@ void PlainFavorites::remove(const QString &path)
     } else if (rows.contains(path)) {
         rows.removeAll(path);
         userModified = userModified || hasUserModifiedKey;
-        stored = paths; // a path in another spelling shows no row until the list changes again
+        stored = paths; // a path in another spelling has no row until the list changes again
     }
 }
 
@@ -243,7 +243,7 @@ private:
     ModelReplica m_replica{&m_model, FavoritesModel::ObjectRole};
 };
 
-/// The key as other programs write it. Kept, for to watch one anew takes two calls over the bus.
+/// The key that other programs write. It is kept, because each new watch takes two calls over the bus.
 MGConfItem &keptItem(const QString &key)
 {
     static QHash<QString, MGConfItem *> items;
@@ -341,12 +341,12 @@ void Favorites::compare() const
         rows.append(item->location().join(s_separator));
         require(m_model.data(m_model.index(row), FavoritesModel::FavoriteRole).toBool()
                     == m_plain.stored.contains(rows.last()),
-                "a row tells whether its path is stored");
+                "the role of a row shows if its path is stored");
     }
     require(rows == m_plain.rows, "the rows are those of the plain list");
     require(m_stored.value().toStringList() == m_plain.stored, "the stored paths are those of the plain list");
     require(m_model.userModified() == (m_plain.hasUserModifiedKey && m_plain.userModified), "edits are marked");
-    require(m_replica.isEqual(), "the signals told what happened");
+    require(m_replica.isEqual(), "the signals announced all changes");
     require(m_announcedCount == m_model.count(), "the count is announced");
     for (const QString &path : s_paths) {
         require(m_model.isFavorite(path) == m_plain.stored.contains(path), "what is stored is a favourite");

@@ -12,7 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Null unless the process is sanitized
+// Null without the sanitizer
 extern "C" void __lsan_disable() __attribute__((weak));
 extern "C" void __lsan_enable() __attribute__((weak));
 
@@ -32,7 +32,7 @@ int LLVMFuzzerInitialize(int *argc, char ***argv)
     static auto *const application = new QCoreApplication(count, *argv);
     Q_UNUSED(application)
     qInstallMessageHandler(handleMessage);
-    // Most inputs have something to warn of, and the text would cost more than what it is about.
+    // Most inputs cause warnings, and their text would take longer than the rest.
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
     if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {
         qFatal("This program writes into system directories: run it through scripts/sandbox");

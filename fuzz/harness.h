@@ -10,15 +10,15 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Runs one input. What is wrong ends the process.
+/// Runs one input. Ends the process if a check fails.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
-/// Prepares the process, once, before the first input.
+/// Prepares the process. Called once, before the first input.
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
 
-/// Ends the process, saying @p what should be, unless it @p holds.
+/// Ends the process with the text @p what unless @p holds is true.
 void require(bool holds, const char *what);
 
-/// While one lives, what is allocated may leak: Qt's JSON parser loses what it has read of a broken document.
+/// Disables the leak checker during its lifetime: Qt's JSON parser leaks memory for some broken documents.
 class LeakPermission
 {
 public:
@@ -32,7 +32,7 @@ private:
 };
 bool isJson(const QByteArray &bytes);
 
-/// A directory for the files that a target makes of its input.
+/// A directory for the files that a target writes.
 class Scratch
 {
 public:

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The bytes of an input, read from the front as what a target needs. Past the end all is 0.
+/// Reads numbers and bytes from the start of an input. Reads zeros after its end.
 class Input
 {
 public:
@@ -27,7 +27,7 @@ public:
         return atEnd() ? 0 : std::uint8_t(m_bytes.at(m_position++));
     }
 
-    /// From 0 up to, not including, @p limit, which is no more than 256.
+    /// Returns a number from 0 up to, but not including, @p limit, which is at most 256.
     int below(int limit)
     {
         return byte() % limit;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is a registration file. It is loaded, all of its nodes are looked at, and it is unloaded.
+// The input is a registration file. It is loaded, all of its nodes are checked, and it is unloaded.
 
 #include "harness.h"
 
@@ -14,7 +14,7 @@ namespace
 {
 const QString s_file = QStringLiteral("x.json");
 
-// What is asked of each node takes time for each of its ancestors.
+// The checks of a node take time for each of its ancestors.
 constexpr int MaxNodes = 40;
 constexpr int MaxLevels = 16;
 
@@ -30,7 +30,7 @@ EntrySources sourcesIn(const Scratch &scratch)
 void lookAt(TreeItem *item, TreeItem *root)
 {
     require(item->parentItem() && item->parentItem()->lookup({item->name()}) == item,
-            "a node stands below its parent, under its name");
+            "a node is below its parent, under its name");
     const QStringList location = item->location();
     require(root->lookup(location) == item, "a node is found at its location");
     require(location.size() + 1 == item->depth(nullptr), "a node is as deep as its location is long");

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is a sequence of steps: files that come, go, change and are loaded, and entries that are masked. After
-// each step the tree is compared with one that is kept in the plainest way there is.
+// The input is a sequence of steps: files that are added, removed, changed and loaded, and entries that are masked.
+// After each step the tree is compared with a plain one.
 
 #include "harness.h"
 #include "input.h"
@@ -32,7 +32,7 @@ struct File {
     QVector<QVariantMap> entries;
 };
 
-/// Paths have few names, that they may meet, and several spellings.
+/// Returns a path. Paths have few names, so that many are equal, and several spellings.
 QString readPath(Input *input)
 {
     const int bits = input->byte();
@@ -82,7 +82,7 @@ QByteArray toJson(const File &file)
     return file.isJson ? QJsonDocument(QJsonObject::fromVariantMap(object)).toJson() : QByteArray("{");
 }
 
-/// What an EntryTree is to be, found by walking all of it again and again.
+/// The nodes that an EntryTree should have. Each change walks all of them.
 class PlainTree
 {
 public:
@@ -94,7 +94,7 @@ public:
     void mask(const QSet<QString> &paths);
     void changeMasked(const QSet<QString> &paths);
 
-    /// The data of all nodes by their paths, the root included.
+    /// The data of all nodes, including the root, by their paths.
     QMap<QString, QVariantMap> nodes{{QString(), {}}};
 
 private:
@@ -174,7 +174,7 @@ bool PlainTree::hasChildren(const QString &node) const
 
 void PlainTree::removeNodes(const QSet<QString> &removable)
 {
-    // Deeper ones first: what is below a node sorts behind it.
+    // Deeper nodes first: a node is sorted before those below it.
     const QStringList all = nodes.keys();
     for (auto node = all.crbegin(); node != all.crend(); ++node) {
         const QString file = fromFile(nodes.value(*node));
@@ -264,7 +264,7 @@ void PlainTree::changeMasked(const QSet<QString> &paths)
     m_outlived = withNodes(m_outlived);
 }
 
-/// The tree and the plain one, through the same steps.
+/// The tree and the plain one, to which the same steps are applied.
 class Trees
 {
 public:
@@ -280,7 +280,7 @@ public:
         }
     }
 
-    /// Before anything is loaded.
+    /// Must be called before a file is loaded.
     void mask(Input *input);
     void step(Input *input);
     void compare() const;
@@ -376,7 +376,7 @@ void Trees::compare() const
 void Trees::compareOrder(const QList<TreeItem *> &items) const
 {
     for (int i = 1; i < items.size(); ++i) {
-        // A child follows its parent, a sibling or whatever is below one.
+        // A child follows its parent, a sibling or a node below a sibling.
         TreeItem *item = items.at(i);
         TreeItem *before = items.at(i - 1);
         while (before != item->parentItem() && before->parentItem() != item->parentItem()) {

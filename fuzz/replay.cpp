@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// Runs the inputs that are named, files or directories of them, through a target without libFuzzer.
+// Runs a target without libFuzzer on the inputs that the arguments name: files, or directories of them.
 
 #include "harness.h"
 
@@ -28,7 +28,7 @@ QStringList inputsOf(const QString &path)
 
 void run(const QString &path)
 {
-    // Named first: who crashes tells no more.
+    // Printed first, so that it is known after a crash.
     std::fprintf(stderr, "%s\n", qPrintable(path));
     QFile file(path);
     require(file.open(QIODevice::ReadOnly), "the input can be read");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is a sequence of calls to the platform's services and of an action, and of what is answered: errors and
+// The input is a sequence of calls, to the platform's services and of an action, and of their replies: errors and
 // values of any types.
 
 #include "harness.h"
@@ -37,7 +37,7 @@ namespace
 constexpr int MaxSteps = 8;
 constexpr int MaxTypeDepth = 8;
 constexpr uint s_user = 1000;
-constexpr uint s_nobody = 65534; ///< asked about by the target alone
+constexpr uint s_nobody = 65534; ///< a user for whom only this target calls the services
 
 const QString s_application = QStringLiteral("x");
 
@@ -51,7 +51,7 @@ QByteArray readText(Input *input)
     return QString::fromUtf8(input->take(kind)).remove(QChar(QChar::Null)).toUtf8();
 }
 
-/// One complete type.
+/// Returns one complete type.
 QByteArray readType(Input *input, int depth = 0)
 {
     const QByteArray basic = "ybnqiuxtdsog";
@@ -80,7 +80,7 @@ void appendContainer(DBusMessageIter *to, DBusSignatureIter *type, Input *input,
     DBusSignatureIter inner;
     QByteArray signature;
     if (kind == DBUS_TYPE_VARIANT) {
-        // A type in a variant is as deep as the variants around it, for libdbus has a limit.
+        // The variants around a type count for its depth, which libdbus limits.
         signature = depth < MaxTypeDepth ? readType(input, depth) : QByteArray("s");
         dbus_signature_iter_init(&inner, signature.constData());
     } else {
@@ -142,7 +142,7 @@ void appendValues(DBusMessage *message, Input *input)
     }
 }
 
-/// The method, and the user that the call is about if it is about one.
+/// Returns the method and, if the call has one, the user.
 QByteArray nameOf(DBusMessage *call)
 {
     dbus_uint32_t user = 0;
@@ -150,17 +150,17 @@ QByteArray nameOf(DBusMessage *call)
     return dbus_message_get_member(call) + QByteArray::number(user);
 }
 
-/// A bus's services, which live in a thread of their own: some calls wait for the answer.
+/// The services on a bus. They have a thread of their own, because some calls wait for the reply.
 class Services
 {
 public:
     Services(DBusBusType bus, const QStringList &names);
 
-    /// What the coming calls are answered with.
+    /// Sets the replies to the next calls.
     void setAnswers(const QByteArray &bytes);
-    /// The signature of the last answer to @p call, nothing when it was an error.
+    /// Returns the signature of the last reply to @p call, nothing if it was an error.
     std::optional<QByteArray> lastAnswer(const QByteArray &call) const;
-    /// Before the next answer: no other thread may write to the connection while its own waits.
+    /// Called before the next reply: no other thread may write to the connection while its own waits.
     void emitConfigChanged(Input *input);
 
 private:
@@ -169,7 +169,7 @@ private:
     void send(DBusMessage *message);
 
     DBusConnection *const m_connection;
-    mutable std::mutex m_mutex; ///< for the rest
+    mutable std::mutex m_mutex; ///< protects the members below
     QByteArray m_bytes;
     Input m_answers{nullptr, 0};
     std::vector<DBusMessage *> m_pending;
@@ -184,7 +184,7 @@ Services::Services(DBusBusType bus, const QStringList &names)
         dbus_bus_request_name(m_connection, name.toUtf8().constData(), 0, nullptr);
     }
     dbus_connection_add_filter(m_connection, handle, this, nullptr);
-    std::thread([this] { // for as long as the process lives
+    std::thread([this] { // until the process ends
         while (dbus_connection_read_write_dispatch(m_connection, -1)) {}
     })
         .detach();
@@ -263,7 +263,7 @@ Services &systemServices()
     return *services;
 }
 
-/// All applications of the world: one.
+/// The only application in the sandbox.
 bool installApplication()
 {
     static const Scratch scratch;
@@ -274,20 +274,20 @@ bool installApplication()
     return qputenv("XDG_DATA_HOME", scratch.path().toUtf8()) && qputenv("XDG_DATA_DIRS", "/nonexistent");
 }
 
-/// What asks the services.
+/// The classes that call the services.
 class Clients
 {
 public:
     Clients();
 
     void step(Input *input);
-    /// Returns when all calls so far have been answered.
+    /// Returns when all calls so far have their replies.
     void settle();
 
 private:
     using Handled = std::function<void(bool hasValue)>;
 
-    /// Waits until the handler that @p call is given has been called, and returns whether it got a value.
+    /// Waits until @p call has called the handler that it gets. Returns true if the handler got a value.
     static bool waitFor(const std::function<void(const Handled &)> &call);
     ApplicationsSettingsModel *model();
     void lookAtModel();
@@ -303,7 +303,8 @@ private:
     AlwaysAllowedList m_alwaysAllowed{&m_sandboxing, &m_owner};
     Allowlist m_allowlist{&m_user, &m_sandboxing, &m_alwaysAllowed, &m_owner};
     AutostartList m_autostartList{&m_user, &m_sandboxing, &m_owner};
-    std::unique_ptr<ApplicationsSettingsModel> m_model; ///< made on demand, for that takes longer than all else
+    std::unique_ptr<ApplicationsSettingsModel>
+        m_model; ///< created on demand, because that takes longer than the rest
     QuickActionReader m_actions{nullptr};
 };
 
@@ -360,7 +361,7 @@ void Clients::settle()
     fetchNotifications();
 }
 
-/// Lets a service be called of which the store would be asked for the package.
+/// Calls a service for which the store would be asked to show the package.
 void Clients::trigger()
 {
     m_actions.trigger({{QStringLiteral("remote-service"), Constants::NotificationsService},
@@ -433,14 +434,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     static const bool isInstalled = installApplication();
     require(isInstalled, "there is an application");
     Input input(data, size);
-    // Each bus has answers of its own, for both may ask at once.
+    // Each bus has its own replies, because both may be called at the same time.
     sessionServices().setAnswers(input.take(input.byte()));
     systemServices().setAnswers(input.take(input.byte()));
     Clients clients;
     for (int i = 0; i < MaxSteps && !input.atEnd(); ++i) {
         clients.step(&input);
     }
-    clients.settle(); // the answers may have led to further calls
+    clients.settle(); // the replies may have caused more calls
     clients.settle();
     return 0;
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The input is a sequence of changes to a list of rows, and of stored paths. Each is made to a plain list as well.
+// The input is a sequence of changes to a list of rows and to stored paths. Each is also applied to a plain list.
 
 #include "harness.h"
 #include "input.h"
@@ -11,6 +11,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -33,7 +34,7 @@ private:
     QVector<QPointer<TreeItem>> m_plain;
 };
 
-/// An item that lives.
+/// Returns an item that has not been deleted.
 TreeItem *Rows::readItem(Input *input)
 {
     auto &item = m_items.at(std::size_t(input->below(ItemCount)));
@@ -79,7 +80,7 @@ void Rows::step(Input *input)
     }
 }
 
-/// Lets the rows be the wanted ones in some order, one by one and by their difference.
+/// Changes the rows to the wanted ones in a random order, one by one and by their difference.
 void Rows::fit(const QList<TreeItem *> &wanted)
 {
     const RowDifference difference(m_rows, wanted);
@@ -97,7 +98,7 @@ void Rows::fit(const QList<TreeItem *> &wanted)
     for (const int row : obsolete) {
         remove(row);
     }
-    for (TreeItem *item : qAsConst(missing)) {
+    for (TreeItem *item : std::as_const(missing)) {
         m_rows.append(item);
         m_plain.append(item);
     }
@@ -125,7 +126,7 @@ QString readPath(Input *input)
     return QString(QChar(u'a' + input->below(ItemCount)));
 }
 
-/// By what @p paths is, and what becomes of it.
+/// Edits a list of paths, and compares the results with plain lists.
 void editPaths(Input *input)
 {
     QStringList paths;
@@ -135,7 +136,7 @@ void editPaths(Input *input)
     const QString path = readPath(input);
     const QString target = readPath(input);
     QStringList rest;
-    for (const QString &other : qAsConst(paths)) {
+    for (const QString &other : std::as_const(paths)) {
         if (other != path) {
             rest += other;
         }

@@ -1,11 +1,11 @@
 # SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# What the scripts share. To be sourced.
+# Functions and lists of packages that the scripts share. It is sourced.
 
 project=$(dirname "$(dirname "$(realpath "${BASH_SOURCE[0]}")")")
 
-# The Debian packages that the project is built and the demo runs with.
+# The Debian packages that the build and the demo need.
 packages=(
     # compiler and build
     cmake g++ ninja-build pkg-config
@@ -22,25 +22,24 @@ packages=(
     # the man pages
     scdoc
 )
-# What the tests need besides, scripts/lint among them.
+# More packages for the tests and scripts/lint.
 test_packages=(dpkg-dev python3 python3-dbusmock qml-module-qttest strace clang-format clang-tidy clazy git reuse
     zsh fish)
-# What scripts/benchmark needs besides.
+# More packages for scripts/benchmark.
 benchmark_packages=(python3 python3-matplotlib)
-# What scripts/package needs besides.
+# More packages for scripts/package.
 package_packages=(debhelper git lintian mmdebstrap rpm rpmlint uidmap)
-# What the fuzz targets are built with.
+# More packages for scripts/fuzz.
 fuzz_packages=(clang libclang-rt-14-dev)
-
-# What scripts/compare-abi needs besides.
+# More packages for scripts/compare-abi.
 abi_packages=(abigail-tools binutils git)
 
-# Lets git work in the clone, also when it is another user's: whoever runs a script of it trusts it already.
+# Lets git work in the clone even if it belongs to another user. The user already trusts it by running its scripts.
 trust_clone() {
     export GIT_CONFIG_COUNT=1 GIT_CONFIG_KEY_0=safe.directory GIT_CONFIG_VALUE_0=$project
 }
 
-# Installs what is missing of the packages, as root or through sudo; else prints the command to run.
+# Installs missing packages, as root or through sudo. If that is not possible, prints the command to run.
 install_packages() {
     local missing=() package
     for package in "${packages[@]}"; do
@@ -54,7 +53,7 @@ install_packages() {
     local install=(apt-get install --yes --no-install-recommends "${missing[@]}") sudo=()
     if [[ $(id -u) -ne 0 ]]; then
         if ! sudo --non-interactive true 2>/dev/null; then
-            echo "Please install what is missing, then start again:" >&2
+            echo "Please install the missing packages, then start again:" >&2
             echo "  sudo apt-get update && sudo ${install[*]}" >&2
             exit 1
         fi

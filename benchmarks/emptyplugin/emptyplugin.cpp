@@ -4,7 +4,7 @@
 #include <QQmlExtensionPlugin>
 #include <qqml.h>
 
-/// The least that a QML module can be.
+/// A QML module without any types.
 class EmptyPlugin : public QQmlExtensionPlugin
 {
     Q_OBJECT

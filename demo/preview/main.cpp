@@ -75,7 +75,7 @@ int main(int argc, char *argv[])
                                                QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
     ServiceFaults faults;
     QQmlApplicationEngine engine;
-    engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../../qml")); // of the build
+    engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../../qml")); // in the build
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &drawerFiles);
     engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
     engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);

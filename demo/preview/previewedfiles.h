@@ -25,5 +25,5 @@ private:
 
     const QStringList m_paths;
     const QDir m_entries;
-    QObject m_watchers; ///< their parent
+    QObject m_watchers; ///< the parent of the watchers
 };

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
-/// What is known of one application, and its own settings.
+/// The properties of one application, and its settings entries.
 Kirigami.ScrollablePage {
     id: page
 
@@ -33,7 +32,7 @@ Kirigami.ScrollablePage {
 
     Component.onCompleted: describe()
 
-    /// Copies what the page shows: the model makes new objects with each reset.
+    /// Copies the shown values, because the model creates new objects with each reset.
     function describe() {
         const object = ApplicationsModel.objectForPath(filePath)
         if (!object) {
@@ -86,14 +85,15 @@ Kirigami.ScrollablePage {
                 width: parent.width - 2 * x
                 spacing: Kirigami.Units.largeSpacing
 
-                Kirigami.Icon {
+                LocalIcon {
                     implicitWidth: Kirigami.Units.iconSizes.large
                     implicitHeight: implicitWidth
-                    source: page.application.iconId
+                    name: page.application.iconId || ""
                     fallback: "application-x-executable"
                 }
                 Kirigami.Heading {
                     Layout.fillWidth: true
+                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     text: page.application.name
                 }

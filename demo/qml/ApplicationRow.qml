@@ -27,7 +27,7 @@ CardRow {
     readonly property var view: ListView.view
     readonly property bool editsAllowlist: ApplicationsModel.filterMode === ApplicationSettingsModel.AllowedOnly
     readonly property bool selected: editsAllowlist ? allowed || alwaysAllowed : autostarted
-    // The service's list of all applications comes without a change of the rows.
+    // The service's list of all applications arrives without a change of the rows.
     readonly property bool notifies: notificationChanges >= 0
         && view.model.data(view.model.index(index, 0), ApplicationSettingsModel.NotificationsEnabledRole) === true
 
@@ -41,14 +41,14 @@ CardRow {
         return section ? section.shortTitle || section.title : ""
     }
 
-    // A tap ends the binding of a button's state, so that it is made anew.
+    // A tap removes the binding of a button's state, so it is set again.
     contentItem: RowLayout {
         spacing: Kirigami.Units.largeSpacing
 
-        Kirigami.Icon {
+        LocalIcon {
             implicitWidth: Kirigami.Units.iconSizes.medium
             implicitHeight: implicitWidth
-            source: row.iconId
+            name: row.iconId
             fallback: "application-x-executable"
         }
         EntryLabel {
@@ -63,7 +63,7 @@ CardRow {
             icon.name: row.notifies ? "notifications" : "notifications-disabled"
             text: qsTrId("settings-bt-notify")
             display: Controls.AbstractButton.IconOnly
-            background: null // the icon tells the state
+            background: null // the icon shows the state
             checkable: true
             checked: row.notifies
             onToggled: {

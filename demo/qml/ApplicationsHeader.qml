@@ -7,7 +7,7 @@ import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
-/// Which selection of applications is edited, whether it counts, and what can be done with all of it.
+/// The switch between the two selections of applications, the one that enables the selection, and edits of all of it.
 Column {
     id: header
 
@@ -31,7 +31,7 @@ Column {
 
     function applyRules() {
         const rules = ["browser", "calendar", "camera", "maps"]
-        // Autostart keeps in its list that it is switched on.
+        // The autostart list itself contains whether it is enabled.
         ApplicationsModel.applyPolicyRules(autostart ? rules.concat("enabledMode") : rules)
     }
 

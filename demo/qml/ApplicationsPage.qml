@@ -5,7 +5,7 @@ import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
-/// The installed applications, and which of them are allowed, start by themselves and may notify.
+/// The installed applications, with switches for those that are allowed, start automatically and may notify.
 Kirigami.ScrollablePage {
     id: page
 
@@ -51,7 +51,7 @@ Kirigami.ScrollablePage {
         ApplicationsModel.getAllowedNotificationsConfig()
     }
 
-    /// Each reading of the property waits for a service: no binding shall do that.
+    /// A read of this property waits for a service, so bindings must not read it.
     function readRestricted() {
         restricted = ApplicationsModel.filterModeEnabled
     }
@@ -77,7 +77,7 @@ Kirigami.ScrollablePage {
         function onFilterModeEnabledChanged() {
             page.readRestricted()
         }
-        // The other mode's switch is another one, which the signal above is not about.
+        // Each mode has its own switch. The signal above is only emitted for the current one.
         function onFilterModeChanged() {
             page.readRestricted()
         }

@@ -4,7 +4,7 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// One row's share of a card with round corners: only the first and the last row show them.
+/// The background of one row of a card. Only the first and the last row have round corners.
 Item {
     id: share
 

@@ -12,7 +12,7 @@ Controls.AbstractButton {
     property alias first: background.first
     property alias last: background.last
     property bool current: false
-    property real textX: 0 // where the row's text begins in its content
+    property real textX: 0 // the position of the row's text in its content
 
     leftPadding: Kirigami.Units.largeSpacing
     rightPadding: Kirigami.Units.largeSpacing

@@ -5,7 +5,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 import org.kde.kirigami 2.19 as Kirigami
 
-/// A card of labelled values. Without rows it is not there.
+/// A card of labelled values. It is hidden without rows.
 Column {
     id: card
 
@@ -15,7 +15,7 @@ Column {
     visible: repeater.count > 0
     spacing: Kirigami.Units.smallSpacing
 
-    Controls.Label {
+    PlainLabel {
         id: headingLabel
         x: Kirigami.Units.largeSpacing
         font.bold: true
@@ -49,7 +49,7 @@ Column {
                         width: Kirigami.Units.gridUnit * 7
                         text: modelData.label
                     }
-                    Controls.Label {
+                    PlainLabel {
                         id: value
                         anchors {
                             left: name.right

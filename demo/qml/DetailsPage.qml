@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// Everything that one entry's registration says.
+/// All keys and values of one entry's registration.
 Kirigami.ScrollablePage {
     id: page
 
@@ -63,7 +62,7 @@ Kirigami.ScrollablePage {
         }, entry.registration.params || {}, [])
     }
 
-    /// What has a label first and in the labels' order, then whatever else a package has put there, but for the hidden.
+    /// Returns the values with labels in the order of the labels, then all other values except the hidden ones.
     function rows(labels, values, hidden) {
         const known = Object.keys(labels).filter(key => values[key] !== undefined)
         const others = Object.keys(values).filter(key => !hidden.concat(known).includes(key))
@@ -89,7 +88,7 @@ Kirigami.ScrollablePage {
 
             EntryIcon {
                 Layout.leftMargin: Kirigami.Units.largeSpacing
-                source: page.entry.icon
+                name: page.entry.icon
             }
             EntryLabel {
                 Layout.fillWidth: true

@@ -6,7 +6,7 @@ import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// Installs, removes and masks registration files while the window follows.
+/// Installs, removes and masks registration files, and sets faults of the services. The window shows the changes.
 Kirigami.OverlayDrawer {
     id: drawer
 
@@ -90,7 +90,7 @@ Kirigami.OverlayDrawer {
                     Layout.leftMargin: Kirigami.Units.largeSpacing
                     Layout.rightMargin: Kirigami.Units.largeSpacing
 
-                    Controls.Label {
+                    PlainLabel {
                         Layout.fillWidth: true
                         wrapMode: Text.Wrap
                         text: modelData

@@ -5,7 +5,7 @@ import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// What an entry looks like in a list, and leads to its page.
+/// A button with the icon and the title of an entry, which opens the entry's page.
 CardRow {
     id: button
 
@@ -19,7 +19,7 @@ CardRow {
         spacing: Kirigami.Units.largeSpacing
 
         EntryIcon {
-            source: button.iconName
+            name: button.iconName
         }
         EntryLabel {
             id: label

@@ -4,16 +4,16 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// An entry's icon in one colour on a tinted tile. Of the icon theme's sizes, this one is drawn for one colour.
+/// An entry's icon in one colour on a tinted tile. The icon theme draws icons of this size for one colour.
 Rectangle {
-    property alias source: icon.source
+    property alias name: icon.name
 
     implicitWidth: Math.round(icon.width * 1.7)
     implicitHeight: implicitWidth
     radius: Kirigami.Units.largeSpacing
     color: Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor, Kirigami.Theme.highlightColor, 0.15)
 
-    Kirigami.Icon {
+    LocalIcon {
         id: icon
         anchors.centerIn: parent
         width: Kirigami.Units.iconSizes.smallMedium

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
 import org.kde.kirigami 2.19 as Kirigami
 
 Item {
@@ -16,7 +15,7 @@ Item {
         id: column
         width: parent.width
 
-        Controls.Label {
+        PlainLabel {
             id: titleLabel
             width: parent.width
             wrapMode: Text.Wrap

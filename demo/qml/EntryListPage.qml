@@ -47,11 +47,11 @@ Kirigami.ScrollablePage {
     ListView {
         id: list
         model: page.entries
-        // Makes all rows at once: a list only estimates the heights of rows that it has not made yet.
+        // Creates all rows at once, because the list only estimates the heights of rows that do not exist yet.
         cacheBuffer: 4000
         currentIndex: applicationWindow().openRow(page.entries, page.column)
         highlightMoveDuration: 0
-        // The row that was tapped stays in sight when its page takes room from the list.
+        // The tapped row stays visible when its page makes the list narrower.
         onWidthChanged: positionViewAtIndex(currentIndex, ListView.Center)
         section.property: "category"
         topMargin: Kirigami.Units.largeSpacing
@@ -72,7 +72,7 @@ Kirigami.ScrollablePage {
         }
     }
 
-    /// What packages have put beside the settings.
+    /// The trees of packages beside the settings.
     Component {
         id: otherTrees
 

@@ -7,7 +7,7 @@ import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
-/// A row of a list of entries, led by the category's name when it is the category's first.
+/// A row of a list of entries. The name of the category is above its first row.
 Column {
     id: row
 
@@ -30,7 +30,7 @@ Column {
         contentItem: RowLayout {
             spacing: Kirigami.Units.smallSpacing
 
-            Controls.Label {
+            PlainLabel {
                 text: row.category
                 font.bold: true
                 color: Kirigami.Theme.linkColor

@@ -5,7 +5,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 import org.kde.kirigami 2.19 as Kirigami
 
-/// Everything that could be a favourite, by kinds.
+/// All entries that can be favourites, by kinds.
 Kirigami.ScrollablePage {
     id: page
 

@@ -6,7 +6,7 @@ import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// An entry that is a favourite or could be one, as its star says.
+/// An entry with a star, which shows and changes whether it is a favourite.
 Controls.Control {
     id: row
 
@@ -25,7 +25,7 @@ Controls.Control {
         spacing: Kirigami.Units.largeSpacing
 
         EntryIcon {
-            source: row.object ? row.object.icon : ""
+            name: row.object ? row.object.icon : ""
         }
         EntryLabel {
             Layout.fillWidth: true

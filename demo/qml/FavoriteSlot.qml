@@ -6,7 +6,7 @@ import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// A place in a view and the favourite in it, which the user can take to another place while the view is editing.
+/// A cell of a view with its favourite, which the user can drag to another cell while the view is editing.
 Item {
     id: slot
 
@@ -54,7 +54,7 @@ Item {
     Controls.AbstractButton {
         id: button
 
-        // Its place, or below the pointer that has taken it.
+        // In its cell, or below the pointer that drags it.
         x: grip.pressed ? grip.pointer.x - grip.hold.x - slot.x : margin
         y: grip.pressed ? grip.pointer.y - grip.hold.y - slot.y : margin
         width: slot.width - 2 * margin
@@ -86,16 +86,16 @@ Item {
 
             EntryIcon {
                 Layout.alignment: Qt.AlignCenter
-                source: slot.object ? slot.object.icon : ""
+                name: slot.object ? slot.object.icon : ""
             }
             ColumnLayout {
                 Layout.fillWidth: true
                 Layout.fillHeight: slot.tile
-                // Icons of titles with one and with two lines are level.
+                // Icons above one and above two lines of text have the same height.
                 Layout.minimumHeight: slot.tile ? Kirigami.Units.gridUnit * 2 : 0
                 spacing: 0
 
-                Controls.Label {
+                PlainLabel {
                     Layout.fillWidth: true
                     Layout.alignment: Qt.AlignTop
                     horizontalAlignment: slot.tile ? Text.AlignHCenter : Text.AlignLeft
@@ -129,7 +129,7 @@ Item {
         anchors.fill: parent
         enabled: slot.editing
         cursorShape: pressed ? Qt.ClosedHandCursor : Qt.OpenHandCursor
-        // The page would scroll.
+        // Otherwise the page would scroll.
         preventStealing: true
         onPressed: mouse => {
             hold = mapToItem(button, mouse.x, mouse.y)

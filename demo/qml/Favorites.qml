@@ -3,7 +3,7 @@
 
 import com.velka.settings 1.0
 
-/// The model, with the key that says whose selection it is.
+/// The model of favourites with the demo's user-modified key.
 FavoritesModel {
     userModifiedKey: "/apps/velka-settings/favoritesUserModified"
 }

@@ -34,7 +34,7 @@ Kirigami.ScrollablePage {
         onTriggered: applicationWindow().openFavoriteChoice(page.column)
     }
 
-    footer: Kirigami.InlineMessage {
+    footer: PlainMessage {
         id: outcome
         objectName: "outcome"
         showCloseButton: true
@@ -96,7 +96,7 @@ Kirigami.ScrollablePage {
             }
             const [type, text] = messages[result]
             outcome.type = type
-            outcome.text = text.arg(title)
+            outcome.plainText = text.arg(title)
             outcome.visible = true
         }
     }

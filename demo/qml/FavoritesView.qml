@@ -4,7 +4,7 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// Favourites as tiles or as rows, all of them at once: the page around it scrolls.
+/// Favourites as tiles or as rows. The view shows all of them, and the page around it scrolls.
 GridView {
     id: grid
 

@@ -11,7 +11,7 @@ Kirigami.ApplicationWindow {
     property bool wide: false
     property bool animated: true
 
-    /// What the top page lists, and how deep.
+    /// The path and the depth of the model of the top page.
     property var topPath: ["system_settings"]
     property int topDepth: 2
     readonly property var applicationsPath: ["applications"]
@@ -51,7 +51,7 @@ Kirigami.ApplicationWindow {
         return tree.objectForPath(path.join("/"))
     }
 
-    /// What a page shows of its entry. A copy: a page that closes may outlive the entry.
+    /// Returns the values of an entry that its page shows. These are copies, because a page may outlive its entry.
     function described(path) {
         const entry = entryAt(path)
         return {
@@ -133,14 +133,14 @@ Kirigami.ApplicationWindow {
         pageStack.get(1).editing = editing
     }
 
-    /// The titles that lead from the top page to the entry at path.
+    /// Returns the titles of the entries between the top page and the entry at path.
     function titlesAbove(path) {
         const above = path.slice(topPath.length, -1).map((name, index) => entryAt(path.slice(0, topPath.length + index + 1)))
         return above.map(entry => entry ? entry.title : "").join(" › ")
     }
 
-    /// Shows the entry at path with the pages above it, as if the user had walked there. Categories have no page of
-    /// their own on that way.
+    /// Shows the entry at path with the pages above it, as if the user had opened them. Categories have no page of
+    /// their own there.
     function showEntry(path, details) {
         pageStack.pop(topPage)
         topPage.flickable.positionViewAtBeginning()
@@ -157,7 +157,7 @@ Kirigami.ApplicationWindow {
         drawer.drawerOpen = open
     }
 
-    /// What a page leaves to the two pages at most that stay in sight before it.
+    /// Returns the width of the pages, at most two, that stay visible before the page in a column.
     function spaceBefore(column) {
         const columns = Math.min(column, 2, Math.floor(pageStack.width / pageStack.defaultColumnWidth) - 1)
         return columns * pageStack.defaultColumnWidth
@@ -168,8 +168,8 @@ Kirigami.ApplicationWindow {
         drawer.list.positionViewAtBeginning()
     }
 
-    /// Scrolls the top page and the drawer. Whether that is the real end: where it is depends on the heights of rows
-    /// that are made on the way there.
+    /// Scrolls the top page and the drawer to their ends. Returns false if an end was only estimated: it depends on the
+    /// heights of rows that are created while the list scrolls.
     function scrollToEnd() {
         return [topPage.flickable, drawer.list].map(scrollListToEnd).every(reached => reached)
     }
@@ -180,19 +180,19 @@ Kirigami.ApplicationWindow {
         return endIsKnown
     }
 
-    /// The page in the column after the given one, null when it is not in sight.
+    /// Returns the page in the column after the given one, null if it is not visible.
     function pageNextTo(column) {
         const isInSight = pageStack.wideMode && column + 1 < pageStack.depth
         return isInSight ? pageStack.get(column + 1) : null
     }
 
-    /// The path of that page, as a string.
+    /// Returns the path of that page as a string.
     function pathNextTo(column) {
         const page = pageNextTo(column)
         return page ? page.path.join("/") : ""
     }
 
-    /// The row of the entry whose page is in the column after that of the entries, -1 without one.
+    /// Returns the row of the entry whose page is in the column after that of the entries, -1 without one.
     function openRow(entries, column) {
         const path = pathNextTo(column)
         for (let row = 0; row < entries.count; ++row) {

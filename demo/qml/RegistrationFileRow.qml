@@ -41,7 +41,7 @@ Controls.Control {
         return qsTrId("settings-la-loading")
     }
 
-    // A tap ends the binding of a button's state, so that it is made anew.
+    // A tap removes the binding of a button's state, so it is set again.
     contentItem: RowLayout {
         spacing: Kirigami.Units.smallSpacing
 

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
 
-Controls.Label {
+PlainLabel {
     wrapMode: Text.Wrap
     opacity: 0.7
 }

@@ -6,7 +6,7 @@ import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// How badly a service answers.
+/// A choice of the fault that a service simulates.
 RowLayout {
     id: row
 
@@ -15,7 +15,7 @@ RowLayout {
 
     spacing: Kirigami.Units.smallSpacing
 
-    Controls.Label {
+    PlainLabel {
         Layout.fillWidth: true
         wrapMode: Text.Wrap
         text: applicationWindow().serviceTitle(row.service)
@@ -24,7 +24,7 @@ RowLayout {
         Layout.preferredWidth: Kirigami.Units.gridUnit * 9
         model: row.faults.map(fault => applicationWindow().faultTitle(fault))
         currentIndex: row.faults.indexOf(serviceFaults.faults[row.service])
-        // A choice ends the binding, so that it is made anew.
+        // A choice removes the binding, so it is set again.
         onActivated: {
             serviceFaults.setFault(row.service, row.faults[index])
             currentIndex = Qt.binding(() => row.faults.indexOf(serviceFaults.faults[row.service]))

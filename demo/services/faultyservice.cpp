@@ -30,9 +30,9 @@ bool FaultyService::isSpoiled()
     if (m_fault == s_slow) {
         QThread::msleep(SlownessMs);
     } else if (m_fault == s_fail) {
-        sendErrorReply(QDBusError::Failed, QStringLiteral("It was told to fail"));
+        sendErrorReply(QDBusError::Failed, QStringLiteral("The fault is set to fail"));
     } else if (m_fault == s_nonsense) {
-        setDelayedReply(true); // else what the method returns would follow
+        setDelayedReply(true); // otherwise the result of the method would be sent
         connection().send(message().createReply(s_nonsense));
     }
     return m_fault == s_fail || m_fault == s_nonsense;

@@ -6,7 +6,7 @@
 #include <QDBusContext>
 #include <QObject>
 
-/// A service that can be told to answer badly.
+/// A service that can simulate faults.
 class FaultyService : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public Q_SLOTS:
     void setFault(const QString &fault);
 
 protected:
-    /// To be asked first by whatever is called. When true, the call has been answered.
+    /// Each method must call this first. If it returns true, the call already has its reply.
     bool isSpoiled();
 
 private:

@@ -8,7 +8,7 @@
 class QObject;
 class QString;
 
-/// Offers the adaptors of @p object on @p bus, then prints the service's name: whoever has started the program may
-/// wait for that line. False, with a warning, when the bus refuses.
+/// Registers the adaptors of @p object and the service on @p bus, then prints the service's name: the program that has
+/// started this one can wait for that line. Returns false, with a warning, if the bus refuses.
 bool publish(QObject *object, const QString &service, const QString &path,
              QDBusConnection bus = QDBusConnection::sessionBus());

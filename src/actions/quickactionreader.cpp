@@ -14,6 +14,8 @@
 #include <QDBusMessage>
 #include <QQmlInfo>
 
+#include <utility>
+
 namespace
 {
 const QString s_service = QStringLiteral("remote-service");
@@ -121,7 +123,7 @@ void QuickActionReader::triggerActionError(const QDBusError &error, const QDBusM
     if (error.type() != QDBusError::ServiceUnknown) {
         return;
     }
-    for (const QVariantMap &action : qAsConst(m_triggeredActions)) {
+    for (const QVariantMap &action : std::as_const(m_triggeredActions)) {
         const QString package = action.value(s_package).toString();
         if (!package.isEmpty() && describes(action, msg)) {
             showStorePage(package);

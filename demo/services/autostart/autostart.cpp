@@ -21,7 +21,7 @@ void Autostart::SetEnabled(int uid, const QString &application, bool enable)
     m_lists.insert(uid, list);
 }
 
-/// What every user begins with, until that is changed.
+/// The list that each user has at first.
 QStringList Autostart::listOf(int uid) const
 {
     return m_lists.value(uid,

@@ -8,7 +8,7 @@
 #include <QHash>
 #include <QStringList>
 
-/// Remembers which applications are to start with each user's session, and starts none.
+/// Stores which applications start with each user's session, and starts none.
 class Autostart : public FaultyService
 {
     Q_OBJECT

@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QVariantMap>
 
-/// What actions of the demo call. Nothing is really done: each call is counted, logged and announced.
+/// The service that actions of the demo call. It does nothing but count, log and announce each call.
 class Maintenance : public QObject, protected QDBusContext
 {
     Q_OBJECT

@@ -7,7 +7,7 @@
 
 #include <QVariantMap>
 
-/// Remembers which applications may notify.
+/// Stores which applications may notify.
 class Notifications : public FaultyService
 {
     Q_OBJECT
@@ -26,5 +26,5 @@ Q_SIGNALS:
 private:
     QVariantMap configOf(const QString &appId) const;
 
-    QVariantMap m_enabled; ///< by application id; true for all others
+    QVariantMap m_enabled; ///< by application id; true for other applications
 };

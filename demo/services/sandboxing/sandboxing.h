@@ -11,7 +11,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-/// Remembers what each user's applications may do, and enforces nothing. Every user begins with the same lists.
+/// Stores what each user's applications may do, and enforces nothing. All users have the same lists at first.
 class Sandboxing : public FaultyService
 {
     Q_OBJECT

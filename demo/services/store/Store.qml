@@ -6,7 +6,7 @@ import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// Appears when somebody asks for a package.
+/// Opens when a program asks for a package.
 Kirigami.ApplicationWindow {
     id: window
 
@@ -43,6 +43,7 @@ Kirigami.ApplicationWindow {
                 }
                 Controls.Label {
                     Layout.fillWidth: true
+                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     text: modelData
                 }

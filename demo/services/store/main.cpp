@@ -61,7 +61,7 @@ int main(int argc, char *argv[])
     auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     WindowPictures pictures(window, parser.value(s_screenshots));
     if (parser.isSet(s_screenshots)) {
-        // Queued: the caller shall not wait for the picture.
+        // Queued, so that the caller does not wait for the picture.
         QObject::connect(
             &client, &StoreClient::asked, &application, [&pictures] { pictures.save(QStringLiteral("store")); },
             Qt::QueuedConnection);

@@ -6,21 +6,21 @@
 #include <QObject>
 #include <QStringList>
 
-/// Remembers which packages it was asked to show.
+/// Stores which packages it was asked to show.
 class StoreClient : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QStringList packages READ packages NOTIFY packagesChanged)
 
 public:
-    QStringList packages() const; ///< the last one first, each once
+    QStringList packages() const; ///< each once, the latest first
 
 public Q_SLOTS:
     void showApp(const QString &package);
 
 Q_SIGNALS:
     void packagesChanged();
-    void asked(); ///< after packagesChanged(), if that has changed at all
+    void asked(); ///< emitted after packagesChanged()
 
 private:
     QStringList m_packages;
