@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "dconftool.h"
+#include "growth.h"
 #include "lateannouncements.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void isFavoriteComparesExactly();
     void isFavoriteReadsTheKey();
     void indexOf();
+    void indexOfFirstRow();
+    void indexOfInLinearTime();
     void adds_data();
     void adds();
     void addsTwice();
@@ -106,6 +109,32 @@ void FavoritesEditingTest::indexOf()
     for (const char *other : {"", "a", "nowhere", "/x", "X"}) {
         QCOMPARE(favorites->indexOf(text(other)), -1);
     }
+}
+
+void FavoritesEditingTest::indexOfFirstRow()
+{
+    storeFavorites(path("b/a/a/c/a"));
+    WatchedFavorites favorites;
+    QCOMPARE(favorites.names(), path("b/a/a/c/a"));
+    QCOMPARE(favorites->indexOf(text("a")), 1);
+}
+
+// Every node on the way to an entry is offered.
+void FavoritesEditingTest::indexOfInLinearTime()
+{
+    const auto find = [](int names) {
+        const QString deepest = text("a") + text("/a").repeated(names - 1);
+        declareSections({deepest});
+        FavoritesModel model;
+        model.setFilter({text("grid_favorites")});
+        model.setShowPotential(true);
+        model.componentComplete();
+        CpuTimer timer;
+        timer.start();
+        const bool found = model.indexOf(deepest) == names - 1 && model.indexOf(deepest + text("/a")) == -1;
+        return found ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(Growth::isLinear(find, 1000));
 }
 
 void FavoritesEditingTest::adds_data()
