@@ -11,6 +11,7 @@ constexpr char CannotReadEntries[] = "Can't read entries file";
 constexpr char CannotParseJson[] = "Can't parse JSON file or file is empty:";
 constexpr char WrongRegistrationFormat[] = "Registration file is in wrong format";
 constexpr char PathMissing[] = "Mandatory field \"path\" missing in entry on file";
+constexpr char MorePathsMissing[] = "more entries without \"path\" in file";
 constexpr char NotInGroup[] = "does not belong to group";
 constexpr char DisabledForGroup[] = "disabled for belonging to group";
 constexpr char CannotReadBlacklist[] = "Can't read favorites blacklist file";

@@ -22,8 +22,9 @@
 
 namespace
 {
-/// The largest size of a file, in bytes for each entry, whose text is kept: the rest of it may be anything.
-constexpr qint64 MaxTextOfEntry = 4096;
+/// The largest size of a file, in bytes for each of its nodes, whose text is kept: the rest of it may be anything.
+constexpr qint64 MaxTextOfNode = 4096;
+constexpr int MaxWarningsOfFile = 1000;
 }
 
 EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, LoadObserver *observer)
@@ -96,16 +97,42 @@ void EntryTree::load(const QString &fileName)
 
 void EntryTree::insertEntries(const FileReport &report)
 {
-    const bool isText = report.content.size() <= MaxTextOfEntry * report.file->entries.size();
-    const NodeData::Entries entries(new FileEntries(report.file->entries, isText ? report.content : QByteArray()));
+    const NodeData::Entries entries(new FileEntries(report.file->entries, report.content));
+    int pathless = 0;
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
         const EntryStatus status = insertEntry(entries, index, report.name, &item);
+        if (status == EntryStatus::Pathless && ++pathless <= MaxWarningsOfFile) {
+            qCWarning(lcSettings) << Messages::PathMissing << report.name;
+        }
         if (m_observer) {
             m_observer->entryRead(report.name, index, status, item);
         }
     }
+    if (pathless > MaxWarningsOfFile) {
+        qCWarning(lcSettings) << pathless - MaxWarningsOfFile << Messages::MorePathsMissing << report.name;
+    }
+    if (m_root->fromFile() == report.name) {
+        TreeItemPrivate::of(m_root.get())->keepEntryAlone(); // it is never unloaded
+    }
+    m_textSizes.insert(report.name, report.content.size());
+    dropTexts(m_index->takeReplaced() + QSet<QString>{report.name});
     entries->forget();
+}
+
+/// Where few nodes are left of a file, lets them keep their entries alone.
+void EntryTree::dropTexts(const QSet<QString> &fileNames)
+{
+    for (const QString &fileName : fileNames) {
+        const QVector<TreeItem *> items = m_index->declaredBy(fileName);
+        if (m_textSizes.value(fileName) <= MaxTextOfNode * items.size()) {
+            continue;
+        }
+        for (const TreeItem *item : items) {
+            TreeItemPrivate::of(item)->keepEntryAlone();
+        }
+        m_textSizes.remove(fileName);
+    }
 }
 
 EntryStatus EntryTree::insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
@@ -113,7 +140,6 @@ EntryStatus EntryTree::insertEntry(const NodeData::Entries &entries, int index, 
 {
     const std::optional<QString> path = pathOfEntry(entries->at(index));
     if (!path) {
-        qCWarning(lcSettings) << Messages::PathMissing << fileName;
         return EntryStatus::Pathless;
     }
     if (m_maskedPaths.contains(*path)) {
@@ -145,6 +171,9 @@ void EntryTree::removeEntries(const QSet<QString> &fileNames, const QSet<QString
 {
     for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
         it = fileNames.contains(it.value()) ? m_maskedEntries.erase(it) : std::next(it);
+    }
+    for (const QString &fileName : fileNames) {
+        m_textSizes.remove(fileName);
     }
     const QVector<QPointer<TreeItem>> items = m_index->removableWith(fileNames);
     prune(items, removable);

@@ -49,6 +49,7 @@ public:
 
 private:
     void insertEntries(const FileReport &report);
+    void dropTexts(const QSet<QString> &fileNames);
     EntryStatus insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
                             const TreeItem **item);
     void maskEntry(const QString &path, const QString &fileName);
@@ -65,6 +66,7 @@ private:
     LoadObserver *const m_observer;
     const std::unique_ptr<FileIndex> m_index; ///< outlives the tree
     const std::unique_ptr<TreeItem> m_root;
+    QHash<QString, qint64> m_textSizes; ///< of the files whose nodes share their text
     QStringList m_knownFiles;
     QSet<QString> m_loadedFiles;
     QSet<QString> m_outlivedFiles; ///< unloaded, but some of their nodes stayed for their children

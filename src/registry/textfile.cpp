@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr qint64 MaxSize = (1 << 30) - 1; // a byte array can have twice as much
+constexpr qint64 MaxSize = 64 << 20; // parsed, it can take eight times as much
 }
 
 std::optional<QByteArray> readTextFile(const QString &path)
