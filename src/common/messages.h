@@ -8,6 +8,7 @@ namespace Messages
 {
 constexpr char ParsingFile[] = "void PluginRegistry::addEntriesForFile(const QString&)";
 constexpr char CannotReadEntries[] = "Can't read entries file";
+constexpr char TryingAgain[] = "Can't read all entries files, trying again:";
 constexpr char CannotParseJson[] = "Can't parse JSON file or file is empty:";
 constexpr char WrongRegistrationFormat[] = "Registration file is in wrong format";
 constexpr char PathMissing[] = "Mandatory field \"path\" missing in entry on file";

@@ -14,6 +14,7 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 class FileIndex;
 class LoadObserver;
@@ -37,6 +38,9 @@ public:
 
     /// Unloads the files that left the directory and loads the new ones. Returns whether there were any.
     bool scan();
+    /// Returns whether there is something that could not be read because descriptors or memory were short: scan() is to
+    /// be called again.
+    bool isShort() const;
     void load(const QString &fileName);
     void unload(const QSet<QString> &fileNames);
     /// Looks for each name once, also when there is no such catalog.
@@ -44,10 +48,14 @@ public:
 
     /// Sets the paths of entries that load() leaves out.
     void setMasked(const QSet<QString> &paths);
-    /// The same, and reloads the files that are affected. Returns whether there were any.
+    /// The same, and reloads the files that are affected. Returns whether there were any. If descriptors or memory are
+    /// short, the next scan() does it.
     bool changeMasked(const QSet<QString> &paths);
 
 private:
+    bool isReadLater(const QString &shortage);
+    FileReport read(const QString &fileName) const;
+    void insert(const FileReport &report);
     void insertEntries(const FileReport &report);
     void dropTexts(const QSet<QString> &fileNames);
     EntryStatus insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
@@ -71,6 +79,8 @@ private:
     QSet<QString> m_loadedFiles;
     QSet<QString> m_outlivedFiles; ///< unloaded, but some of their nodes stayed for their children
     QSet<QString> m_maskedPaths;
+    std::optional<QSet<QString>> m_postponedMasked; ///< to take the place of m_maskedPaths
+    bool m_isShort = false;
     QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
     QHash<QString, QTranslator *> m_translators;
 };

@@ -6,7 +6,7 @@
 #include "common/constants.h"
 #include "common/logging.h"
 #include "registry/entrytree.h"
-#include "registry/favoritesblacklist.h"
+#include "registry/storedblacklist.h"
 #include "registry/treeitem.h"
 
 #include <mgconfitem.h>
@@ -39,7 +39,7 @@ PluginRegistry::PluginRegistry(QObject *parent)
     , m_entries(std::make_unique<EntryTree>(EntrySources::ofSystem(), this))
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
     , m_scanTimer(this)
-    , m_favoritesBlacklist(readFavoritesBlacklist())
+    , m_favoritesBlacklist(new StoredBlacklist(this))
 {
     // Unlike later values, the first one masks blacklisted paths, too.
     m_entries->setMasked(toSet(m_maskedItem->value().toStringList()));
@@ -79,9 +79,7 @@ void PluginRegistry::loadTranslationCatalog(const QString &catalog)
 
 void PluginRegistry::monitoredDirectoryChanged()
 {
-    if (m_entries->scan()) {
-        Q_EMIT contentChanged();
-    }
+    finishBatch(m_entries->scan());
     if (lcSettings().isInfoEnabled()) {
         m_entries->root()->dumpTree(0);
     }
@@ -89,8 +87,21 @@ void PluginRegistry::monitoredDirectoryChanged()
 
 void PluginRegistry::maskedSettingsChanged()
 {
+    if (!m_favoritesBlacklist->isRead()) {
+        connect(m_favoritesBlacklist, &StoredBlacklist::readLate, this, &PluginRegistry::maskedSettingsChanged,
+                Qt::UniqueConnection);
+        return;
+    }
     const QSet<QString> masked = toSet(m_maskedItem->value().toStringList());
-    if (m_entries->changeMasked(masked - m_favoritesBlacklist)) {
+    finishBatch(m_entries->changeMasked(masked - m_favoritesBlacklist->paths()));
+}
+
+void PluginRegistry::finishBatch(bool isChanged)
+{
+    if (m_entries->isShort()) {
+        m_scanTimer.start();
+    }
+    if (isChanged) {
         Q_EMIT contentChanged();
     }
 }
