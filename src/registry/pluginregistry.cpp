@@ -5,6 +5,7 @@
 
 #include "common/constants.h"
 #include "common/logging.h"
+#include "registry/directoryfollower.h"
 #include "registry/entrytree.h"
 #include "registry/storedblacklist.h"
 #include "registry/treeitem.h"
@@ -50,9 +51,10 @@ PluginRegistry::PluginRegistry(QObject *parent)
     connect(&m_scanTimer, &QTimer::timeout, this, &PluginRegistry::monitoredDirectoryChanged);
 
     // Watched before it is read, so that no change in between is lost.
-    m_watcher->addPath(Constants::EntriesDirectory);
+    auto *follower = new DirectoryFollower(Constants::EntriesDirectory, m_watcher, this);
     monitoredDirectoryChanged();
     connect(m_watcher, &QFileSystemWatcher::directoryChanged, &m_scanTimer, qOverload<>(&QTimer::start));
+    connect(follower, &DirectoryFollower::changed, &m_scanTimer, qOverload<>(&QTimer::start));
 }
 
 PluginRegistry::~PluginRegistry() = default;
