@@ -3,6 +3,7 @@
 
 #include "common/messages.h"
 #include "dconftool.h"
+#include "growth.h"
 #include "lateannouncements.h"
 #include "messagelog.h"
 #include "registry/pluginregistry.h"
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void isFavoriteComparesExactly();
     void isFavoriteReadsTheKey();
     void indexOf();
+    void indexOfFirstRow();
+    void indexOfInLinearTime();
     void adds_data();
     void adds();
     void addsTwice();
@@ -109,6 +112,32 @@ void FavoritesEditingTest::indexOf()
     for (const char *other : {"", "a", "nowhere", "/x", "X"}) {
         QCOMPARE(favorites->indexOf(text(other)), -1);
     }
+}
+
+void FavoritesEditingTest::indexOfFirstRow()
+{
+    storeFavorites(path("b/a/a/c/a"));
+    WatchedFavorites favorites;
+    QCOMPARE(favorites.names(), path("b/a/a/c/a"));
+    QCOMPARE(favorites->indexOf(text("a")), 1);
+}
+
+// Every node on the way to an entry is offered.
+void FavoritesEditingTest::indexOfInLinearTime()
+{
+    const auto find = [](int names) {
+        const QString deepest = text("a") + text("/a").repeated(names - 1);
+        declareSections({deepest});
+        FavoritesModel model;
+        model.setFilter({text("grid_favorites")});
+        model.setShowPotential(true);
+        model.componentComplete();
+        CpuTimer timer;
+        timer.start();
+        const bool found = model.indexOf(deepest) == names - 1 && model.indexOf(deepest + text("/a")) == -1;
+        return found ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(Growth::isLinear(find, 1000));
 }
 
 void FavoritesEditingTest::adds_data()

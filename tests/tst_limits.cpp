@@ -30,9 +30,17 @@ private Q_SLOTS:
     void nesting_data();
     void nesting();
     void nestedObjects();
-    void hundredMegabytes();
-    void tooLarge();
+    void sixtyMegabytes();
+    void size_data();
+    void size();
+    void warningsOfOneFile_data();
+    void warningsOfOneFile();
+    void warningsAreCountedForEachFile();
     void junkIsNotKept();
+    void refusedEntriesAreNotKept();
+    void replacedEntriesAreNotKept_data();
+    void replacedEntriesAreNotKept();
+    void entryOfRootIsKeptAlone();
     void unloadedFileIsNotKept();
     void catalogElsewhere_data();
     void catalogElsewhere();
@@ -43,6 +51,7 @@ private Q_SLOTS:
 namespace
 {
 const QString s_file = QStringLiteral("x.json");
+const QString s_pathMissing = settingsWarning("Mandatory field \"path\" missing in entry on file", s_file);
 
 int statusKiB(const char *field)
 {
@@ -86,6 +95,12 @@ QByteArray fileOfSize(int size)
                 + "\", \"title\": \"" + title + "\"},";
     }
     return json + "{\"path\": \"last\"}]}";
+}
+
+/// @p count entries without a path, and one with a path.
+QByteArray fileOfBadEntries(int count)
+{
+    return "{\"entries\": [" + QByteArray("0,").repeated(count) + "{\"path\": \"last\"}]}";
 }
 
 struct Load {
@@ -184,32 +199,82 @@ void LimitsTest::nestedObjects()
     QCOMPARE(value, QVariant(QVariantMap()));
 }
 
-void LimitsTest::hundredMegabytes()
+void LimitsTest::sixtyMegabytes()
 {
     QVector<Load> halves;
     QVector<Load> wholes;
     const auto time = [&](int megabytes) {
         const Load last = load(megabytes);
-        (megabytes == 50 ? halves : wholes).append(last);
+        (megabytes == 30 ? halves : wholes).append(last);
         qInfo("%d MB: %lld ms, %d KiB, %d KiB kept", megabytes, last.time / 1000000, last.peakKiB, last.keptKiB);
         return last.time;
     };
-    QVERIFY(Growth::isBelow(3, time, 50, 100));
+    QVERIFY(Growth::isBelow(3, time, 30, 60));
     for (int i = 0; i < wholes.size() && !World::KeepsFreedMemory; ++i) {
         QVERIFY(wholes.at(i).peakKiB < 3 * halves.at(i).peakKiB);
-        QVERIFY(wholes.at(i).peakKiB < 4 * 100000);
+        QVERIFY(wholes.at(i).peakKiB < 4 * 60000);
         QVERIFY(halves.at(i).keptKiB < 2048);
         QVERIFY(wholes.at(i).keptKiB < 2048);
     }
 }
 
-void LimitsTest::tooLarge()
+void LimitsTest::size_data()
 {
-    World::writeEntries(s_file, R"({"entries": [{"path": "a"}]})");
-    QVERIFY(QFile::resize(Constants::EntriesDirectory + QLatin1Char('/') + s_file, 1 << 30)); // takes no room
-    QTest::ignoreMessage(QtWarningMsg, qPrintable(text("Can't read entries file \"%1\"").arg(s_file)));
+    QTest::addColumn<int>("size");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("64 MiB") << (64 << 20) << true;
+    QTest::newRow("64 MiB and a byte") << (64 << 20) + 1 << false;
+}
+
+void LimitsTest::size()
+{
+    QFETCH(int, size);
+    QFETCH(bool, accepted);
+    QByteArray json = R"({"entries": [{"path": "a"}]})";
+    json += QByteArray(size - json.size(), ' ');
+    World::writeEntries(s_file, json);
+    const MessageLog log;
     const PluginRegistry registry;
-    QVERIFY(!registry.getItem({text("a")}));
+    QCOMPARE(log.take(),
+             accepted ? QStringList() : QStringList{settingsWarning("Can't read entries file", s_file)});
+    QCOMPARE(registry.getItem({text("a")}) != nullptr, accepted);
+}
+
+void LimitsTest::warningsOfOneFile_data()
+{
+    QTest::addColumn<int>("entries");
+    QTest::addColumn<QString>("rest");
+    QTest::newRow("1,000") << 1000 << QString();
+    QTest::newRow("1,001") << 1001 << text("1");
+    QTest::newRow("half a million") << 500000 << text("499000");
+}
+
+void LimitsTest::warningsOfOneFile()
+{
+    QFETCH(int, entries);
+    QFETCH(QString, rest);
+    World::writeEntries(s_file, fileOfBadEntries(entries));
+    QStringList expected;
+    for (int i = 0; i < 1000; ++i) {
+        expected.append(s_pathMissing);
+    }
+    if (!rest.isEmpty()) {
+        expected.append(text("warning org.orvantaos.settings.framework: ") + rest
+                        + text(" more entries without \"path\" in file \"x.json\""));
+    }
+    const MessageLog log;
+    const PluginRegistry registry;
+    QCOMPARE(log.take(), expected);
+    QVERIFY(registry.getItem({text("last")}));
+}
+
+void LimitsTest::warningsAreCountedForEachFile()
+{
+    World::writeEntries(text("a.json"), fileOfBadEntries(2000));
+    World::writeEntries(s_file, fileOfBadEntries(3));
+    const MessageLog log;
+    const PluginRegistry registry;
+    QCOMPARE(log.take().count(s_pathMissing), 3);
 }
 
 void LimitsTest::junkIsNotKept()
@@ -218,6 +283,56 @@ void LimitsTest::junkIsNotKept()
     const int before = trimmedKiB();
     const PluginRegistry registry;
     QVERIFY(registry.getItem({text("a")}));
+    const int kept = trimmedKiB() - before;
+    QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
+}
+
+void LimitsTest::refusedEntriesAreNotKept()
+{
+    const QByteArray refused = "{\"title\": \"" + QByteArray(4000, 'x') + "\"},";
+    World::writeEntries(s_file, "{\"entries\": [" + refused.repeated(10000) + R"({"path": "a", "title": "A"}]})");
+    const int before = trimmedKiB();
+    const MessageLog log;
+    const PluginRegistry registry;
+    QCOMPARE(registry.getItem({text("a")})->title(), text("A"));
+    QCOMPARE(log.take().size(), 1001);
+    const int kept = trimmedKiB() - before;
+    QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
+}
+
+void LimitsTest::replacedEntriesAreNotKept_data()
+{
+    QTest::addColumn<QByteArray>("other");
+    QTest::newRow("by the same file") << QByteArray();
+    QTest::newRow("by another file") << QByteArray(R"({"entries": [{"path": "a", "title": "A"}]})");
+}
+
+void LimitsTest::replacedEntriesAreNotKept()
+{
+    QFETCH(QByteArray, other);
+    const QByteArray entry = R"({"path": "a", "title": ")" + QByteArray(4000, 'x') + "\"},";
+    const QByteArray last = other.isEmpty() ? R"({"path": "a", "title": "A"},)" : "";
+    World::writeEntries(s_file, "{\"entries\": [" + entry.repeated(10000) + last + R"({"path": "b"}]})");
+    if (!other.isEmpty()) {
+        World::writeEntries(text("y.json"), other);
+    }
+    const int before = trimmedKiB();
+    const PluginRegistry registry;
+    QCOMPARE(registry.getItem({text("a")})->title(), text("A"));
+    QCOMPARE(registry.getItem({text("b")})->fromFile(), s_file);
+    const int kept = trimmedKiB() - before;
+    QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
+}
+
+void LimitsTest::entryOfRootIsKeptAlone()
+{
+    QByteArray json = fileOfSize(40000000);
+    json.replace("\"last\"", "\"/\"");
+    World::writeEntries(s_file, json);
+    const int before = trimmedKiB();
+    PluginRegistry registry;
+    registry.removeEntriesForFile(s_file);
+    QCOMPARE(registry.getItem({})->value(text("path")), QVariant(text("/")));
     const int kept = trimmedKiB() - before;
     QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
 }

@@ -8,9 +8,11 @@ namespace Messages
 {
 constexpr char ParsingFile[] = "void PluginRegistry::addEntriesForFile(const QString&)";
 constexpr char CannotReadEntries[] = "Can't read entries file";
+constexpr char TryingAgain[] = "Can't read all entries files, trying again:";
 constexpr char CannotParseJson[] = "Can't parse JSON file or file is empty:";
 constexpr char WrongRegistrationFormat[] = "Registration file is in wrong format";
 constexpr char PathMissing[] = "Mandatory field \"path\" missing in entry on file";
+constexpr char MorePathsMissing[] = "more entries without \"path\" in file";
 constexpr char NotInGroup[] = "does not belong to group";
 constexpr char DisabledForGroup[] = "disabled for belonging to group";
 constexpr char CannotReadBlacklist[] = "Can't read favorites blacklist file";

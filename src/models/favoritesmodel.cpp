@@ -11,8 +11,8 @@
 #include "models/favoritesfilter.h"
 #include "models/pathlist.h"
 #include "models/rowdifference.h"
-#include "registry/favoritesblacklist.h"
 #include "registry/pluginregistry.h"
+#include "registry/storedblacklist.h"
 #include "registry/toqml.h"
 #include "registry/treeitem.h"
 
@@ -54,9 +54,10 @@ FavoritesModel::FavoritesModel(QObject *parent)
     , m_registry(PluginRegistry::instance())
     , m_changes(this, [this] { resetModel(); })
     , m_key(Constants::FavoritesKey)
-    , m_blacklist(readFavoritesBlacklist())
+    , m_blacklist(new StoredBlacklist(this))
 {
     connect(m_registry, &PluginRegistry::contentChanged, this, &FavoritesModel::resetModel);
+    connect(m_blacklist, &StoredBlacklist::readLate, this, &FavoritesModel::resetModel);
     m_root = m_registry->getItem({});
 }
 
@@ -221,13 +222,8 @@ void FavoritesModel::removeFavorite(const QString &path)
 
 int FavoritesModel::indexOf(const QString &path) const
 {
-    for (int row = 0; row < m_rows.count(); ++row) {
-        const TreeItem *item = m_rows.at(row);
-        if (item && fullPath(item) == path) {
-            return row;
-        }
-    }
-    return -1;
+    // A search of the rows would build the path of each, which is quadratic where they stand below each other.
+    return m_rows.firstRowOf(m_registry->getItem(path.split(QLatin1Char('/'))));
 }
 
 void FavoritesModel::move(int index, int newIndex)
@@ -398,7 +394,7 @@ void FavoritesModel::updatePotentialItems()
     if (!m_complete || !m_showPotential || !m_root) {
         return;
     }
-    const FavoritesFilter filter(m_filter, m_blacklist);
+    const FavoritesFilter filter(m_filter, m_blacklist->paths());
     const auto admits = [&filter](const TreeItem *item) { return filter.admits(item); };
     const QList<TreeItem *> items = m_root->getSubitems(TreeItem::orderLessThan, admits,
                                                         std::numeric_limits<int>::max());
@@ -416,7 +412,7 @@ QList<TreeItem *> FavoritesModel::wantedItems() const
     if (!m_root) {
         return items;
     }
-    const FavoritesFilter filter(m_filter, m_blacklist);
+    const FavoritesFilter filter(m_filter, m_blacklist->paths());
     const QStringList paths = m_favorites->read();
     for (const QString &path : paths) {
         TreeItem *item = m_root->lookup(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));

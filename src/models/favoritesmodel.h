@@ -11,7 +11,6 @@
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QQmlParserStatus>
-#include <QSet>
 #include <QSharedPointer>
 #include <QStringList>
 #include <QVector>
@@ -20,6 +19,7 @@ class FavoritesFilter;
 class MGConfItem;
 class PluginRegistry;
 class QuickActionReader;
+class StoredBlacklist;
 class TreeItem;
 
 /**
@@ -139,7 +139,7 @@ private:
     RowChanges m_changes;
     QString m_key;
     QStringList m_path;
-    const QSet<QString> m_blacklist;
+    StoredBlacklist *const m_blacklist;
     bool m_complete = false;
     bool m_showPotential = false;
 };

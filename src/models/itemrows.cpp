@@ -3,6 +3,8 @@
 
 #include "models/itemrows.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr int MaxSpareSlots = 64;
@@ -30,6 +32,13 @@ int ItemRows::rowOf(const QObject *item) const
 {
     const int slot = m_slotsOf.value(item, -1);
     return slot < 0 ? -1 : slot - removedBefore(slot);
+}
+
+int ItemRows::firstRowOf(const QObject *item) const
+{
+    const QList<int> taken = m_slotsOf.values(item);
+    const auto first = std::min_element(taken.cbegin(), taken.cend());
+    return first == taken.cend() ? -1 : *first - removedBefore(*first);
 }
 
 int ItemRows::countOf(const QObject *item) const

@@ -6,5 +6,6 @@
 #include <QSet>
 #include <QString>
 
-/// readFavoritesBlacklist() for the file at @p path.
-QSet<QString> readBlacklistFile(const QString &path);
+/// readFavoritesBlacklist() for the file at @p path. If it cannot be read because descriptors or memory are short,
+/// @p shortage gets the error's text and nothing is logged.
+QSet<QString> readBlacklistFile(const QString &path, QString *shortage = nullptr);

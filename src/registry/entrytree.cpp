@@ -5,6 +5,7 @@
 
 #include "common/logging.h"
 #include "common/messages.h"
+#include "registry/directorylisting.h"
 #include "registry/fileentries.h"
 #include "registry/fileindex.h"
 #include "registry/filename.h"
@@ -14,16 +15,18 @@
 #include "registry/treeitem_p.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QJsonObject>
 #include <QLocale>
 #include <QPointer>
 #include <QTranslator>
 
+#include <utility>
+
 namespace
 {
-/// The largest size of a file, in bytes for each entry, whose text is kept: the rest of it may be anything.
-constexpr qint64 MaxTextOfEntry = 4096;
+/// The largest size of a file, in bytes for each of its nodes, whose text is kept: the rest of it may be anything.
+constexpr qint64 MaxTextOfNode = 4096;
+constexpr int MaxWarningsOfFile = 1000;
 }
 
 EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, LoadObserver *observer)
@@ -52,7 +55,13 @@ TreeItem *EntryTree::root() const
 
 bool EntryTree::scan()
 {
-    const QStringList listed = QDir(m_sources.entriesDirectory).entryList(QDir::Files);
+    const std::optional<QSet<QString>> masked = std::exchange(m_postponedMasked, std::nullopt);
+    const bool isMaskChanged = masked && changeMasked(*masked);
+    const DirectoryListing listing = listFiles(m_sources.entriesDirectory);
+    if (isReadLater(listing.shortage)) {
+        return isMaskChanged;
+    }
+    const QStringList &listed = listing.files;
     const QSet<QString> present(listed.cbegin(), listed.cend());
     const QSet<QString> known(m_knownFiles.cbegin(), m_knownFiles.cend());
     const QSet<QString> vanished = known - present;
@@ -70,42 +79,104 @@ bool EntryTree::scan()
     if (m_observer) {
         m_observer->scanStarted(added.size());
     }
+    bool isChanged = isMaskChanged || !vanished.isEmpty();
     for (const QString &name : qAsConst(added)) {
+        const FileReport report = read(name);
+        if (isReadLater(report.shortage)) {
+            return isChanged; // the others must not be loaded before it
+        }
         m_knownFiles.append(name);
-        load(name);
+        insert(report);
+        isChanged = true;
     }
-    return !vanished.isEmpty() || !added.isEmpty();
+    m_isShort = m_postponedMasked.has_value();
+    return isChanged;
+}
+
+bool EntryTree::isShort() const
+{
+    return m_isShort;
+}
+
+/// Returns whether there is a @p shortage. The first one since all was read is logged.
+bool EntryTree::isReadLater(const QString &shortage)
+{
+    if (!shortage.isEmpty() && !std::exchange(m_isShort, true)) {
+        qCWarning(lcSettings) << Messages::TryingAgain << shortage;
+    }
+    return !shortage.isEmpty();
 }
 
 void EntryTree::load(const QString &fileName)
+{
+    const FileReport report = read(fileName);
+    if (!report.shortage.isEmpty()) {
+        qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
+        return;
+    }
+    insert(report);
+}
+
+FileReport EntryTree::read(const QString &fileName) const
 {
     qCInfo(lcSettings) << Messages::ParsingFile << "parsing" << fileName;
     const FileReport report = readRegistrationFile(m_sources, fileName);
     if (m_observer) {
         m_observer->fileRead(report);
     }
+    return report;
+}
+
+void EntryTree::insert(const FileReport &report)
+{
     if (report.status != FileStatus::Loaded) {
         return;
     }
     loadCatalog(report.file->translationCatalog);
     loadCatalog(report.file->complementaryTranslationCatalog);
-    m_loadedFiles.insert(fileName);
-    m_outlivedFiles.remove(fileName);
+    m_loadedFiles.insert(report.name);
+    m_outlivedFiles.remove(report.name);
     insertEntries(report);
 }
 
 void EntryTree::insertEntries(const FileReport &report)
 {
-    const bool isText = report.content.size() <= MaxTextOfEntry * report.file->entries.size();
-    const NodeData::Entries entries(new FileEntries(report.file->entries, isText ? report.content : QByteArray()));
+    const NodeData::Entries entries(new FileEntries(report.file->entries, report.content));
+    int pathless = 0;
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
         const EntryStatus status = insertEntry(entries, index, report.name, &item);
+        if (status == EntryStatus::Pathless && ++pathless <= MaxWarningsOfFile) {
+            qCWarning(lcSettings) << Messages::PathMissing << report.name;
+        }
         if (m_observer) {
             m_observer->entryRead(report.name, index, status, item);
         }
     }
+    if (pathless > MaxWarningsOfFile) {
+        qCWarning(lcSettings) << pathless - MaxWarningsOfFile << Messages::MorePathsMissing << report.name;
+    }
+    if (m_root->fromFile() == report.name) {
+        TreeItemPrivate::of(m_root.get())->keepEntryAlone(); // it is never unloaded
+    }
+    m_textSizes.insert(report.name, report.content.size());
+    dropTexts(m_index->takeReplaced() + QSet<QString>{report.name});
     entries->forget();
+}
+
+/// Where few nodes are left of a file, lets them keep their entries alone.
+void EntryTree::dropTexts(const QSet<QString> &fileNames)
+{
+    for (const QString &fileName : fileNames) {
+        const QVector<TreeItem *> items = m_index->declaredBy(fileName);
+        if (m_textSizes.value(fileName) <= MaxTextOfNode * items.size()) {
+            continue;
+        }
+        for (const TreeItem *item : items) {
+            TreeItemPrivate::of(item)->keepEntryAlone();
+        }
+        m_textSizes.remove(fileName);
+    }
 }
 
 EntryStatus EntryTree::insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
@@ -113,7 +184,6 @@ EntryStatus EntryTree::insertEntry(const NodeData::Entries &entries, int index, 
 {
     const std::optional<QString> path = pathOfEntry(entries->at(index));
     if (!path) {
-        qCWarning(lcSettings) << Messages::PathMissing << fileName;
         return EntryStatus::Pathless;
     }
     if (m_maskedPaths.contains(*path)) {
@@ -145,6 +215,9 @@ void EntryTree::removeEntries(const QSet<QString> &fileNames, const QSet<QString
 {
     for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
         it = fileNames.contains(it.value()) ? m_maskedEntries.erase(it) : std::next(it);
+    }
+    for (const QString &fileName : fileNames) {
+        m_textSizes.remove(fileName);
     }
     const QVector<QPointer<TreeItem>> items = m_index->removableWith(fileNames);
     prune(items, removable);
@@ -226,18 +299,29 @@ void EntryTree::setMasked(const QSet<QString> &paths)
 
 bool EntryTree::changeMasked(const QSet<QString> &paths)
 {
+    m_postponedMasked.reset();
     const QSet<QString> reload = filesToReload(paths);
+    // In the order of a scan, so that of two files with one path the same one wins.
+    QStringList fileNames = reload.values();
+    fileNames.sort(Qt::CaseInsensitive);
+    // Read before the first is unloaded, or what cannot be read now would be lost.
+    QVector<FileReport> reports;
+    reports.reserve(fileNames.size());
+    for (const QString &fileName : qAsConst(fileNames)) {
+        reports.append(read(fileName));
+        if (isReadLater(reports.constLast().shortage)) {
+            m_postponedMasked = paths;
+            return false;
+        }
+    }
     m_maskedPaths = paths; // the files are loaded by the new list
     if (reload.isEmpty()) {
         return false;
     }
     // Until they are loaded again, no node goes that outlived its own file: its children come back.
     removeEntries(reload, reload);
-    // In the order of a scan, so that of two files with one path the same one wins.
-    QStringList fileNames = reload.values();
-    fileNames.sort(Qt::CaseInsensitive);
-    for (const QString &fileName : qAsConst(fileNames)) {
-        load(fileName);
+    for (const FileReport &report : qAsConst(reports)) {
+        insert(report);
     }
     prune(m_index->removableWith(m_outlivedFiles), m_outlivedFiles);
     m_outlivedFiles = withNodes(m_outlivedFiles);

@@ -14,6 +14,7 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 class FileIndex;
 class LoadObserver;
@@ -37,6 +38,9 @@ public:
 
     /// Unloads the files that left the directory and loads the new ones. Returns whether there were any.
     bool scan();
+    /// Returns whether there is something that could not be read because descriptors or memory were short: scan() is to
+    /// be called again.
+    bool isShort() const;
     void load(const QString &fileName);
     void unload(const QSet<QString> &fileNames);
     /// Looks for each name once, also when there is no such catalog.
@@ -44,11 +48,16 @@ public:
 
     /// Sets the paths of entries that load() leaves out.
     void setMasked(const QSet<QString> &paths);
-    /// The same, and reloads the files that are affected. Returns whether there were any.
+    /// The same, and reloads the files that are affected. Returns whether there were any. If descriptors or memory are
+    /// short, the next scan() does it.
     bool changeMasked(const QSet<QString> &paths);
 
 private:
+    bool isReadLater(const QString &shortage);
+    FileReport read(const QString &fileName) const;
+    void insert(const FileReport &report);
     void insertEntries(const FileReport &report);
+    void dropTexts(const QSet<QString> &fileNames);
     EntryStatus insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
                             const TreeItem **item);
     void maskEntry(const QString &path, const QString &fileName);
@@ -65,10 +74,13 @@ private:
     LoadObserver *const m_observer;
     const std::unique_ptr<FileIndex> m_index; ///< outlives the tree
     const std::unique_ptr<TreeItem> m_root;
+    QHash<QString, qint64> m_textSizes; ///< of the files whose nodes share their text
     QStringList m_knownFiles;
     QSet<QString> m_loadedFiles;
     QSet<QString> m_outlivedFiles; ///< unloaded, but some of their nodes stayed for their children
     QSet<QString> m_maskedPaths;
+    std::optional<QSet<QString>> m_postponedMasked; ///< to take the place of m_maskedPaths
+    bool m_isShort = false;
     QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
     QHash<QString, QTranslator *> m_translators;
 };

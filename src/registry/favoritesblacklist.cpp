@@ -17,11 +17,13 @@ QSet<QString> readFavoritesBlacklist()
     return readBlacklistFile(Constants::FavoritesBlacklistFile);
 }
 
-QSet<QString> readBlacklistFile(const QString &path)
+QSet<QString> readBlacklistFile(const QString &path, QString *shortage)
 {
-    const std::optional<QByteArray> content = readTextFile(path);
+    const std::optional<QByteArray> content = readTextFile(path, shortage);
     if (!content) {
-        qWarning() << Messages::CannotReadBlacklist << path;
+        if (!shortage || shortage->isEmpty()) {
+            qWarning() << Messages::CannotReadBlacklist << path;
+        }
         return {};
     }
     const QJsonDocument document = QJsonDocument::fromJson(*content);

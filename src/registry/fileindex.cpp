@@ -39,9 +39,24 @@ void FileIndex::remove(TreeItem *item)
     }
 }
 
+void FileIndex::replace(const QString &file)
+{
+    m_replaced.insert(file);
+}
+
+QSet<QString> FileIndex::takeReplaced()
+{
+    return std::exchange(m_replaced, {});
+}
+
 bool FileIndex::contains(const QString &file) const
 {
     return m_declared.contains(file);
+}
+
+QVector<TreeItem *> FileIndex::declaredBy(const QString &file) const
+{
+    return m_declared.value(file);
 }
 
 QVector<QPointer<TreeItem>> FileIndex::removableWith(const QSet<QString> &files) const

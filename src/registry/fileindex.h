@@ -20,11 +20,18 @@ public:
     void add(TreeItem *item);
     void remove(TreeItem *item);
 
+    /// Called before a node of @p file gets other data.
+    void replace(const QString &file);
+    /// Returns the files of replaced data since the last call.
+    QSet<QString> takeReplaced();
+
     bool contains(const QString &file) const; ///< it declared nodes that are in the tree
+    QVector<TreeItem *> declaredBy(const QString &file) const;
     /// Returns the nodes of @p files and the undeclared leaves. Guarded, because removing one may remove others.
     QVector<QPointer<TreeItem>> removableWith(const QSet<QString> &files) const;
 
 private:
     QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
     QSet<TreeItem *> m_undeclaredLeaves;
+    QSet<QString> m_replaced;
 };

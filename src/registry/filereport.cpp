@@ -8,19 +8,29 @@
 #include "registry/entrysources.h"
 #include "registry/textfile.h"
 
+#include <regularfile.h>
+
+#include <cerrno>
+
 FileReport readRegistrationFile(const EntrySources &sources, const QString &fileName)
 {
     FileReport report;
     report.name = fileName;
-    const std::optional<QByteArray> content = readTextFile(sources.entriesDirectory + QLatin1Char('/') + fileName);
+    const std::optional<QByteArray> content = readTextFile(sources.entriesDirectory + QLatin1Char('/') + fileName,
+                                                           &report.shortage);
     if (!content) {
-        qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
+        if (report.shortage.isEmpty()) {
+            qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
+        }
         return report;
     }
     report.content = *content;
     report.file = parseRegistrationFile(report.content, fileName, &report.error);
     if (report.file) {
+        errno = 0;
         report.status = statusByGroups(sources, *report.file);
+        // The access-control library does not report why it finds no group.
+        report.shortage = isShortage(errno) ? qt_error_string(errno) : QString();
     } else {
         const bool isJson = report.error.error == QJsonParseError::NoError;
         report.status = isJson ? FileStatus::NotAnObject : FileStatus::NotJson;

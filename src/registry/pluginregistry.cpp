@@ -5,8 +5,9 @@
 
 #include "common/constants.h"
 #include "common/logging.h"
+#include "registry/directoryfollower.h"
 #include "registry/entrytree.h"
-#include "registry/favoritesblacklist.h"
+#include "registry/storedblacklist.h"
 #include "registry/treeitem.h"
 
 #include <mgconfitem.h>
@@ -39,7 +40,7 @@ PluginRegistry::PluginRegistry(QObject *parent)
     , m_entries(std::make_unique<EntryTree>(EntrySources::ofSystem(), this))
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
     , m_scanTimer(this)
-    , m_favoritesBlacklist(readFavoritesBlacklist())
+    , m_favoritesBlacklist(new StoredBlacklist(this))
 {
     // Unlike later values, the first one masks blacklisted paths, too.
     m_entries->setMasked(toSet(m_maskedItem->value().toStringList()));
@@ -50,9 +51,10 @@ PluginRegistry::PluginRegistry(QObject *parent)
     connect(&m_scanTimer, &QTimer::timeout, this, &PluginRegistry::monitoredDirectoryChanged);
 
     // Watched before it is read, so that no change in between is lost.
-    m_watcher->addPath(Constants::EntriesDirectory);
+    auto *follower = new DirectoryFollower(Constants::EntriesDirectory, m_watcher, this);
     monitoredDirectoryChanged();
     connect(m_watcher, &QFileSystemWatcher::directoryChanged, &m_scanTimer, qOverload<>(&QTimer::start));
+    connect(follower, &DirectoryFollower::changed, &m_scanTimer, qOverload<>(&QTimer::start));
 }
 
 PluginRegistry::~PluginRegistry() = default;
@@ -79,9 +81,7 @@ void PluginRegistry::loadTranslationCatalog(const QString &catalog)
 
 void PluginRegistry::monitoredDirectoryChanged()
 {
-    if (m_entries->scan()) {
-        Q_EMIT contentChanged();
-    }
+    finishBatch(m_entries->scan());
     if (lcSettings().isInfoEnabled()) {
         m_entries->root()->dumpTree(0);
     }
@@ -89,8 +89,21 @@ void PluginRegistry::monitoredDirectoryChanged()
 
 void PluginRegistry::maskedSettingsChanged()
 {
+    if (!m_favoritesBlacklist->isRead()) {
+        connect(m_favoritesBlacklist, &StoredBlacklist::readLate, this, &PluginRegistry::maskedSettingsChanged,
+                Qt::UniqueConnection);
+        return;
+    }
     const QSet<QString> masked = toSet(m_maskedItem->value().toStringList());
-    if (m_entries->changeMasked(masked - m_favoritesBlacklist)) {
+    finishBatch(m_entries->changeMasked(masked - m_favoritesBlacklist->paths()));
+}
+
+void PluginRegistry::finishBatch(bool isChanged)
+{
+    if (m_entries->isShort()) {
+        m_scanTimer.start();
+    }
+    if (isChanged) {
         Q_EMIT contentChanged();
     }
 }

@@ -15,6 +15,7 @@
 class EntryTree;
 class MGConfItem;
 class QFileSystemWatcher;
+class StoredBlacklist;
 class TreeItem;
 
 /**
@@ -63,9 +64,11 @@ private Q_SLOTS:
     void maskedSettingsChanged();
 
 private:
+    void finishBatch(bool isChanged);
+
     QFileSystemWatcher *const m_watcher;
     const std::unique_ptr<EntryTree> m_entries;
     MGConfItem *const m_maskedItem;
     QTimer m_scanTimer;
-    const QSet<QString> m_favoritesBlacklist;
+    StoredBlacklist *const m_favoritesBlacklist;
 };

@@ -9,13 +9,16 @@
 
 namespace
 {
-constexpr qint64 MaxSize = (1 << 30) - 1; // a byte array can have twice as much
+constexpr qint64 MaxSize = 64 << 20; // parsed, it can take eight times as much
 }
 
-std::optional<QByteArray> readTextFile(const QString &path)
+std::optional<QByteArray> readTextFile(const QString &path, QString *shortage)
 {
     FileContent content = readRegularFile(path, MaxSize);
     if (!content.error.isEmpty()) {
+        if (shortage && content.isShortage) {
+            *shortage = content.error;
+        }
         return {};
     }
     // As QIODevice::Text does, at a fraction of its cost

@@ -60,6 +60,9 @@ TreeItem *TreeItemPrivate::insert(const QStringList &path, const NodeData &data)
 void TreeItemPrivate::setData(const NodeData &data)
 {
     leaveIndex();
+    if (m_index && q->isDeclared()) {
+        m_index->replace(q->fromFile());
+    }
     this->data = data;
     if (parent) {
         of(parent)->m_isSorted = false;
