@@ -13,6 +13,7 @@ constexpr char WrongRegistrationFormat[] = "Registration file is in wrong format
 constexpr char PathMissing[] = "Mandatory field \"path\" missing in entry on file";
 constexpr char NotInGroup[] = "does not belong to group";
 constexpr char DisabledForGroup[] = "disabled for belonging to group";
+constexpr char CannotUseCatalog[] = "Can't use translation catalog";
 constexpr char CannotReadBlacklist[] = "Can't read favorites blacklist file";
 constexpr char WrongBlacklistFormat[] = "Favorites blacklist file is in wrong format";
 constexpr char UnknownFilter[] = "Unknown favorites filter type:";

@@ -15,10 +15,10 @@
 
 #include <memory>
 
+class CatalogTranslator;
 class FileIndex;
 class LoadObserver;
 class QObject;
-class QTranslator;
 class TreeItem;
 enum class EntryStatus;
 struct FileReport;
@@ -70,5 +70,6 @@ private:
     QSet<QString> m_outlivedFiles; ///< unloaded, but some of their nodes stayed for their children
     QSet<QString> m_maskedPaths;
     QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
-    QHash<QString, QTranslator *> m_translators;
+    QHash<QString, CatalogTranslator *> m_translators;
+    QSet<QString> m_catalogErrors; ///< that were reported
 };
