@@ -3,6 +3,7 @@
 
 #include "catalogs.h"
 #include "filetrace.h"
+#include "messagelog.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -135,6 +136,7 @@ private Q_SLOTS:
     void localeWithoutEngineeringEnglish();
     void engineeringEnglishWithoutLocale();
     void noCatalogs();
+    void damagedCatalogs();
     void localeOfTheImportCounts();
     void regionGoesBeforeLanguage();
 
@@ -421,6 +423,22 @@ void PluginTest::noCatalogs()
     QCOMPARE(translators.size(), 2);
     QVERIFY(translators.first()->isEmpty());
     QVERIFY(translators.last()->isEmpty());
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("test-both"));
+}
+
+void PluginTest::damagedCatalogs()
+{
+    writeFile(Catalogs::path("settings"), "damaged");
+    writeFile(Catalogs::path("settings-fi"), QByteArray(4096, '\0'));
+    const MessageLog log;
+    const auto engine = makeEngineWithModule();
+    QStringList messages = log.take();
+    messages.sort();
+    const QString reason = QStringLiteral(" because it is damaged, or no compiled catalog");
+    const char warning[] = "Can't use translation catalog";
+    QCOMPARE(messages, (QStringList{settingsWarning(warning, Catalogs::path("settings-fi")) + reason,
+                                    settingsWarning(warning, Catalogs::path("settings")) + reason}));
+    QCOMPARE(translatorCount(*engine), 2);
     QCOMPARE(qtTrId("test-both"), QStringLiteral("test-both"));
 }
 

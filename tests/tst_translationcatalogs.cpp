@@ -3,11 +3,13 @@
 
 #include "catalogs.h"
 #include "filetrace.h"
+#include "messagelog.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "world.h"
 
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QLocale>
@@ -39,6 +41,22 @@ QByteArray file(const QByteArray &keys)
 }
 
 const QByteArray s_sample = file(R"("translation_catalog": "sample")");
+
+/// The warning of a catalog that is there, but not sound.
+QString unusable(const QByteArray &name, const char *reason)
+{
+    return settingsWarning("Can't use translation catalog", Catalogs::path(name)) + QStringLiteral(" because it ")
+           + QString::fromLatin1(reason);
+}
+
+QByteArray compiled(const QString &name)
+{
+    QFile file(QStringLiteral(VELKA_TEST_CATALOGS "/") + name + QStringLiteral(".qm"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("There is no catalog %s", qPrintable(name));
+    }
+    return file.readAll();
+}
 
 QByteArray ownGroup()
 {
@@ -77,6 +95,9 @@ private Q_SLOTS:
     void missingCatalogIsNotTriedAgain();
     void damagedCatalog_data();
     void damagedCatalog();
+    void damagedCatalogIsReportedOnce();
+    void catalogThatDependsOnItself();
+    void catalogThatShrinks();
     void truncatedCatalog();
     void forbiddenCatalog();
     void noReadableFile_data();
@@ -358,13 +379,10 @@ void TranslationCatalogsTest::missingCatalogIsNotTriedAgain()
 void TranslationCatalogsTest::damagedCatalog_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QFile source(QStringLiteral(VELKA_TEST_CATALOGS "/sample-fi.qm"));
-    QVERIFY(source.open(QIODevice::ReadOnly));
-    const QByteArray catalog = source.readAll();
+    const QByteArray catalog = compiled(QStringLiteral("sample-fi"));
     QTest::newRow("empty") << QByteArray("");
     QTest::newRow("text") << QByteArray("no catalog at all\n");
     QTest::newRow("zeros") << QByteArray(4096, '\0');
-    QTest::newRow("header alone") << catalog.left(16);
     QTest::newRow("garbage after the header") << QByteArray(catalog.left(16) + QByteArray(4096, '\xff'));
     QTest::newRow("without its first byte") << catalog.mid(1);
 }
@@ -375,17 +393,53 @@ void TranslationCatalogsTest::damagedCatalog()
     World::writeFile(Catalogs::path("sample-fi"), content);
     Catalogs::install("sample_eng_en", "sample_eng_en");
     World::writeEntries(s_file, s_sample);
+    const MessageLog log;
     const PluginRegistry registry;
     QCOMPARE(translatorCount(registry), 2);
     QCOMPARE(qtTrId("test-both"), QStringLiteral("Both"));
+    QCOMPARE(log.take(), QStringList{unusable("sample-fi", "is damaged, or no compiled catalog")});
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
+}
+
+void TranslationCatalogsTest::damagedCatalogIsReportedOnce()
+{
+    World::writeFile(Catalogs::path("sample-fi"), "damaged");
+    World::writeEntries(QStringLiteral("1.json"), s_sample);
+    World::writeEntries(QStringLiteral("2.json"), s_sample);
+    const MessageLog log;
+    PluginRegistry registry;
+    registry.loadTranslationCatalog(QStringLiteral("sample"));
+    World::removeEntries(QStringLiteral("1.json"));
+    World::rescan(&registry);
+    QCOMPARE(log.take().size(), 1);
+}
+
+void TranslationCatalogsTest::catalogThatDependsOnItself()
+{
+    QByteArray section;
+    QDataStream stream(&section, QIODevice::WriteOnly);
+    const QString name = QStringLiteral("sample-fi");
+    stream << quint8(0x96) << quint32(sizeof(quint32) + sizeof(QChar) * uint(name.size())) << name;
+    World::writeFile(Catalogs::path("sample-fi"), compiled(QStringLiteral("sample-fi")) + section);
+    World::writeEntries(s_file, s_sample);
+    const MessageLog log;
+    const PluginRegistry registry;
+    QCOMPARE(qtTrId("test-both"), s_untranslated);
+    QCOMPARE(log.take(), QStringList{unusable("sample-fi", "depends on itself")});
+}
+
+void TranslationCatalogsTest::catalogThatShrinks()
+{
+    Catalogs::install("sample-fi", "sample-fi");
+    World::writeEntries(s_file, s_sample);
+    const PluginRegistry registry;
+    QVERIFY(QFile::resize(Catalogs::path("sample-fi"), 0));
+    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
 }
 
 void TranslationCatalogsTest::truncatedCatalog()
 {
-    QFile source(QStringLiteral(VELKA_TEST_CATALOGS "/sample-fi.qm"));
-    QVERIFY(source.open(QIODevice::ReadOnly));
-    const QByteArray catalog = source.readAll();
+    const QByteArray catalog = compiled(QStringLiteral("sample-fi"));
     PluginRegistry registry;
     for (int length = 0; length < catalog.size(); ++length) {
         const QByteArray name = "cut" + QByteArray::number(length);

@@ -15,6 +15,7 @@ constexpr char PathMissing[] = "Mandatory field \"path\" missing in entry on fil
 constexpr char MorePathsMissing[] = "more entries without \"path\" in file";
 constexpr char NotInGroup[] = "does not belong to group";
 constexpr char DisabledForGroup[] = "disabled for belonging to group";
+constexpr char CannotUseCatalog[] = "Can't use translation catalog";
 constexpr char CannotReadBlacklist[] = "Can't read favorites blacklist file";
 constexpr char WrongBlacklistFormat[] = "Favorites blacklist file is in wrong format";
 constexpr char UnknownFilter[] = "Unknown favorites filter type:";

@@ -3,8 +3,13 @@
 
 #include "plugin/apptranslator.h"
 
+#include "common/logging.h"
+#include "common/messages.h"
+
 #include <QCoreApplication>
+#include <QDebug>
 #include <QLocale>
+#include <QSet>
 
 AppTranslator::~AppTranslator()
 {
@@ -21,5 +26,11 @@ FrameworkCatalog installFrameworkCatalog(QObject *parent, const QString &directo
 
     engineeringEnglish->load(QStringLiteral("settings_eng_en"), directory);
     localized->load(QLocale(), QStringLiteral("settings"), QStringLiteral("-"), directory);
+    const QSet<QString> errors{engineeringEnglish->error(), localized->error()};
+    for (const QString &error : errors) {
+        if (!error.isEmpty()) {
+            qCWarning(lcSettings) << Messages::CannotUseCatalog << qUtf8Printable(error);
+        }
+    }
     return {engineeringEnglish, localized};
 }

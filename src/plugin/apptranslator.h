@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include <QTranslator>
+#include "registry/catalogtranslator.h"
 
 /// A translator that removes itself from the application when it is deleted.
-class AppTranslator : public QTranslator
+class AppTranslator : public CatalogTranslator
 {
     Q_OBJECT
 
 public:
-    using QTranslator::QTranslator;
+    using CatalogTranslator::CatalogTranslator;
     ~AppTranslator() override;
 };
 

@@ -5,6 +5,7 @@
 
 #include "common/logging.h"
 #include "common/messages.h"
+#include "registry/catalogtranslator.h"
 #include "registry/directorylisting.h"
 #include "registry/fileentries.h"
 #include "registry/fileindex.h"
@@ -18,7 +19,6 @@
 #include <QJsonObject>
 #include <QLocale>
 #include <QPointer>
-#include <QTranslator>
 
 #include <utility>
 
@@ -42,7 +42,7 @@ EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, Loa
 EntryTree::~EntryTree()
 {
     m_root->removeItems([](const TreeItem *) { return true; });
-    for (QTranslator *translator : qAsConst(m_translators)) {
+    for (CatalogTranslator *translator : qAsConst(m_translators)) {
         QCoreApplication::removeTranslator(translator);
         delete translator;
     }
@@ -266,11 +266,11 @@ void EntryTree::loadCatalog(const QString &catalog)
         return;
     }
     const QString &directory = m_sources.translationsDirectory;
-    installCatalog(catalog + QLatin1String("_eng_en"), [&](QTranslator *translator, const QString &name) {
+    installCatalog(catalog + QLatin1String("_eng_en"), [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(name, directory);
     });
     // Installed last, asked first.
-    installCatalog(catalog, [&](QTranslator *translator, const QString &name) {
+    installCatalog(catalog, [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(QLocale(), name, QStringLiteral("-"), directory);
     });
 }
@@ -281,10 +281,16 @@ void EntryTree::installCatalog(const QString &name, const Load &load)
     if (m_translators.contains(name)) {
         return;
     }
-    auto *translator = new QTranslator(m_translatorParent);
+    auto *translator = new CatalogTranslator(m_translatorParent);
     m_translators.insert(name, translator);
     if (isFileName(name)) {
         load(translator, name);
+    }
+    // A file without a suffix can be found under several names.
+    const QString error = translator->error();
+    if (!error.isEmpty() && !m_catalogErrors.contains(error)) {
+        m_catalogErrors.insert(error);
+        qCWarning(lcSettings) << Messages::CannotUseCatalog << qUtf8Printable(error);
     }
     QCoreApplication::installTranslator(translator);
     if (m_observer) {

@@ -16,10 +16,10 @@
 #include <memory>
 #include <optional>
 
+class CatalogTranslator;
 class FileIndex;
 class LoadObserver;
 class QObject;
-class QTranslator;
 class TreeItem;
 enum class EntryStatus;
 struct FileReport;
@@ -82,5 +82,6 @@ private:
     std::optional<QSet<QString>> m_postponedMasked; ///< to take the place of m_maskedPaths
     bool m_isShort = false;
     QMap<QString, QString> m_maskedEntries; ///< masked path -> file that declared it
-    QHash<QString, QTranslator *> m_translators;
+    QHash<QString, CatalogTranslator *> m_translators;
+    QSet<QString> m_catalogErrors; ///< that were reported
 };

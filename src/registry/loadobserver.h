@@ -3,8 +3,8 @@
 
 #pragma once
 
+class CatalogTranslator;
 class QString;
-class QTranslator;
 class TreeItem;
 struct FileReport;
 
@@ -30,5 +30,5 @@ public:
     /// The element @p index of the file's entries. @p item is the node that took its data, null when none did.
     virtual void entryRead(const QString &fileName, int index, EntryStatus status, const TreeItem *item) = 0;
     /// Translators that are installed later are asked first. @p translator is empty when there was nothing to load.
-    virtual void catalogInstalled(const QString &catalog, const QTranslator *translator) = 0;
+    virtual void catalogInstalled(const QString &catalog, const CatalogTranslator *translator) = 0;
 };

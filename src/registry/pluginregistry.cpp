@@ -30,17 +30,32 @@ QSet<QString> toSet(const QStringList &list)
 
 PluginRegistry *PluginRegistry::instance()
 {
-    static auto *const registry = new PluginRegistry;
-    return registry;
+    static PluginRegistry *s_registry = nullptr;
+    if (!s_registry) {
+        s_registry = new PluginRegistry(Unread, nullptr);
+        // The application notifies its objects of each catalog that is installed. They may ask for the registry.
+        s_registry->readEntries();
+    }
+    return s_registry;
 }
 
 PluginRegistry::PluginRegistry(QObject *parent)
+    : PluginRegistry(Unread, parent)
+{
+    readEntries();
+}
+
+PluginRegistry::PluginRegistry(UnreadTag, QObject *parent)
     : QObject(parent)
     , m_watcher(new QFileSystemWatcher(this))
     , m_entries(std::make_unique<EntryTree>(EntrySources::ofSystem(), this))
     , m_maskedItem(new MGConfItem(Constants::MaskedSettingsKey, this))
     , m_scanTimer(this)
     , m_favoritesBlacklist(new StoredBlacklist(this))
+{
+}
+
+void PluginRegistry::readEntries()
 {
     // Unlike later values, the first one masks blacklisted paths, too.
     m_entries->setMasked(toSet(m_maskedItem->value().toStringList()));

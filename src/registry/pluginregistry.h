@@ -32,7 +32,8 @@ class VELKASETTINGS_EXPORT PluginRegistry : public QObject
     Q_OBJECT
 
 public:
-    /// The registry of the process: created on the first call, which reads all files, and never deleted.
+    /// The registry of the process: created on the first call, which reads all files, and never deleted. While that call
+    /// runs, others return the registry with what it has read so far.
     static PluginRegistry *instance();
 
     /// For tests and special programs. All others share instance().
@@ -65,6 +66,9 @@ private Q_SLOTS:
 
 private:
     void finishBatch(bool isChanged);
+    enum UnreadTag { Unread };
+    Q_DECL_HIDDEN PluginRegistry(UnreadTag, QObject *parent);
+    Q_DECL_HIDDEN void readEntries();
 
     QFileSystemWatcher *const m_watcher;
     const std::unique_ptr<EntryTree> m_entries;

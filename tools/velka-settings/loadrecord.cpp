@@ -45,7 +45,7 @@ void LoadRecord::entryRead(const QString &fileName, int index, EntryStatus statu
     m_entries[fileName].append({status, item});
 }
 
-void LoadRecord::catalogInstalled(const QString &catalog, const QTranslator *translator)
+void LoadRecord::catalogInstalled(const QString &catalog, const CatalogTranslator *translator)
 {
     m_catalogs.append({catalog, translator});
 }

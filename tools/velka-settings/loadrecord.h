@@ -21,7 +21,7 @@ public:
     };
     struct Catalog {
         QString name;
-        const QTranslator *translator;
+        const CatalogTranslator *translator;
     };
     using Progress = std::function<void(int done, int total)>;
 
@@ -34,7 +34,7 @@ public:
     void scanStarted(int newFiles) override;
     void fileRead(const FileReport &report) override;
     void entryRead(const QString &fileName, int index, EntryStatus status, const TreeItem *item) override;
-    void catalogInstalled(const QString &catalog, const QTranslator *translator) override;
+    void catalogInstalled(const QString &catalog, const CatalogTranslator *translator) override;
 
 private:
     const Progress m_progress;

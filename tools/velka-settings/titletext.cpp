@@ -4,10 +4,9 @@
 #include "titletext.h"
 
 #include "loadrecord.h"
+#include "registry/catalogtranslator.h"
 #include "registry/titles.h"
 #include "registry/treeitem.h"
-
-#include <QTranslator>
 
 namespace
 {

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/catalogsearch.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+#include <algorithm>
+
+namespace
+{
+/// Returns @p path with the suffix of catalogs, or as it is. Returns an empty string when neither is a readable file.
+QString withOrWithoutSuffix(const QString &path)
+{
+    for (const QString &candidate : {path + QLatin1String(".qm"), path}) {
+        const QFileInfo file(candidate);
+        if (file.isReadable() && file.isFile()) {
+            return candidate;
+        }
+    }
+    return {};
+}
+
+QString pathOf(const QString &name, const QString &directory)
+{
+    if (!QFileInfo(name).isRelative()) {
+        return name;
+    }
+    const bool isComplete = directory.isEmpty() || directory.endsWith(QLatin1Char('/'));
+    return directory + (isComplete ? QString() : QStringLiteral("/")) + name;
+}
+
+/// Returns the languages of the user interface as the names of catalogs spell them, each in lower case as well.
+QStringList languagesOf(const QLocale &locale)
+{
+    QStringList languages;
+    const QStringList names = locale.uiLanguages();
+    for (const QString &name : names) {
+        languages.append(name);
+        if (name != name.toLower()) {
+            languages.append(name.toLower());
+        }
+    }
+    return languages.replaceInStrings(QStringLiteral("-"), QStringLiteral("_"));
+}
+}
+
+QString findCatalog(const QString &name, const QString &directory)
+{
+    const int start = pathOf(name, directory).size() - name.size();
+    QString path = pathOf(name, directory);
+    for (;;) {
+        const QString found = withOrWithoutSuffix(path);
+        const int end = std::max(path.lastIndexOf(QLatin1Char('_')), path.lastIndexOf(QLatin1Char('.')));
+        if (!found.isEmpty() || end <= start) {
+            return found;
+        }
+        path.truncate(end);
+    }
+}
+
+QString findCatalog(const QLocale &locale, const QString &name, const QString &prefix, const QString &directory)
+{
+    const QString path = pathOf(name, directory);
+    const QStringList languages = languagesOf(locale);
+    for (QString language : languages) {
+        for (int end = language.size(); end > 0; end = language.lastIndexOf(QLatin1Char('_'))) {
+            language.truncate(end);
+            const QString found = withOrWithoutSuffix(path + prefix + language);
+            if (!found.isEmpty()) {
+                return found;
+            }
+        }
+    }
+    // Without a language Qt tries no suffix.
+    for (const QString &candidate : {path + prefix, path}) {
+        const QFileInfo file(candidate);
+        if (file.isReadable() && file.isFile()) {
+            return candidate;
+        }
+    }
+    return {};
+}

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <optional>
+
+/// A compiled catalog (.qm) whose structure is sound: QTranslator reads its image without leaving it.
+struct CompiledCatalog {
+    /// Returns whether QTranslator looks for the texts of @p context that are not here in the dependencies.
+    bool leavesToDependencies(const char *context) const;
+
+    QByteArray image; ///< for QTranslator::load(), without the dependencies
+    QByteArray contexts; ///< a hash table of the contexts, empty in most catalogs
+    QStringList dependencies; ///< names of other catalogs
+    bool hasMessages = false;
+};
+
+/// Returns the catalog in @p file, or nothing when any part of it is damaged. Takes time linear in its size.
+std::optional<CompiledCatalog> parseCompiledCatalog(const QByteArray &file);
