@@ -5,8 +5,8 @@
 #include "dconftool.h"
 #include "favoritesedits.h"
 #include "messagelog.h"
+#include "nodescriptors.h"
 #include "text.h"
-#include "useddescriptors.h"
 #include "world.h"
 
 #include <mgconfitem.h>
@@ -116,7 +116,7 @@ void MissingDescriptorsTest::refusesEdits()
         outdateTheDatabase();
     }
     {
-        const UsedDescriptors none;
+        const NoDescriptors none;
         edit(&model);
         QCOMPARE(log.take(), QStringList(refusal()));
         QCOMPARE(model.takeSignals(), QStringList());
@@ -150,7 +150,7 @@ void MissingDescriptorsTest::refusesEditsOfHandlers()
     QFETCH(bool, isOutdated);
     WatchedFavorites model;
     const MessageLog log;
-    std::optional<UsedDescriptors> none;
+    std::optional<NoDescriptors> none;
     const auto connection = connect(&*model, &FavoritesModel::userModifiedChanged, this, [&] {
         if (isOutdated) {
             waitForWrites();
@@ -176,7 +176,7 @@ void MissingDescriptorsTest::keepsTheRowsUntilTheyCanBeRead()
             [&] { fewestRows = std::min(fewestRows, model->count()); });
     store(model->key(), text("['d', 'a']"));
     {
-        const UsedDescriptors none;
+        const NoDescriptors none;
         waitForChange();
         QCOMPARE(model.names(), path("a/b/c"));
     }
@@ -189,7 +189,7 @@ void MissingDescriptorsTest::keepsTheRowsUntilTheyCanBeRead()
 void MissingDescriptorsTest::itemBeginsLater()
 {
     outdateTheDatabase();
-    std::optional<UsedDescriptors> none(std::in_place);
+    std::optional<NoDescriptors> none(std::in_place);
     QTest::ignoreMessage(QtWarningMsg, "MGConfItem: cannot read \"/apps/velka-settings/favorites\" yet");
     const MGConfItem item(WatchedFavorites::keyOfTests());
     QSignalSpy changes(&item, &MGConfItem::valueChanged);

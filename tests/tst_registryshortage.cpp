@@ -81,7 +81,7 @@ public:
         Q_UNUSED(status)
         Q_UNUSED(item)
     }
-    void catalogInstalled(const QString &catalog, const QTranslator *translator) override
+    void catalogInstalled(const QString &catalog, const CatalogTranslator *translator) override
     {
         Q_UNUSED(catalog)
         Q_UNUSED(translator)

@@ -17,7 +17,7 @@ constexpr int MagicLength = sizeof(Magic) - 1;
 enum SectionTag : quint8 {
     Contexts = 0x2f,
     Hashes = 0x42,
-    Messages = 0x69,
+    MessageTexts = 0x69,
     NumerusRules = 0x88,
     Dependencies = 0x96,
 };
@@ -305,7 +305,7 @@ bool CompiledCatalog::leavesToDependencies(const char *context) const
 std::optional<CompiledCatalog> parseCompiledCatalog(const QByteArray &file)
 {
     std::optional<Sections> sections = readSections(file);
-    if (!sections || !areMessages(sections->value(Hashes), sections->value(Messages))
+    if (!sections || !areMessages(sections->value(Hashes), sections->value(MessageTexts))
         || !areContexts(sections->value(Contexts)) || !areNumerusRules(sections->value(NumerusRules))) {
         return {};
     }

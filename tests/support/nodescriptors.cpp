@@ -3,24 +3,42 @@
 
 #include "nodescriptors.h"
 
-#include <fcntl.h>
+#include <QtGlobal>
+
+#include <sys/resource.h>
 #include <unistd.h>
 
-NoDescriptors::NoDescriptors()
+namespace
 {
-    const int free = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    if (free < 0 || getrlimit(RLIMIT_NOFILE, &m_limit) != 0) {
-        qFatal("There is no descriptor to begin with");
+// More than the tests have open. With a limit below what it waits for, poll() fails.
+constexpr rlim_t Limit = 256;
+
+/// Sets the limit of this process and returns the one before.
+rlim_t setLimit(rlim_t limit)
+{
+    rlimit limits = {};
+    getrlimit(RLIMIT_NOFILE, &limits);
+    const rlim_t before = limits.rlim_cur;
+    limits.rlim_cur = limit;
+    if (setrlimit(RLIMIT_NOFILE, &limits) != 0) {
+        qFatal("Cannot limit the descriptors");
     }
-    // All below the first free one are in use: lowered to it, the limit leaves none.
-    close(free);
-    const rlimit lowered{rlim_t(free), m_limit.rlim_max};
-    if (setrlimit(RLIMIT_NOFILE, &lowered) != 0) {
-        qFatal("The limit of descriptors cannot be lowered");
+    return before;
+}
+}
+
+NoDescriptors::NoDescriptors()
+    : m_limit(setLimit(Limit))
+{
+    for (int descriptor = dup(0); descriptor >= 0; descriptor = dup(0)) {
+        m_descriptors.push_back(descriptor);
     }
 }
 
 NoDescriptors::~NoDescriptors()
 {
-    setrlimit(RLIMIT_NOFILE, &m_limit);
+    for (const int descriptor : m_descriptors) {
+        close(descriptor);
+    }
+    setLimit(m_limit);
 }

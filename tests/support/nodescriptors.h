@@ -3,18 +3,18 @@
 
 #pragma once
 
-#include <QtGlobal>
+#include <vector>
 
-#include <sys/resource.h>
-
-/// While it lives, this process can open no file.
+/// Uses up the descriptors of this process while it lives.
 class NoDescriptors
 {
 public:
     NoDescriptors();
     ~NoDescriptors();
-    Q_DISABLE_COPY(NoDescriptors)
+    NoDescriptors(const NoDescriptors &) = delete;
+    NoDescriptors &operator=(const NoDescriptors &) = delete;
 
 private:
-    rlimit m_limit;
+    std::vector<int> m_descriptors;
+    unsigned long m_limit = 0; ///< of this process before
 };
