@@ -119,10 +119,10 @@ void World::profileIsMissing()
     QCOMPARE(spy.count(), 0);
 }
 
-// An even number of changes: there and back, or none, for a write may fail in another thread before it is noticed.
+// The item notifies twice, there and back, or once if another thread has noticed the failure by the first time.
 static bool isReverted(const QSignalSpy &spy, const MGConfItem &item, const QVariant &value)
 {
-    return item.value() == value && spy.count() % 2 == 0;
+    return item.value() == value && spy.count() > 0;
 }
 
 /// Returns whether the shared connection of this process does not end it.
@@ -156,6 +156,7 @@ void World::busDies()
 
     bus.kill();
     for (const QString &lost : {QStringLiteral("lost"), QStringLiteral("lost again")}) {
+        spy.clear();
         item.set(lost);
         QTRY_VERIFY(isReverted(spy, item, QStringLiteral("kept")));
         outliveTheBus();
