@@ -25,7 +25,8 @@ constexpr int CheckpointInterval = 500; ///< operations between checks that wait
 constexpr const char *s_expected[] = {Messages::CannotReadEntries,   Messages::NoApplicationsSection,
                                       Messages::AlwaysAllowedFailed, Messages::NotificationsListFailed,
                                       Messages::PathNotFound,        Messages::AppInfoFailed,
-                                      Messages::NotAdding,           Messages::NoTree};
+                                      Messages::NotAdding,           Messages::TryingAgain,
+                                      Messages::CannotReadFavorites, Messages::NoTree};
 /// The same up to the place that something fills.
 constexpr const char *s_expectedStarts[] = {"Failed to get allowlist for uid",
                                             "Failed to get autostart list for uid",
@@ -54,8 +55,9 @@ void print(const QString &line)
 class Soak
 {
 public:
-    explicit Soak(quint32 seed)
+    Soak(quint32 seed, Mode mode)
         : m_world(seed)
+        , m_mode(mode)
     {
         m_services.reset();
         openAllKinds(&m_world, &m_services);
@@ -66,7 +68,7 @@ public:
     bool operate(const IsOver &isOver)
     {
         while (!isOver()) {
-            ::operate(&m_world, &m_services, &m_pages);
+            ::operate(&m_world, &m_services, &m_pages, m_mode);
             ++m_operations;
             QCoreApplication::processEvents();
             const bool waits = m_operations % CheckpointInterval == 0;
@@ -123,17 +125,18 @@ private:
     }
 
     SoakWorld m_world;
+    const Mode m_mode;
     ApplicationServices m_services;
     Pages m_pages;
     int m_operations = 0;
 };
 
 /// Operates for so many minutes or operations, a part of them to warm up.
-bool run(quint32 seed, std::optional<int> minutes, int operations)
+bool run(quint32 seed, Mode mode, std::optional<int> minutes, int operations)
 {
     QElapsedTimer timer;
     timer.start();
-    Soak soak(seed);
+    Soak soak(seed, mode);
     const Resources start = soak.restAndMeasure();
     print(text("Seed %1\nAt the start:  %2").arg(seed).arg(start.toString()));
 
@@ -175,9 +178,11 @@ int main(int argc, char *argv[])
     parser.setApplicationDescription(
         text("Changes the world of the library at random and checks what it makes of it."));
     parser.addHelpOption();
-    parser.addOptions({{text("minutes"), text("How long it takes."), text("number")},
-                       {text("operations"), text("How much it does otherwise."), text("number"), text("10000")},
-                       {text("seed"), text("To do the same again."), text("number")}});
+    parser.addOptions(
+        {{text("minutes"), text("How long it takes."), text("number")},
+         {text("operations"), text("How much it does otherwise."), text("number"), text("10000")},
+         {text("chaos"), text("Hosts interfere with their models, and services and descriptors fail.")},
+         {text("seed"), text("To do the same again."), text("number")}});
     parser.process(application);
     const quint32 seed = parser.isSet(text("seed")) ? parser.value(text("seed")).toUInt()
                                                     : QRandomGenerator::global()->generate();
@@ -185,6 +190,7 @@ int main(int argc, char *argv[])
     if (parser.isSet(text("minutes"))) {
         minutes = parser.value(text("minutes")).toInt();
     }
+    const Mode mode = parser.isSet(text("chaos")) ? Mode::Chaos : Mode::Usual;
     qInstallMessageHandler(judgeMessage);
-    return run(seed, minutes, parser.value(text("operations")).toInt()) ? EXIT_SUCCESS : EXIT_FAILURE;
+    return run(seed, mode, minutes, parser.value(text("operations")).toInt()) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -12,5 +12,8 @@ class SoakWorld;
 
 using Pages = std::vector<std::unique_ptr<Page>>;
 
-/// Does one thing at random that happens while programs run.
-void operate(SoakWorld *world, ApplicationServices *services, Pages *pages);
+enum class Mode { Usual, Chaos };
+
+/// Does one thing at random that happens while programs run. With chaos, hosts interfere with their models, services
+/// reply with errors, and there are no descriptors now and then.
+void operate(SoakWorld *world, ApplicationServices *services, Pages *pages, Mode mode);

@@ -81,6 +81,16 @@ public:
         }
     }
 
+    void interfere(SoakWorld *world) override
+    {
+        turn(world);
+    }
+
+    QList<QAbstractItemModel *> models() override
+    {
+        return {&m_model};
+    }
+
     QString violation(const SoakWorld &world) const override
     {
         if (!m_replica.isEqual()) {
@@ -138,6 +148,19 @@ public:
             m_model.get(world->below(20));
             m_model.isFavorite(world->somePath());
         }
+    }
+
+    void interfere(SoakWorld *world) override
+    {
+        readAllRoles(m_model);
+        m_model.setFilter(texts({"grid_favorites"}));
+        m_model.setShowPotential(world->chance(50));
+        m_model.setFilter(texts({"grid_favorites", "list_favorites"}));
+    }
+
+    QList<QAbstractItemModel *> models() override
+    {
+        return {&m_model};
     }
 
     QString violation(const SoakWorld &world) const override
@@ -236,6 +259,16 @@ public:
         default:
             tellOfNotifications(text("com.example.App%1").arg(world->below(12)), flag);
         }
+    }
+
+    void interfere(SoakWorld *world) override
+    {
+        use(world);
+    }
+
+    QList<QAbstractItemModel *> models() override
+    {
+        return {&m_model}; // a change of the source in the middle of one of its own breaks any filter
     }
 
     QString violation(const SoakWorld &) const override
@@ -355,6 +388,13 @@ std::unique_ptr<Page> openKind(int kind, SoakWorld *world, ApplicationServices *
         return std::make_unique<SettingsPage>(world);
     }
 }
+}
+
+void Page::interfere(SoakWorld *) {}
+
+QList<QAbstractItemModel *> Page::models()
+{
+    return {};
 }
 
 bool Page::isUpToDate(const SoakWorld &) const

@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <memory>
+
+class QAbstractItemModel;
 
 class ApplicationServices;
 class SoakWorld;
@@ -18,6 +21,9 @@ public:
 
     /// Does at random what its user may do.
     virtual void use(SoakWorld *world) = 0;
+    /// Does at random what a handler of its models' signals may do.
+    virtual void interfere(SoakWorld *world);
+    virtual QList<QAbstractItemModel *> models();
     /// What is wrong with its models, empty if nothing.
     virtual QString violation(const SoakWorld &world) const = 0;
     /// Whether it shows what the world has by now, as far as that comes late.

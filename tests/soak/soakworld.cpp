@@ -5,6 +5,7 @@
 
 #include "common/constants.h"
 #include "dconftool.h"
+#include "nodescriptors.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "text.h"
@@ -142,6 +143,19 @@ void SoakWorld::clear()
 void SoakWorld::addFile()
 {
     writeSomeFile();
+    World::rescan(registry());
+}
+
+void SoakWorld::addFileWithoutDescriptors()
+{
+    TreeItem *root = registry()->getItem({});
+    const QStringList before = World::paths(root);
+    writeSomeFile();
+    {
+        const NoDescriptors none;
+        World::rescan(registry());
+        m_isDamaged = World::paths(root) != before;
+    }
     World::rescan(registry());
 }
 
@@ -333,6 +347,9 @@ void SoakWorld::setFavorites(const QStringList &paths)
 
 QString SoakWorld::violation() const
 {
+    if (m_isDamaged) {
+        return text("The tree changed when there were no descriptors");
+    }
     TreeItem *root = registry()->getItem({});
     const QStringList broken = World::brokenInvariants(root);
     if (!broken.isEmpty()) {

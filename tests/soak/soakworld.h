@@ -31,6 +31,7 @@ public:
     void addFile();
     void removeFile();
     void changeFile(); ///< by removing it, for a file that is rewritten in place is not read again
+    void addFileWithoutDescriptors(); ///< which is read once there are some
     void toggleMask();
     void toggleMaskFromOutside();
     void storeFavoritesFromOutside();
@@ -63,6 +64,7 @@ private:
     QMap<int, QStringList> m_files; ///< number -> declared paths
     QMap<int, int> m_installed; ///< number -> how often it was written
     QStringList m_masked;
+    bool m_isDamaged = false; ///< entries were lost when there were no descriptors
     QStringList m_favorites;
 };
 

@@ -11,6 +11,7 @@ ModelReplica::ModelReplica(const QAbstractItemModel *model, int role)
     , m_rows(readAll())
 {
     connect(model, &QAbstractItemModel::modelReset, this, [this] { m_rows = readAll(); });
+    connect(model, &QAbstractItemModel::layoutChanged, this, [this] { m_rows = readAll(); });
     connect(model, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex &, int first, int last) { insertRows(first, last); });
     connect(model, &QAbstractItemModel::rowsRemoved, this,
