@@ -46,6 +46,8 @@ private:
     const QString m_key;
     const QPointer<MGConfItem> m_item;
     QStringList m_shown;
+    bool
+        m_wasUnreadable; ///< the last time that the item read the key: a device's item may keep nothing since then
     mutable QStringList m_indexed; ///< the list that m_paths was filled from
     mutable QSet<QString> m_paths;
 };
