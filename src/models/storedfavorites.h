@@ -46,8 +46,8 @@ private:
     const QString m_key;
     const QPointer<MGConfItem> m_item;
     QStringList m_shown;
-    bool
-        m_wasUnreadable; ///< the last time that the item read the key: a device's item may keep nothing since then
+    /// There was no descriptor when the value last changed: the item of a device may have read nothing.
+    bool m_wasUnreadable;
     mutable QStringList m_indexed; ///< the list that m_paths was filled from
     mutable QSet<QString> m_paths;
 };
