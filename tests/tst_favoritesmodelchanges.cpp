@@ -42,6 +42,8 @@ private Q_SLOTS:
     void deadNodesAreGoneFromTwoModels();
     void handlersMayChangeTheModel();
     void entriesDieInLinearTime();
+    void oneEntryManyTimesTakesLinearTime_data();
+    void oneEntryManyTimesTakesLinearTime();
 };
 
 void FavoritesModelChangesTest::init()
@@ -362,6 +364,57 @@ void FavoritesModelChangesTest::entriesDieInLinearTime()
         return before == count && model.count() == 0 ? timer.nsecsElapsed() : -1;
     };
     QVERIFY(Growth::isLinear(loseAll, 3000));
+}
+
+void FavoritesModelChangesTest::oneEntryManyTimesTakesLinearTime_data()
+{
+    QTest::addColumn<int>("change");
+    QTest::newRow("remove") << 0;
+    QTest::newRow("move") << 1;
+    QTest::newRow("destroy the entry") << 2;
+    QTest::newRow("show potential ones") << 3;
+    QTest::newRow("store another list") << 4;
+}
+
+void FavoritesModelChangesTest::oneEntryManyTimesTakesLinearTime()
+{
+    QFETCH(int, change);
+    storeUserModified(true);
+    const auto measure = [change](int count) {
+        declareSections(path("a/b"));
+        QStringList paths = path("b");
+        while (paths.size() < count) {
+            paths.append(text("a"));
+        }
+        storeFavorites(paths);
+        CpuTimer timer;
+        timer.start();
+        FavoritesModel model;
+        model.setFilter({text("grid_favorites")});
+        model.setUserModifiedKey(WatchedFavorites::userModifiedKeyOfTests());
+        model.componentComplete();
+        const int before = model.count();
+        switch (change) {
+        case 0:
+            model.removeFavorite(text("a"));
+            break;
+        case 1:
+            model.move(0, 1);
+            model.removeFavorite(text("a"));
+            break;
+        case 2:
+            removeNode(path("a"));
+            break;
+        case 3:
+            model.setShowPotential(true);
+            break;
+        default:
+            storeFavorites(path("b"));
+        }
+        const int expected = change == 3 ? 2 : 1;
+        return before == count && model.count() == expected ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(Growth::isLinear(measure, 1000));
 }
 
 QTEST_GUILESS_MAIN(FavoritesModelChangesTest)

@@ -5,6 +5,7 @@
 // item below takes the place of the platform's in this program; its keys live in memory.
 
 #include "text.h"
+#include "useddescriptors.h"
 #include "watchedfavorites.h"
 #include "world.h"
 
@@ -24,18 +25,25 @@ namespace
 {
 QHash<QString, QVariant> s_values;
 QSet<MGConfItem *> s_items;
+QSet<const MGConfItem *> s_emptyItems; ///< that could not read their keys at the last change
 
-void change(const QString &key, const QVariant &value)
+void announce(const QString &key)
 {
-    if (std::exchange(s_values[key], value) == value) {
-        return;
-    }
     const QSet<MGConfItem *> items = s_items;
     for (MGConfItem *item : items) {
         if (s_items.contains(item) && item->key() == key) {
             Q_EMIT item->valueChanged();
         }
     }
+}
+
+void change(const QString &key, const QVariant &value)
+{
+    if (std::exchange(s_values[key], value) == value) {
+        return;
+    }
+    s_emptyItems.clear();
+    announce(key);
 }
 }
 
@@ -58,7 +66,7 @@ QString MGConfItem::key() const
 
 QVariant MGConfItem::value() const
 {
-    return s_values.value(d->key);
+    return s_emptyItems.contains(this) ? QVariant() : s_values.value(d->key);
 }
 
 QVariant MGConfItem::value(const QVariant &defaultValue) const
@@ -84,6 +92,7 @@ private Q_SLOTS:
     void movedRowDoesNotComeBack();
     void addedRowComesWithTheValue();
     void otherListIsFollowed();
+    void listIsReadAgainBeforeAnEdit();
 
 private:
     static void modifiedOrNot();
@@ -160,6 +169,22 @@ void FavoritesWithLateValuesTest::otherListIsFollowed()
     QCOMPARE(favorites.names(), path("d/b"));
     QTRY_COMPARE(favorites.names(), path("a/c"));
     QVERIFY(favorites.isConsistent());
+}
+
+// An item that reads its key when it is announced only, finds nothing if there is no descriptor then.
+void FavoritesWithLateValuesTest::listIsReadAgainBeforeAnEdit()
+{
+    WatchedFavorites favorites;
+    {
+        const UsedDescriptors none;
+        for (const MGConfItem *item : qAsConst(s_items)) {
+            s_emptyItems.insert(item);
+        }
+        announce(favorites->key());
+    }
+    favorites->addFavorite(text("d"));
+    QTRY_COMPARE(favorites.names(), path("a/b/c/d"));
+    QCOMPARE(storedFavorites(), path("a/b/c/d"));
 }
 
 QTEST_GUILESS_MAIN(FavoritesWithLateValuesTest)

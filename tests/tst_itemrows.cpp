@@ -22,6 +22,7 @@ private Q_SLOTS:
     void deadItemReadsAsNull();
     void randomChangesMatchList();
     void losingAllRowsIsNotQuadratic();
+    void rowsOfOneItemAreNotQuadratic();
 };
 
 namespace
@@ -107,6 +108,7 @@ void ItemRowsTest::randomChangesMatchList()
             QCOMPARE(rows.at(row), expected.at(row));
         }
         for (TreeItem *item : all) {
+            QCOMPARE(rows.countOf(item), expected.count(item));
             const int row = rows.rowOf(item);
             QVERIFY(row < 0 ? !expected.contains(item) : expected.at(row) == item);
         }
@@ -131,6 +133,25 @@ void ItemRowsTest::losingAllRowsIsNotQuadratic()
         return rows.count() == 0 ? timer.nsecsElapsed() : -1;
     };
     QVERIFY(Growth::isLinear(work, 10000));
+}
+
+void ItemRowsTest::rowsOfOneItemAreNotQuadratic()
+{
+    const auto work = [](int count) {
+        const auto items = makeItems(1);
+        ItemRows rows;
+        CpuTimer timer;
+        timer.start();
+        for (int i = 0; i < count; ++i) {
+            rows.append(items.front().get());
+        }
+        while (rows.countOf(items.front().get()) > 1) {
+            rows.removeAt(rows.count() / 2);
+        }
+        rows.removeAt(rows.rowOf(items.front().get()));
+        return rows.count() == 0 ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(Growth::isLinear(work, 5000));
 }
 
 QTEST_GUILESS_MAIN(ItemRowsTest)

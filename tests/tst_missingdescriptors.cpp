@@ -6,6 +6,7 @@
 #include "favoritesedits.h"
 #include "messagelog.h"
 #include "nodescriptors.h"
+#include "privateworld.h"
 #include "text.h"
 #include "world.h"
 
@@ -13,6 +14,7 @@
 
 #include <QDBusConnection>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
@@ -36,11 +38,21 @@ private Q_SLOTS:
     void refusesEditsOfHandlers();
     void keepsTheRowsUntilTheyCanBeRead();
     void itemBeginsLater();
+    void processUsesDconfLater();
 
 private:
     void waitForChange();
 
     int m_changes = 0; ///< that dconf's service has announced
+};
+
+/// Programs that have not used dconf yet: run in processes of their own.
+class UnconnectedWorlds : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstItem();
 };
 
 namespace
@@ -199,5 +211,37 @@ void MissingDescriptorsTest::itemBeginsLater()
     QCOMPARE(item.value(), QVariant(path("a/b/c")));
 }
 
-QTEST_GUILESS_MAIN(MissingDescriptorsTest)
+void MissingDescriptorsTest::processUsesDconfLater()
+{
+    const QTemporaryDir directory;
+    QVERIFY(runInWorld(directory.path(), text("firstItem")));
+}
+
+void UnconnectedWorlds::firstItem()
+{
+    World::writeFile(text("profile"), "user-db:user\n");
+    const PrivateBus bus;
+    std::optional<NoDescriptors> none(std::in_place);
+    QTest::ignoreMessage(QtWarningMsg, "MGConfItem: cannot read \"/test/key\" yet");
+    MGConfItem item(text("/test/key"));
+    QTest::ignoreMessage(QtWarningMsg, "MGConfItem: cannot write \"/test/key\": no descriptor is free");
+    item.set(1);
+    QVERIFY(!item.value().isValid());
+    none.reset();
+    QSignalSpy changes(&item, &MGConfItem::valueChanged);
+    store(item.key(), text("2"));
+    QTRY_COMPARE(changes.count(), 1);
+    QCOMPARE(item.value(), QVariant(2));
+    item.set(3);
+    QTRY_COMPARE(stored(item.key()), QByteArrayLiteral("3"));
+    QCOMPARE(changes.count(), 2);
+}
+
+int main(int argc, char *argv[])
+{
+    MissingDescriptorsTest test;
+    UnconnectedWorlds worlds;
+    return runTest(argc, argv, &test, &worlds);
+}
+
 #include "tst_missingdescriptors.moc"

@@ -12,6 +12,11 @@
 
 #include <dconf.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <optional>
 #include <utility>
@@ -47,10 +52,29 @@ DConfClient *makeClient()
     return dconf_client_new();
 }
 
-/// Returns the one client of this process, which is created on first use and never deleted.
+/// Returns true if as many descriptors are free as connecting takes. GLib ends the process if it cannot create a pipe.
+bool canConnect()
+{
+    constexpr int Needed = 16;
+    std::array<int, Needed> descriptors;
+    std::generate(descriptors.begin(), descriptors.end(), [] { return open("/", O_PATH | O_CLOEXEC); });
+    const bool areFree = descriptors.back() >= 0;
+    for (const int descriptor : descriptors) {
+        if (descriptor >= 0) {
+            close(descriptor);
+        }
+    }
+    return areFree;
+}
+
+/// Returns the one client of this process, which is created on first use and never deleted. Null while it cannot be
+/// created.
 DConfClient *client()
 {
-    static DConfClient *const client = makeClient();
+    static DConfClient *client = nullptr;
+    if (!client && canConnect()) {
+        client = makeClient();
+    }
     return client;
 }
 
@@ -136,6 +160,9 @@ quint64 generation()
 /// Returns false while dconf would find no value because it cannot open its database.
 bool isReadable()
 {
+    if (!client()) {
+        return false;
+    }
     databaseFlag().generation();
     return databaseFlag().canOpenDatabase();
 }
@@ -158,6 +185,7 @@ private:
     static void changed(DConfClient *, const char *prefix, const char *const *changes, const char *tag,
                         MGConfItemPrivate *self);
     bool concerns(const char *prefix, const char *const *changes) const;
+    void watch();
     void updateOnceInATurn();
     void endTurn();
     void updateLater();
@@ -185,8 +213,7 @@ MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
         return;
     }
     // Watch before the first read. Otherwise a change in between would be lost.
-    m_handler = g_signal_connect(client(), "changed", G_CALLBACK(changed), this);
-    dconf_client_watch_fast(client(), m_path.constData());
+    watch();
     if (isReadable()) {
         read();
     } else {
@@ -198,7 +225,7 @@ MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
 
 MGConfItemPrivate::~MGConfItemPrivate()
 {
-    if (m_path.isEmpty()) {
+    if (m_handler == 0) {
         return;
     }
     dconf_client_unwatch_fast(client(), m_path.constData());
@@ -251,6 +278,14 @@ bool MGConfItemPrivate::concerns(const char *prefix, const char *const *changes)
     return false;
 }
 
+void MGConfItemPrivate::watch()
+{
+    if (m_handler == 0 && client()) {
+        m_handler = g_signal_connect(client(), "changed", G_CALLBACK(changed), this);
+        dconf_client_watch_fast(client(), m_path.constData());
+    }
+}
+
 // Others may write faster than handlers of valueChanged() read, and each of them would find another value.
 void MGConfItemPrivate::updateOnceInATurn()
 {
@@ -286,6 +321,7 @@ void MGConfItemPrivate::updateLater()
 void MGConfItemPrivate::update()
 {
     const auto written = std::exchange(m_written, std::nullopt);
+    watch();
     if (!isReadable()) {
         updateLater();
         return;
@@ -346,6 +382,10 @@ void MGConfItem::set(const QVariant &value)
     }
     if (stored && g_variant_get_size(stored.get()) > MaxValueSize) {
         qWarning("MGConfItem: the value of \"%s\" is too large", d->m_path.constData());
+        return;
+    }
+    if (!client()) {
+        qWarning("MGConfItem: cannot write \"%s\": no descriptor is free", d->m_path.constData());
         return;
     }
     // Handlers of valueChanged() run before the write returns, and may delete the item.

@@ -14,7 +14,7 @@ void ItemRows::reset(const QList<TreeItem *> &items)
 {
     clear(items.size());
     for (TreeItem *item : items) {
-        appendSlot({item, item});
+        appendSlot(item, item);
     }
 }
 
@@ -30,7 +30,7 @@ TreeItem *ItemRows::at(int row) const
 
 int ItemRows::rowOf(const QObject *item) const
 {
-    const int slot = m_slotsOf.value(item, -1);
+    const int slot = m_slotsOf.value(item).first;
     return slot < 0 ? -1 : slot - removedBefore(slot);
 }
 
@@ -43,7 +43,7 @@ int ItemRows::firstRowOf(const QObject *item) const
 
 int ItemRows::countOf(const QObject *item) const
 {
-    return m_slotsOf.count(item);
+    return m_slotsOf.value(item).count;
 }
 
 void ItemRows::append(TreeItem *item)
@@ -51,13 +51,13 @@ void ItemRows::append(TreeItem *item)
     if (m_slots.size() > 2 * m_count + MaxSpareSlots) {
         assign(rows());
     }
-    appendSlot({item, item});
+    appendSlot(item, item);
 }
 
 void ItemRows::removeAt(int row)
 {
     const int slot = slotOfRow(row);
-    m_slotsOf.remove(m_slots.at(slot).key, slot);
+    unlink(slot);
     for (int i = slot + 1; i < m_removed.size(); i += i & -i) {
         ++m_removed[i];
     }
@@ -85,7 +85,7 @@ void ItemRows::assign(const QVector<Slot> &rows)
 {
     clear(rows.size());
     for (const Slot &row : rows) {
-        appendSlot(row);
+        appendSlot(row.item, row.key);
     }
 }
 
@@ -100,13 +100,41 @@ void ItemRows::clear(int capacity)
     m_count = 0;
 }
 
-void ItemRows::appendSlot(const Slot &slot)
+void ItemRows::appendSlot(const QPointer<TreeItem> &item, const QObject *key)
 {
-    m_slotsOf.insert(slot.key, m_slots.size());
-    m_slots.append(slot);
+    m_slots.append({item, key});
+    link(m_slots.size() - 1);
     const int end = m_slots.size();
     m_removed.append(removedBefore(end - 1) - removedBefore(end - (end & -end)));
     ++m_count;
+}
+
+void ItemRows::link(int slot)
+{
+    SlotsOfItem &slotsOfItem = m_slotsOf[m_slots.at(slot).key];
+    if (slotsOfItem.first >= 0) {
+        m_slots[slotsOfItem.first].previous = slot;
+    }
+    m_slots[slot].next = slotsOfItem.first;
+    slotsOfItem.first = slot;
+    ++slotsOfItem.count;
+}
+
+void ItemRows::unlink(int slot)
+{
+    const Slot removed = m_slots.at(slot);
+    const auto slotsOfItem = m_slotsOf.find(removed.key);
+    if (removed.previous >= 0) {
+        m_slots[removed.previous].next = removed.next;
+    } else {
+        slotsOfItem->first = removed.next;
+    }
+    if (removed.next >= 0) {
+        m_slots[removed.next].previous = removed.previous;
+    }
+    if (--slotsOfItem->count == 0) {
+        m_slotsOf.erase(slotsOfItem);
+    }
 }
 
 int ItemRows::removedBefore(int slot) const

@@ -31,17 +31,25 @@ private:
     struct Slot {
         QPointer<TreeItem> item;
         const QObject *key; ///< the item, also when it is deleted
+        int previous = -1; ///< of the slots of the same item
+        int next = -1;
+    };
+    struct SlotsOfItem {
+        int first = -1;
+        int count = 0;
     };
 
     QVector<Slot> rows() const;
     void assign(const QVector<Slot> &rows);
     void clear(int capacity);
-    void appendSlot(const Slot &slot);
+    void appendSlot(const QPointer<TreeItem> &item, const QObject *key);
+    void link(int slot);
+    void unlink(int slot);
     int slotOfRow(int row) const;
     int removedBefore(int slot) const;
 
     QVector<Slot> m_slots; ///< those of removed rows, too, until they are many
-    QMultiHash<const QObject *, int> m_slotsOf;
+    QHash<const QObject *, SlotsOfItem> m_slotsOf; ///< without those of removed rows
     /// Fenwick tree over the slots: element i counts the removed ones of the (i & -i) slots that end with slot i - 1.
     QVector<int> m_removed{0};
     int m_count = 0;

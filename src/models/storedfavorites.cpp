@@ -33,6 +33,7 @@ StoredFavorites::StoredFavorites(const QString &key, QObject *owner)
     : m_key(key)
     , m_item(new MGConfItem(key, owner))
     , m_shown(read())
+    , m_wasUnreadable(!openingError().isEmpty())
 {
     connect(m_item, &MGConfItem::valueChanged, this, &StoredFavorites::valueChanged);
 }
@@ -47,7 +48,6 @@ QStringList StoredFavorites::read() const
     return m_item ? m_item->value().toStringList() : readAgain();
 }
 
-// A device's item may keep a value that it could not read at its last change.
 QStringList StoredFavorites::readAgain() const
 {
     return MGConfItem(m_key).value().toStringList();
@@ -100,11 +100,7 @@ std::optional<QStringList> StoredFavorites::edited(const Edit &edit) const
         qCWarning(lcSettings) << Messages::CannotReadFavorites << m_key << error;
         return {};
     }
-    QStringList paths = read();
-    if (paths.isEmpty()) {
-        paths = readAgain();
-    }
-    paths = edit(paths);
+    const QStringList paths = edit(m_wasUnreadable ? readAgain() : read());
     if (!fitsIntoMessage(paths)) {
         qCWarning(lcSettings) << Messages::TooManyFavorites << m_key;
         return {};
@@ -123,6 +119,7 @@ void StoredFavorites::write(const QStringList &paths)
 
 void StoredFavorites::valueChanged()
 {
+    m_wasUnreadable = !openingError().isEmpty();
     QStringList paths = read();
     if (paths != m_shown) {
         m_shown = paths;

@@ -46,6 +46,8 @@ private:
     const QString m_key;
     const QPointer<MGConfItem> m_item;
     QStringList m_shown;
+    /// There was no descriptor when the value last changed: the item of a device may have read nothing.
+    bool m_wasUnreadable;
     mutable QStringList m_indexed; ///< the list that m_paths was filled from
     mutable QSet<QString> m_paths;
 };
