@@ -5,7 +5,7 @@
 // item below takes the place of the platform's in this program; its keys live in memory.
 
 #include "text.h"
-#include "useddescriptors.h"
+#include "nodescriptors.h"
 #include "watchedfavorites.h"
 #include "world.h"
 
@@ -176,7 +176,7 @@ void FavoritesWithLateValuesTest::listIsReadAgainBeforeAnEdit()
 {
     WatchedFavorites favorites;
     {
-        const UsedDescriptors none;
+        const NoDescriptors none;
         for (const MGConfItem *item : qAsConst(s_items)) {
             s_emptyItems.insert(item);
         }

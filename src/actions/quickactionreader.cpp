@@ -5,7 +5,9 @@
 
 #include "actions/callcheck.h"
 #include "common/constants.h"
+#include "common/logtext.h"
 #include "common/messages.h"
+#include "common/printable.h"
 
 #include <mremoteaction.h>
 
@@ -85,8 +87,9 @@ void QuickActionReader::sendRemoteCall(const QVariantMap &action, const char *er
         error = bus.lastError();
     }
     qmlInfo(this) << QString::fromLatin1(Messages::CannotQueueCall)
-                         .arg(call.service(), call.path(), call.interface(), call.member(),
-                              error.name() + QLatin1Char(' ') + error.message());
+                         .arg(printable(call.service()), printable(call.path()), printable(call.interface()),
+                              printable(call.member()),
+                              printable(error.name() + QLatin1Char(' ') + error.message()));
 }
 
 void QuickActionReader::showStorePage(const QString &packageName)
@@ -100,7 +103,7 @@ void QuickActionReader::showStorePage(const QString &packageName)
         error = bus.lastError();
     }
     if (error.isValid()) {
-        qmlInfo(this) << Messages::CannotCallStore << error;
+        qmlInfo(this) << Messages::CannotCallStore << quoted(error);
     }
 }
 
@@ -118,8 +121,8 @@ void QuickActionReader::triggerActionError(const QDBusError &error, const QDBusM
         return;
     }
     qmlInfo(this) << QString::fromLatin1(Messages::CallFailed)
-                         .arg(msg.service(), msg.path(), msg.interface(), msg.member(), error.name(),
-                              error.message());
+                         .arg(printable(msg.service()), printable(msg.path()), printable(msg.interface()),
+                              printable(msg.member()), printable(error.name()), printable(error.message()));
     if (error.type() != QDBusError::ServiceUnknown) {
         return;
     }

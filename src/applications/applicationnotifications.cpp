@@ -7,6 +7,7 @@
 #include "applications/idlist.h"
 #include "applications/notificationsclient.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 
 #include <QPointer>
@@ -60,7 +61,7 @@ void ApplicationNotifications::takeConfig(const QString &applicationId, const QV
     if (config.contains(key)) {
         store(row, applicationId, config.value(key).toBool());
     } else {
-        qCWarning(lcSettings) << Messages::UnknownConfig << config;
+        qCWarning(lcSettings) << Messages::UnknownConfig << quoted(config);
     }
 }
 
@@ -77,7 +78,8 @@ int ApplicationNotifications::rowOf(const QString &applicationId) const
 {
     const int row = m_rows->rowOfApplicationId(applicationId);
     if (row < 0) {
-        qCWarning(lcSettings).noquote() << QString::fromLatin1(Messages::NoApplication).arg(applicationId);
+        qCWarning(lcSettings).noquote()
+            << QString::fromLatin1(Messages::NoApplication).arg(unquoted(applicationId).text);
     }
     return row;
 }

@@ -7,6 +7,7 @@
 #include "applications/autostartclient.h"
 #include "applications/sandboxingclient.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 
 namespace
@@ -98,7 +99,7 @@ void AutostartList::set(const QString &id, bool enabled)
     }
     if (id != s_enabledMode && m_sandboxing->needsPermissions(id)
         && !m_sandboxing->grantPermissions(m_user->uid(), id)) {
-        qCWarning(lcSettings) << Messages::NotAdding << id << Messages::PermissionsNotGranted;
+        qCWarning(lcSettings) << Messages::NotAdding << quoted(id) << Messages::PermissionsNotGranted;
         return;
     }
     m_client->setEnabled(m_user->uid(), id, enabled, [this, id, enabled] { takeChange(id, enabled); });

@@ -6,6 +6,7 @@
 #include "applications/pendingreply.h"
 #include "common/constants.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 
 #include "notificationsconfigproxy.h"
@@ -22,8 +23,8 @@ void NotificationsClient::fetchList(const std::function<void(const std::optional
         const auto reply = replyOf<QVariantMap>(finished);
         if (reply.error.isValid()) {
             // Unlike other errors, by name and message
-            qCWarning(lcSettings) << Messages::NotificationsListFailed << reply.error.name()
-                                  << reply.error.message();
+            qCWarning(lcSettings) << Messages::NotificationsListFailed << quoted(reply.error.name())
+                                  << quoted(reply.error.message());
             handler({});
         } else {
             handler(reply.value);
@@ -34,16 +35,17 @@ void NotificationsClient::fetchList(const std::function<void(const std::optional
 void NotificationsClient::setEnabled(const QString &application, bool enabled,
                                      const std::function<void()> &succeeded)
 {
-    whenFinished(proxy()->setEnabled(application, enabled), parent(),
-                 [application, succeeded](const QDBusPendingCall &reply) {
-                     if (reply.isError()) {
-                         qCWarning(lcSettings).noquote()
-                             << QString::fromLatin1(Messages::NotificationsSetFailed).arg(application)
-                             << reply.error();
-                     } else {
-                         succeeded();
-                     }
-                 });
+    whenFinished(
+        proxy()->setEnabled(application, enabled), parent(),
+        [application, succeeded](const QDBusPendingCall &reply) {
+            if (reply.isError()) {
+                qCWarning(lcSettings).noquote()
+                    << QString::fromLatin1(Messages::NotificationsSetFailed).arg(unquoted(application).text)
+                    << unquoted(reply.error());
+            } else {
+                succeeded();
+            }
+        });
 }
 
 ComKeloNotificationsConfigProxy *NotificationsClient::proxy()

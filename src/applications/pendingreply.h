@@ -4,6 +4,7 @@
 #pragma once
 
 #include "common/logging.h"
+#include "common/logtext.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -66,7 +67,7 @@ void fetch(const QDBusPendingCall &call, QObject *owner, const QString &message,
     whenFinished(call, owner, [message, handler](const QDBusPendingCall &finished) {
         const Reply<Value> reply = replyOf<Value>(finished);
         if (reply.error.isValid()) {
-            qCWarning(lcSettings).noquote() << message << reply.error;
+            qCWarning(lcSettings).noquote() << message << unquoted(reply.error);
         }
         handler(reply.error.isValid() ? std::nullopt : std::make_optional(reply.value));
     });

@@ -7,6 +7,7 @@
 #include "applications/pendingreply.h"
 #include "common/constants.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 
 #include "tarnholddinterface.h"
@@ -73,7 +74,7 @@ bool SandboxingClient::needsPermissions(const QString &application)
     // BLOCKS: the answer decides what is sent next
     const auto reply = replyOf<QVariantMap>(callAndWait(QStringLiteral("GetAppInfo"), application));
     if (reply.error.isValid()) {
-        qCWarning(lcSettings) << Messages::AppInfoFailed << reply.error;
+        qCWarning(lcSettings) << Messages::AppInfoFailed << quoted(reply.error);
         return false;
     }
     const QVariant mode = reply.value.value(QStringLiteral("Mode"));
@@ -88,12 +89,12 @@ bool SandboxingClient::grantPermissions(uint uid, const QString &application)
     }
     // BLOCKS: nothing may be granted while the user would be asked
     if (callAndWait(QStringLiteral("SetShowPrompt"), uid, application, 0).isError()) {
-        qCWarning(lcSettings) << Messages::HidePromptFailed << application << "application";
+        qCWarning(lcSettings) << Messages::HidePromptFailed << quoted(application) << "application";
         return false;
     }
     // BLOCKS: the application is started only with its permissions
     if (callAndWait(QStringLiteral("SetGrantedPermissions"), uid, application, *permissions).isError()) {
-        qCWarning(lcSettings) << Messages::GrantFailed << application << "application";
+        qCWarning(lcSettings) << Messages::GrantFailed << quoted(application) << "application";
         return false;
     }
     return true;

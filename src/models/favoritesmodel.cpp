@@ -6,6 +6,7 @@
 #include "actions/quickactionreader.h"
 #include "common/constants.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 #include "models/entryparams.h"
 #include "models/favoritesfilter.h"
@@ -80,7 +81,7 @@ void FavoritesModel::setFilter(const QStringList &filter)
     }
     const auto unknown = std::find_if_not(filter.cbegin(), filter.cend(), FavoritesFilter::isKind);
     if (unknown != filter.cend()) {
-        qCWarning(lcSettings) << Messages::UnknownFilter << *unknown;
+        qCWarning(lcSettings) << Messages::UnknownFilter << quoted(*unknown);
         return;
     }
     m_filter = filter;
@@ -118,7 +119,7 @@ void FavoritesModel::setPath(const QStringList &path)
     m_path = path;
     m_root = m_registry->getItem(path);
     if (!m_root) {
-        qCWarning(lcSettings) << Messages::PathNotFound << path;
+        qCWarning(lcSettings) << Messages::PathNotFound << quoted(path);
     }
     updatePotentialItems();
     updateItems(m_complete);

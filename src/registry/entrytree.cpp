@@ -4,6 +4,7 @@
 #include "registry/entrytree.h"
 
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 #include "registry/catalogtranslator.h"
 #include "registry/directorylisting.h"
@@ -111,7 +112,7 @@ void EntryTree::load(const QString &fileName)
 {
     const FileReport report = read(fileName);
     if (!report.shortage.isEmpty()) {
-        qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
+        qCWarning(lcSettings) << Messages::CannotReadEntries << quoted(fileName);
         return;
     }
     insert(report);
@@ -119,7 +120,7 @@ void EntryTree::load(const QString &fileName)
 
 FileReport EntryTree::read(const QString &fileName) const
 {
-    qCInfo(lcSettings) << Messages::ParsingFile << "parsing" << fileName;
+    qCInfo(lcSettings) << Messages::ParsingFile << "parsing" << quoted(fileName);
     const FileReport report = readRegistrationFile(m_sources, fileName);
     if (m_observer) {
         m_observer->fileRead(report);
@@ -147,14 +148,14 @@ void EntryTree::insertEntries(const FileReport &report)
         const TreeItem *item = nullptr;
         const EntryStatus status = insertEntry(entries, index, report.name, &item);
         if (status == EntryStatus::Pathless && ++pathless <= MaxWarningsOfFile) {
-            qCWarning(lcSettings) << Messages::PathMissing << report.name;
+            qCWarning(lcSettings) << Messages::PathMissing << quoted(report.name);
         }
         if (m_observer) {
             m_observer->entryRead(report.name, index, status, item);
         }
     }
     if (pathless > MaxWarningsOfFile) {
-        qCWarning(lcSettings) << pathless - MaxWarningsOfFile << Messages::MorePathsMissing << report.name;
+        qCWarning(lcSettings) << pathless - MaxWarningsOfFile << Messages::MorePathsMissing << quoted(report.name);
     }
     if (m_root->fromFile() == report.name) {
         TreeItemPrivate::of(m_root.get())->keepEntryAlone(); // it is never unloaded

@@ -4,6 +4,7 @@
 #include "registry/favoritesblacklist.h"
 
 #include "common/constants.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 #include "registry/blacklistfile.h"
 #include "registry/textfile.h"
@@ -22,17 +23,17 @@ QSet<QString> readBlacklistFile(const QString &path, QString *shortage)
     const std::optional<QByteArray> content = readTextFile(path, shortage);
     if (!content) {
         if (!shortage || shortage->isEmpty()) {
-            qWarning() << Messages::CannotReadBlacklist << path;
+            qWarning() << Messages::CannotReadBlacklist << quoted(path);
         }
         return {};
     }
     const QJsonDocument document = QJsonDocument::fromJson(*content);
     if (document.isNull()) {
-        qWarning() << Messages::CannotParseJson << path;
+        qWarning() << Messages::CannotParseJson << quoted(path);
         return {};
     }
     if (!document.isArray()) {
-        qWarning() << Messages::WrongBlacklistFormat << path;
+        qWarning() << Messages::WrongBlacklistFormat << quoted(path);
         return {};
     }
     QSet<QString> paths;

@@ -4,6 +4,7 @@
 #include "registry/filereport.h"
 
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 #include "registry/entrysources.h"
 #include "registry/textfile.h"
@@ -20,7 +21,7 @@ FileReport readRegistrationFile(const EntrySources &sources, const QString &file
                                                            &report.shortage);
     if (!content) {
         if (report.shortage.isEmpty()) {
-            qCWarning(lcSettings) << Messages::CannotReadEntries << fileName;
+            qCWarning(lcSettings) << Messages::CannotReadEntries << quoted(fileName);
         }
         return report;
     }
@@ -41,11 +42,11 @@ FileReport readRegistrationFile(const EntrySources &sources, const QString &file
 FileStatus statusByGroups(const EntrySources &sources, const RegistrationFile &file)
 {
     if (!file.requiredGroup.isEmpty() && !sources.userHasGroup(file.requiredGroup)) {
-        qCDebug(lcSettings) << sources.userId() << Messages::NotInGroup << file.requiredGroup;
+        qCDebug(lcSettings) << sources.userId() << Messages::NotInGroup << quoted(file.requiredGroup);
         return FileStatus::LacksGroup;
     }
     if (!file.disabledGroup.isEmpty() && sources.userHasGroup(file.disabledGroup)) {
-        qCDebug(lcSettings) << sources.userId() << Messages::DisabledForGroup << file.disabledGroup;
+        qCDebug(lcSettings) << sources.userId() << Messages::DisabledForGroup << quoted(file.disabledGroup);
         return FileStatus::HasGroup;
     }
     return FileStatus::Loaded;

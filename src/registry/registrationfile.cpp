@@ -4,6 +4,7 @@
 #include "registry/registrationfile.h"
 
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 #include "registry/jsonvariant.h"
 
@@ -20,11 +21,11 @@ std::optional<RegistrationFile> parseRegistrationFile(const QByteArray &json, co
 {
     const QJsonDocument document = QJsonDocument::fromJson(json, error);
     if (document.isNull()) {
-        qCWarning(lcSettings) << Messages::CannotParseJson << fileName;
+        qCWarning(lcSettings) << Messages::CannotParseJson << quoted(fileName);
         return {};
     }
     if (!document.isObject()) {
-        qCWarning(lcSettings) << Messages::WrongRegistrationFormat << fileName;
+        qCWarning(lcSettings) << Messages::WrongRegistrationFormat << quoted(fileName);
         return {};
     }
     const QJsonObject object = document.object();

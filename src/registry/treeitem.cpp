@@ -5,6 +5,7 @@
 
 #include "common/constants.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "registry/titles.h"
 #include "registry/treeitem_p.h"
 
@@ -134,8 +135,8 @@ TreeItem *TreeItem::lookup(const QStringList &path)
 {
     TreeItem *item = this;
     for (int level = 0; item && level < path.size(); ++level) {
-        qCInfo(lcSettings) << "lookup item path:" << path.mid(level)
-                           << "child keys:" << item->d->childrenByName.keys();
+        qCInfo(lcSettings) << "lookup item path:" << quoted(path.mid(level))
+                           << "child keys:" << quoted(QStringList(item->d->childrenByName.keys()));
         item = item->d->childrenByName.value(path.at(level));
     }
     return item;
@@ -236,7 +237,8 @@ void TreeItem::dumpTree(int indent) const
     while (!pending.isEmpty()) {
         const Pending next = pending.takeLast();
         if (next.item != this) {
-            qCInfo(lcSettings) << next.indent << "key:" << next.item->d->name << "data:" << next.item->data();
+            qCInfo(lcSettings) << next.indent << "key:" << quoted(next.item->d->name)
+                               << "data:" << quoted(next.item->data());
         }
         for (const TreeItem *child : qAsConst(next.item->d->children)) {
             pending.append({child, next.indent + 1});

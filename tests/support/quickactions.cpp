@@ -3,6 +3,7 @@
 
 #include "quickactions.h"
 
+#include "common/printable.h"
 #include "text.h"
 
 #include <QDBusConnection>
@@ -18,7 +19,7 @@ namespace
 /// @p message, in which a call is told by its names, with those of @p action.
 QString withNames(const char *message, const QVariantMap &action)
 {
-    const auto name = [&action](const char *key) { return action.value(text(key)).toString(); };
+    const auto name = [&action](const char *key) { return printable(action.value(text(key)).toString()); };
     return logged(text(message).arg(name("remote-service"), name("remote-path"), name("remote-interface"),
                                     name("remote-method")));
 }
@@ -51,7 +52,7 @@ QString logged(const QString &message)
 QString failure(const QVariantMap &action, const QString &error)
 {
     return withNames("Failed to send dbus call to: service=%1 path=%2 interface=%3 method=%4. Error was: ", action)
-           + error;
+           + printable(error);
 }
 
 QString unknownFailure(const QString &service)

@@ -4,6 +4,7 @@
 #include "commandline.h"
 
 #include "commands.h"
+#include "common/printable.h"
 
 #include <cstdio>
 
@@ -52,6 +53,6 @@ QString formatOf(const QCommandLineParser &parser)
 int refuse(const CommandSyntax &syntax, const QString &mistake)
 {
     std::fprintf(stderr, "velka-settings %s: %s\nSee velka-settings %s --help.\n", syntax.name,
-                 qUtf8Printable(mistake), syntax.name);
+                 qUtf8Printable(printable(mistake)), syntax.name);
     return Commands::CannotRun;
 }

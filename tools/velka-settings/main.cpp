@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "commands.h"
+#include "common/printable.h"
 
 #include <QCoreApplication>
 
@@ -54,7 +55,7 @@ int main(int argc, char **argv)
         std::begin(s_commands), std::end(s_commands),
         [&](const Command &candidate) { return name == QLatin1String(candidate.name); });
     if (command == std::end(s_commands)) {
-        std::fprintf(stderr, "velka-settings: there is no command \"%s\"\n", qUtf8Printable(name));
+        std::fprintf(stderr, "velka-settings: there is no command \"%s\"\n", qUtf8Printable(printable(name)));
         return Commands::CannotRun;
     }
     return command->run(arguments);

@@ -5,6 +5,7 @@
 
 #include "commands.h"
 #include "common/constants.h"
+#include "common/printable.h"
 #include "progress.h"
 
 #include <mgconfitem.h>
@@ -16,7 +17,7 @@ namespace
 {
 void fail(const QString &message)
 {
-    std::fprintf(stderr, "velka-settings: %s\n", qUtf8Printable(message));
+    std::fprintf(stderr, "velka-settings: %s\n", qUtf8Printable(printable(message)));
 }
 
 /// Returns whether there is no --locale, or the locale exists.

@@ -3,13 +3,14 @@
 
 #include "commandline.h"
 #include "commands.h"
-#include "printable.h"
 #include "readingoptions.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"
 #include "terminal.h"
 #include "treelisting.h"
 #include "values.h"
+
+#include "common/printable.h"
 
 namespace
 {

@@ -3,6 +3,8 @@
 
 #include "terminal.h"
 
+#include "common/printable.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -36,7 +38,7 @@ void Terminal::writeLine(const QString &line) const
 
 void Terminal::writeJson(const QJsonObject &object) const
 {
-    const QByteArray json = QJsonDocument(object).toJson();
+    const QByteArray json = printableJson(QJsonDocument(object).toJson());
     std::fwrite(json.constData(), 1, size_t(json.size()), m_stream);
 }
 

@@ -3,12 +3,13 @@
 
 #include "commandline.h"
 #include "commands.h"
-#include "printable.h"
 #include "problems.h"
 #include "readingoptions.h"
 #include "registry/treeitem.h"
 #include "terminal.h"
 #include "treelisting.h"
+
+#include "common/printable.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

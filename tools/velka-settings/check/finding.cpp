@@ -3,7 +3,7 @@
 
 #include "finding.h"
 
-#include "printable.h"
+#include "common/printable.h"
 
 namespace Check
 {

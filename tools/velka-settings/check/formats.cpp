@@ -3,7 +3,7 @@
 
 #include "formats.h"
 
-#include "printable.h"
+#include "common/printable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -90,7 +90,7 @@ QByteArray toJson(const Report &report, const Severities &severities)
             }
         }
     }
-    return QJsonDocument(array).toJson();
+    return printableJson(QJsonDocument(array).toJson());
 }
 
 QByteArray toJUnit(const Report &report, const Severities &severities, bool strict)

@@ -3,6 +3,8 @@
 
 #include "formats.h"
 
+#include "common/printable.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -73,8 +75,8 @@ QByteArray toSarif(const Report &report, const Severities &severities)
     const QJsonObject run{{QStringLiteral("tool"), QJsonObject{{QStringLiteral("driver"), driver}}},
                           {QStringLiteral("columnKind"), QStringLiteral("utf16CodeUnits")},
                           {QStringLiteral("results"), results(report, severities)}};
-    return QJsonDocument(QJsonObject{{QStringLiteral("version"), QStringLiteral("2.1.0")},
-                                     {QStringLiteral("runs"), QJsonArray{run}}})
-        .toJson();
+    const QJsonObject sarif{{QStringLiteral("version"), QStringLiteral("2.1.0")},
+                            {QStringLiteral("runs"), QJsonArray{run}}};
+    return printableJson(QJsonDocument(sarif).toJson());
 }
 }
