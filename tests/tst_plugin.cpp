@@ -52,7 +52,7 @@ struct Creation {
     QStringList errors;
 };
 
-/// Creates what the QML @p document describes.
+/// Creates the object of the QML @p document.
 Creation create(QQmlEngine &engine, const QString &document)
 {
     QQmlComponent component(&engine);
@@ -78,7 +78,7 @@ std::unique_ptr<QQmlEngine> makeEngineWithModule()
     return engine;
 }
 
-/// The description that QML tools read of the type that the module exports as @p name.
+/// Returns the description, for QML tools, of the type that the module exports as @p name.
 QStringList toolComponents(const QString &name)
 {
     QFile file(QStringLiteral(VELKA_QML_DIR "/com/velka/settings/plugins.qmltypes"));
@@ -128,7 +128,7 @@ private Q_SLOTS:
     void eachEngineHasItsApplicationsModel();
     void eachEngineHasItsTranslators();
     void twoImportsMakeOnePair();
-    void engineMadeAnew();
+    void engineCreatedAgain();
     void translatorsHaveTheirOwnMetaObject();
     void deletedTranslatorLeavesTheApplication();
     void localeWinsOverEngineeringEnglish();
@@ -136,7 +136,7 @@ private Q_SLOTS:
     void engineeringEnglishWithoutLocale();
     void noCatalogs();
     void localeOfTheImportCounts();
-    void regionGoesBeforeLanguage();
+    void regionPrecedesLanguage();
 
     void filesAreReadWithTheFirstModel();
     void catalogsAreLookedUpWithTheEngine();
@@ -231,7 +231,7 @@ void PluginTest::errorsCannotBeCreated()
     const auto engine = makeEngine();
     const Creation creation = create(*engine, s_import + QStringLiteral("SettingsControlError {}"));
     QVERIFY(!creation.object);
-    // What the engine says when it was given no reason
+    // The engine's message without a reason
     QCOMPARE(creation.errors, {QStringLiteral("Element is not creatable.")});
 }
 
@@ -347,7 +347,7 @@ void PluginTest::twoImportsMakeOnePair()
     QCOMPARE(translatorCount(*engine), 2);
 }
 
-void PluginTest::engineMadeAnew()
+void PluginTest::engineCreatedAgain()
 {
     Catalogs::install("sample-fi", "settings-fi");
     for (int i = 0; i < 3; ++i) {
@@ -356,7 +356,7 @@ void PluginTest::engineMadeAnew()
         QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
     }
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
-    // The next engine reads the catalogs that are there by then.
+    // The next engine reads the catalogs that exist then.
     Catalogs::removeAll();
     const auto engine = makeEngineWithModule();
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
@@ -437,7 +437,7 @@ void PluginTest::localeOfTheImportCounts()
     QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
 }
 
-void PluginTest::regionGoesBeforeLanguage()
+void PluginTest::regionPrecedesLanguage()
 {
     QLocale::setDefault(s_austrian);
     Catalogs::install("sample-fi", "settings-de_AT");
@@ -469,7 +469,7 @@ void PluginTest::catalogsAreLookedUpWithTheEngine()
 
 namespace
 {
-/// What the traced runs of this program do: import the module into an engine, and no more than @p document says.
+/// Run by the traced processes: imports the module into an engine and creates the @p document.
 int runDocument(const QString &document)
 {
     QLocale::setDefault(s_austrian);

@@ -12,5 +12,5 @@ class SoakWorld;
 
 using Pages = std::vector<std::unique_ptr<Page>>;
 
-/// Does one thing at random that happens while programs run.
+/// Runs a random operation, such as can happen while programs run.
 void operate(SoakWorld *world, ApplicationServices *services, Pages *pages);
