@@ -24,7 +24,7 @@ DatabaseFlag::~DatabaseFlag()
 quint64 DatabaseFlag::generation()
 {
     if (!m_flag || *m_flag != 0) {
-        // The service removes the file that it has set the byte of: the next write concerns another one.
+        // The service removes a file after it has set its byte. The next write sets that of another file.
         close();
         open();
         ++m_generation;
@@ -39,7 +39,7 @@ void DatabaseFlag::open()
     if (file < 0) {
         return;
     }
-    // The byte behind the flag makes sure that there is memory for it, and shows the service that somebody reads it.
+    // The byte after the flag makes sure that memory is allocated for it, and shows the service that it has a reader.
     if (pwrite(file, "", 1, FlagSize) == 1) {
         void *memory = mmap(nullptr, FlagSize, PROT_READ, MAP_SHARED, file, 0);
         m_flag = memory == MAP_FAILED ? nullptr : static_cast<const quint8 *>(memory);
