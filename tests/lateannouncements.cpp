@@ -30,7 +30,7 @@ gboolean announce(gpointer data)
     return G_SOURCE_REMOVE;
 }
 
-/// The first handler of all. What this process writes is announced without a tag, and by its whole path.
+/// Called before all other handlers. Writes of this process are announced without a tag and with their whole path.
 void stopEarlyAnnouncement(DConfClient *client, const char *path, const char *const *, const char *tag)
 {
     if (s_late && !tag && s_unannounced.contains(path)) {
@@ -39,7 +39,7 @@ void stopEarlyAnnouncement(DConfClient *client, const char *path, const char *co
 }
 }
 
-// The dynamic linker finds these before dconf's own.
+// The dynamic linker finds these functions before dconf's own.
 
 extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 {

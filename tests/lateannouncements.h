@@ -4,8 +4,8 @@
 #pragma once
 
 /**
- * While it lives, dconf announces what this process writes only when the event loop runs, as some implementations of
- * MGConfItem do. Values can be read at once all the same.
+ * During its lifetime, dconf announces writes of this process only when the event loop runs, as some implementations of
+ * MGConfItem do. The values can be read at once.
  */
 class LateAnnouncements
 {

@@ -5,7 +5,7 @@
 
 #include <dlfcn.h>
 
-/// The library's own function behind the one of the same name and type that a test puts in its place.
+/// Returns the library's own function that a test has replaced by one with the same name and type.
 template<typename Function>
 Function *nextFunction(Function *, const char *name)
 {

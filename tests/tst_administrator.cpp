@@ -14,7 +14,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-// What an administrator sets and locks in a dconf profile.
+// Values that an administrator sets and locks in a dconf profile.
 class AdministratorTest : public QObject
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ private:
     const QTemporaryDir m_directory;
 };
 
-/// Makes a system database whose list of masked entries is locked, and a profile with it. Before the first key is
-/// read: dconf looks at the profile once.
+/// Creates a system database with a locked list of masked entries, and a profile that uses it. Must be called before
+/// the first key is read, because dconf reads the profile once.
 void AdministratorTest::initTestCase()
 {
     World::writeBlacklist("[]");
@@ -50,7 +50,7 @@ void AdministratorTest::maskedEntriesAreHidden()
     World::writeEntries(text("x.json"), R"({"entries": [{"path": "page/secret"}, {"path": "page/open"}]})");
     const PluginRegistry registry;
     QCOMPARE(World::paths(registry.getItem({})), (QStringList{text("page"), text("page/open")}));
-    // What is not locked is a default.
+    // A value that is not locked is a default.
     QCOMPARE(MGConfItem(text("/apps/velka-settings/favorites")).value().toStringList(),
              QStringList{text("page/open")});
 }

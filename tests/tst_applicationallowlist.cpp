@@ -13,7 +13,7 @@
 using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
 
-// The allow-lists that the sandboxing daemon keeps.
+// The allow-lists of the sandboxing daemon.
 class ApplicationAllowlistTest : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ private Q_SLOTS:
     void readsWhetherTheAllowlistIsEnabled();
     void unknownWhetherTheAllowlistIsEnabled_data();
     void unknownWhetherTheAllowlistIsEnabled();
-    void everyReadAsksAgain();
+    void everyReadCallsAgain();
     void fetchesAlwaysAllowed();
     void failedAlwaysAllowedIsSilent_data();
     void failedAlwaysAllowedIsSilent();
@@ -51,7 +51,7 @@ private Q_SLOTS:
     void sameStateIsNotSent();
 
 private:
-    /// Lets the model fetch both allow-lists, from a daemon that answers as usual.
+    /// Lets the model fetch both allow-lists from a daemon without a fault.
     void enable(ServedModel *model);
 
     Applications m_applications;
@@ -227,7 +227,7 @@ void ApplicationAllowlistTest::unknownWhetherTheAllowlistIsEnabled()
     QCOMPARE(log.take(), s_none);
 }
 
-void ApplicationAllowlistTest::everyReadAsksAgain()
+void ApplicationAllowlistTest::everyReadCallsAgain()
 {
     ServedModel model(&m_services, Model::AllowedOnly);
     QVERIFY(!model.filterModeEnabled());
@@ -272,7 +272,7 @@ void ApplicationAllowlistTest::failedAlwaysAllowedIsSilent()
     model.takeSignals();
     const MessageLog log;
     m_services.spoil("GetAlwaysAllowedApplications", fault);
-    model.setFilterModeEnabled(true); // which fetches even when it has failed
+    model.setFilterModeEnabled(true); // which also fetches if it has failed
     m_services.settle();
     const QStringList announced = model.takeSignals();
     QVERIFY(!announced.contains(text("alwaysAllowedApplicationsChanged")));

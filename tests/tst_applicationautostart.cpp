@@ -10,7 +10,7 @@
 using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
 
-// The autostart list, and what is sent to change it.
+// The autostart list, and the calls that change it.
 class ApplicationAutostartTest : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ namespace
 {
 const QStringList s_none;
 
-/// The signals with which a changed state of one application, of three rows, is announced.
+/// Returns the signals that announce the changed state of one application among three rows.
 QStringList switchAnnouncement()
 {
     return texts({"selectedAppsChanged", "autostartListChanged", "dataChanged 0-2"});
@@ -105,7 +105,7 @@ void ApplicationAutostartTest::markerInTheAutostartList()
     m_services.answerInTurn("GetEnabled", {first, second});
     model.setFilterMode(Model::AutostartedOnly);
     model.setFilterMode(NoMode);
-    model.setFilterMode(Model::AutostartedOnly); // both answers come to the list as it is now
+    model.setFilterMode(Model::AutostartedOnly); // both replies arrive for the current list
     model.takeSignals();
     m_services.settle();
     const QStringList announced = model.takeSignals();
@@ -155,7 +155,7 @@ void ApplicationAutostartTest::failedAutostartListEmptiesTheSelection()
     ServedModel model(&m_services, Model::AutostartedOnly);
     m_services.spoil("GetEnabled", Fault::Refuses);
     const MessageLog log;
-    model.toggleSelectedApp(text("b.desktop")); // is answered after the rebuild
+    model.toggleSelectedApp(text("b.desktop")); // the reply arrives after the rebuild
     model.setFilterMode(NoMode);
     model.setFilterMode(Model::AutostartedOnly);
     model.takeSignals();

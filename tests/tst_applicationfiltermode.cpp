@@ -18,7 +18,7 @@
 
 using Model = ApplicationsSettingsModel;
 
-// What the services are asked, and in which order, when the filter mode of the applications model changes.
+// The calls of services, in their order, when the filter mode of the applications model changes.
 class ApplicationFilterModeTest : public QObject
 {
     Q_OBJECT
@@ -27,10 +27,10 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
-    void asks_data();
-    void asks();
-    void asksInTheReset_data();
-    void asksInTheReset();
+    void callsServices_data();
+    void callsServices();
+    void fetchesInTheReset_data();
+    void fetchesInTheReset();
     void answersInTheReset();
     void handlerChangesTheModeAgain();
     void readerOfTheSwitchedAllowlist();
@@ -61,11 +61,11 @@ void ApplicationFilterModeTest::init()
     m_services.reset();
 }
 
-void ApplicationFilterModeTest::asks_data()
+void ApplicationFilterModeTest::callsServices_data()
 {
     QTest::addColumn<int>("mode");
     QTest::addColumn<Signal>("readIn"); // null for no reader
-    QTest::addColumn<QByteArray>("enabled"); // the answer of the daemon
+    QTest::addColumn<QByteArray>("enabled"); // the reply of the daemon
     QTest::addColumn<QVariantList>("values"); // that are read
     QTest::addColumn<QStringList>("calls");
     const QStringList allowlist = texts({"GetAllowlist(1000) u"});
@@ -91,7 +91,7 @@ void ApplicationFilterModeTest::asks_data()
     row("none", 7, &Model::filterModeChanged, "1", {false}, {});
 }
 
-void ApplicationFilterModeTest::asks()
+void ApplicationFilterModeTest::callsServices()
 {
     QFETCH(int, mode);
     QFETCH(Signal, readIn);
@@ -112,14 +112,14 @@ void ApplicationFilterModeTest::asks()
     QCOMPARE(log.take(), s_none);
 }
 
-void ApplicationFilterModeTest::asksInTheReset_data()
+void ApplicationFilterModeTest::fetchesInTheReset_data()
 {
     QTest::addColumn<int>("mode");
     QTest::newRow("allow-list") << int(Model::AllowedOnly);
     QTest::newRow("autostart list") << int(Model::AutostartedOnly);
 }
 
-void ApplicationFilterModeTest::asksInTheReset()
+void ApplicationFilterModeTest::fetchesInTheReset()
 {
     QFETCH(int, mode);
     ServedModel model(&m_services);

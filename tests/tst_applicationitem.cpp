@@ -18,7 +18,7 @@
 
 #include <memory>
 
-// One application, and what is asked of ids and desktop files.
+// One application, and the properties of ids and desktop files.
 class ApplicationItemTest : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ void ApplicationItemTest::section()
     QVERIFY(!ApplicationItem(itemAt(launcher, 0), &section, nullptr).section().isValid());
     TreeItem *page = section.insertItem({text("app.desktop")}, {});
     QQmlEngine engine;
-    engine.newQObject(page); // makes it QML's, if nobody says otherwise
+    engine.newQObject(page); // QML would own it if C++ did not
     QCOMPARE(QQmlEngine::objectOwnership(page), QQmlEngine::JavaScriptOwnership);
     const ApplicationItem item(itemAt(launcher, 0), &section, nullptr);
     QCOMPARE(item.section().value<QObject *>(), page);
@@ -128,7 +128,7 @@ void ApplicationItemTest::launcherEntryDies()
     QVERIFY(item.fileId().isNull());
     QVERIFY(item.dBusServiceName().isNull());
     QVERIFY(!item.isValid());
-    QVERIFY(item.sandboxed()); // as the entry last had it
+    QVERIFY(item.sandboxed()); // the last value of the entry
 }
 
 void ApplicationItemTest::followsSandboxing()
@@ -187,9 +187,10 @@ void ApplicationItemTest::locatesDesktopFiles_data()
     row("sub-deep-app", "first/sub/deep/app.desktop");
     row("sub-deep-other", "first/sub/deep-other.desktop");
     row("two-parts-app", "first/two-parts/app.desktop");
-    row("some-of-user", "first/some-of-user.desktop"); // as it stands, before dashes are tried anywhere
+    row("some-of-user",
+        "first/some-of-user.desktop"); // the id without changes, before dashes are tried as folders
     row("own-app", "user/own/app.desktop"); // the user's first
-    row("loop-app", ""); // dashes stand for no links
+    row("loop-app", ""); // a dash is not tried as a link
     row("loop-loop-app", "");
     row("missing", "");
     row("", "");

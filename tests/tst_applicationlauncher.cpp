@@ -32,7 +32,7 @@ private Q_SLOTS:
 
     void makesALauncherWhenThereIsNone();
     void listsTheLauncher();
-    void foldersStandInPlace();
+    void foldersAreListedInPlace();
     void emptiedFolder();
     void burstIsOneRebuild();
     void launcherResetsAtOnce();
@@ -107,7 +107,7 @@ void ApplicationLauncherTest::listsTheLauncher()
     QCOMPARE(model.rowCount(model.index(0)), 3);
 }
 
-void ApplicationLauncherTest::foldersStandInPlace()
+void ApplicationLauncherTest::foldersAreListedInPlace()
 {
     m_applications->writeMenu("<Menu><Filename>b.desktop</Filename><Menu><Name>Folder</Name>"
                               "<Filename>sub-c.desktop</Filename></Menu></Menu>");
@@ -131,7 +131,7 @@ void ApplicationLauncherTest::emptiedFolder()
     QTRY_COMPARE(names(model), path("A"));
     m_applications->write("first/b.desktop", application("Back"));
     QTRY_COMPARE(names(model), path("Back/A"));
-    // The folder gets another name and another place.
+    // The folder is renamed and moved.
     m_applications->writeMenu("<Menu><Filename>a.desktop</Filename><Menu><Name>Other</Name>"
                               "<Filename>b.desktop</Filename></Menu></Menu>");
     qobject_cast<LauncherFolderModel *>(model.applications())->load();
@@ -157,7 +157,7 @@ void ApplicationLauncherTest::burstIsOneRebuild()
     QCOMPARE(reset.count(), 0);
     QCOMPARE(names(model), path("A/B/C"));
     QVERIFY(reset.wait());
-    QVERIFY(sinceLast.elapsed() >= 940); // the timer is a coarse one
+    QVERIFY(sinceLast.elapsed() >= 940); // the timer is coarse
     QCOMPARE(names(model), path("A/B/C/D/E/F"));
     QCOMPARE(reset.count(), 1);
     m_applications->remove("first/a.desktop");
@@ -293,7 +293,7 @@ void ApplicationLauncherTest::configFileMayBeReplaced()
     watching.setUid(0);
     watching.setApplications(&launcher);
     watching.componentComplete();
-    for (const char *first : {"b", "a", "sub-c"}) { // made, replaced, replaced
+    for (const char *first : {"b", "a", "sub-c"}) { // created, replaced, replaced
         QSaveFile file(m_applications->menuFile());
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(QByteArray("<Menu><Filename>") + first + ".desktop</Filename></Menu>");

@@ -12,7 +12,7 @@
 
 using Model = ApplicationsSettingsModel;
 
-// A handler of one of its signals deletes the applications model, while it handles a service's answer or a reset.
+// A signal handler deletes the applications model while the model handles a reply or a reset.
 class ApplicationModelDeletionTest : public QObject
 {
     Q_OBJECT

@@ -17,7 +17,7 @@ using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
 using Service = ApplicationServices::Service;
 
-// The applications' notification settings, which the notifications service keeps.
+// The notification settings of the applications in the notifications service.
 class ApplicationNotificationsTest : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ private Q_SLOTS:
     void idsOfRowsChange();
     void applicationWithoutId();
 
-    void answersAfterTheRowsAreGone();
+    void answersAfterTheRowsAreRemoved();
     void nothingWaits();
 
 private:
@@ -255,7 +255,7 @@ void ApplicationNotificationsTest::applicationWithoutId()
     QCOMPARE(model.takeSignals(), notificationAnnouncement("2-2"));
 }
 
-void ApplicationNotificationsTest::answersAfterTheRowsAreGone()
+void ApplicationNotificationsTest::answersAfterTheRowsAreRemoved()
 {
     const MessageLog log;
     ServedModel model(&m_services);

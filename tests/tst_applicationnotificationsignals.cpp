@@ -35,7 +35,7 @@ private Q_SLOTS:
     void ignoresOtherSenders();
     void followsNothingBeforeFirstUse();
     void answersAfterTheEnd();
-    void serviceComesAndGoes();
+    void serviceStartsAndStops();
     void changesTakeLinearTime();
 
 private:
@@ -155,7 +155,7 @@ void ApplicationNotificationSignalsTest::ignoresOtherSenders()
                                                      text("com.kelo.NotificationsConfig1"), text("configChanged"));
     signal.setArguments({s_a, enabled(false)});
     QVERIFY(other.send(signal));
-    // When this is answered, the bus has passed on the signal.
+    // When the reply to this arrives, the bus has passed on the signal.
     other.call(QDBusMessage::createMethodCall(text("org.freedesktop.DBus"), text("/"),
                                               text("org.freedesktop.DBus"), text("GetId")));
     m_services.settle();
@@ -191,7 +191,7 @@ void ApplicationNotificationSignalsTest::answersAfterTheEnd()
     QCOMPARE(log.take(), s_none);
 }
 
-void ApplicationNotificationSignalsTest::serviceComesAndGoes()
+void ApplicationNotificationSignalsTest::serviceStartsAndStops()
 {
     m_services.stop(Service::Notifications);
     ServedModel model(&m_services);

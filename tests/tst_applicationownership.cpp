@@ -20,7 +20,7 @@
 using Model = ApplicationsSettingsModel;
 using Service = ApplicationServices::Service;
 
-// What the applications model uses is a direct child of it, in each of its states.
+// The objects that the applications model uses are its direct children in each of its states.
 class ApplicationOwnershipTest : public QObject
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ const QStringList s_alwaysOwned = texts({"MGConfItem", "QFileSystemWatcher", "QT
 const QStringList s_proxies = texts(
     {"OrgOrvantaosTarnholdd1Interface", "ComKeloAmAutostartInterface", "ComKeloNotificationsConfigProxy"});
 
-/// The classes of the direct children that are no helpers of the model's, without the watchers of calls.
+/// Returns the classes of the direct children except the model's helpers and the watchers of calls.
 QStringList owned(const Model &model)
 {
     QStringList classes;
@@ -76,7 +76,7 @@ int callWatchers(const Model &model)
 
 void ApplicationOwnershipTest::initTestCase()
 {
-    World::reset(); // while dconf and this process agree about where its database is
+    World::reset(); // while dconf and this process use the same database
     m_applications = std::make_unique<Applications>();
     writeThreeApplications(*m_applications);
     m_applications->writeMenu("<Menu/>");

@@ -16,7 +16,7 @@ using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
 using Service = ApplicationServices::Service;
 
-// What an application's desktop file asks for is granted before it is switched on or off in the autostart list.
+// The permissions in an application's desktop file are granted before its autostart is switched on or off.
 class ApplicationPermissionsTest : public QObject
 {
     Q_OBJECT
@@ -39,8 +39,8 @@ private Q_SLOTS:
     void unreadableDesktopFile();
     void findsDesktopFile_data();
     void findsDesktopFile();
-    void looksNowhereElse_data();
-    void looksNowhereElse();
+    void searchesNowhereElse_data();
+    void searchesNowhereElse();
     void strangeIdsDoNoHarm_data();
     void strangeIdsDoNoHarm();
 
@@ -53,7 +53,7 @@ private Q_SLOTS:
     void oneFailureDoesNotStopTheOthers();
     void silentDaemonIsWaitedForOnce();
     void silentDaemonGrantsNothing();
-    void daemonThatDiesIsAskedAgain();
+    void deadDaemonIsCalledAgain();
 
 private:
     QStringList toggle(const QString &id);
@@ -77,7 +77,7 @@ QString notAdding(const char *id)
     return warning(text("Not adding \"%1\" to autostart since permissions not granted").arg(text(id)));
 }
 
-/// The calls for the application app that is granted @p permissions, in Python's spelling.
+/// Returns the calls that grant the application "app" @p permissions, in Python's notation.
 QStringList granting(const char *permissions)
 {
     return {text("GetAppInfo('app') s"), text("SetShowPrompt(1000, 'app', 0) usi"),
@@ -103,7 +103,7 @@ void ApplicationPermissionsTest::init()
     writeThreeApplications(*m_applications);
 }
 
-/// The calls that switching the application on or off leads to
+/// Returns the calls that switch the autostart of the application on or off.
 QStringList ApplicationPermissionsTest::toggle(const QString &id)
 {
     ServedModel model(&m_services, Model::AutostartedOnly);
@@ -286,7 +286,7 @@ void ApplicationPermissionsTest::findsDesktopFile_data()
                                             << QByteArray("first/sub/dir/x.desktop");
     QTest::newRow("dash in the sub-directory's name")
         << QByteArray("sub-dir-x") << QByteArray("first/sub-dir/x.desktop") << QByteArray();
-    QTest::newRow("as it stands before the user's sub-directory")
+    QTest::newRow("exact id before the user's sub-directory")
         << QByteArray("sub-x") << QByteArray("first/sub-x.desktop") << QByteArray("user/sub/x.desktop");
     QTest::newRow("user's sub-directory before the system's")
         << QByteArray("sub-x") << QByteArray("user/sub/x.desktop") << QByteArray("first/sub/x.desktop");
@@ -313,7 +313,7 @@ void ApplicationPermissionsTest::findsDesktopFile()
     QCOMPARE(log.take(), s_none);
 }
 
-void ApplicationPermissionsTest::looksNowhereElse_data()
+void ApplicationPermissionsTest::searchesNowhereElse_data()
 {
     QTest::addColumn<QByteArray>("id");
     for (const char *id : {"../secret", "..-secret", "./../secret", ".-..-secret", "sub/../../secret",
@@ -323,7 +323,7 @@ void ApplicationPermissionsTest::looksNowhereElse_data()
     }
 }
 
-void ApplicationPermissionsTest::looksNowhereElse()
+void ApplicationPermissionsTest::searchesNowhereElse()
 {
     QFETCH(QByteArray, id);
     const MessageLog log;
@@ -453,7 +453,7 @@ void ApplicationPermissionsTest::silentDaemonIsWaitedForOnce()
     QCOMPARE(calls.filter(text("GetAppInfo")), texts({"GetAppInfo('a') s"}));
     QCOMPARE(calls.filter(text("SetEnabled")).size(), 6);
     QCOMPARE(log.take().filter(text("Couldn't get app info from tarnholdd:")).size(), 6);
-    model.applyPolicyRules(texts({"on"})); // asks again
+    model.applyPolicyRules(texts({"on"})); // calls again
     QCOMPARE(m_services.takeCalls().filter(text("GetAppInfo")).size(), 6);
 }
 
@@ -470,7 +470,7 @@ void ApplicationPermissionsTest::silentDaemonGrantsNothing()
     QCOMPARE(log.take().size(), 3);
 }
 
-void ApplicationPermissionsTest::daemonThatDiesIsAskedAgain()
+void ApplicationPermissionsTest::deadDaemonIsCalledAgain()
 {
     ServedModel model(&m_services, Model::AutostartedOnly);
     m_services.spoil("GetAppInfo", Fault::Dies);

@@ -14,7 +14,7 @@ using Act = std::function<void(Model *)>;
 
 Q_DECLARE_METATYPE(Act)
 
-// What the applications model asks for the user 0, and what it refuses.
+// The calls that the applications model makes and refuses for the user 0.
 class ApplicationRootTest : public QObject
 {
     Q_OBJECT
@@ -175,7 +175,7 @@ void ApplicationRootTest::allowlist()
 void ApplicationRootTest::autostart_data()
 {
     QTest::addColumn<Act>("act");
-    QTest::addColumn<QStringList>("calls"); // the order between the services is another test's
+    QTest::addColumn<QStringList>("calls"); // another test checks their order
     QTest::addColumn<int>("warnings");
     QTest::newRow("toggle") << toggle("b.desktop") << s_none << 1;
     QTest::newRow("toggle back") << toggle("a.desktop") << s_none << 1;

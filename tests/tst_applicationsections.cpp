@@ -26,7 +26,7 @@
 
 using Model = ApplicationsSettingsModel;
 
-// The settings pages that packages declare for applications, as the applications model shows them.
+// The entries that packages declare for applications, in the roles of the applications model.
 class ApplicationSectionsTest : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private Q_SLOTS:
 
     void sections();
     void withoutSections();
-    void comesAndGoes();
+    void isAddedAndRemoved();
     void staysTheSame();
     void getsOtherData();
     void isReplacedByAnEqualOne();
@@ -108,7 +108,7 @@ void ApplicationSectionsTest::sections()
     QVERIFY(!section(model, 1).isValid());
     QCOMPARE(node(model, 2)->title(), text("Of C")); // by the file's name, not by the id
     QQmlEngine engine;
-    engine.newQObject(node(model, 2)); // makes it QML's, if nobody says otherwise
+    engine.newQObject(node(model, 2)); // QML would own it if C++ did not
     QCOMPARE(QQmlEngine::objectOwnership(node(model, 2)), QQmlEngine::CppOwnership);
 }
 
@@ -127,7 +127,7 @@ void ApplicationSectionsTest::withoutSections()
     QCOMPARE(MessageLog::take(), s_none);
 }
 
-void ApplicationSectionsTest::comesAndGoes()
+void ApplicationSectionsTest::isAddedAndRemoved()
 {
     Model model;
     model.componentComplete();
@@ -188,7 +188,7 @@ void ApplicationSectionsTest::isReplacedByAnEqualOne()
     const QPointer<TreeItem> before(node(model, 0));
     PluginRegistry::instance()->removeEntriesForFile(text("a.json"));
     QVERIFY(!before);
-    QCOMPARE(log.take(), s_none); // before the registry says so
+    QCOMPARE(log.take(), s_none); // before the registry announces it
     PluginRegistry::instance()->addEntriesForFile(text("a.json"));
     load("other.json", R"({"path": "other"})");
     QCOMPARE(log.take(), changed({0}));

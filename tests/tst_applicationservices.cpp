@@ -21,7 +21,7 @@ using Fault = ApplicationServices::Fault;
 using Model = ApplicationsSettingsModel;
 using Service = ApplicationServices::Service;
 
-// What the applications model's calls to the system's services have in common.
+// Behaviour that all calls of the applications model to the system's services share.
 class ApplicationServicesTest : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
-    void nothingIsAskedWithoutMode();
+    void noCallsWithoutMode();
     void uidIsSentAsEachServiceWantsIt();
     void answerAfterRebuild();
     void lastAnswerWins();
@@ -66,7 +66,7 @@ void ApplicationServicesTest::init()
     m_services.reset();
 }
 
-void ApplicationServicesTest::nothingIsAskedWithoutMode()
+void ApplicationServicesTest::noCallsWithoutMode()
 {
     const MessageLog log;
     for (int mode : {NoMode, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {

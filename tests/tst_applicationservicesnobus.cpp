@@ -14,7 +14,7 @@
 
 using Model = ApplicationsSettingsModel;
 
-/// The applications model in a world without buses.
+/// The applications model without buses.
 class ApplicationServicesNoBusTest : public QObject
 {
     Q_OBJECT

@@ -27,7 +27,7 @@
 
 using Model = ApplicationsSettingsModel;
 
-// The applications model without its services. How its rows follow the launcher and the registry has other tests.
+// The applications model without its services. Other tests check how its rows follow the launcher and the registry.
 class ApplicationsSettingsModelTest : public QObject
 {
     Q_OBJECT
@@ -307,7 +307,7 @@ void ApplicationsSettingsModelTest::looksUpChangedFiles()
     QCOMPARE(model.iconOf(text("sub-a.desktop")), QString());
     m_applications->write("first/a.desktop", application("A", "Icon=other\n"));
     QTRY_COMPARE(model.iconOf(text("a.desktop")), text("other"));
-    // In the place of the one in the sub-directory, with the same id
+    // Replaces the file with the same id in the sub-directory.
     m_applications->write("user/sub-a.desktop", application("Z", "Icon=own\n"));
     QTRY_COMPARE(model.iconOf(text("sub-a.desktop")), text("own"));
     m_applications->remove("user/sub-a.desktop");

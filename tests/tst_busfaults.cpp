@@ -24,7 +24,7 @@
 using Model = ApplicationsSettingsModel;
 using Service = ApplicationServices::Service;
 
-// What a single call may come to is tested with that call.
+// Faults that affect more than one call. Those of a single call are tested with that call.
 class BusFaultsTest : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void init();
     void cleanupTestCase();
 
-    void servicesStandStill();
+    void servicesAreStopped();
     void serviceIsReplaced();
     void floodOfSignals();
     void floodOfSignalsOfAnotherType();
@@ -46,7 +46,7 @@ private:
     ApplicationServices m_services;
 };
 
-/// Programs with a bus of their own
+/// Programs with a private bus
 class BusWorlds : public QObject
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ namespace
 const QStringList s_none;
 constexpr int Flood = 10000;
 
-/// Milliseconds for which the services stand still at least. To see what longer times do, such as 30000, set it.
+/// Returns the least time in milliseconds for which the services are stopped, 0 by default.
 int standstill()
 {
     return qEnvironmentVariableIntValue("VELKA_STANDSTILL");
@@ -114,7 +114,7 @@ void BusFaultsTest::cleanupTestCase()
     World::reset();
 }
 
-void BusFaultsTest::servicesStandStill()
+void BusFaultsTest::servicesAreStopped()
 {
     ServedModel model(&m_services, Model::AllowedOnly);
     QCOMPARE(model.selectedApps(), texts({"a", "x"}));
@@ -137,14 +137,14 @@ void BusFaultsTest::servicesStandStill()
     QTimer timer;
     connect(&timer, &QTimer::timeout, [&] { ++ticks; });
     timer.start(10);
-    QTRY_VERIFY(ticks > 10); // the event loop turns
+    QTRY_VERIFY(ticks > 10); // the event loop runs
     QVERIFY(pagesFollowTheRegistry());
     QCOMPARE(WatchedFavorites()->count(), 0);
     QCOMPARE(model.count(), 4);
     QCOMPARE(model.selectedApps(), s_none);
     QCOMPARE(log.take(), s_none);
 
-    // One line for each call that the bus ends. The pages' change makes the model ask for nothing.
+    // One message for each call that the bus ends. The change of the pages causes no call.
     QTRY_COMPARE((logged += log.take()).size(), 4);
     QTRY_VERIFY_WITH_TIMEOUT(elapsed.hasExpired(standstill()), standstill() + 1000);
     model.takeSignals();
@@ -153,7 +153,7 @@ void BusFaultsTest::servicesStandStill()
         m_services[service].resume();
     }
     m_services.settle();
-    QCOMPARE(model.takeSignals(), s_none); // answers that come too late are none
+    QCOMPARE(model.takeSignals(), s_none); // late replies are ignored
     QCOMPARE(model.selectedApps(), s_none);
     QCOMPARE(log.take(), s_none);
     model.setFilterMode(Model::AutostartedOnly);
@@ -203,7 +203,7 @@ void BusFaultsTest::floodOfSignals()
     const MessageLog log;
     int before = 0;
     for (int round = 1; round <= 2; ++round) {
-        before = residentKiB(); // what a flood takes once is there before the second
+        before = residentKiB(); // the second flood does not allocate again what the first one has
         m_services.takeCalls();
         flood(&m_services, &model, "sa{sv}", "['com.example.Known', {'enabled': True}]");
         QTRY_COMPARE_WITH_TIMEOUT(announced, round * (Flood + 2),
@@ -242,7 +242,7 @@ void BusWorlds::busGoesAway()
     PrivateBus bus;
     storeFavorites(path("a/b"));
     waitForWrites();
-    const Applications applications; // not before dconf knows its directory
+    const Applications applications; // created after dconf has read the name of its directory
     const MessageLog log;
     writeThreeApplications(applications);
     declareSections(path("a/b/c/d/applications"));
@@ -268,7 +268,7 @@ void BusWorlds::busGoesAway()
     model.toggleSelectedApp(text("a.desktop"));
     model.getAllowedNotificationsConfig();
     QVERIFY(elapsed.elapsed() < NoTime);
-    QTRY_COMPARE((logged += log.take()).size(), 5); // one for each call that tells of its failure
+    QTRY_COMPARE((logged += log.take()).size(), 5); // one for each call that reports its failure
     QCOMPARE(model.count(), 3);
 
     {
@@ -288,7 +288,7 @@ void BusFaultsTest::busGoesAwayBeforeActions()
     QVERIFY(runInWorld(directory.path(), text("busGoesAwayBeforeActions")));
 }
 
-// Qt lets libdbus write each message before it sees that the connection has ended.
+// Qt lets libdbus write each message before it notices that the connection has ended.
 void BusWorlds::busGoesAwayBeforeActions()
 {
     PrivateBus bus;

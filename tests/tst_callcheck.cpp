@@ -32,7 +32,7 @@ const QString s_tooManyArguments = QStringLiteral("There are too many arguments"
 const QString s_tooDeep = QStringLiteral("The arguments are nested too deeply");
 const QString s_tooLarge = QStringLiteral("The call is too large");
 
-// libdbus looks at the beginning only.
+// libdbus only compares the beginning.
 const QStringList s_reservedPaths{QStringLiteral("/org/freedesktop/DBus/Local"),
                                   QStringLiteral("/org/freedesktop/DBus/Local/below"),
                                   QStringLiteral("/org/freedesktop/DBus/LocalToo")};
@@ -82,7 +82,7 @@ QVariant inMaps(int depth, QVariant value)
     return value;
 }
 
-// Qt lets these through to libdbus.
+// Qt passes these on to libdbus.
 const QMap<QString, QDBusMessage> s_fatalCalls{
     {text("service of one part"), call(CallNames::Service, text("abc"))},
     {text("null in a map"), call({inMaps(1, QVariant::fromValue(nullptr))})},
@@ -92,7 +92,7 @@ const QMap<QString, QDBusMessage> s_fatalCalls{
     {text("null in a hash"), call({QVariantHash{{text("key"), QVariant()}}})}};
 const QString s_goodCall = text("good call");
 
-/// Sends a call of s_fatalCalls, or a good one when there is none of that @p name.
+/// Sends the call of s_fatalCalls with that @p name, or a valid call if there is none.
 int send(const QString &name)
 {
     const rlimit noCore{0, 0};
@@ -101,7 +101,7 @@ int send(const QString &name)
     return 0;
 }
 
-/// Lets another process send().
+/// Calls send() in another process.
 bool endsTheProcess(const QString &name)
 {
     QProcess process;
@@ -109,7 +109,7 @@ bool endsTheProcess(const QString &name)
     return process.waitForFinished() && process.exitStatus() == QProcess::CrashExit;
 }
 
-/// A connection that only this object uses: the bus may end it.
+/// A connection that only this object uses, because the bus may end it.
 class Connection
 {
 public:
@@ -124,7 +124,7 @@ public:
         QDBusConnection::disconnectFromBus(m_name);
     }
 
-    /// Returns true when the call gets to the bus, which finds no receiver for it, and the connection stays.
+    /// Returns true if the call reaches the bus, which finds no receiver for it, and the connection stays.
     bool passes(const QDBusMessage &call)
     {
         return m_bus.call(call).errorName() == QDBusError::errorString(QDBusError::ServiceUnknown)
@@ -236,7 +236,7 @@ void CallCheckTest::refusedCallsEndTheProcess()
     QVERIFY(endsTheProcess(name));
 }
 
-// Another call in the same way, so that the test above cannot succeed for another reason
+// Sends another call in the same way, so that the test above cannot succeed for another reason.
 void CallCheckTest::goodCallDoesNotEndTheProcess()
 {
     QVERIFY(!endsTheProcess(s_goodCall));
@@ -281,7 +281,7 @@ void CallCheckTest::acceptsArguments()
 {
     QFETCH(QVariantList, arguments);
     const QDBusMessage message = call(arguments);
-    // First: this is what the check is measured by.
+    // Checks the test's own criterion first.
     QVERIFY(Connection().passes(message));
     QVERIFY2(!validateCall(message).isValid(), qPrintable(validateCall(message).message()));
 }

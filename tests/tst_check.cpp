@@ -126,8 +126,7 @@ void CheckTest::fixtures()
     }
 }
 
-/// The checker reads types and lengths from the schema. Its other keywords have rules of their own or do not restrict
-/// files.
+/// The checker reads types and lengths from the schema. Other keywords are checked separately or do not restrict files.
 void CheckTest::schemaHasNoOtherKeywords()
 {
     const QSet<QString> known{

@@ -21,7 +21,7 @@ namespace
 const char *const s_keys[] = {"remote-service", "remote-path", "remote-interface", "remote-method"};
 const char *const s_tags[] = {"dbus-service", "dbus-path", "dbus-interface", "dbus-method"};
 
-/// The tags of a file whose only entry is an action with @p params.
+/// Returns the tags of a file whose only entry is an action with @p params.
 QStringList tagsOf(const QJsonObject &params)
 {
     const QJsonObject entry{{QStringLiteral("path"), QStringLiteral("torch")},
@@ -50,7 +50,7 @@ bool hasSurrogate(const QString &name)
     return std::any_of(name.cbegin(), name.cend(), [](QChar character) { return character.isSurrogate(); });
 }
 
-/// The tags that @p name gets as a @p part of a call.
+/// Returns the tags of @p name as a @p part of a call.
 QStringList expectedTags(const CallNames::Name &name, CallNames::Part part)
 {
     if (name.value.isEmpty()) {
@@ -59,7 +59,7 @@ QStringList expectedTags(const CallNames::Name &name, CallNames::Part part)
     if (hasSurrogate(name.value)) {
         return {QStringLiteral("not-portable"), QString::fromLatin1(s_tags[part])};
     }
-    // libdbus, which the command asks, takes the colon for the name of a service; Qt does not.
+    // libdbus, which the command uses, accepts the colon as the name of a service; Qt does not.
     const bool isColon = part == CallNames::Service && name.value == QLatin1Char(':');
     if (isColon || name.outcomes[part] == CallNames::Outcome::Sent) {
         return {};
@@ -68,7 +68,7 @@ QStringList expectedTags(const CallNames::Name &name, CallNames::Part part)
 }
 }
 
-/// What the command "check" says of the calls of actions.
+/// The findings of the command "check" about the calls of actions.
 class CheckActionsTest : public QObject
 {
     Q_OBJECT

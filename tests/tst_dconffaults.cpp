@@ -54,7 +54,7 @@ private Q_SLOTS:
 
 namespace
 {
-/// dconf's service, stopped. It is killed when this ends.
+/// Stops dconf's service. The destructor kills it.
 class StoppedService
 {
 public:
@@ -62,7 +62,7 @@ public:
         : m_process(pid_t(QDBusConnection::sessionBus().interface()->servicePid(text("ca.desrt.dconf"))))
     {
         m_monitor.start(text("dbus-monitor"), {text("--session"), text("interface='ca.desrt.dconf.Writer'")});
-        waitForMessage("NameLost"); // what becomes a monitor loses its name
+        waitForMessage("NameLost"); // a connection that becomes a monitor loses its name
         if (m_process <= 0 || ::kill(m_process, SIGSTOP) != 0) {
             qFatal("There is no dconf service to stop");
         }
@@ -75,7 +75,7 @@ public:
         m_monitor.waitForFinished();
     }
 
-    /// Returns when the bus has taken a change: dconf sends it from a thread of its own.
+    /// Returns when the bus has received a change, which dconf sends from a thread of its own.
     void waitForChange()
     {
         waitForMessage("Change");
@@ -97,7 +97,8 @@ private:
     QByteArray m_messages;
 };
 
-/// What a machine of the other byte order would have written: the tables are alike, the signature and the values not.
+/// Returns a database that a machine of the other byte order would have written. The tables are the same, the signature
+/// and the values are not.
 QByteArray swapped(QByteArray database)
 {
     const QByteArray number("\x02\x01\0\0\0i", 6); // 258 and its type
@@ -116,7 +117,7 @@ QString databaseFile()
     return text("config/dconf/user");
 }
 
-/// The database in which a, b and c are the favourites, and with a number.
+/// Returns a database with the favourites a, b and c and with a number.
 QByteArray soundDatabaseContent()
 {
     World::writeFile(text("profile"), "user-db:user\n");
@@ -132,7 +133,7 @@ QByteArray soundDatabaseContent()
     return file.readAll();
 }
 
-/// A user's way through a program that begins with @p database, in which @p favorites can be read.
+/// Edits the favourites in a program that starts with @p database, from which @p favorites can be read.
 void beginWith(const QByteArray &database, const QStringList &favorites)
 {
     World::writeFile(databaseFile(), database);
@@ -175,7 +176,7 @@ void DconfFaultsTest::serviceDiesInAnEdit()
 {
     QFETCH(FavoritesEdit, edit);
     storeThreeFavorites();
-    WatchedFavorites model{QString()}; // with a key for it, the flag would be on its way when the service dies
+    WatchedFavorites model{QString()}; // with a key, the flag would be sent when the service dies
     const MessageLog log;
     const GLibWarnings warnings;
     {
@@ -200,7 +201,7 @@ void DconfFaultsTest::serviceDiesInAnEdit()
     QCOMPARE(log.take(), QStringList());
 }
 
-// The list is on its way to the next service when the flag gets lost.
+// The list is sent to the next service; only the flag is lost.
 void DconfFaultsTest::serviceDiesBeforeTheList()
 {
     storeThreeFavorites();
@@ -243,7 +244,7 @@ void DconfFaultsTest::serviceDiesInSet()
     item.set(before);
     other.set(text("kept"));
     waitForWrites();
-    settle(); // the service has answered
+    settle(); // until the service has replied
     QSignalSpy changes(&item, &MGConfItem::valueChanged);
     const GLibWarnings warnings;
     {

@@ -29,7 +29,9 @@ private Q_SLOTS:
     void deepType();
 };
 
-static QVariant listsAround(QVariant value, int levels)
+namespace
+{
+QVariant listsAround(QVariant value, int levels)
 {
     for (int i = 0; i < levels; ++i) {
         value = QVariantList{value};
@@ -37,7 +39,7 @@ static QVariant listsAround(QVariant value, int levels)
     return value;
 }
 
-static QVariant mapsAround(QVariant value, int levels)
+QVariant mapsAround(QVariant value, int levels)
 {
     for (int i = 0; i < levels; ++i) {
         value = QVariantMap{{QStringLiteral("key"), value}};
@@ -45,8 +47,8 @@ static QVariant mapsAround(QVariant value, int levels)
     return value;
 }
 
-/// Returns a value as a database has it: made of bytes, not a tree in memory.
-static GVariantPointer fromBytes(const char *type, const QByteArray &bytes)
+/// Returns a value as a database has it: as bytes, not as a tree in memory.
+GVariantPointer fromBytes(const char *type, const QByteArray &bytes)
 {
     GBytes *const data = g_bytes_new(bytes.constData(), gsize(bytes.size()));
     GVariant *const value = g_variant_new_from_bytes(G_VARIANT_TYPE(type), data, FALSE);
@@ -54,15 +56,16 @@ static GVariantPointer fromBytes(const char *type, const QByteArray &bytes)
     return GVariantPointer(g_variant_ref_sink(value));
 }
 
-static GVariantPointer reread(GVariant *value)
+GVariantPointer reread(GVariant *value)
 {
     const auto *const data = static_cast<const char *>(g_variant_get_data(value));
     return fromBytes(g_variant_get_type_string(value), QByteArray(data, int(g_variant_get_size(value))));
 }
 
-static GVariantPointer parse(const QByteArray &text)
+GVariantPointer parse(const QByteArray &text)
 {
     return GVariantPointer(g_variant_parse(nullptr, text.constData(), nullptr, nullptr, nullptr));
+}
 }
 
 void tst_DConfVariant::bothWays_data()

@@ -38,7 +38,7 @@ private Q_SLOTS:
     void entriesDirectoryCannotBeEntered();
     void fileShrinksWhileItIsRead();
     void fileIsWholeAgain();
-    void brokenFileIsToldOnce();
+    void brokenFileIsReportedOnce();
     void notAFile_data();
     void notAFile();
     void nameWithNull();
@@ -59,7 +59,7 @@ QString entriesPath(const QString &name)
     return Constants::EntriesDirectory + QLatin1Char('/') + name;
 }
 
-/// Takes all of the home's room while it lives.
+/// Fills the home during its lifetime.
 class Ballast
 {
 public:
@@ -142,7 +142,7 @@ void DiskFaultsTest::entriesDirectoryIsForbidden()
     QCOMPARE(page.count(), 2);
     const MessageLog log;
     QVERIFY(QFile::setPermissions(Constants::EntriesDirectory, {}));
-    QTRY_COMPARE(page.count(), 0); // as it follows every other change of the directory
+    QTRY_COMPARE(page.count(), 0); // like after any other change of the directory
     QCOMPARE(PluginRegistry::instance()->getItem({})->count(-1), 0);
     QCOMPARE(WatchedFavorites()->count(), 0);
     QCOMPARE(log.take(), QStringList());
@@ -226,7 +226,7 @@ void DiskFaultsTest::fileIsWholeAgain()
     QCOMPARE(log.take(), QStringList());
 }
 
-void DiskFaultsTest::brokenFileIsToldOnce()
+void DiskFaultsTest::brokenFileIsReportedOnce()
 {
     World::writeEntries(text("broken.json"), "{");
     const MessageLog log;

@@ -17,7 +17,7 @@ constexpr uid_t Nobody = 65534;
 uid_t s_effectiveUser = Root;
 }
 
-// The dynamic linker finds it before the C library's. The sandbox lets no process change its user.
+// The dynamic linker finds this function before the C library's. In the sandbox no process can change its user.
 extern "C" uid_t geteuid() noexcept
 {
     return s_effectiveUser;
@@ -30,8 +30,8 @@ class EffectiveUserTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void isAskedForAtEachLoad_data();
-    void isAskedForAtEachLoad();
+    void isReadForEachLoad_data();
+    void isReadForEachLoad();
 };
 
 void EffectiveUserTest::init()
@@ -40,7 +40,7 @@ void EffectiveUserTest::init()
     World::reset();
 }
 
-void EffectiveUserTest::isAskedForAtEachLoad_data()
+void EffectiveUserTest::isReadForEachLoad_data()
 {
     QTest::addColumn<QByteArray>("key");
     QTest::addColumn<bool>("forRoot");
@@ -48,7 +48,7 @@ void EffectiveUserTest::isAskedForAtEachLoad_data()
     QTest::newRow("disabled group") << QByteArray("disabled_group") << false;
 }
 
-void EffectiveUserTest::isAskedForAtEachLoad()
+void EffectiveUserTest::isReadForEachLoad()
 {
     QFETCH(QByteArray, key);
     QFETCH(bool, forRoot);

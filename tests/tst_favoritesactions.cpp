@@ -11,7 +11,7 @@
 
 #include <memory>
 
-/// The actions of the rows, as a service in another process gets them.
+/// The actions of the rows, as a service in another process receives them.
 class FavoritesActionsTest : public QObject
 {
     Q_OBJECT
@@ -22,8 +22,8 @@ private Q_SLOTS:
     void actionsOfRowsThatMoved();
     void modelDiesWithACallInFlight();
     void nothingIsCalledBeforeCompletion();
-    void badCallsAreTold_data();
-    void badCallsAreTold();
+    void badCallsAreReported_data();
+    void badCallsAreReported();
 };
 
 namespace
@@ -122,7 +122,7 @@ void FavoritesActionsTest::nothingIsCalledBeforeCompletion()
              QStringList{text("info default: <Unknown File>: QML FavoritesModel: invalid index 0")});
 }
 
-void FavoritesActionsTest::badCallsAreTold_data()
+void FavoritesActionsTest::badCallsAreReported_data()
 {
     QTest::addColumn<QByteArray>("params");
     QTest::addColumn<QString>("message");
@@ -141,7 +141,7 @@ void FavoritesActionsTest::badCallsAreTold_data()
         "org.freedesktop.DBus.Error.InvalidArgs The arguments hold a null %6");
 }
 
-void FavoritesActionsTest::badCallsAreTold()
+void FavoritesActionsTest::badCallsAreReported()
 {
     QFETCH(QByteArray, params);
     QFETCH(QString, message);

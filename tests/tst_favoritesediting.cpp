@@ -18,7 +18,7 @@
 
 #include <optional>
 
-// How favourites are edited, whether dconf announces a write at once or later.
+// Edits of favourites, if dconf announces a write at once and if it does later.
 class FavoritesEditingTest : public QObject
 {
     Q_OBJECT
@@ -162,7 +162,7 @@ void FavoritesEditingTest::adds()
                                                    text("dataChanged 1-1"), text("countChanged")}));
     QVERIFY(favorites.isConsistent());
 
-    // What cannot be shown is stored all the same.
+    // A path that cannot be shown is stored, too.
     favorites->addFavorite(text("nowhere"));
     QCOMPARE(storedFavorites(), path("a/b/c/nowhere"));
     QCOMPARE(favorites->count(), 3);
@@ -199,10 +199,10 @@ void FavoritesEditingTest::removes()
     QCOMPARE(favorites.names(), path("a/c"));
     QCOMPARE(favorites.takeSignals(),
              (QStringList{text("rowsAboutToBeRemoved 1-1"), text("rowsRemoved 1-1"), text("countChanged")}));
-    settle(); // the announcement tells the model nothing new
+    settle(); // the model already has the announced value
     QCOMPARE(favorites.takeSignals(), QStringList());
     QVERIFY(favorites.isConsistent());
-    // The row that went is not followed any more.
+    // The removed row's entry is no longer followed.
     removeNode(path("b"));
     QCOMPARE(favorites.takeSignals(), QStringList());
 }
@@ -268,7 +268,7 @@ void FavoritesEditingTest::removesInPicker()
     notified.append(text("userModifiedChanged"));
     QStringList seen;
     QTRY_COMPARE((seen += favorites.takeSignals()).size(), notified.size());
-    seen.sort(); // the flag and the list are announced each for itself
+    seen.sort(); // the flag and the list are announced separately
     QCOMPARE(seen, notified);
     favorites->addFavorite(text("d"));
     QCOMPARE(storedFavorites(), path("a/b/d"));
@@ -283,7 +283,7 @@ void FavoritesEditingTest::removesOtherSpelling()
     WatchedFavorites favorites;
     QCOMPARE(favorites.names(), path("a/b/a"));
     favorites->removeFavorite(text("net/a"));
-    // Only the path as it is spelled leaves the list, but no row of the entry stays or comes back.
+    // Only the exact path is removed from the list, but no row of the entry stays or returns.
     QCOMPARE(storedFavorites(), (QStringList{text("/net//a/"), text("b")}));
     QCOMPARE(favorites.names(), path("b"));
     QCOMPARE(favorites.takeSignals(),
@@ -393,7 +393,7 @@ void FavoritesEditingTest::movesNothing()
     favorites->move(from, to);
     QCOMPARE(favorites.takeSignals(), QStringList());
     QVERIFY(!favorites->userModified());
-    // Nor does a picker's row that is no favourite move.
+    // A picker's row that is not a favourite does not move either.
     favorites->setShowPotential(true);
     favorites.takeSignals();
     favorites->move(favorites->indexOf(text("a")), favorites->indexOf(text("c")));
@@ -413,7 +413,7 @@ void FavoritesEditingTest::moveOfEqualEntries()
     QVERIFY(favorites.isConsistent());
 }
 
-// What the user has modified is followed row by row, and rows that stay are never moved.
+// Changes of a list that the user has modified are followed row by row, and rows that stay are never moved.
 void FavoritesEditingTest::movesInThePicker()
 {
     storeFavorites(path("e/b"));
@@ -423,12 +423,12 @@ void FavoritesEditingTest::movesInThePicker()
     favorites->move(1, 0);
     QCOMPARE(storedFavorites(), path("b/e"));
     QCOMPARE(favorites.names(), path("b/e/a/c/d/f"));
-    favorites->move(1, 2); // no favourite there
+    favorites->move(1, 2); // this row is not a favourite
     QCOMPARE(storedFavorites(), path("b/e"));
     QVERIFY(favorites->userModified());
 }
 
-// What is put off in the middle of a change is not forgotten because something else happens, too.
+// Work that is deferred during a change is not lost if something else happens, too.
 
 void FavoritesEditingTest::refusesAListThatCannotBeStored()
 {

@@ -26,7 +26,7 @@ void (*const s_edits[])(FavoritesModel *) = {
 /// Runs @p handler at the next userModifiedChanged(), in the middle of an edit.
 void inTheMiddle(FavoritesModel *model, const std::function<void()> &handler)
 {
-    auto *once = new QObject; // not the model's: the handler may delete that
+    auto *once = new QObject; // not a child of the model, which the handler may delete
     QObject::connect(model, &FavoritesModel::userModifiedChanged, once, [once, handler] {
         const std::function<void()> copy = handler;
         delete once; // and the lambda with it
@@ -35,7 +35,7 @@ void inTheMiddle(FavoritesModel *model, const std::function<void()> &handler)
 }
 }
 
-// How favourites are edited, whether dconf announces a write at once or later.
+// Edits of favourites in handlers, if dconf announces a write at once and if it does later.
 class FavoritesEditingHandlersTest : public QObject
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ void FavoritesEditingHandlersTest::outsideWriteBeforeTheOwn_data()
     QTest::newRow("remove") << 0 << false << path("d/b");
     QTest::newRow("move") << 1 << false << path("d/b/a");
     QTest::newRow("add") << 2 << false << path("d/a/b/e");
-    // Then the flag's change is heard of after the edit, and the other write with it.
+    // Then the change of the flag is announced after the edit, together with the other write.
     QTest::newRow("remove, announced later") << 0 << true << path("d/a/b");
     QTest::newRow("move, announced later") << 1 << true << path("d/a/b");
     QTest::newRow("add, announced later") << 2 << true << path("d/a/b");
@@ -112,7 +112,7 @@ void FavoritesEditingHandlersTest::outsideWriteAfterTheOwn()
 {
     QFETCH(int, edit);
     QFETCH(bool, late);
-    // Heard of before the model does
+    // Notified before the model
     const MGConfItem list(WatchedFavorites::keyOfTests());
     auto *once = new QObject(this);
     WatchedFavorites favorites;
@@ -136,7 +136,7 @@ void FavoritesEditingHandlersTest::handlerChangesKey()
     WatchedFavorites favorites;
     inTheMiddle(&*favorites, [&] { favorites->setKey(text("/test/other")); });
     favorites->removeFavorite(text("a"));
-    // The edit goes to the list that it was meant for.
+    // The edit changes the list for which it was made.
     QCOMPARE(storedFavorites(), path("b"));
     QCOMPARE(other.value().toStringList(), path("d/e"));
     QCOMPARE(favorites.names(), path("d/e"));
@@ -199,7 +199,7 @@ void FavoritesEditingHandlersTest::handlerDeletesTheModel()
         model->removeFavorite(text("a"));
     }
     QVERIFY(!model);
-    // What the user did is not lost.
+    // The user's edit is not lost.
     QCOMPARE(storedFavorites(), expected);
     QVERIFY(MGConfItem(WatchedFavorites::userModifiedKeyOfTests()).value().toBool());
 }

@@ -20,7 +20,7 @@
 
 namespace
 {
-/// What becomes of rows that stay where they are, as long as they are wanted.
+/// Returns the rows after the list has changed to @p wanted: rows that stay keep their order, and new ones follow them.
 QStringList followed(const QStringList &rows, QStringList wanted)
 {
     QStringList kept;
@@ -33,7 +33,7 @@ QStringList followed(const QStringList &rows, QStringList wanted)
 }
 }
 
-// How favourites are edited, whether dconf announces a write at once or later.
+// Random edits of favourites, if dconf announces a write at once and if it does later.
 class FavoritesEditingRandomTest : public QObject
 {
     Q_OBJECT

@@ -108,7 +108,7 @@ void FavoritesFilterTest::admits()
 
 void FavoritesFilterTest::combines()
 {
-    // The rule that comes first decides.
+    // The first rule decides.
     const char *const blacklistedPage = R"({"type": "page", "path": "black"})";
     QVERIFY(isAdmitted({text("grid_favorites_page"), text("grid_favorites")}, blacklistedPage));
     QVERIFY(!isAdmitted({text("grid_favorites_page"), text("list_favorites"), text("action")}, blacklistedPage));

@@ -21,7 +21,7 @@ namespace
 const QString s_qmlInfo = QStringLiteral("info default: <Unknown File>: QML FavoritesModel: ");
 }
 
-// What favourites a model lists. tst_favoritesediting has how they are edited.
+// The favourites that a model lists. tst_favoritesediting tests edits.
 class FavoritesModelTest : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void otherSpellings_data();
     void otherSpellings();
     void sameEntryTwice();
-    void looksBelowItsPath();
+    void searchesBelowItsPath();
     void unknownPath();
     void emptyFilterAdmitsNothing();
     void unknownFilterIsRefusedWhole();
@@ -132,7 +132,7 @@ void FavoritesModelTest::skipsWhatItCannotShow()
     storeFavorites(stored);
     const MessageLog log;
     WatchedFavorites favorites;
-    QCOMPARE(favorites.names(), path("b")); // and not the top of the tree, where an empty path leads
+    QCOMPARE(favorites.names(), path("b")); // and not the root, which an empty path names
     QCOMPARE(storedFavorites(), stored);
     QCOMPARE(MessageLog::take(), QStringList());
 }
@@ -167,7 +167,7 @@ void FavoritesModelTest::sameEntryTwice()
     storeUserModified(true);
     favorites.takeSignals();
 
-    // The rows that are there stand for the first of equal entries.
+    // The existing rows are those of the first of equal entries.
     storeFavorites(path("a/c/a/a/b/a"));
     QCOMPARE(favorites.names(), path("a/b/a/c/a/a"));
     QVERIFY(favorites.isConsistent());
@@ -176,7 +176,7 @@ void FavoritesModelTest::sameEntryTwice()
     QVERIFY(favorites.isConsistent());
 }
 
-void FavoritesModelTest::looksBelowItsPath()
+void FavoritesModelTest::searchesBelowItsPath()
 {
     declareSections({text("page/x"), text("x"), text("page/page/x")});
     storeFavorites(QStringList{text("x"), text("page/x")});
@@ -185,7 +185,7 @@ void FavoritesModelTest::looksBelowItsPath()
     QCOMPARE(favorites->rowCount(), 2);
     QCOMPARE(favorites.item(0)->location(), path("page/x"));
     QCOMPARE(favorites.item(1)->location(), path("page/page/x"));
-    // Locations are full ones.
+    // Locations are full paths.
     QCOMPARE(favorites->indexOf(text("page/x")), 0);
     QCOMPARE(favorites->indexOf(text("x")), -1);
     const auto isFavorite = [&](int row) { return favorites->data(favorites->index(row), 258).toBool(); };
@@ -208,7 +208,7 @@ void FavoritesModelTest::unknownPath()
     QCOMPARE(favorites->path(), (QStringList{text("no"), text("wh\"ere")}));
     favorites->setShowPotential(true);
     QCOMPARE(favorites->count(), 0);
-    // It may come later, without another word.
+    // It may be declared later, without another message.
     favorites->setPath(path("late"));
     QCOMPARE(MessageLog::take().size(), 1);
     declareSections({text("late/x")});
@@ -318,7 +318,7 @@ void FavoritesModelTest::roles()
         QCOMPARE(value(role), QVariant(0));
         QCOMPARE(value(role).userType(), int(QMetaType::Int));
     }
-    // A picker's rows are favourites or not.
+    // A picker's rows need not be favourites.
     favorites->setShowPotential(true);
     QVERIFY(favorites->data(favorites->index(0), 258).toBool());
     QCOMPARE(favorites->data(favorites->index(1), 258), QVariant(false));
@@ -435,7 +435,7 @@ void FavoritesModelTest::invalidKeys()
 
     favorites->setKey({});
     QCOMPARE(MessageLog::take(), QStringList{text("warning default: MGConfItem: invalid key \"\"")});
-    favorites->setUserModifiedKey({}); // none at all
+    favorites->setUserModifiedKey({}); // without a flag
     QCOMPARE(MessageLog::take(), QStringList());
 }
 

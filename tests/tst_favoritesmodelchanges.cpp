@@ -16,7 +16,7 @@
 #include <QPointer>
 #include <QTest>
 
-// What favourites a model lists. tst_favoritesediting has how they are edited.
+// Changes of the favourites that a model lists. tst_favoritesediting tests edits.
 class FavoritesModelChangesTest : public QObject
 {
     Q_OBJECT
@@ -33,8 +33,8 @@ private Q_SLOTS:
     void contentChangeResets();
     void rootIsLookedUpAgain();
     void potentialEntriesAreRebuilt();
-    void destroyedRowGoesAlone();
-    void destroyedEntryTakesAllItsRows();
+    void destroyedRowIsRemovedAlone();
+    void destroyedEntryRemovesAllItsRows();
     void slotFindsItsSender();
     void removedRowKeepsTheOthersWatched();
     void potentialEntryDies();
@@ -184,7 +184,7 @@ void FavoritesModelChangesTest::potentialEntriesAreRebuilt()
     QCOMPARE(names, path("c/e"));
 }
 
-void FavoritesModelChangesTest::destroyedRowGoesAlone()
+void FavoritesModelChangesTest::destroyedRowIsRemovedAlone()
 {
     storeFavorites(path("a/b/c"));
     WatchedFavorites favorites;
@@ -196,7 +196,7 @@ void FavoritesModelChangesTest::destroyedRowGoesAlone()
     QVERIFY(favorites.isConsistent());
 }
 
-void FavoritesModelChangesTest::destroyedEntryTakesAllItsRows()
+void FavoritesModelChangesTest::destroyedEntryRemovesAllItsRows()
 {
     storeFavorites(path("a/b/a/c/a"));
     WatchedFavorites favorites;
@@ -221,7 +221,7 @@ void FavoritesModelChangesTest::slotFindsItsSender()
 {
     storeFavorites(path("a/b"));
     WatchedFavorites favorites;
-    // The row goes with its entry, and also when the entry only says so.
+    // The row is removed with its entry, and also if the entry only emits its signal.
     TreeItem *item = favorites.item(0);
     connect(item, SIGNAL(objectNameChanged(QString)), &*favorites, SLOT(removeDestroyedItem()));
     TreeItem stranger(text("stranger"), {});
@@ -288,7 +288,7 @@ void FavoritesModelChangesTest::deadNodesAreGoneFromTwoModels()
     connect(&*second, &FavoritesModel::countChanged, this, look);
     TreeItem *item = first.item(0);
     item->parentItem()->removeChild(item);
-    // A row whose entry is dead shows nothing until it goes.
+    // The roles of a row whose entry was deleted are empty until the row is removed.
     QCOMPARE(seen, (QStringList{text("b"), text("(dead) b"), text("b"), text("b")}));
 }
 
@@ -298,7 +298,7 @@ void FavoritesModelChangesTest::handlersMayChangeTheModel()
         R"({"path": "a"}, {"path": "b"}, {"path": "n", "type": "integer"}, {"path": "m", "type": "integer"})");
     storeFavorites(path("a/b/n/m"));
     storeUserModified(true);
-    // Each once, in the middle of whatever happens
+    // Each once, during another change
     const QVector<std::function<void(FavoritesModel &)>> changes{
         [](FavoritesModel &model) { model.setFilter({text("list_favorites")}); },
         [](FavoritesModel &model) { model.setShowPotential(true); },

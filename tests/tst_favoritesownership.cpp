@@ -16,7 +16,7 @@
 
 namespace
 {
-/// The keys of the items that are direct children of @p owner.
+/// Returns the keys of the items that are direct children of @p owner.
 QStringList keys(const QObject &owner)
 {
     QStringList keys;
@@ -34,7 +34,7 @@ int countOf(const QObject &owner)
 }
 }
 
-// What an object owns is a direct child of it, also when a helper class looks after it.
+// Owned objects are direct children of their owner, even if a helper class manages them.
 class FavoritesOwnershipTest : public QObject
 {
     Q_OBJECT

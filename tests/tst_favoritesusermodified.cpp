@@ -16,7 +16,7 @@
 
 #include <optional>
 
-// How favourites are edited, whether dconf announces a write at once or later.
+// The user-modified flag, if dconf announces a write at once and if it does later.
 class FavoritesUserModifiedTest : public QObject
 {
     Q_OBJECT
@@ -68,7 +68,7 @@ void FavoritesUserModifiedTest::writesFlagBeforeList()
         edit();
         QCOMPARE(order, (QStringList{text("flag"), text("list")}));
     }
-    // As another program sees it
+    // As another program reads it
     QTRY_COMPARE(stored(WatchedFavorites::keyOfTests()), QByteArray("['b', 'a', 'd']"));
     QTRY_COMPARE(stored(WatchedFavorites::userModifiedKeyOfTests()), QByteArray("true"));
 }
@@ -110,7 +110,7 @@ void FavoritesUserModifiedTest::userModifiedKey()
     favorites->setUserModifiedKey({});
     QCOMPARE(favorites.takeSignals(), changed);
     QCOMPARE(favorites->userModifiedKey(), QString());
-    // The old key is neither written nor followed any more.
+    // The old key is no longer written or followed.
     favorites->addFavorite(text("c"));
     QVERIFY(!MGConfItem(text("/test/other")).value().isValid());
     favorites.takeSignals();
@@ -138,7 +138,7 @@ void FavoritesUserModifiedTest::editsWithoutUserModifiedKey()
     favorites->move(0, 1);
     QCOMPARE(favorites.names(), path("c/b"));
     QCOMPARE(storedFavorites(), path("c/b"));
-    settle(); // whatever is still announced
+    settle(); // until all announcements have arrived
     QCOMPARE(favorites.names(), path("c/b"));
     QVERIFY(favorites.isConsistent());
     QVERIFY(!favorites->userModified());

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 // Favourites in an MGConfItem whose value changes only when the event loop runs, together with the announcement. The
-// item below takes the place of the platform's in this program; its keys live in memory.
+// item below replaces the platform's in this program; its keys are in memory.
 
 #include "text.h"
 #include "nodescriptors.h"

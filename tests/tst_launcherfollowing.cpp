@@ -45,11 +45,14 @@ private Q_SLOTS:
     void randomOperations();
 };
 
-static void writeBasics(const Applications &applications)
+namespace
+{
+void writeBasics(const Applications &applications)
 {
     applications.write("first/b.desktop", application("B"));
     applications.write("first/d.desktop", application("D"));
     applications.write("first/sub/f.desktop", application("F"));
+}
 }
 
 void tst_LauncherFollowing::followsOneFile_data()
@@ -363,18 +366,20 @@ void tst_LauncherFollowing::supportsTwoModels()
     QTRY_COMPARE(rows(second), text("A B"));
 }
 
-static QByteArray pick(QRandomGenerator *random, const QByteArrayList &from)
+namespace
+{
+QByteArray pick(QRandomGenerator *random, const QByteArrayList &from)
 {
     return from.at(random->bounded(from.size()));
 }
 
-static QByteArray randomFile(QRandomGenerator *random)
+QByteArray randomFile(QRandomGenerator *random)
 {
     return pick(random, {"user/", "first/", "second/"}) + pick(random, {"", "", "x/", "x/y/", "z/"})
            + pick(random, {"a", "b", "c", "x-a", "x-y-b"}) + ".desktop";
 }
 
-static void changeSomething(const Applications &applications, QRandomGenerator *random)
+void changeSomething(const Applications &applications, QRandomGenerator *random)
 {
     const QByteArray file = randomFile(random);
     const QByteArray other = randomFile(random);
@@ -412,6 +417,7 @@ static void changeSomething(const Applications &applications, QRandomGenerator *
     default:
         applications.write(file.constData(), content);
     }
+}
 }
 
 void tst_LauncherFollowing::randomOperations()

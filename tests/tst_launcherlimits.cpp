@@ -47,12 +47,14 @@ private Q_SLOTS:
     void removesWatchesOfRemovedFiles();
 };
 
-static QByteArray encoded(const QString &path)
+namespace
+{
+QByteArray encoded(const QString &path)
 {
     return QFile::encodeName(path);
 }
 
-static void makeSocket(const QString &path)
+void makeSocket(const QString &path)
 {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
@@ -62,6 +64,7 @@ static void makeSocket(const QString &path)
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     QCOMPARE(bind(socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
     close(socket);
+}
 }
 
 void tst_LauncherLimits::init()
@@ -192,7 +195,9 @@ void tst_LauncherLimits::limitsTheDepthOfDirectories()
     QTRY_COMPARE(rows(model), text("A"));
 }
 
-static int depthOf(const LauncherFolderItem *folder)
+namespace
+{
+int depthOf(const LauncherFolderItem *folder)
 {
     int depth = 0;
     while (folder) {
@@ -200,6 +205,7 @@ static int depthOf(const LauncherFolderItem *folder)
         folder = qobject_cast<LauncherFolderItem *>(folder->get(0));
     }
     return depth;
+}
 }
 
 void tst_LauncherLimits::limitsTheDepthOfMenus()
@@ -325,10 +331,13 @@ void tst_LauncherLimits::worksWithoutWatches()
     QCOMPARE(rows(later), text("A"));
 }
 
-static int eventLimit()
+namespace
+{
+int eventLimit()
 {
     QFile file(text("/proc/sys/fs/inotify/max_queued_events"));
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
+}
 }
 
 void tst_LauncherLimits::readsAllFilesAgainAfterLostEvents()
@@ -353,8 +362,10 @@ void tst_LauncherLimits::readsAllFilesAgainAfterLostEvents()
     QCOMPARE(changes.count(), 0);
 }
 
+namespace
+{
 /// Returns the number of watches of this process.
-static int watchCount()
+int watchCount()
 {
     int count = 0;
     const QFileInfoList descriptors = QDir(text("/proc/self/fdinfo")).entryInfoList(QDir::Files);
@@ -365,6 +376,7 @@ static int watchCount()
         }
     }
     return count;
+}
 }
 
 void tst_LauncherLimits::removesWatchesOfRemovedFiles()

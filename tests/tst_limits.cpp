@@ -18,7 +18,7 @@
 
 #include <malloc.h>
 
-// How much of what a package can put into its registration file the library takes.
+// The limits of registration files: what the library accepts, and how long it takes.
 class LimitsTest : public QObject
 {
     Q_OBJECT
@@ -63,27 +63,27 @@ int statusKiB(const char *field)
     return status.mid(start, status.indexOf("kB", start) - start).trimmed().toInt();
 }
 
-/// What is resident once the memory that is free has been given back.
+/// Returns the resident memory after free memory was returned to the system.
 int trimmedKiB()
 {
     malloc_trim(0);
     return statusKiB("VmRSS:");
 }
 
-/// Lets the peak be what is resident now.
+/// Resets the peak to the current resident memory.
 void resetPeak()
 {
     World::writeFile(text("/proc/self/clear_refs"), "5");
 }
 
-/// A registration file with an array in an entry, @p depth levels deep as a whole.
+/// Returns a registration file of @p depth levels, with nested arrays in an entry.
 QByteArray nestedFile(int depth)
 {
     const int arrays = depth - 3; // the file, its entries and the entry are levels, too
     return R"({"entries": [{"path": "a", "deep": )" + QByteArray(arrays, '[') + QByteArray(arrays, ']') + "}]}";
 }
 
-/// Entries with long titles, as many as fit into @p size bytes.
+/// Returns as many entries with long titles as fit into @p size bytes.
 QByteArray fileOfSize(int size)
 {
     const QByteArray title(4000, 'x');
@@ -103,12 +103,12 @@ QByteArray fileOfBadEntries(int count)
 }
 
 struct Load {
-    qint64 time; ///< in nanoseconds, -1 when the tree is not what the file declares
-    int peakKiB; ///< of memory above what there was before
-    int keptKiB; ///< when all is over
+    qint64 time; ///< in nanoseconds, -1 if the tree does not match the file
+    int peakKiB; ///< more memory than before the load
+    int keptKiB; ///< the same after the unload
 };
 
-/// What a file of @p megabytes takes from its load to the end of its tree.
+/// Measures a file of @p megabytes from its load to the deletion of its tree.
 Load load(int megabytes)
 {
     World::writeEntries(s_file, fileOfSize(megabytes * 1000 * 1000));
@@ -336,7 +336,7 @@ void LimitsTest::entryOfRootIsKeptAlone()
     QVERIFY2(World::KeepsFreedMemory || kept < 4096, qPrintable(QString::number(kept)));
 }
 
-// One of its nodes stays, for the entry of another file is below it.
+// One of its nodes stays, because the entry of another file is below it.
 void LimitsTest::unloadedFileIsNotKept()
 {
     World::writeEntries(s_file, fileOfSize(50000000));
@@ -359,7 +359,7 @@ void LimitsTest::catalogElsewhere_data()
     QTest::newRow("with an absolute path") << elsewhere() + text("/sample");
 }
 
-// A name is no more than a path: where it leads is up to the package, which could ship the same texts as its titles.
+// The name of a catalog may lead out of the directory: a package could ship the same texts as its titles.
 void LimitsTest::catalogElsewhere()
 {
     QFETCH(QString, name);

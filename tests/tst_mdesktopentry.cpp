@@ -37,9 +37,12 @@ private:
     const QTemporaryDir m_directory;
 };
 
-static QByteArray entry(const QByteArray &lines)
+namespace
+{
+QByteArray entry(const QByteArray &lines)
 {
     return "[Desktop Entry]\nType=Application\nName=Plain\n" + lines;
+}
 }
 
 void tst_MDesktopEntry::init()

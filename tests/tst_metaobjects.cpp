@@ -23,7 +23,7 @@ Q_DECLARE_METATYPE(const QMetaObject *)
 
 namespace
 {
-/// "enum Color Red=0 Green=1"
+/// Returns a text such as "enum Color Red=0 Green=1".
 QByteArray declarationOf(const QMetaEnum &enumeration)
 {
     QByteArray declaration = QByteArray(enumeration.isFlag() ? "flag " : "enum ") + enumeration.name();
@@ -33,7 +33,7 @@ QByteArray declarationOf(const QMetaEnum &enumeration)
     return declaration;
 }
 
-/// "property int width READ WRITE NOTIFY widthChanged"
+/// Returns a text such as "property int width READ WRITE NOTIFY widthChanged".
 QByteArray declarationOf(const QMetaProperty &property)
 {
     QByteArray declaration = QByteArray("property ") + property.typeName() + ' ' + property.name();
@@ -55,7 +55,7 @@ QByteArray kindOf(const QMetaMethod &method)
     }
 }
 
-/// "slot void resize(int width, int height)"
+/// Returns a text such as "slot void resize(int width, int height)".
 QByteArray declarationOf(const QMetaMethod &method)
 {
     const QByteArrayList types = method.parameterTypes();
@@ -67,7 +67,7 @@ QByteArray declarationOf(const QMetaMethod &method)
     return kindOf(method) + ' ' + method.typeName() + ' ' + method.name() + '(' + parameters.join(", ") + ')';
 }
 
-/// The members that the class adds to those of its base class, in the order of the meta-object.
+/// Returns the members that the class adds to those of its base class, in the order of the meta-object.
 QStringList membersOf(const QMetaObject &meta)
 {
     QStringList members;

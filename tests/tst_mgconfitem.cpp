@@ -111,12 +111,15 @@ void tst_MGConfItem::readsValuesOfOtherPrograms()
     QCOMPARE(MGConfItem(key).value(), value);
 }
 
-static QVariant mapsAround(QVariant value, int levels)
+namespace
+{
+QVariant mapsAround(QVariant value, int levels)
 {
     for (int i = 0; i < levels; ++i) {
         value = QVariantMap{{QStringLiteral("key"), value}};
     }
     return value;
+}
 }
 
 void tst_MGConfItem::keepsTheDeepestValue()
@@ -229,11 +232,14 @@ void tst_MGConfItem::invalidKey_data()
     QTest::newRow("NUL") << QStringLiteral("/test/key") + QChar(QChar::Null);
 }
 
-static QStringList s_warnings;
+namespace
+{
+QStringList s_warnings;
 
-static void collectWarnings(QtMsgType, const QMessageLogContext &, const QString &text)
+void collectWarnings(QtMsgType, const QMessageLogContext &, const QString &text)
 {
     s_warnings.append(text);
+}
 }
 
 void tst_MGConfItem::invalidKey()

@@ -60,16 +60,19 @@ void tst_MGConfItemWorlds::worlds()
     QVERIFY(runInWorld(directory.path(), world));
 }
 
-static void writeFile(const QString &name, const QByteArray &content)
+namespace
+{
+void writeFile(const QString &name, const QByteArray &content)
 {
     QFile file(name);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(content), qint64(content.size()));
 }
 
-static void writeProfile(const QByteArray &otherDatabases = QByteArray())
+void writeProfile(const QByteArray &otherDatabases = QByteArray())
 {
     writeFile(QStringLiteral("profile"), "user-db:user\n" + otherDatabases);
+}
 }
 
 void World::administratorsProfile()
@@ -119,14 +122,16 @@ void World::profileIsMissing()
     QCOMPARE(spy.count(), 0);
 }
 
+namespace
+{
 // The item notifies twice, there and back, or once if another thread has noticed the failure by the first time.
-static bool isReverted(const QSignalSpy &spy, const MGConfItem &item, const QVariant &value)
+bool isReverted(const QSignalSpy &spy, const MGConfItem &item, const QVariant &value)
 {
     return item.value() == value && spy.count() > 0;
 }
 
 /// Returns whether the shared connection of this process does not end it.
-static bool outlivesItsBus()
+bool outlivesItsBus()
 {
     GDBusConnection *bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
     const bool outlives = bus && !g_dbus_connection_get_exit_on_close(bus);
@@ -135,12 +140,13 @@ static bool outlivesItsBus()
 }
 
 /// Runs the event loop, in which GIO would end the process after the bus, for as long as a program runs.
-static void outliveTheBus()
+void outliveTheBus()
 {
     QProcess program;
     QSignalSpy finished(&program, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
     program.start(QStringLiteral("dconf"), {QStringLiteral("list"), QStringLiteral("/")});
     QVERIFY(finished.wait());
+}
 }
 
 void World::busDies()
@@ -191,7 +197,7 @@ void World::noBus()
     QTRY_VERIFY(isReverted(spy, item, QVariant()));
 }
 
-// A function that waited for the bus would wait for ever here.
+// A function that waits for the bus would never return here.
 void World::busNeverAnswers()
 {
     writeProfile();

@@ -25,7 +25,7 @@ using Model = std::unique_ptr<QAbstractItemModel>;
 using MakeModel = std::function<Model()>;
 Q_DECLARE_METATYPE(MakeModel)
 
-// What every list model of the library holds to. A model joins with a line in models().
+// Rules for every list model of the library. A new model is added to models().
 class ModelContractTest : public QObject
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ Model makeFavoritesModel()
     auto model = std::make_unique<FavoritesModel>();
     model->setFilter({QStringLiteral("grid_favorites")});
     model->setShowPotential(true);
-    const MessageLog log; // the path may come later
+    const MessageLog log; // the path may be declared later
     model->setPath({QStringLiteral("page")});
     model->componentComplete();
     return model;
@@ -96,7 +96,7 @@ void declareEntries(const QString &file, const QStringList &paths)
 void ModelContractTest::models()
 {
     QTest::addColumn<MakeModel>("make");
-    QTest::addColumn<QVariant>("unknownRole"); // what the model answers for one
+    QTest::addColumn<QVariant>("unknownRole"); // the value of an unknown role
     QTest::newRow("SettingsModel, children")
         << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); }) << QVariant();
     QTest::newRow("SettingsModel, grandchildren")
@@ -142,7 +142,7 @@ void ModelContractTest::followsTheRegistry()
         }
         World::rescan(PluginRegistry::instance());
         QVERIFY(replica.isEqual());
-        // A node that goes alone
+        // Only one node is deleted.
         TreeItem *item = PluginRegistry::instance()->getItem(
             {QStringLiteral("page"), QString::number(random.bounded(12))});
         if (item) {

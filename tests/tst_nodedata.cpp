@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-// Data that C++ code gives a node is kept as it is: only what comes from files has been JSON.
+// Data that C++ code gives to a node is kept as it is. Only data from files has been JSON.
 class NodeDataTest : public QObject
 {
     Q_OBJECT

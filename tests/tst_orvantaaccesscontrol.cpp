@@ -8,7 +8,9 @@
 
 #include <unistd.h>
 
-static QString output(const QString &program, const QStringList &arguments)
+namespace
+{
+QString output(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
@@ -16,19 +18,20 @@ static QString output(const QString &program, const QStringList &arguments)
     return QString::fromLocal8Bit(process.readAllStandardOutput()).trimmed();
 }
 
-static QStringList databaseLines(const QStringList &query)
+QStringList databaseLines(const QStringList &query)
 {
     return output(QStringLiteral("getent"), query).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-static QString field(const QString &databaseLine, int index)
+QString field(const QString &databaseLine, int index)
 {
     return databaseLine.section(QLatin1Char(':'), index, index);
 }
 
-static bool hasGroup(uid_t uid, const QString &group)
+bool hasGroup(uid_t uid, const QString &group)
 {
     return orvanta_access_control_hasgroup(uid, group.toLocal8Bit().constData()) != 0;
+}
 }
 
 class tst_OrvantaAccessControl : public QObject

@@ -38,13 +38,13 @@ class OutlivedNodesTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void goesWithItsLastChild();
+    void isRemovedWithItsLastChild();
     void staysWhileItsFileIsLoadedAgain();
     void fileThatWasNeverLoaded();
     void fileThatWasNeverLoadedAndIsUnloaded();
     void maskReloadsTheFilesBelow_data();
     void maskReloadsTheFilesBelow();
-    void maskTakesTheLastChild();
+    void maskRemovesTheLastChild();
     void maskOfUndeclaredNode();
 };
 
@@ -53,7 +53,7 @@ void OutlivedNodesTest::init()
     World::reset();
 }
 
-void OutlivedNodesTest::goesWithItsLastChild()
+void OutlivedNodesTest::isRemovedWithItsLastChild()
 {
     writeFile("a.json", {declaring("a", "A")});
     writeFile("b.json", {declaring("a/b", "B")});
@@ -129,13 +129,13 @@ void OutlivedNodesTest::maskReloadsTheFilesBelow()
     World::setMasked({});
     QTRY_COMPARE(changes.count(), 2);
     QCOMPARE(titleOf(registry, "a"), text("A"));
-    // It still goes with its last child.
+    // It is still removed with its last child.
     registry.removeEntriesForFile(text("b.json"));
     registry.removeEntriesForFile(text("c.json"));
     QVERIFY(!registry.getItem(path("a")));
 }
 
-void OutlivedNodesTest::maskTakesTheLastChild()
+void OutlivedNodesTest::maskRemovesTheLastChild()
 {
     writeFile("a.json", {declaring("a", "A")});
     writeFile("b.json", {declaring("a/b", "B")});
@@ -155,7 +155,7 @@ void OutlivedNodesTest::maskOfUndeclaredNode()
     const MessageLog log;
     World::setMasked({text("a")});
     QTRY_COMPARE(changes.count(), 1);
-    // The file that declared the node has no name, and there is no such file.
+    // The name of the file that declared the node is empty, and there is no such file.
     QCOMPARE(log.take(), QStringList{settingsWarning(Messages::CannotReadEntries, QString())});
     QCOMPARE(paths(registry), (QStringList{text("a"), text("a/b")}));
     World::setMasked({});

@@ -49,7 +49,7 @@ void PathListTest::moves()
     QFETCH(QString, to);
     QFETCH(QString, expected);
     QCOMPARE(PathList::moved(path("a/b/c/d"), from, to).join(QLatin1Char('/')), expected);
-    // Of equal paths the first one counts.
+    // The first of equal paths counts.
     QCOMPARE(PathList::moved(path("a/b/c/d/a/b/c/d"), from, to).join(QLatin1Char('/')),
              expected + text("/a/b/c/d"));
 }

@@ -8,7 +8,7 @@
 #include <QDBusConnection>
 #include <QTest>
 
-/// The answers to calls are handled once and in their order, whenever they come.
+/// The replies to calls are handled once and in their order, whenever they arrive.
 class PendingReplyTest : public QObject
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ void PendingReplyTest::keepsTheOrderOfAnswers()
     QFETCH(QString, second);
     QStringList handled;
     QObject context;
-    // As when the thread is held up between the call and the wait for its answer.
+    // As if the thread were delayed between the call and the wait for its reply.
     whenFinished(answeredCall(first), &context, [&](const QDBusPendingCall &) { handled.append(text("first")); });
     QDBusPendingCall later = call(second);
     whenFinished(later, &context, [&](const QDBusPendingCall &) { handled.append(text("second")); });

@@ -53,7 +53,7 @@ struct Creation {
     QStringList errors;
 };
 
-/// Creates what the QML @p document describes.
+/// Creates the object of the QML @p document.
 Creation create(QQmlEngine &engine, const QString &document)
 {
     QQmlComponent component(&engine);
@@ -79,7 +79,7 @@ std::unique_ptr<QQmlEngine> makeEngineWithModule()
     return engine;
 }
 
-/// The description that QML tools read of the type that the module exports as @p name.
+/// Returns the description, for QML tools, of the type that the module exports as @p name.
 QStringList toolComponents(const QString &name)
 {
     QFile file(QStringLiteral(VELKA_QML_DIR "/com/velka/settings/plugins.qmltypes"));
@@ -129,7 +129,7 @@ private Q_SLOTS:
     void eachEngineHasItsApplicationsModel();
     void eachEngineHasItsTranslators();
     void twoImportsMakeOnePair();
-    void engineMadeAnew();
+    void engineCreatedAgain();
     void translatorsHaveTheirOwnMetaObject();
     void deletedTranslatorLeavesTheApplication();
     void localeWinsOverEngineeringEnglish();
@@ -138,7 +138,7 @@ private Q_SLOTS:
     void noCatalogs();
     void damagedCatalogs();
     void localeOfTheImportCounts();
-    void regionGoesBeforeLanguage();
+    void regionPrecedesLanguage();
 
     void filesAreReadWithTheFirstModel();
     void catalogsAreLookedUpWithTheEngine();
@@ -233,7 +233,7 @@ void PluginTest::errorsCannotBeCreated()
     const auto engine = makeEngine();
     const Creation creation = create(*engine, s_import + QStringLiteral("SettingsControlError {}"));
     QVERIFY(!creation.object);
-    // What the engine says when it was given no reason
+    // The engine's message without a reason
     QCOMPARE(creation.errors, {QStringLiteral("Element is not creatable.")});
 }
 
@@ -349,7 +349,7 @@ void PluginTest::twoImportsMakeOnePair()
     QCOMPARE(translatorCount(*engine), 2);
 }
 
-void PluginTest::engineMadeAnew()
+void PluginTest::engineCreatedAgain()
 {
     Catalogs::install("sample-fi", "settings-fi");
     for (int i = 0; i < 3; ++i) {
@@ -358,7 +358,7 @@ void PluginTest::engineMadeAnew()
         QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
     }
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
-    // The next engine reads the catalogs that are there by then.
+    // The next engine reads the catalogs that exist then.
     Catalogs::removeAll();
     const auto engine = makeEngineWithModule();
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
@@ -455,7 +455,7 @@ void PluginTest::localeOfTheImportCounts()
     QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
 }
 
-void PluginTest::regionGoesBeforeLanguage()
+void PluginTest::regionPrecedesLanguage()
 {
     QLocale::setDefault(s_austrian);
     Catalogs::install("sample-fi", "settings-de_AT");
@@ -487,7 +487,7 @@ void PluginTest::catalogsAreLookedUpWithTheEngine()
 
 namespace
 {
-/// What the traced runs of this program do: import the module into an engine, and no more than @p document says.
+/// Run by the traced processes: imports the module into an engine and creates the @p document.
 int runDocument(const QString &document)
 {
     QLocale::setDefault(s_austrian);

@@ -24,6 +24,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <utility>
+
 namespace
 {
 QString fileOf(const PluginRegistry &registry, const char *joined)
@@ -37,7 +39,7 @@ QByteArray ownGroup()
     return getgrgid(getegid())->gr_name;
 }
 
-/// A group of the system that the user of this process is not in.
+/// Returns a group of the system to which the user of this process does not belong.
 QByteArray foreignGroup()
 {
     QByteArray name;
@@ -69,7 +71,7 @@ private Q_SLOTS:
     void intermediateNodes();
     void slashes_data();
     void slashes();
-    void emptyPathGoesToTheRoot();
+    void emptyPathIsTheRoot();
     void fromFileIsTheRealName();
     void parsingIsLoggedAtInfoLevel();
     void groups_data();
@@ -77,11 +79,11 @@ private Q_SLOTS:
 
     void removalKeepsWhatHasChildren();
     void removalInTheOtherOrder();
-    void removalTakesEmptyUndeclaredNodes();
+    void removalRemovesEmptyUndeclaredNodes();
     void removalAndAdditionAreSilent();
     void removalMatchesReference();
 
-    void instanceIsOne(); // last: from there on it lives
+    void instanceIsOne(); // last, because the instance is never deleted
 };
 
 void PluginRegistryTest::init()
@@ -122,7 +124,7 @@ void PluginRegistryTest::laterFileWins()
     QCOMPARE(fileOf(registry, "a"), text("2.json"));
     QCOMPARE(registry.getItem(path("a"))->title(), text("Two"));
     QCOMPARE(registry.getItem(path("a"))->icon(), QString());
-    // What was replaced does not come back.
+    // A replaced entry does not return.
     registry.removeEntriesForFile(text("2.json"));
     QCOMPARE(paths(registry), QStringList());
 }
@@ -176,7 +178,7 @@ void PluginRegistryTest::slashes()
     QCOMPARE(paths(registry).size(), 3);
 }
 
-void PluginRegistryTest::emptyPathGoesToTheRoot()
+void PluginRegistryTest::emptyPathIsTheRoot()
 {
     World::writeEntries(text("x.json"), declaring("X", {"", "/"}));
     PluginRegistry registry;
@@ -271,7 +273,7 @@ void PluginRegistryTest::removalInTheOtherOrder()
     QCOMPARE(paths(registry), QStringList());
 }
 
-void PluginRegistryTest::removalTakesEmptyUndeclaredNodes()
+void PluginRegistryTest::removalRemovesEmptyUndeclaredNodes()
 {
     World::writeEntries(text("x.json"), declaring("X", {"x"}));
     PluginRegistry registry;
@@ -294,7 +296,7 @@ void PluginRegistryTest::removalAndAdditionAreSilent()
     QCOMPARE(changes.count(), 0);
 }
 
-// Random files over few paths, loaded and unloaded at random, against a plain tree that is walked as a whole.
+// Loads and unloads random files with few paths, and compares the tree with a plain one.
 void PluginRegistryTest::removalMatchesReference()
 {
     QRandomGenerator random(11);
@@ -318,7 +320,7 @@ void PluginRegistryTest::removalMatchesReference()
     QSet<QString> loaded;
     const auto load = [&](int file) {
         loaded.insert(nameOf(file));
-        for (const QStringList &names : qAsConst(declared[file])) {
+        for (const QStringList &names : std::as_const(declared[file])) {
             reference.insertItem(names, {{text("path"), names.join(QLatin1Char('/'))},
                                          {text("title"), text("x")},
                                          {text("from_file"), nameOf(file)}});
@@ -326,7 +328,7 @@ void PluginRegistryTest::removalMatchesReference()
     };
     // In the order in which a directory lists them
     QStringList listed = QDir(Constants::EntriesDirectory).entryList(QDir::Files);
-    for (const QString &name : qAsConst(listed)) {
+    for (const QString &name : std::as_const(listed)) {
         load(name.section(QLatin1Char('.'), 0, 0).toInt());
     }
     for (int step = 0; step < 1000; ++step) {

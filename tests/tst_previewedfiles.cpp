@@ -46,7 +46,7 @@ void PreviewedFilesTest::followsWhatIsSaved()
     QVERIFY(!registry->getItem({text("b")}));
     QVERIFY(changed.count() > 0);
 
-    const MessageLog log; // half of a file may be seen on the way
+    const MessageLog log; // a part of a file may be read
     World::writeFile(file, R"({"entries": [{"path": "a", "title": "Third"}]})");
     QTRY_COMPARE(titleOf("a"), text("Third"));
     World::writeFile(file, "{");

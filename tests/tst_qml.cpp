@@ -10,7 +10,7 @@
 #include <QRegularExpression>
 #include <QtQuickTest>
 
-/// What the QML tests may do to the sandbox they run in.
+/// Functions with which the QML tests change the sandbox.
 class Setup : public QObject
 {
     Q_OBJECT
@@ -41,13 +41,13 @@ public:
         QFile::remove(m_entries.filePath(fileName));
     }
 
-    /// What the dconf tool prints, in a process of its own.
+    /// Returns the output of the dconf tool, which is another process.
     Q_INVOKABLE QString dconf(const QStringList &arguments)
     {
         return QString::fromUtf8(::dconf(arguments));
     }
 
-    /// Fails the test function that ends without information of this @p pattern.
+    /// Fails the test function if it ends without an information message that matches @p pattern.
     Q_INVOKABLE void expectInfo(const QString &pattern)
     {
         QTest::ignoreMessage(QtInfoMsg, QRegularExpression(pattern));

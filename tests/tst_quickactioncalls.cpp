@@ -47,10 +47,10 @@ QString errorOfQt(Part part, const QString &name)
     return {};
 }
 
-/// The answer of the bus to a call for @p service, which nothing on it has.
+/// Returns the error of the bus for a call of @p service, which does not exist.
 QString errorOfBus(const QString &service)
 {
-    if (service.isEmpty()) { // then the call is for the bus itself
+    if (service.isEmpty()) { // such a call is for the bus itself
         return text("org.freedesktop.DBus.Error.UnknownMethod Method \"act\" with signature \"\" on interface "
                     "\"com.velka.interface\" doesn't exist\n");
     }
@@ -58,14 +58,14 @@ QString errorOfBus(const QString &service)
         .arg(service);
 }
 
-/// The reader's messages so far. Qt adds one of its own for each call that it refuses.
+/// Returns the reader's messages so far, without Qt's own message for each call that it refuses.
 QStringList takeMessages(const MessageLog &log)
 {
     return log.take().filter(text("QML QuickActionReader: "));
 }
 }
 
-/// Which calls are sent, and what is printed of the others. None of them ends the process or the connection.
+/// The calls that are sent, and the messages for others. None of them ends the process or the connection.
 class QuickActionCallsTest : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ void QuickActionCallsTest::initTestCase()
     m_target = std::make_unique<Target>();
 }
 
-/// A good call still arrives, as the only one that does.
+/// Checks that a valid call still arrives, and only this one.
 void QuickActionCallsTest::cleanup()
 {
     const MessageLog log;

@@ -19,7 +19,7 @@ using namespace QuickActions;
 
 namespace
 {
-/// The calls with the types of all values in them.
+/// Returns the calls with the types of all their values.
 QString typed(const QList<QVariantList> &calls)
 {
     QString text;
@@ -27,7 +27,7 @@ QString typed(const QList<QVariantList> &calls)
     return text;
 }
 
-/// A value that tells how often it is kept.
+/// A value that counts its copies.
 struct Counted {
     std::shared_ptr<int> value;
 

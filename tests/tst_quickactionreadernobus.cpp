@@ -12,7 +12,7 @@
 
 namespace
 {
-// Far below the time that a call is given for its answer
+// Far below the time-out of a call
 constexpr int NoTime = 5000;
 
 QVariantMap action()
@@ -25,19 +25,19 @@ QVariantMap action()
 }
 }
 
-/// The reader in a world without a session bus.
+/// The reader without a session bus.
 class QuickActionReaderNoBusTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void triggerTellsWhyTheCallIsNotQueued();
-    void eachTriggerTells();
-    void anyCallTellsTheLastError_data();
-    void anyCallTellsTheLastError();
-    void showStorePageTellsTheLastError_data();
-    void showStorePageTellsTheLastError();
+    void triggerReportsWhyTheCallIsNotQueued();
+    void eachTriggerReports();
+    void anyCallReportsTheLastError_data();
+    void anyCallReportsTheLastError();
+    void showStorePageReportsTheLastError_data();
+    void showStorePageReportsTheLastError();
     void remoteActionStringNeedsNoBus();
 };
 
@@ -46,7 +46,7 @@ void QuickActionReaderNoBusTest::initTestCase()
     QVERIFY(!QDBusConnection::sessionBus().isConnected());
 }
 
-void QuickActionReaderNoBusTest::triggerTellsWhyTheCallIsNotQueued()
+void QuickActionReaderNoBusTest::triggerReportsWhyTheCallIsNotQueued()
 {
     const MessageLog log;
     QuickActionReader reader(nullptr);
@@ -54,7 +54,7 @@ void QuickActionReaderNoBusTest::triggerTellsWhyTheCallIsNotQueued()
     timer.start();
     reader.trigger(action());
     QVERIFY(timer.elapsed() < NoTime);
-    QCoreApplication::processEvents(); // to no error callback, which would ask for the store
+    QCoreApplication::processEvents(); // no error callback must run, because it would call the store
     QCOMPARE(log.take(),
              QStringList(text("info default: <Unknown File>: QML QuickActionReader: Failed to initialize "
                               "dbus call to: service=com.velka.service path=/object "
@@ -62,7 +62,7 @@ void QuickActionReaderNoBusTest::triggerTellsWhyTheCallIsNotQueued()
                               "org.freedesktop.DBus.Error.Disconnected Not connected to D-Bus server %6")));
 }
 
-void QuickActionReaderNoBusTest::eachTriggerTells()
+void QuickActionReaderNoBusTest::eachTriggerReports()
 {
     const MessageLog log;
     QuickActionReader reader(nullptr);
@@ -73,7 +73,7 @@ void QuickActionReaderNoBusTest::eachTriggerTells()
     QCOMPARE(messages[1], messages[0]);
 }
 
-void QuickActionReaderNoBusTest::anyCallTellsTheLastError_data()
+void QuickActionReaderNoBusTest::anyCallReportsTheLastError_data()
 {
     QTest::addColumn<QVariantMap>("action");
     const auto row = [](const char *title, const char *key, const QVariant &value) {
@@ -92,8 +92,8 @@ void QuickActionReaderNoBusTest::anyCallTellsTheLastError_data()
     row("17 MiB", "remote-arguments", QVariantList{QString(17 * 1024 * 1024, QLatin1Char('x'))});
 }
 
-// With a bus some of these would not be sent. Without one nothing is, and that is what is printed.
-void QuickActionReaderNoBusTest::anyCallTellsTheLastError()
+// With a bus some of these calls would be refused. Without a bus the message is that nothing can be sent.
+void QuickActionReaderNoBusTest::anyCallReportsTheLastError()
 {
     QFETCH(QVariantMap, action);
     const MessageLog log;
@@ -110,14 +110,14 @@ void QuickActionReaderNoBusTest::anyCallTellsTheLastError()
             + text(" %6"));
 }
 
-void QuickActionReaderNoBusTest::showStorePageTellsTheLastError_data()
+void QuickActionReaderNoBusTest::showStorePageReportsTheLastError_data()
 {
     QTest::addColumn<QString>("package");
     QTest::newRow("package") << text("package");
     QTest::newRow("17 MiB") << QString(17 * 1024 * 1024, QLatin1Char('x'));
 }
 
-void QuickActionReaderNoBusTest::showStorePageTellsTheLastError()
+void QuickActionReaderNoBusTest::showStorePageReportsTheLastError()
 {
     QFETCH(QString, package);
     const MessageLog log;

@@ -13,7 +13,7 @@
 
 using namespace QuickActions;
 
-/// What makes the reader ask the store for a package, and for which one.
+/// The errors after which the reader asks the store for a package, and the package.
 class QuickActionStoreTest : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ void QuickActionStoreTest::missingServiceBringsTheStore()
     QCOMPARE(store.calls(), QList<QVariantList>{callFor(text("package"))});
 }
 
-// The bus takes them for names of connections.
+// The bus treats them as names of connections.
 void QuickActionStoreTest::missingUniqueNameBringsTheStore_data()
 {
     QTest::addColumn<QString>("service");

@@ -15,7 +15,7 @@
 #include <QHash>
 #include <QTest>
 
-// The desktop files of desktopfiles/, which packages of Debian ship, against a second, plain reader.
+// Compares the desktop files in desktopfiles/, which are from packages of Debian, with a second, plain reader.
 class tst_RealDesktopFiles : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,9 @@ private Q_SLOTS:
 
 using Values = QHash<QString, QString>; // of the main group
 
-static Values readPlainly(const QString &path)
+namespace
+{
+Values readPlainly(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -47,7 +49,7 @@ static Values readPlainly(const QString &path)
     return values;
 }
 
-static QStringList allFiles(const QString &directory)
+QStringList allFiles(const QString &directory)
 {
     QStringList paths;
     QDirIterator it(directory, {text("*.desktop")}, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
@@ -57,8 +59,8 @@ static QStringList allFiles(const QString &directory)
     return paths;
 }
 
-/// The directories of data of all packages.
-static QStringList dataDirectories()
+/// Returns the data directories of all packages.
+QStringList dataDirectories()
 {
     QStringList directories;
     const QDir packages(text(VELKA_DESKTOP_FILES));
@@ -68,7 +70,7 @@ static QStringList dataDirectories()
     return directories;
 }
 
-static QStringList applicationFiles()
+QStringList applicationFiles()
 {
     QStringList paths;
     for (const QString &directory : dataDirectories()) {
@@ -77,7 +79,7 @@ static QStringList applicationFiles()
     return paths;
 }
 
-static QStringList applicationNames()
+QStringList applicationNames()
 {
     QStringList names;
     for (const QString &path : applicationFiles()) {
@@ -89,6 +91,7 @@ static QStringList applicationNames()
     }
     names.sort();
     return names;
+}
 }
 
 void tst_RealDesktopFiles::readsThem_data()
@@ -124,7 +127,7 @@ void tst_RealDesktopFiles::readsThem()
             QCOMPARE(entry.value(text("Desktop Entry"), text(key)), values.value(text(key)));
         }
     }
-    // This one's values stand in no group.
+    // The values of this file are in no group.
     QCOMPARE(unreadable, QStringList{text("kcmtrash.desktop")});
     QCOMPARE(MessageLog::take(), QStringList());
 }

@@ -134,7 +134,7 @@ void RegistryFilesTest::notAFile_data()
     QTest::addColumn<QString>("kind");
     QTest::newRow("directory") << text("directory");
     QTest::newRow("dangling link") << text("link");
-    QTest::newRow("pipe") << text("pipe"); // to open one would wait for its other end
+    QTest::newRow("pipe") << text("pipe"); // opening a pipe would wait for its other end
     QTest::newRow("missing") << text("missing");
 }
 
@@ -181,7 +181,7 @@ void RegistryFilesTest::pathOfAnotherType_data()
     QTest::addColumn<QStringList>("nodes");
     QTest::newRow("null") << QByteArray("null") << QStringList(); // there, and as empty as ""
     QTest::newRow("number") << QByteArray("7") << path("7");
-    QTest::newRow("large number") << QByteArray("1000000") << path("1e+06"); // a double as any other
+    QTest::newRow("large number") << QByteArray("1000000") << path("1e+06"); // a double like any other
     QTest::newRow("boolean") << QByteArray("true") << path("true");
     QTest::newRow("array") << QByteArray("[\"a\"]") << QStringList();
 }

@@ -109,7 +109,7 @@ void RegistryMaskingTest::maskLeavesEntriesBelow()
     World::setMasked({});
     QTRY_COMPARE(changes.count(), 2);
     QCOMPARE(registry.getItem(path("a/b"))->title(), text("One"));
-    // Masked again, nothing keeps the node once the entries below it go.
+    // When it is masked again, the node is removed with the last entry below it.
     World::setMasked({text("a/b")});
     QTRY_COMPARE(changes.count(), 3);
     registry.removeEntriesForFile(text("2.json"));
@@ -125,7 +125,7 @@ void RegistryMaskingTest::maskLeavesOtherSpellingAlone()
     World::setMasked({text("a")});
     registry.addEntriesForFile(text("1.json"));
     QCOMPARE(registry.getItem(path("a"))->title(), text("Shown"));
-    // The masked entry comes last now, after the other one stands there.
+    // The masked entry is loaded last, when the other one is at that path.
     World::writeEntries(text("1.json"),
                         R"({"entries": [{"path": "/a", "title": "Shown"}, {"path": "a", "title": "Masked"}]})");
     registry.addEntriesForFile(text("1.json"));
@@ -139,7 +139,7 @@ void RegistryMaskingTest::maskLeavesOtherFileAlone()
     World::writeEntries(text("3.json"), declaring("Three", {"a/b"}));
     PluginRegistry registry;
     World::removeEntries(text("2.json"));
-    World::rescan(&registry); // the node stays with its data, for the entry below it
+    World::rescan(&registry); // the node stays with its data because of the entry below it
     const MessageLog log;
     World::setMasked({text("a")});
     QCOMPARE(log.take(), QStringList{settingsWarning(Messages::CannotReadEntries, text("2.json"))});
@@ -181,7 +181,7 @@ void RegistryMaskingTest::maskWithoutEffectIsSilent()
     QSignalSpy changes(&registry, &PluginRegistry::contentChanged);
     World::setMasked({text("x"), text("nowhere")});
     World::setMasked({text("elsewhere"), text("x")});
-    // A change with effect comes after them, so they have been heard.
+    // A change with an effect comes after them, so they have been handled.
     World::setMasked({});
     QTRY_COMPARE(paths(registry), path("x"));
     QCOMPARE(changes.count(), 1);
@@ -195,7 +195,7 @@ void RegistryMaskingTest::maskOfUndeclaredNode()
     const MessageLog log;
     World::setMasked({text("a")});
     QTRY_COMPARE(changes.count(), 1);
-    // Nobody declared the node, so there is no file to load again.
+    // No file declared the node, so there is none to load again.
     QCOMPARE(log.take(), QStringList{settingsWarning("Can't read entries file", QString())});
     QCOMPARE(paths(registry), (QStringList{text("a"), text("a/b")}));
 }

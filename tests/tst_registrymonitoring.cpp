@@ -150,7 +150,7 @@ void RegistryMonitoringTest::fileIsRewritten()
     World::rescan(&registry);
     QCOMPARE(paths(registry), path("x"));
     QCOMPARE(changes.count(), 0);
-    // It counts once its name has been away.
+    // It is loaded after its name was missing for a scan.
     World::removeEntries(text("x.json"));
     World::rescan(&registry);
     World::writeEntries(text("x.json"), declaring("Y", {"y"}));
@@ -169,7 +169,7 @@ void RegistryMonitoringTest::refusedFileIsNotRetried()
     World::writeEntries(text("x.json"), declaring("X", {"x"}));
     World::writeEntries(text("another.json"), "broken");
     World::rescan(&registry);
-    QCOMPARE(changes.count(), 1); // a file came, whatever is in it
+    QCOMPARE(changes.count(), 1); // a file was added, whatever its content
     QCOMPARE(log.take().size(), 1);
     World::rescan(&registry);
     QCOMPARE(changes.count(), 1);
@@ -247,7 +247,7 @@ void RegistryMonitoringTest::treeIsDumpedAfterContentChanged()
 
 void RegistryMonitoringTest::manyVanishedFilesInOnePass()
 {
-    // All files hang below one chain that is kept up for each of them; a pass for each file would be quadratic.
+    // The entries of all files are below one long chain of nodes. A pass for each file would be quadratic.
     const auto work = [](int files) {
         World::reset();
         for (int i = 0; i < files; ++i) {

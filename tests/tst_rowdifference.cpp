@@ -21,7 +21,7 @@ private Q_SLOTS:
 
 namespace
 {
-/// The items whose letters are in @p names.
+/// Returns the items whose letters are in @p names.
 QList<TreeItem *> items(const QString &names)
 {
     static std::array<TreeItem, 5> all{TreeItem(text("a"), {}), TreeItem(text("b"), {}), TreeItem(text("c"), {}),

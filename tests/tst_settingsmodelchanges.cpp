@@ -24,7 +24,7 @@ private Q_SLOTS:
     void init();
 
     void followsContent();
-    void destroyedRowGoesAlone();
+    void destroyedRowIsRemovedAlone();
     void rebuildsConnectOnce();
     void unlistedItemDestroyedIsIgnored();
     void readsAreSafeInsideABatch();
@@ -78,7 +78,7 @@ void SettingsModelChangesTest::followsContent()
     QCOMPARE(names(model), path("b/c"));
 }
 
-void SettingsModelChangesTest::destroyedRowGoesAlone()
+void SettingsModelChangesTest::destroyedRowIsRemovedAlone()
 {
     declare(R"({"path": "a"}, {"path": "b"}, {"path": "c"})");
     SettingsModel model;
@@ -109,7 +109,7 @@ void SettingsModelChangesTest::rebuildsConnectOnce()
         model.setDepth(i % 2 + 1);
     }
     QCOMPARE(names(model), path("a/b"));
-    // Opens what QObject keeps to its heirs.
+    // Makes a protected function of QObject public.
     struct Access : QObject {
         using QObject::receivers;
     };
@@ -128,7 +128,7 @@ void SettingsModelChangesTest::unlistedItemDestroyedIsIgnored()
     model.setPath(path("page"));
     QSignalSpy counts(&model, &SettingsModel::countChanged);
     m_registry->getItem({})->removeChild(m_registry->getItem(path("a")));
-    QVERIFY(QMetaObject::invokeMethod(&model, "removeDestroyedItem")); // by nobody who died
+    QVERIFY(QMetaObject::invokeMethod(&model, "removeDestroyedItem")); // without a destroyed sender
     QCOMPARE(counts.count(), 0);
     QCOMPARE(names(model), path("b"));
 }
@@ -158,7 +158,7 @@ void SettingsModelChangesTest::readsAreSafeInsideABatch()
     connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, this, readAll);
     connect(&model, &QAbstractItemModel::rowsRemoved, this, readAll);
     connect(&model, &SettingsModel::countChanged, this, readAll);
-    const MessageLog log; // the page itself goes, too
+    const MessageLog log; // the page itself is removed, too
     World::removeEntries(text("x.json"));
     rescan();
     QVERIFY(reads >= 9);

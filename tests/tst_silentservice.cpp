@@ -27,7 +27,7 @@ constexpr int LeastTime = 20000;
 constexpr int MostTime = 40000;
 }
 
-/// A reader that emits a signal for each error that it gets.
+/// A reader that emits a signal for each error that it receives.
 class WatchedReader : public QuickActionReader
 {
     Q_OBJECT
@@ -52,14 +52,14 @@ private Q_SLOTS:
     }
 };
 
-/// Calls of services that hold their name and never answer, with the time-out that calls have by default.
+/// Calls of services that own their name and never reply, with the default time-out.
 class SilentServiceTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void otherFailureIsTold();
+    void otherFailureIsReported();
     void callsEndAfterTheDefaultTime();
     void cleanupTestCase();
 
@@ -86,7 +86,7 @@ void SilentServiceTest::cleanupTestCase()
     m_store.reset();
 }
 
-void SilentServiceTest::otherFailureIsTold()
+void SilentServiceTest::otherFailureIsReported()
 {
     const MessageLog log;
     WatchedReader reader;
@@ -125,7 +125,7 @@ void SilentServiceTest::callsEndAfterTheDefaultTime()
     QCOMPARE(failed, (QList<QVariantList>{{s_noReply}}));
     QCOMPARE(m_store->calls(), earlierCalls);
     QCOMPARE(hasList, false);
-    const QStringList messages = log.take(); // none of the action's
+    const QStringList messages = log.take(); // none about the action
     QCOMPARE(messages.size(), 1);
     QVERIFY2(messages[0].contains(text("Failed to get autostart list for uid 1000. Error:")),
              qPrintable(messages[0]));
@@ -134,7 +134,7 @@ void SilentServiceTest::callsEndAfterTheDefaultTime()
     m_target->resume();
     reader.trigger(actionOf(s_service));
     settle();
-    QCOMPARE(m_target->calls().size(), 2); // it gets the first one now, too
+    QCOMPARE(m_target->calls().size(), 2); // it receives the first one now, too
     settle();
     QCOMPARE(failed.count(), 1);
     QCOMPARE(log.take(), QStringList());

@@ -34,7 +34,7 @@ int translatorCount(const PluginRegistry &registry)
     return registry.findChildren<QTranslator *>().size();
 }
 
-/// A registration file that has nothing but @p keys.
+/// Returns a registration file with only @p keys.
 QByteArray file(const QByteArray &keys)
 {
     return "{" + keys + "}";
@@ -90,7 +90,7 @@ private Q_SLOTS:
     void excludedFile();
 
     void unloadingKeepsCatalogs();
-    void registryTakesItsCatalogsAlong();
+    void registryRemovesItsCatalogs();
     void otherRegistryKeepsItsCatalogs();
     void missingCatalogIsNotTriedAgain();
     void damagedCatalog_data();
@@ -249,7 +249,7 @@ void TranslationCatalogsTest::laterCatalogWins()
     QCOMPARE(qtTrId("test-both"), QStringLiteral("Muuten molemmat"));
     QCOMPARE(qtTrId("test-extra"), QStringLiteral("Muu"));
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
-    // To name one again does not move it to the top.
+    // A catalog that is named again does not become the first.
     registry.loadTranslationCatalog(QStringLiteral("sample"));
     QCOMPARE(qtTrId("test-both"), QStringLiteral("Muuten molemmat"));
 }
@@ -280,7 +280,7 @@ void TranslationCatalogsTest::takenNames()
 {
     PluginRegistry registry;
     registry.loadTranslationCatalog(QStringLiteral("sample"));
-    // "sample_eng_en" is there; only "sample_eng_en_eng_en" is new.
+    // "sample_eng_en" is already loaded; only "sample_eng_en_eng_en" is new.
     registry.loadTranslationCatalog(QStringLiteral("sample_eng_en"));
     QCOMPARE(translatorCount(registry), 3);
 }
@@ -330,7 +330,7 @@ void TranslationCatalogsTest::unloadingKeepsCatalogs()
     QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
 }
 
-void TranslationCatalogsTest::registryTakesItsCatalogsAlong()
+void TranslationCatalogsTest::registryRemovesItsCatalogs()
 {
     Catalogs::install("sample_eng_en", "sample_eng_en");
     Catalogs::install("sample-fi", "sample-fi");

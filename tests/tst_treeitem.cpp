@@ -21,7 +21,7 @@
 
 namespace
 {
-/// Answers every id in the table; what is not in it stays untranslated.
+/// Translates every id in the table; other ids stay untranslated.
 class TableTranslator : public QTranslator
 {
 public:
@@ -220,7 +220,7 @@ void TreeItemTest::depth()
     QCOMPARE(c->depth(c), 0);
     QCOMPARE(c->depth(c->parentItem()), 1);
     QCOMPARE(c->depth(&root), 3);
-    // The root is a step, too, when nothing stops before it.
+    // The root counts as a step, too, if nothing stops before it.
     QCOMPARE(root.lookup(path("a"))->depth(nullptr), 2);
     QCOMPARE(root.depth(nullptr), 1);
     QCOMPARE(c->depth(root.insertItem(path("other"), {})), 4);
@@ -243,7 +243,7 @@ void TreeItemTest::lookupLogsOnlyWhenAsked()
 {
     TreeItem root({}, {});
     root.insertItem(path("a/b"), {});
-    // One message for each level, with what is left of the path
+    // One message for each level, with the rest of the path
     QTest::ignoreMessage(QtInfoMsg, "lookup item path: (\"a\", \"x\") child keys: (\"a\")");
     QTest::ignoreMessage(QtInfoMsg, "lookup item path: (\"x\") child keys: (\"b\")");
     QLoggingCategory::setFilterRules(text("org.orvantaos.settings.framework.info=true"));
@@ -351,7 +351,7 @@ void TreeItemTest::addChildOfSameNameReplaces()
     QCOMPARE(root.lookup(path("a")), second);
     QCOMPARE(second->parentItem(), &root);
     QCOMPARE(root.count(), 1);
-    delete first; // it was left to its maker
+    delete first; // its creator still owns it
 }
 
 void TreeItemTest::parentOfReplacedChildIsIndexedOnce()
@@ -393,7 +393,7 @@ void TreeItemTest::dumpsNothingByDefault()
     QCOMPARE(messages, 0);
 }
 
-// The index must answer what a walk over the whole tree would, after any change made through any node.
+// The index must have the same results as a walk over the whole tree, after any change through any node.
 
 QTEST_GUILESS_MAIN(TreeItemTest)
 #include "tst_treeitem.moc"

@@ -35,7 +35,7 @@ void TreeItemRemovalTest::removesBottomUp()
         return item->count() == 0 && !item->isDeclared();
     });
     QCOMPARE(World::paths(&root), path("keep"));
-    // A parent is asked after it has lost its child.
+    // The parent is read after it has lost its child.
     QVERIFY(asked.indexOf(text("c")) < asked.indexOf(text("b")));
     QVERIFY(asked.indexOf(text("b")) < asked.indexOf(text("a")));
 }
@@ -79,7 +79,7 @@ void TreeItemRemovalTest::subtreeDiesLeavesFirst()
         const QString name = item->name();
         connect(item, &QObject::destroyed, this, [&, name] {
             died.append(name);
-            // Whoever listens may look at what is left.
+            // A handler may read the rest of the tree.
             QVERIFY(World::brokenInvariants(&root).isEmpty());
         });
     }

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void withoutSource();
     void filters_data();
     void filters();
-    void asksForTheSecondRoleOnlyWhenNeeded();
+    void readsTheSecondRoleOnlyWhenNeeded();
     void setFilter();
     void sourceChanges();
     void countFollowsTheSource();
@@ -111,7 +111,7 @@ void UserApplicationsFilterModelTest::filters()
     QCOMPARE(model.count(), expected.size());
 }
 
-void UserApplicationsFilterModelTest::asksForTheSecondRoleOnlyWhenNeeded()
+void UserApplicationsFilterModelTest::readsTheSecondRoleOnlyWhenNeeded()
 {
     class Source : public QStandardItemModel
     {
@@ -154,7 +154,7 @@ void UserApplicationsFilterModelTest::setFilter()
     filter.setFilter(2);
     QCOMPARE(log.take(), QStringList());
     filter.setFilter(-1);
-    QCOMPARE(log.take(), QStringList{text("filterChanged")}); // no row comes or goes
+    QCOMPARE(log.take(), QStringList{text("filterChanged")}); // no row is added or removed
     filter.setFilter(0);
     QCOMPARE(filter.count(), 3);
     log.take();
@@ -193,7 +193,7 @@ void UserApplicationsFilterModelTest::countFollowsTheSource()
     m_source->item(1)->setData(false, Autostarted);
     QCOMPARE(names(filter), text("ca"));
     QCOMPARE(count.count(), 2);
-    m_source->item(0)->setData(false, Allowed); // plays no part
+    m_source->item(0)->setData(false, Allowed); // is not used
     m_source->item(4)->setText(text("z"));
     QCOMPARE(count.count(), 2);
     m_source->appendRow(row("f", true, true, false));

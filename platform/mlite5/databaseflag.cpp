@@ -31,7 +31,7 @@ DatabaseFlag::~DatabaseFlag()
 quint64 DatabaseFlag::generation()
 {
     if (!m_flag || *m_flag != 0) {
-        // The service removes the file that it has set the byte of: the next write concerns another one.
+        // The service removes a file after it has set its byte. The next write sets that of another file.
         close();
         open();
         ++m_generation;
@@ -53,7 +53,7 @@ void DatabaseFlag::open()
     if (file < 0) {
         return;
     }
-    // The byte behind the flag makes sure that there is memory for it, and shows the service that somebody reads it.
+    // The byte after the flag makes sure that memory is allocated for it, and shows the service that it has a reader.
     if (pwrite(file, "", 1, FlagSize) == 1) {
         void *memory = mmap(nullptr, FlagSize, PROT_READ, MAP_SHARED, file, 0);
         m_isShort = memory == MAP_FAILED && isShortage(errno);

@@ -6,10 +6,10 @@
 #include <QtGlobal>
 
 /**
- * The byte in shared memory that dconf's service sets when it has written the user's database. It is in place before
- * the change is announced on the bus, and to look at it costs no system call.
+ * The byte in shared memory that dconf's service sets when it has written the user's database. It is set before the
+ * change is announced on the bus, and is read without a system call.
  *
- * Databases of the administrator have no such byte: their changes are known when they are announced.
+ * Databases of the administrator have no such byte. Their changes are only known when they are announced.
  */
 class DatabaseFlag
 {

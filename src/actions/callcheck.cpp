@@ -22,7 +22,7 @@ constexpr int MaxContainers = 64;
 constexpr int ContainersOfList = 2;
 constexpr int ContainersOfMap = 3;
 
-/// Returns true when Qt takes @p service for the name of a service although it has no dot, which libdbus insists on.
+/// Returns true if Qt accepts @p service as the name of a service although it has no dot, which libdbus requires.
 bool hasMissingDot(const QString &service)
 {
     static const QRegularExpression onePart(
@@ -30,7 +30,7 @@ bool hasMissingDot(const QString &service)
     return onePart.match(service).hasMatch();
 }
 
-/// Returns true when libdbus ends the connection over the names. It looks at their beginning only.
+/// Returns true if libdbus ends the connection because of the names. It only compares their beginning.
 bool isReserved(const QString &path, const QString &interface)
 {
     return path.startsWith(QLatin1String(DBUS_PATH_LOCAL))

@@ -25,7 +25,7 @@ public:
               QObject *parent);
 
     void fetch() override;
-    bool isEnabled() override; ///< asks the daemon and waits for it
+    bool isEnabled() override; ///< calls the daemon and waits for the reply
     void setEnabled(bool enabled) override;
     void toggle(const QString &id) override;
     void apply(const QStringList &ids) override;
@@ -39,5 +39,5 @@ private:
     const ApplicationsUser *const m_user;
     SandboxingClient *const m_sandboxing;
     AlwaysAllowedList *const m_alwaysAllowed;
-    bool m_isEnabled = false; ///< as last asked or set
+    bool m_isEnabled = false; ///< the last value that was read or set
 };

@@ -45,10 +45,10 @@ public:
     bool sandboxed() const; ///< as the launcher entry last had it
     QString dBusServiceName() const;
     QString desktopFile() const; ///< the name of the desktop file, without its directory
-    LauncherItem *launcherItem() const; ///< null once it is gone
+    LauncherItem *launcherItem() const; ///< null after it was deleted
 
-    /// Looks the section up again below @p applicationsSection, which may be null. Returns whether there is another
-    /// section since the last time, none any more, or one with other data.
+    /// Looks up the section again below @p applicationsSection, which may be null. Returns true if the section has
+    /// appeared, disappeared or changed since the last time.
     bool updateSection(TreeItem *applicationsSection);
 
 Q_SIGNALS:

@@ -11,7 +11,7 @@
 #include <initializer_list>
 #include <optional>
 
-/// Application ids that a service keeps, as it last sent them. Empty before that, and after a failure.
+/// The application ids that a service sent last. Empty before that, and after a failure.
 class ApplicationList : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
 Q_SIGNALS:
     void listChanged();
     void selectionChanged(); ///< with listChanged()
-    void membersChanged(); ///< any application may have come into the list or left it
+    void membersChanged(); ///< any application may have been added to the list or removed from it
 
 protected:
     /// Stores what a fetch has returned, nothing for a failure. Returns whether that is a list, and another one.

@@ -43,7 +43,7 @@ void ApplicationNotifications::replace(const std::optional<QVariantMap> &enabled
     if (!enabled) {
         m_enabled.clear();
     } else {
-        // What the service does not mention keeps its value.
+        // Applications that the service does not mention keep their value.
         for (auto it = enabled->cbegin(); it != enabled->cend(); ++it) {
             m_enabled.insert(it.key(), it.value().toBool());
         }

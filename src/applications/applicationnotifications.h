@@ -27,7 +27,7 @@ public:
 
 Q_SIGNALS:
     void rowChanged(int row);
-    void changed(); ///< after each answer that was taken, and after rowChanged()
+    void changed(); ///< emitted after each reply, and after rowChanged()
 
 private:
     void replace(const std::optional<QVariantMap> &enabled);

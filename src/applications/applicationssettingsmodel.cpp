@@ -408,7 +408,7 @@ QStringList ApplicationsSettingsModel::allIds() const
     QStringList ids;
     for (const ApplicationItem *item : m_rows->items()) {
         const QString id = applicationId(item->fileId());
-        if (!id.isEmpty()) { // the launcher entry may be gone, and its row about to go
+        if (!id.isEmpty()) { // empty if the launcher entry was deleted, and its row not yet
             ids.append(id);
         }
     }

@@ -44,7 +44,7 @@ class ApplicationsSettingsModel : public QAbstractListModel, public QQmlParserSt
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
-    /// The launcher's model, a LauncherFolderModel. componentComplete() makes one when there is none.
+    /// The launcher's model, a LauncherFolderModel. componentComplete() creates one if there is none.
     Q_PROPERTY(QObject *applications READ applications WRITE setApplications NOTIFY applicationsChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(QStringList selectedApps READ selectedApps NOTIFY selectedAppsChanged)
@@ -124,7 +124,7 @@ public:
     Q_INVOKABLE void selectAllApps();
     Q_INVOKABLE void clearSelectedApps();
     Q_INVOKABLE void applyPolicyRules(const QStringList &apps); ///< makes these ids the selection
-    /// The ApplicationItem of a desktop file's path, null when there is none. Gone after the next model reset.
+    /// Returns the ApplicationItem for a desktop file's path, null if there is none. Valid until the next model reset.
     Q_INVOKABLE QObject *objectForPath(const QString &path) const;
     Q_INVOKABLE QString firstObjectPath() const;
     Q_INVOKABLE void getAllowedNotificationsConfig(); ///< fetches it for all applications

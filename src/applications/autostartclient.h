@@ -11,7 +11,7 @@
 
 class ComKeloAmAutostartInterface;
 
-/// The autostart service on the system bus. Its proxy, which is made on first use, and the watchers of its calls are
+/// The autostart service on the system bus. Its proxy, created on first use, and the watchers of its calls are
 /// children of its parent, as it is itself.
 class AutostartClient : public QObject
 {

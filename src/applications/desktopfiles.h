@@ -8,13 +8,13 @@
 
 #include <optional>
 
-/// The application id for a desktop file id: without any ".desktop".
+/// Returns the application id for a desktop file id: the id without ".desktop".
 QString applicationId(const QString &fileId);
 
 /**
- * The desktop file of an application in the standard application directories, the user's first: the one that the id
- * names as it stands, and only if there is none, one in a sub-directory for which a "-" stands. An id with a "/" has no
- * such dashes. Empty when there is none, and for an id with a component "..".
+ * Returns the desktop file of an application in the standard application directories, the user's first. Only if no file
+ * has the id as its name, a "-" in it may separate a sub-directory, unless the id contains a "/". Empty if there is no
+ * file, and for an id with a component "..".
  */
 QString locateDesktopFile(const QString &applicationId);
 

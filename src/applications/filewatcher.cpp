@@ -13,7 +13,7 @@ FileWatcher::FileWatcher(const QString &path, QObject *parent)
 {
     watch();
     connect(m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
-        watch(); // what replaces a file is not watched with it
+        watch(); // a file that replaces another one must be watched again
         Q_EMIT fileChanged();
     });
     connect(m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] {

@@ -7,13 +7,13 @@
 
 class QFileSystemWatcher;
 
-/// Follows one file, also when it is replaced by another one, or is made later in a directory that is there.
+/// Follows one file, also if it is replaced by another one, or is created later in an existing directory.
 class FileWatcher : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The file system's watcher becomes a child of @p parent, too, or of this when there is none.
+    /// The QFileSystemWatcher also becomes a child of @p parent, or of this object if there is none.
     explicit FileWatcher(const QString &path, QObject *parent = nullptr);
 
 Q_SIGNALS:

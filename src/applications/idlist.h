@@ -6,7 +6,7 @@
 #include <QSet>
 #include <QStringList>
 
-/// Application ids in their order, any of which may stand there more than once, that are found in constant time.
+/// Application ids in their order, which are found in constant time. An id may occur more than once.
 class IdList
 {
 public:

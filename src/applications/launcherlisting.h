@@ -10,7 +10,7 @@
 class LauncherFolderItem;
 class LauncherItem;
 
-/// All applications of a launcher, those in a folder where the folder stands, and what happens to it after that.
+/// Lists all applications of a launcher, those of a folder in its place, and emits signals for later changes.
 class LauncherListing : public QObject
 {
     Q_OBJECT

@@ -11,7 +11,7 @@
 
 class ComKeloNotificationsConfigProxy;
 
-/// The notifications-configuration service on the session bus. Its proxy, which is made on first use, and the watchers
+/// The notifications-configuration service on the session bus. Its proxy, created on first use, and the watchers
 /// of its calls are children of its parent, as it is itself.
 class NotificationsClient : public QObject
 {

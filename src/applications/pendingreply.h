@@ -40,7 +40,7 @@ Reply<Value> replyOf(const QDBusPendingCall &call)
     return {{}, qdbus_cast<Value>(message.arguments().constFirst())};
 }
 
-/// Calls @p handler with @p call when it is finished, unless @p owner is dead by then; in the order of the answers.
+/// Calls @p handler with @p call when it is finished, unless @p owner was deleted; in the order of the replies.
 /// Until then a watcher of the call is a child of @p owner.
 template<typename Handler>
 void whenFinished(const QDBusPendingCall &call, QObject *owner, Handler handler)

@@ -16,7 +16,7 @@
 
 namespace
 {
-constexpr int LeastTimeout = 1500; ///< ms. No call is given less time for its answer.
+constexpr int LeastTimeout = 1500; ///< in milliseconds: an earlier error is not a time-out
 }
 
 SandboxingClient::Batch::Batch(SandboxingClient *client)
@@ -71,7 +71,7 @@ bool SandboxingClient::isAllowlistEnabled(uint uid)
 
 bool SandboxingClient::needsPermissions(const QString &application)
 {
-    // BLOCKS: the answer decides what is sent next
+    // BLOCKS: the next call depends on the reply
     const auto reply = replyOf<QVariantMap>(callAndWait(QStringLiteral("GetAppInfo"), application));
     if (reply.error.isValid()) {
         qCWarning(lcSettings) << Messages::AppInfoFailed << quoted(reply.error);
@@ -87,7 +87,7 @@ bool SandboxingClient::grantPermissions(uint uid, const QString &application)
     if (!permissions || permissions->isEmpty()) {
         return permissions.has_value();
     }
-    // BLOCKS: nothing may be granted while the user would be asked
+    // BLOCKS: permissions may only be granted when the user is no longer prompted
     if (callAndWait(QStringLiteral("SetShowPrompt"), uid, application, 0).isError()) {
         qCWarning(lcSettings) << Messages::HidePromptFailed << quoted(application) << "application";
         return false;
@@ -110,7 +110,7 @@ QDBusPendingCall SandboxingClient::callAndWait(const QString &method, const Argu
     timer.start();
     QDBusPendingCall call = proxy()->asyncCall(method, arguments...);
     call.waitForFinished();
-    // The same error comes at once from a daemon that dies, of which another one may answer the next call.
+    // A daemon that dies causes the same error at once, and another one may reply to the next call.
     if (m_batch && call.error().type() == QDBusError::NoReply && timer.hasExpired(LeastTimeout)) {
         m_batch->m_timeout = call.error();
     }

@@ -52,7 +52,7 @@ public:
 
     bool isAllowlistEnabled(uint uid); ///< blocks; false on any error
     bool needsPermissions(const QString &application); ///< blocks; false, with a warning, on any error
-    /// Grants what the application's desktop file asks for. Blocks. False, with a warning, when that is not possible.
+    /// Grants the permissions in the application's desktop file. Blocks. Returns false, with a warning, on failure.
     bool grantPermissions(uint uid, const QString &application);
 
 private:

@@ -14,7 +14,7 @@ public:
     using ApplicationList::ApplicationList;
 
     virtual void fetch() = 0;
-    virtual bool isEnabled() = 0; ///< true when the user is restricted. May ask the service and wait for it.
+    virtual bool isEnabled() = 0; ///< true if the user is restricted. May call the service and wait for it.
     virtual void setEnabled(bool enabled) = 0;
     virtual void toggle(const QString &id) = 0;
     virtual void apply(const QStringList &ids) = 0; ///< makes these ids the list

@@ -5,5 +5,5 @@
 
 #include <QLoggingCategory>
 
-/// "org.orvantaos.settings.framework", warnings and above unless logging rules say otherwise.
+/// "org.orvantaos.settings.framework": by default only warnings and errors are enabled.
 Q_DECLARE_LOGGING_CATEGORY(lcSettings)

@@ -10,7 +10,7 @@ class TreeItem;
 
 /// The rule by which an entry is admitted or rejected.
 enum class FavoritesRule {
-    OtherType, ///< no kind takes the type
+    OtherType, ///< no kind admits the type
     GridType,
     ListType,
     Page,
@@ -26,7 +26,7 @@ enum class FavoritesRule {
 };
 
 /**
- * Which settings entries a kind of favourites admits. The kinds: "grid_favorites" (types "bool", "section", "page" and
+ * The settings entries that a kind of favourites admits. The kinds: "grid_favorites" (types "bool", "section", "page" and
  * custom entries for a grid), "list_favorites" ("integer", "enum" and custom entries for a list),
  * "grid_favorites_simple" (custom entries for a simple grid), "grid_favorites_page" (pages that neither the blacklist
  * nor their "params" forbid) and "action" (actions that the blacklist does not forbid).

@@ -329,7 +329,7 @@ void FavoritesModel::removeDeadRows(const QObject *item)
         removeItem(m_rows.rowOf(item), true);
         return;
     }
-    // Removed one by one, the others would show no object to handlers of the first removal.
+    // If they were removed one by one, the others would have no object in handlers of the first removal.
     while (m_rows.countOf(item) > 0) {
         removeItem(m_rows.rowOf(item), false);
     }
@@ -446,11 +446,11 @@ void FavoritesModel::rebuild(bool notifyChanges)
     }
 }
 
-/// Applies @p edit to the stored list. Returns false when a handler has deleted this object.
+/// Applies @p edit to the stored list. Returns false if a handler has deleted this object.
 bool FavoritesModel::edit(const Edit &edit, Apply apply)
 {
-    // Handlers of userModifiedChanged() may change the keys and delete the model. The edit goes to the list that it
-    // began on.
+    // Handlers of userModifiedChanged() may change the keys and delete the model. The edit still changes the list for
+    // which it began.
     const QSharedPointer<StoredFavorites> favorites = m_favorites;
     const QPointer<FavoritesModel> self(this);
     if (m_userModified) {

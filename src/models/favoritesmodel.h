@@ -76,7 +76,7 @@ public:
     void componentComplete() override;
 
     int rowCount(const QModelIndex &parent = {}) const override;
-    /// The int 0 for a role that is none of the model's.
+    /// Returns the int 0 for an unknown role.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QHash<int, QByteArray> roleNames() const override;
 

@@ -22,7 +22,7 @@ public:
     TreeItem *at(int row) const; ///< null when there is no such row
     int rowOf(const QObject *item) const; ///< one of its rows, -1 when it has none; @p item may be deleted
     int firstRowOf(const QObject *item) const; ///< the same, but linear in the number of its rows
-    int countOf(const QObject *item) const; ///< how many rows it has; @p item may be deleted
+    int countOf(const QObject *item) const; ///< the number of its rows; @p item may be deleted
     void append(TreeItem *item);
     void removeAt(int row);
     void move(int from, int to);

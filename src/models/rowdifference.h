@@ -6,7 +6,7 @@
 #include "models/itemrows.h"
 
 /// The rows to remove and the items to append so that rows show other items. Rows that stay keep their order; of equal
-/// items they stand for the first ones.
+/// items they are used for the first ones.
 struct RowDifference {
     /// @p wanted may name an item more than once, and contains no null.
     RowDifference(const ItemRows &rows, const QList<TreeItem *> &wanted);

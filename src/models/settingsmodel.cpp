@@ -107,7 +107,7 @@ void SettingsModel::rebuild()
     const QList<TreeItem *> items = m_root ? m_root->itemsAtLevel(TreeItem::orderLessThan, m_depth)
                                            : QList<TreeItem *>();
     for (TreeItem *item : items) {
-        if (m_rows.rowOf(item) < 0) { // else it is connected, and to find that out takes longer
+        if (m_rows.rowOf(item) < 0) { // otherwise it is already connected, which Qt would take longer to find out
             connect(item, &QObject::destroyed, this, &SettingsModel::removeRowOf, Qt::UniqueConnection);
         }
     }

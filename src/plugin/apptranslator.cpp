@@ -18,7 +18,7 @@ AppTranslator::~AppTranslator()
 
 FrameworkCatalog installFrameworkCatalog(QObject *parent, const QString &directory)
 {
-    // The translator installed last is asked first: the locale's texts win over the engineering English ones.
+    // The translator installed last takes precedence, so the locale's texts win over the engineering English ones.
     auto *engineeringEnglish = new AppTranslator(parent);
     QCoreApplication::installTranslator(engineeringEnglish);
     auto *localized = new AppTranslator(parent);

@@ -17,7 +17,7 @@ public:
 
 struct FrameworkCatalog {
     AppTranslator *engineeringEnglish;
-    AppTranslator *localized; ///< asked first
+    AppTranslator *localized; ///< takes precedence
 };
 
 /// Installs the framework's own texts of @p directory. The translators belong to @p parent.

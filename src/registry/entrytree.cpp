@@ -210,8 +210,8 @@ void EntryTree::unload(const QSet<QString> &fileNames)
     removeEntries(fileNames, fileNames + m_outlivedFiles);
 }
 
-/// Unloads @p fileNames. Removes what they declared, and above that what only @p removable declared; nodes with
-/// children keep their data.
+/// Unloads @p fileNames. Removes the nodes that they declared, and above these the nodes that only @p removable
+/// declared. Nodes with children keep their data.
 void EntryTree::removeEntries(const QSet<QString> &fileNames, const QSet<QString> &removable)
 {
     for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
@@ -242,7 +242,7 @@ QSet<QString> EntryTree::withNodes(const QSet<QString> &fileNames) const
     return files;
 }
 
-/// Removes each of @p items that nothing keeps, and then those above that only it kept.
+/// Removes each of @p items without children, and then its parents that only it kept.
 void EntryTree::prune(const QVector<QPointer<TreeItem>> &items, const QSet<QString> &removable)
 {
     for (QPointer<TreeItem> item : items) {
@@ -270,7 +270,7 @@ void EntryTree::loadCatalog(const QString &catalog)
     installCatalog(catalog + QLatin1String("_eng_en"), [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(name, directory);
     });
-    // Installed last, asked first.
+    // The one installed last takes precedence.
     installCatalog(catalog, [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(QLocale(), name, QStringLiteral("-"), directory);
     });
@@ -325,7 +325,7 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
     if (reload.isEmpty()) {
         return false;
     }
-    // Until they are loaded again, no node goes that outlived its own file: its children come back.
+    // A node that has outlived its own file stays, because its children are loaded again below.
     removeEntries(reload, reload);
     for (const FileReport &report : qAsConst(reports)) {
         insert(report);

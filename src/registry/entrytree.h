@@ -43,7 +43,7 @@ public:
     bool isShort() const;
     void load(const QString &fileName);
     void unload(const QSet<QString> &fileNames);
-    /// Looks for each name once, also when there is no such catalog.
+    /// Searches for each name only once, even if there is no such catalog.
     void loadCatalog(const QString &catalog);
 
     /// Sets the paths of entries that load() leaves out.

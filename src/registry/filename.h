@@ -5,6 +5,6 @@
 
 class QString;
 
-/// Returns whether a file can have @p name. QTranslator looks for a name that is too long in ever shorter forms, which
-/// takes hours, and logs several warnings about one that holds a null character.
+/// Returns true if a file can have @p name. QTranslator searches for shorter and shorter forms of a name that is too
+/// long, which takes hours, and logs several warnings about a name with a null character.
 bool isFileName(const QString &name);

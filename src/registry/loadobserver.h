@@ -29,6 +29,6 @@ public:
     virtual void fileRead(const FileReport &report) = 0;
     /// The element @p index of the file's entries. @p item is the node that took its data, null when none did.
     virtual void entryRead(const QString &fileName, int index, EntryStatus status, const TreeItem *item) = 0;
-    /// Translators that are installed later are asked first. @p translator is empty when there was nothing to load.
+    /// Translators that are installed later take precedence. @p translator is empty if there was nothing to load.
     virtual void catalogInstalled(const QString &catalog, const CatalogTranslator *translator) = 0;
 };

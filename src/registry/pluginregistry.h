@@ -22,10 +22,10 @@ class TreeItem;
  * The settings entries of this process: one tree, built from the registration files in
  * /usr/share/velka-settings/entries.
  *
- * Files that come and go are followed 2000 ms after the last change of the directory; a file is known by its name
- * alone, so one that is rewritten in place is not read again. Entries whose "path" stands in the dconf key
- * /apps/velka-settings/maskedSettings are left out. Mistakes in a file are logged to
- * "org.orvantaos.settings.framework", and affect only their own entry or file. GUI thread only.
+ * Added and removed files are loaded and unloaded 2000 ms after the last change of the directory. Files are known by
+ * their names only, so one that is rewritten in place is not read again. Entries whose "path" is in the dconf key
+ * /apps/velka-settings/maskedSettings are left out. Errors in a file are logged to
+ * "org.orvantaos.settings.framework", and affect only their own entry or file. To be used in the GUI thread only.
  */
 class VELKASETTINGS_EXPORT PluginRegistry : public QObject
 {

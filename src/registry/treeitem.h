@@ -18,14 +18,14 @@ class TreeItemPrivate;
  * One node of the settings tree.
  *
  * A node that a registration file declared carries that entry's keys and "from_file", the file's name. A node that
- * only stands on the path of deeper entries carries nothing. Nodes own their children. PluginRegistry owns the
+ * is only on the path of deeper entries has no data. Nodes own their children. PluginRegistry owns the
  * tree; a pointer into it is valid until PluginRegistry::contentChanged(). No operation recurses on the depth of
  * the tree or reports an error.
  */
 class VELKASETTINGS_EXPORT TreeItem : public QObject
 {
     Q_OBJECT
-    // Constant for bindings: who holds a node drops it at contentChanged(), before another value could matter.
+    // Constant for bindings: models replace a node in handlers of contentChanged(), before another value could matter.
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(QString type READ type CONSTANT)
     Q_PROPERTY(QString title READ title CONSTANT)
@@ -39,7 +39,7 @@ public:
 
     /// A node without parent and children, with @p data as it is.
     TreeItem(const QString &name, const QVariantMap &data);
-    /// Deletes the subtree, leaves first. Does not take the node out of its parent: see removeChild().
+    /// Deletes the subtree, leaves first. Does not remove the node from its parent: see removeChild().
     ~TreeItem() override;
 
     QString name() const; ///< component of the path, empty for the root
@@ -58,13 +58,13 @@ public:
 
     QVariant value(const QString &key) const; ///< one value of data(), invalid when it is missing
     TreeItem *parentItem() const;
-    bool isDeclared() const; ///< whether the data names a file
+    bool isDeclared() const; ///< true if the data names a file
     QString fromFile() const;
     int order() const; ///< "order" as an int, 100 when it is missing or null
 
-    /// Takes ownership of @p child. A child of the same name leaves the tree, but is not deleted.
+    /// Takes ownership of @p child. A child of the same name is removed from the tree, but not deleted.
     void addChild(TreeItem *child);
-    /// Takes @p child out of this node and deletes it. Handlers of destroyed() must not change the tree.
+    /// Removes @p child from this node and deletes it. Handlers of destroyed() must not change the tree.
     void removeChild(TreeItem *child);
     /// Replaces the data of the node at @p path, and creates the nodes that are missing on the way. Returns that node.
     TreeItem *insertItem(const QStringList &path, const QVariantMap &data);

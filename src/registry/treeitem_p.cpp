@@ -79,7 +79,7 @@ void TreeItemPrivate::addChild(TreeItem *child)
 {
     const bool wasLeaf = children.isEmpty();
     if (wasLeaf) {
-        leaveIndex(); // where it may be as an undeclared leaf
+        leaveIndex(); // which lists undeclared leaves
     }
     TreeItemPrivate *added = of(child);
     if (TreeItem *replaced = takeChild(added->name)) {
@@ -128,7 +128,7 @@ void TreeItemPrivate::deleteDescendants()
     for (int i = 0; i < subtree.size(); ++i) {
         subtree += of(subtree.at(i))->children;
     }
-    // Children stand behind their parents. Each leaves the tree first: handlers of destroyed() may look at it.
+    // Children follow their parents. Each is removed from the tree first, because handlers of destroyed() may read it.
     for (int i = subtree.size() - 1; i > 0; --i) {
         of(of(subtree.at(i))->parent)->removeChild(subtree.at(i));
     }

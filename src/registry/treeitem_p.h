@@ -18,7 +18,7 @@ public:
     TreeItemPrivate(TreeItem *item, const QString &name, const NodeData &data);
     static TreeItemPrivate *of(const TreeItem *item);
 
-    /// Keeps @p index up to date about this subtree from now on. It must outlive the subtree.
+    /// From now on updates @p index with changes of this subtree. The index must outlive the subtree.
     void setIndex(FileIndex *index);
     /// Sets the data of the node at @p path, and creates the nodes that are missing on the way. Returns that node.
     TreeItem *insert(const QStringList &path, const NodeData &data);

@@ -28,7 +28,7 @@ void check(bool condition, const char *what)
     }
 }
 
-/// The files on disk that this process has mapped and whose name tells that they are the library.
+/// Returns the mapped files of this process that have the name of the library.
 QSet<QByteArray> mappedLibraries()
 {
     QFile maps(QStringLiteral("/proc/self/maps"));
@@ -44,7 +44,7 @@ QSet<QByteArray> mappedLibraries()
 }
 }
 
-/// Links the library, imports the QML module, and sees that both have the same registry.
+/// Links the library, imports the QML module, and checks that both have the same registry.
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);

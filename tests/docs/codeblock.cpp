@@ -33,7 +33,7 @@ QVector<CodeBlock> readCodeBlocks(const QString &document)
     QVector<CodeBlock> blocks;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
     for (int start = 0; start < lines.size(); ++start) {
-        // Indented fences are fences, too: none must go unchecked.
+        // Indented fences count, too, so that every block is checked.
         if (!lines.at(start).trimmed().startsWith(s_fence)) {
             continue;
         }

@@ -9,12 +9,11 @@
 #include <QVector>
 
 /**
- * A fenced code block of a Markdown document. The words behind its opening fence are the language, then a file name
- * and flags, where the language has them. A "console" block is no block of its own: it is what the one before it
- * prints.
+ * A fenced code block of a Markdown document. The words after its opening fence are the language and, for some
+ * languages, a file name and flags. A "console" block belongs to the block before it, as its expected output.
  */
 struct CodeBlock {
-    QString document; ///< its path
+    QString document; ///< the path of the document
     int line = 0;
     QString language;
     QString name;
@@ -24,5 +23,5 @@ struct CodeBlock {
 };
 Q_DECLARE_METATYPE(CodeBlock)
 
-/// The code blocks of @p document, in their order.
+/// Returns the code blocks of @p document in their order.
 QVector<CodeBlock> readCodeBlocks(const QString &document);

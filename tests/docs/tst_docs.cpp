@@ -26,21 +26,22 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 /**
  * Runs every code block of the documentation:
  *
- *   json NAME [refused]  is a registration file of that name. The registry logs what the console block behind it
- *                        says, and has its entries, or none of them when it is refused.
- *   json favorites-blacklist.json  is read as what it is.
- *   json NAME file       is no registration file, but a file like those of cpp.
- *   qml                  is a document that can be created over the entries of all json blocks. It prints its
- *                        console block and no warning. Its own place is page.qml in what it prints.
- *   cpp NAME, cmake NAME  are files in the directory that the document's sh blocks run in.
- *   sh                   is run. What it prints ends with its console block. Commands of the project itself are not
- *                        run (scripts/test would come back here): their names, options and presets are checked.
- *   text                 is messages that the library knows.
- *   mermaid              names functions and classes that the sources know.
+ *   json NAME [refused]  is a registration file with that name. The registry logs the text of the console block after
+ *                        it, and has its entries, or none of them if it is refused.
+ *   json favorites-blacklist.json  is the favourites blacklist.
+ *   json NAME file       is not a registration file, but a file like those of cpp.
+ *   qml                  is a document that can be created with the entries of all json blocks. It prints its
+ *                        console block and no warning. In its output its own path is page.qml.
+ *   cpp NAME, cmake NAME  are files in the directory in which the document's sh blocks run.
+ *   sh                   is run. Its output ends with its console block. Commands of the project itself are not run
+ *                        (scripts/test would run this test again): their names, options and presets are checked.
+ *   text                 is a list of messages of the library.
+ *   mermaid              names functions and classes of the sources.
  */
 class DocsTest : public QObject
 {
@@ -92,14 +93,14 @@ bool isBlacklist(const CodeBlock &block)
     return block.name == QFileInfo(s_blacklist).fileName();
 }
 
-/// Whether @p block is a file that sh blocks use.
+/// Returns true if @p block is a file that sh blocks use.
 bool isFile(const CodeBlock &block)
 {
     return block.language == QLatin1String("cpp") || block.language == QLatin1String("cmake")
            || block.flags.contains(QStringLiteral("file"));
 }
 
-/// The texts of what was logged since the last call, without levels and categories.
+/// Returns the texts of the messages since the last call, without levels and categories.
 QStringList takeTexts()
 {
     QStringList texts = MessageLog::take();
@@ -109,7 +110,7 @@ QStringList takeTexts()
     return texts;
 }
 
-/// What @p pattern captures in @p text.
+/// Returns the texts that @p pattern captures in @p text.
 QStringList captures(const QString &pattern, const QString &text)
 {
     QStringList found;
@@ -159,25 +160,25 @@ void DocsTest::initTestCase()
     for (const QString &name : docs) {
         m_documents.append(QStringLiteral("docs/") + name);
     }
-    for (const QString &document : qAsConst(m_documents)) {
+    for (const QString &document : std::as_const(m_documents)) {
         m_blocks += readCodeBlocks(s_project.filePath(document));
     }
 
     writeFile(s_blacklist, QStringLiteral("[]"));
-    for (const CodeBlock &block : qAsConst(m_blocks)) {
+    for (const CodeBlock &block : std::as_const(m_blocks)) {
         if (block.language == QLatin1String("json") && !isBlacklist(block) && !isFile(block)) {
             QVERIFY2(!QFile::exists(s_entries + block.name), qPrintable(block.name));
             writeFile(s_entries + block.name, block.text);
         }
     }
-    const MessageLog log; // each file's messages are looked at when its turn comes
+    const MessageLog log; // the messages of each file are checked below
     PluginRegistry::instance();
 }
 
 void DocsTest::codeBlocks_data()
 {
     QTest::addColumn<CodeBlock>("block");
-    for (const CodeBlock &block : qAsConst(m_blocks)) {
+    for (const CodeBlock &block : std::as_const(m_blocks)) {
         const QString place = s_project.relativeFilePath(block.document);
         QTest::addRow("%s:%d %s", qPrintable(place), block.line, qPrintable(block.language)) << block;
     }
@@ -221,7 +222,7 @@ void DocsTest::checkJson(const CodeBlock &block)
     for (const QJsonValue &entry : entries) {
         const QJsonValue path = entry[QStringLiteral("path")];
         if (path.isUndefined()) {
-            continue; // the output said so
+            continue; // the output has shown it
         }
         const TreeItem *item = registry->getItem(path.toString().split(QLatin1Char('/'), Qt::SkipEmptyParts));
         QVERIFY2((item && item->fromFile() == block.name) != refused, qPrintable(path.toString()));
@@ -270,7 +271,7 @@ void DocsTest::checkFile(const CodeBlock &block)
         return other.document == block.document && other.line > block.line && other.language == QLatin1String("sh")
                && !other.output.isEmpty();
     };
-    QVERIFY2(std::any_of(m_blocks.cbegin(), m_blocks.cend(), usesIt), "No sh block shows what comes of it");
+    QVERIFY2(std::any_of(m_blocks.cbegin(), m_blocks.cend(), usesIt), "No sh block uses the file");
 }
 
 void DocsTest::checkShell(const CodeBlock &block)
@@ -286,7 +287,7 @@ void DocsTest::checkShell(const CodeBlock &block)
         return;
     }
     const QTemporaryDir directory;
-    for (const CodeBlock &other : qAsConst(m_blocks)) {
+    for (const CodeBlock &other : std::as_const(m_blocks)) {
         if (other.document == block.document && isFile(other)) {
             writeFile(directory.filePath(other.name), other.text);
         }
@@ -356,7 +357,7 @@ void DocsTest::checkPicture(const CodeBlock &block)
 void DocsTest::everyMessageIsDocumented()
 {
     QString text;
-    for (const QString &document : qAsConst(m_documents)) {
+    for (const QString &document : std::as_const(m_documents)) {
         text += QString::fromUtf8(readFile(s_project.filePath(document)));
     }
     const QStringList messages = libraryMessages();
@@ -369,7 +370,7 @@ void DocsTest::everyMessageIsDocumented()
 void DocsTest::everyLinkLeadsSomewhere_data()
 {
     QTest::addColumn<QString>("document");
-    for (const QString &document : qAsConst(m_documents)) {
+    for (const QString &document : std::as_const(m_documents)) {
         QTest::newRow(qPrintable(document)) << document;
     }
 }

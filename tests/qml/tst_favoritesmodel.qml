@@ -8,7 +8,7 @@ import com.velka.settings 1.0
 TestCase {
     id: test
 
-    // Each test has keys of its own.
+    // Each test has its own keys.
     property int number: 0
     readonly property string listKey: "/test" + number + "/favorites"
     readonly property string flagKey: "/test" + number + "/modified"

@@ -21,13 +21,13 @@ namespace
 {
 constexpr int CheckpointInterval = 500; ///< operations between checks that wait
 
-/// What the operations make the library say, for services stop and entries go.
+/// Messages that the operations cause, because services stop and entries are removed.
 constexpr const char *s_expected[] = {Messages::CannotReadEntries,   Messages::NoApplicationsSection,
                                       Messages::AlwaysAllowedFailed, Messages::NotificationsListFailed,
                                       Messages::PathNotFound,        Messages::AppInfoFailed,
                                       Messages::NotAdding,           Messages::TryingAgain,
                                       Messages::CannotReadFavorites, Messages::NoTree};
-/// The same up to the place that something fills.
+/// The beginnings of other such messages.
 constexpr const char *s_expectedStarts[] = {"Failed to get allowlist for uid",
                                             "Failed to get autostart list for uid",
                                             "Failed to set notifications config for", "Cant find application:"};
@@ -63,7 +63,7 @@ public:
         openAllKinds(&m_world, &m_services);
     }
 
-    /// Operates until @p isOver. False when something is wrong.
+    /// Runs operations until @p isOver returns true. Returns false after a failed check.
     template<typename IsOver>
     bool operate(const IsOver &isOver)
     {
@@ -81,7 +81,7 @@ public:
         return true;
     }
 
-    /// With nothing open and nothing to show.
+    /// Measures without open pages, entries and applications.
     Resources restAndMeasure()
     {
         m_pages.clear();
@@ -131,7 +131,7 @@ private:
     int m_operations = 0;
 };
 
-/// Operates for so many minutes or operations, a part of them to warm up.
+/// Runs for @p minutes, or otherwise for @p operations. The first fifth is the warm-up.
 bool run(quint32 seed, Mode mode, std::optional<int> minutes, int operations)
 {
     QElapsedTimer timer;
@@ -175,14 +175,13 @@ int main(int argc, char *argv[])
     followObjects();
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        text("Changes the world of the library at random and checks what it makes of it."));
+    parser.setApplicationDescription(text("Changes files, keys and services at random and checks the models."));
     parser.addHelpOption();
     parser.addOptions(
-        {{text("minutes"), text("How long it takes."), text("number")},
-         {text("operations"), text("How much it does otherwise."), text("number"), text("10000")},
-         {text("chaos"), text("Hosts interfere with their models, and services and descriptors fail.")},
-         {text("seed"), text("To do the same again."), text("number")}});
+        {{text("minutes"), text("Minutes to run."), text("number")},
+         {text("operations"), text("Operations to run without --minutes."), text("number"), text("10000")},
+         {text("chaos"), text("Let hosts interfere with their models, and services and descriptors fail.")},
+         {text("seed"), text("Seed of the random numbers, to repeat a run."), text("number")}});
     parser.process(application);
     const quint32 seed = parser.isSet(text("seed")) ? parser.value(text("seed")).toUInt()
                                                     : QRandomGenerator::global()->generate();

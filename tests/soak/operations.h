@@ -14,6 +14,6 @@ using Pages = std::vector<std::unique_ptr<Page>>;
 
 enum class Mode { Usual, Chaos };
 
-/// Does one thing at random that happens while programs run. With chaos, hosts interfere with their models, services
-/// reply with errors, and there are no descriptors now and then.
+/// Runs a random operation, such as can happen while programs run. With chaos, hosts interfere with their models,
+/// services reply with errors, and there are no descriptors now and then.
 void operate(SoakWorld *world, ApplicationServices *services, Pages *pages, Mode mode);

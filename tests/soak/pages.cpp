@@ -25,7 +25,7 @@ namespace
 constexpr int MaxFavorites = 30;
 constexpr uint User = 1000;
 
-/// The paths of the rows' entries, "(dead)" for a row whose entry is gone.
+/// Returns the paths of the rows' entries, "(dead)" for a row whose entry was deleted.
 QStringList rowPaths(const QAbstractItemModel &model)
 {
     QStringList paths;
@@ -276,7 +276,7 @@ public:
         return m_filter.count() <= m_model.count() ? QString() : text("A filter shows more than there is");
     }
 
-    // What happens to an application changes its row at once and is announced with the next reset.
+    // A change of an application changes its row at once, and is announced with the next reset.
     bool isUpToDate(const SoakWorld &world) const override
     {
         QStringList ids;
@@ -367,7 +367,7 @@ private:
     std::unique_ptr<QObject> m_page;
 };
 
-constexpr int KindCount = 10; ///< the more often one occurs, the more of it are opened
+constexpr int KindCount = 10; ///< a kind that occurs several times is opened more often
 
 std::unique_ptr<Page> openKind(int kind, SoakWorld *world, ApplicationServices *services)
 {

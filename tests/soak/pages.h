@@ -13,25 +13,25 @@ class QAbstractItemModel;
 class ApplicationServices;
 class SoakWorld;
 
-/// A page that a user has opened: models that follow the world until they are destroyed.
+/// A page that a user has opened: models that follow all changes until they are destroyed.
 class Page
 {
 public:
     virtual ~Page() = default;
 
-    /// Does at random what its user may do.
+    /// Runs a random action of the user.
     virtual void use(SoakWorld *world) = 0;
-    /// Does at random what a handler of its models' signals may do.
+    /// Runs a random action of a handler of its models' signals.
     virtual void interfere(SoakWorld *world);
     virtual QList<QAbstractItemModel *> models();
-    /// What is wrong with its models, empty if nothing.
+    /// Returns an error of its models, empty if there is none.
     virtual QString violation(const SoakWorld &world) const = 0;
-    /// Whether it shows what the world has by now, as far as that comes late.
+    /// Returns true if it also shows changes that arrive late.
     virtual bool isUpToDate(const SoakWorld &world) const;
 };
 
-/// Any page. The ones with applications talk to @p services.
+/// Opens a random page. Those with applications call @p services.
 std::unique_ptr<Page> openPage(SoakWorld *world, ApplicationServices *services);
-/// Opens and closes each kind of page, for the first of a kind leaves behind what Qt makes once. Makes the types known
-/// that the pages in QML import.
+/// Opens and closes each kind of page, because Qt keeps some objects of the first one. Registers the types that the
+/// pages in QML import.
 void openAllKinds(SoakWorld *world, ApplicationServices *services);

@@ -21,6 +21,7 @@
 #include <QTimer>
 
 #include <numeric>
+#include <utility>
 
 #include <malloc.h>
 
@@ -38,7 +39,7 @@ struct Objects {
     QSet<QObject *> live;
 };
 
-/// Never destroyed: libraries keep objects to the very end.
+/// Never destroyed, because libraries keep objects until the process ends.
 Objects &objects()
 {
     static auto *const objects = new Objects;
@@ -57,12 +58,12 @@ void objectRemoved(QObject *object)
     objects().live.remove(object);
 }
 
-/// Those of this thread; others come and go as they like.
+/// Returns the objects of this thread. Those of other threads change at any time.
 QSet<QObject *> liveObjects()
 {
     const QMutexLocker lock(&objects().mutex);
     QSet<QObject *> own;
-    for (QObject *object : qAsConst(objects().live)) {
+    for (QObject *object : std::as_const(objects().live)) {
         if (object->thread() == QThread::currentThread()) {
             own.insert(object);
         }
@@ -73,7 +74,7 @@ QSet<QObject *> liveObjects()
 QByteArray content(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(); // it may be closed by now
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(); // it may already be closed
 }
 
 int residentKiB()
@@ -104,7 +105,7 @@ QStringList rulesOnBus(const QDBusConnection &bus)
         QDBusMessage::createMethodCall(text("org.freedesktop.DBus"), text("/org/freedesktop/DBus"),
                                        text("org.freedesktop.DBus.Debug.Stats"), text("GetAllMatchRules")));
     if (reply.type() != QDBusMessage::ReplyMessage) {
-        qFatal("The bus does not tell its match rules: %s", qPrintable(reply.errorMessage()));
+        qFatal("The bus does not return its match rules: %s", qPrintable(reply.errorMessage()));
     }
     const auto rules = qdbus_cast<QMap<QString, QStringList>>(reply.arguments().at(0));
     QStringList own;

@@ -7,26 +7,26 @@
 #include <QMap>
 #include <QString>
 
-/// What a process may run out of.
+/// Resources of a process that are limited.
 struct Resources {
-    /// Returns free memory to the system first, so that what malloc() keeps for later does not count.
+    /// Measures this process. Returns free memory to the system first, so that the caches of malloc() do not count.
     static Resources measured();
 
-    /// What of this is more than it was @p before, empty if nothing is.
+    /// Describes the resources that are larger than in @p before, empty if there are none.
     QString growthSince(const Resources &before) const;
     QString toString() const;
 
     int residentKiB = 0;
-    int allocatedKiB = 0; ///< of these, what is in use and not between it
+    int allocatedKiB = 0; ///< the part of these that is in use
     int descriptors = 0;
     int fileWatches = 0;
-    int matchRules = 0; ///< of this process on both buses
-    int dconfWatches = 0; ///< those of the rules that dconf has set
-    QMap<QByteArray, int> objects; ///< of this thread, by class
+    int matchRules = 0; ///< those of this process on both buses
+    int dconfWatches = 0; ///< the match rules of dconf
+    QMap<QByteArray, int> objects; ///< those of this thread, by class
     int runningTimers = 0;
 };
 
-/// Before any QObject is made, so that all can be counted.
+/// Starts to count objects. Must be called before any QObject is created.
 void followObjects();
-/// How many timers run in this thread.
+/// Returns the number of running timers of this thread.
 int runningTimers();

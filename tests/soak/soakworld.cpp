@@ -49,7 +49,8 @@ QByteArray desktopFile(int number)
     return "first/app" + QByteArray::number(number) + ".desktop";
 }
 
-/// What says nothing about other paths: of what has children only the type of a page, for it may go and they stay.
+/// Returns the declaration of an entry that is the same whatever other paths exist: only a page can have children, and
+/// it can be removed before them.
 QByteArray entry(const QString &path)
 {
     static const QByteArrayList types{"section", "bool", "integer", "enum", "page"};
@@ -68,7 +69,7 @@ QString textList(const QStringList &list)
     return list.isEmpty() ? text("@as []") : text("['") + list.join(text("', '")) + text("']");
 }
 
-/// Returns when everyone in this process has heard of it.
+/// Returns when this process has received the change.
 void storeFromOutside(const QString &key, const QStringList &before, const QStringList &after)
 {
     if (after == before) {
@@ -79,14 +80,14 @@ void storeFromOutside(const QString &key, const QStringList &before, const QStri
     const QSignalSpy changed(&item, &MGConfItem::valueChanged);
     store(key, textList(after));
     if (!comesTrue([&] { return changed.count() > 0; })) {
-        qFatal("A change of %s in another process is not heard of", qPrintable(key));
+        qFatal("A change of %s in another process is not announced", qPrintable(key));
     }
 }
 
-/// The applications' directories are private, but the configuration is where the dconf service has it.
+/// The directories of the applications are private, but the configuration stays that of the dconf service.
 QByteArray keptConfigHome()
 {
-    MGConfItem(Constants::FavoritesKey).value(); // from now on dconf knows its directory
+    MGConfItem(Constants::FavoritesKey).value(); // dconf keeps its directory from the first use on
     return qgetenv("XDG_CONFIG_HOME");
 }
 }
@@ -100,7 +101,7 @@ SoakWorld::SoakWorld(quint32 seed)
     World::writeEntries(text("base.json"), "{\"entries\": [" + entry(text("applications")) + "]}");
     World::rescan(registry());
     for (int number = 0; number < CatalogCount; ++number) {
-        registry()->loadTranslationCatalog(catalogOf(number)); // a catalog stays for good
+        registry()->loadTranslationCatalog(catalogOf(number)); // a catalog is never unloaded
     }
 }
 
@@ -208,7 +209,7 @@ void SoakWorld::writeSomeFile()
         }
     }
     QByteArrayList entries;
-    for (const QString &path : qAsConst(paths)) {
+    for (const QString &path : std::as_const(paths)) {
         entries.append(entry(path));
     }
     World::writeEntries(fileName(number), "{\"translation_catalog\": \"" + catalogOf(number).toUtf8()
@@ -268,7 +269,7 @@ void SoakWorld::addApplication()
 {
     const int number = below(ApplicationCount);
     if (m_installed.isEmpty()) {
-        m_applications.write(desktopFile(number).constData(), {}); // makes the directory
+        m_applications.write(desktopFile(number).constData(), {}); // creates the directory
     }
     writeApplication(number);
 }
@@ -319,7 +320,7 @@ QStringList SoakWorld::nodes() const
         declared += paths;
     }
     QSet<QString> nodes;
-    for (const QString &path : qAsConst(declared)) {
+    for (const QString &path : std::as_const(declared)) {
         for (QString node = path; !m_masked.contains(path) && !node.isEmpty();
              node = node.section(QLatin1Char('/'), 0, -2)) {
             nodes.insert(node);

@@ -12,8 +12,8 @@
 #include <functional>
 
 /**
- * What the library reads, changed at random, and what has to come of it. Every node belongs to one file alone, so that
- * the tree follows from the files that are there and not from their history.
+ * Changes the input of the library at random, and knows the expected result. Every node belongs to only one file, so
+ * that the tree depends on the existing files, not on their history.
  */
 class SoakWorld
 {
@@ -23,15 +23,15 @@ public:
     QRandomGenerator &random();
     int below(int bound);
     bool chance(int percent);
-    QString one(const QStringList &list); ///< any of them, empty for none
+    QString one(const QStringList &list); ///< a random element, empty if there is none
 
-    /// Removes, masks and forgets all that the operations have made.
+    /// Removes all files and values that the operations have created.
     void clear();
 
     void addFile();
     void removeFile();
-    void changeFile(); ///< by removing it, for a file that is rewritten in place is not read again
     void addFileWithoutDescriptors(); ///< which is read once there are some
+    void changeFile(); ///< removes it first, because a file that is rewritten in place is not read again
     void toggleMask();
     void toggleMaskFromOutside();
     void storeFavoritesFromOutside();
@@ -40,17 +40,17 @@ public:
     void addApplication();
     void removeApplication();
     void changeApplication();
-    QStringList applications() const; ///< the ids of the files that are there, sorted
-    QStringList listedApplications() const; ///< without the masked ones
+    QStringList applications() const; ///< the sorted ids of the existing files
+    QStringList listedApplications() const; ///< the same without the masked ones
 
-    QStringList nodes() const; ///< the paths of all nodes that there have to be, sorted
-    QString somePath(); ///< of a node or, now and then, of none
+    QStringList nodes() const; ///< the sorted paths of all expected nodes
+    QString somePath(); ///< the path of a node or, rarely, of none
     QStringList favorites() const;
-    void setFavorites(const QStringList &paths); ///< what an edit of a model has to leave in the key
+    void setFavorites(const QStringList &paths); ///< sets the expected value of the key
 
-    /// What is wrong with the tree or with what is stored, empty if nothing.
+    /// Returns an error of the tree or of the stored values, empty if there is none.
     QString violation() const;
-    /// The same for what other processes see of the keys. Waits until writes have reached them.
+    /// The same for the keys as other processes read them. Waits until the writes are in the database.
     QString violationOutside() const;
 
 private:
@@ -59,17 +59,17 @@ private:
     QStringList changedMask();
 
     QRandomGenerator m_random;
-    const QByteArray m_configHome; ///< from before there are private applications
+    const QByteArray m_configHome; ///< the value before there are private applications
     Applications m_applications;
     QMap<int, QStringList> m_files; ///< number -> declared paths
-    QMap<int, int> m_installed; ///< number -> how often it was written
+    QMap<int, int> m_installed; ///< number -> number of writes
     QStringList m_masked;
     bool m_isDamaged = false; ///< entries were lost when there were no descriptors
     QStringList m_favorites;
 };
 
-/// Whether a favourites model of the soak admits the node at @p path.
+/// Returns true if a favourites model of the soak admits the node at @p path.
 bool isAdmitted(const QString &path);
 
-/// Runs the event loop until @p condition holds or it is clear that it never will.
+/// Runs the event loop until @p condition returns true or a time-out. Returns true if the condition was met.
 bool comesTrue(const std::function<bool()> &condition);

@@ -10,10 +10,10 @@ class LauncherFolderItem;
 class LauncherItem;
 
 /**
- * Application directories of a test's own, in the place of the user's and the system's while this lives. They are not
- * there before a file is written into them.
+ * Private application directories, which replace the user's and the system's during the lifetime of this object. They
+ * do not exist before a file is written into them.
  *
- * Paths are relative to the directory that holds "user", "first" and "second", in falling order of precedence.
+ * Paths are relative to the directory that contains "user", "first" and "second", in falling order of precedence.
  */
 class Applications
 {
@@ -24,9 +24,9 @@ public:
     QString menuFile() const;
 
     void write(const char *file, const QByteArray &content) const;
-    /// Puts a new file in the place of the old one.
+    /// Renames a new file over the old one.
     void replace(const char *file, const QByteArray &content) const;
-    void remove(const char *path) const; ///< a directory with all that is in it
+    void remove(const char *path) const; ///< a directory with its content
     void rename(const char *from, const char *to) const;
     void link(const QString &target, const char *path) const;
     void writeMenu(const QByteArray &content) const;
@@ -37,10 +37,10 @@ private:
     const QTemporaryDir m_directory;
 };
 
-/// A desktop file with @p lines after the usual ones.
+/// Returns a desktop file with @p lines after the required ones.
 QByteArray application(const QByteArray &name, const QByteArray &lines = {});
 
-/// The titles of the rows, those of a folder in braces after its own: "A B Folder{C D}".
+/// Returns the titles of the rows, those of a folder in braces after its own: "A B Folder{C D}".
 QString rows(const LauncherFolderItem &folder);
 QStringList fileIds(const LauncherFolderItem &folder);
 LauncherItem *itemAt(const LauncherFolderItem &folder, int row);

@@ -78,7 +78,7 @@ QDBusError error(const char *name, const QString &message)
     return QDBusError(QDBusMessage::createError(text(name), message));
 }
 
-/// A service handles its calls in order, and so does the bus for those that lead nowhere.
+/// Waits for a reply of each service. A service replies in order, and so does the bus for calls without a service.
 void pingAll()
 {
     QEventLoop loop;
@@ -96,7 +96,7 @@ void pingAll()
             }
         });
     }
-    QTimer limit; // stops with this function, unlike QTimer::singleShot()
+    QTimer limit; // is stopped at the end of this function, unlike QTimer::singleShot()
     QObject::connect(&limit, &QTimer::timeout, [] { qFatal("A service does not answer"); });
     limit.start(10000);
     loop.exec();
@@ -154,7 +154,7 @@ void ApplicationServices::spoil(const QByteArray &method, Fault fault)
     case AnswersNothing:
         define(method, {}, "");
         break;
-    case AnswersTooLate: // for the buses' limit, see CMakeLists.txt
+    case AnswersTooLate: // after the time-out of the buses, see CMakeLists.txt
         define(method, text("import time\ntime.sleep(2.4)\n") + assignment(s_methods.at(method).result));
         break;
     case Dies:
@@ -186,7 +186,7 @@ void ApplicationServices::start(Service service)
 void ApplicationServices::settle() const
 {
     pingAll();
-    pingAll(); // the answer to a call may lead to another one, whose answer leads to none
+    pingAll(); // the reply to a call may cause another call, whose reply causes none
     pingAll(); // the calls of a service that dies fail in any order
 }
 

@@ -20,34 +20,34 @@
 
 class Applications;
 
-/// The three services that the applications model talks to, each in a process of its own. They keep one journal.
+/// The three services that the applications model calls, each in a process of its own. They share one journal of calls.
 class ApplicationServices
 {
 public:
     enum Service { Sandboxing, Autostart, Notifications };
     enum Fault { Refuses, AnswersAnotherType, AnswersNothing, AnswersTooLate, Dies, IsMissing };
 
-    /// Puts all of them on their buses, answering each call with success, and forgets the calls so far.
+    /// Starts all services on their buses, with a successful reply to each call, and clears the journal.
     void reset();
     DBusPeer &operator[](Service service);
 
-    /// Makes @p method answer with the Python expression @p result, of another type than usual with a @p signature.
+    /// Lets @p method reply with the Python expression @p result, of another type than usual with a @p signature.
     void answer(const QByteArray &method, const QByteArray &result, const QByteArray &signature = {});
-    /// Makes @p method answer with one after the other of the Python expressions @p results.
+    /// Lets @p method reply with one after the other of the Python expressions @p results.
     void answerInTurn(const QByteArray &method, const QByteArrayList &results);
-    /// Makes @p method run @p code, too, before it answers as usual.
+    /// Lets @p method run the Python code @p code before it replies as usual.
     void prepare(const QByteArray &method, const char *code);
     void spoil(const QByteArray &method, Fault fault);
     void stop(Service service); ///< until the next reset() or start()
     void start(Service service);
 
-    /// Returns when all calls so far, and those that the answers lead to, are answered and the answers handled.
+    /// Returns when the replies to all calls so far, and to calls that the replies cause, have been handled.
     void settle() const;
-    /// The calls since the last time, once they are settled: "SetEnabled(1000, 'id', 1) isb".
+    /// Waits like settle(). Returns the calls since the last take, such as "SetEnabled(1000, 'id', 1) isb".
     QStringList takeCalls();
 
 private:
-    QStringList journal() const; ///< all calls that the services have taken so far
+    QStringList journal() const; ///< all calls that the services have received
     void define(const QByteArray &method, const QString &code, const QByteArray &signature = {});
 
     const QTemporaryDir m_directory;
@@ -59,23 +59,23 @@ private:
 
 Q_DECLARE_METATYPE(ApplicationServices::Fault)
 
-/// One row for each fault: the column "fault", and "error" with the one that a call of @p method has then.
+/// Adds one row for each fault: the column "fault", and "error" with the error that a call of @p method then returns.
 void faults(const char *method);
 
-/// Puts the applications a, b and c into the launcher, and an "applications" section into the registry.
+/// Adds the applications a, b and c to the launcher, and an "applications" section to the registry.
 void writeThreeApplications(const Applications &applications);
 /// The same, where a has the application id com.example.a, b has com.example.b, and c none.
 void writeNotifyingApplications(const Applications &applications);
 
 constexpr int NoMode = -1;
-/// In milliseconds, far below the time that a call is given for its answer
+/// In milliseconds, far below the time-out of a call
 constexpr int NoTime = 5000;
 
-/// A complete model of the installed applications for the user 1000, with a record of what it does.
+/// A complete model of the installed applications for the user 1000, and a record of its signals.
 class ServedModel : public ApplicationsSettingsModel
 {
 public:
-    /// In @p mode, of which it has fetched the list. The record starts after that.
+    /// Sets @p mode and waits for its list. The record starts after that.
     explicit ServedModel(ApplicationServices *services, int mode = NoMode);
 
     QStringList takeSignals();
@@ -85,15 +85,15 @@ private:
     SignalLog m_signals{this};
 };
 
-/// The signals with which a new allow-list for three rows is announced.
+/// Returns the signals that announce a new allow-list for three rows.
 QStringList allowlistAnnouncement();
-/// The signals with which another notification setting of one row is announced: "0-0" for the first row.
+/// Returns the signals that announce a changed notification setting of one row: "0-0" for the first row.
 QStringList notificationAnnouncement(const char *row);
 
-/// The output of QDebug for it, with and without quotes round the texts.
+/// Returns the output of QDebug for it, with or without quotes around the texts.
 QString debugText(const QDBusError &error);
 QString unquotedText(const QDBusError &error);
-/// A warning of the library's category as MessageLog records it.
+/// Returns a warning of the library's category as MessageLog records it.
 QString warning(const QString &message);
 QStringList incorrectUid(int times);
 QStringList texts(std::initializer_list<const char *> latin1);

@@ -9,7 +9,7 @@ namespace CallNames
 {
 namespace
 {
-/// What happens to a call with @p value, as a letter for each part: s(ent), q (refused by Qt), b (refused before).
+/// @p outcomes has a letter for each part of a call: s for sent, q for refused by Qt, b for refused before that.
 Name name(const char *title, const QString &value, const char *outcomes)
 {
     Name name{title, value, {}};
@@ -22,7 +22,7 @@ Name name(const char *title, const QString &value, const char *outcomes)
     return name;
 }
 
-/// A name that is its own title
+/// The title is the name itself.
 Name name(const char *value, const char *outcomes)
 {
     return name(value, text(value), outcomes);

@@ -6,26 +6,26 @@
 #include <QString>
 #include <QVector>
 
-/// Names as a registration file may give them to a call, good ones and bad ones.
+/// Valid and invalid names that a registration file can give to a call.
 namespace CallNames
 {
 enum Part { Service, Path, Interface, Method };
 constexpr int PartCount = 4;
 
-/// What happens to a call with such a name.
+/// The outcome of a call with such a name.
 enum class Outcome {
-    Sent, ///< the bus gets it
-    RefusedByQt, ///< the name is against the grammar, and Qt says so
-    RefusedBefore, ///< Qt would send it, and the process or the connection would end
+    Sent, ///< the bus receives it
+    RefusedByQt, ///< the name is invalid, and Qt refuses it
+    RefusedBefore, ///< Qt would send it, which would end the process or the connection
 };
 
 struct Name {
     QByteArray title;
     QString value;
-    Outcome outcomes[PartCount]; ///< for each part that the name may stand in
+    Outcome outcomes[PartCount]; ///< for each part of the call that can have the name
 };
 
 QVector<Name> all();
-/// "service", "path", "interface" or "method"
+/// Returns "service", "path", "interface" or "method".
 const char *title(Part part);
 }

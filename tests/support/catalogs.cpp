@@ -8,7 +8,7 @@
 
 namespace
 {
-/// The catalogs of the system, which are the sandbox's.
+/// Returns the directory of the system's catalogs, which is the sandbox's.
 QDir systemCatalogs()
 {
     if (!qEnvironmentVariableIsSet("VELKA_SANDBOX")) {

@@ -9,7 +9,7 @@
 /// Translation catalogs of the tests in the directory that the library reads them from, in the sandbox.
 namespace Catalogs
 {
-/// Where the catalog @p name stands once it is installed.
+/// Returns the path of the installed catalog @p name.
 QString path(const QByteArray &name);
 /// Copies the compiled catalogs/@p source.ts to the system's catalog @p name.
 void install(const QByteArray &source, const QByteArray &name);

@@ -12,9 +12,9 @@
 
 namespace
 {
-// The Python that Debian's modules belong to; another one may come first in the PATH.
+// The Python for which Debian's modules are installed; another one may be first in the PATH.
 const QString s_python = QStringLiteral("/usr/bin/python3");
-// What the mock itself keeps are arguments that it has made fit the method's signature.
+// The mock itself only keeps arguments that it has converted to the method's signature.
 const QString s_keepSignature = QStringLiteral(
     "self.call_log[-1][2].insert(0, str(dbus.lowlevel.Message.guess_signature(*m_args)))\n");
 

@@ -8,8 +8,8 @@
 #include <QString>
 #include <QVariant>
 
-/// A service with one object, in a process of its own: it is on the bus when it is constructed, and gone from the
-/// bus when it is destroyed.
+/// A service with one object, in a process of its own. It is on the bus when the constructor returns, until the
+/// destructor removes it.
 class DBusPeer
 {
 public:
@@ -18,18 +18,18 @@ public:
     DBusPeer(const DBusPeer &) = delete;
     DBusPeer &operator=(const DBusPeer &) = delete;
 
-    /// Answers @p method, of arguments of @p signature, with what the lines of Python in @p code set `ret` to or with
-    /// the exception that they raise; with nothing when there are none.
+    /// Adds @p method with arguments of @p signature. Its reply is the value to which the Python lines in @p code set
+    /// `ret`, or the exception that they raise; empty without code.
     void addMethod(const QString &method, const QString &signature, const QString &code = {},
                    const QString &resultSignature = {});
-    /// The calls of @p method that the bus has taken so far, each as the signature that it was sent with and the
-    /// arguments. Their answers are on the bus by then, too.
+    /// Returns the calls of @p method that the bus has received so far, each as the signature with which it was sent
+    /// and the arguments. Their replies are on the bus, too.
     QList<QVariantList> calls(const QString &method);
     bool isOnBus() const;
     void emitSignal(const QString &signal, const QString &signature, const QVariantList &arguments);
     qint64 processId() const;
 
-    /// Calls wait until resume(), those of this class too.
+    /// Lets all calls wait until resume(), also those of this class.
     void suspend();
     void resume();
     void kill();
@@ -44,5 +44,5 @@ private:
     QProcess m_process;
 };
 
-/// @p value with the lists and maps in it as such, where Qt leaves them as they came over the bus.
+/// Returns @p value with its lists and maps converted to Qt's types. Qt leaves them as D-Bus arguments.
 QVariant unwrapped(const QVariant &value);

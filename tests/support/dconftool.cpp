@@ -9,13 +9,16 @@
 #include <QSignalSpy>
 #include <QTest>
 
-static QByteArray output(const QString &program, const QStringList &arguments)
+namespace
+{
+QByteArray output(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(program, arguments);
     process.waitForFinished();
     return process.readAllStandardOutput().trimmed();
+}
 }
 
 QByteArray dconf(const QStringList &arguments)

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef DCONFTOOL_H
-#define DCONFTOOL_H
+#pragma once
 
 #include <QByteArray>
 #include <QStringList>
@@ -13,13 +12,11 @@ QByteArray dconf(const QStringList &arguments);
 QByteArray stored(const QString &key);
 void store(const QString &key, const QString &value);
 
-/// Whether any program on the session bus listens for changes of the key.
+/// Returns true if any program on the session bus watches the key.
 bool isWatched(const QString &key);
 
-/// Returns when other programs see all that this process has written, and their writes come after it.
+/// Returns when all writes of this process are in the database, so that writes of other programs come after them.
 void waitForWrites();
 
-/// Returns when every change that other programs made before has come to this process.
+/// Returns when this process has received all changes that other programs have made.
 void settle();
-
-#endif

@@ -6,7 +6,7 @@
 #include "registry/treeitem.h"
 #include "text.h"
 
-/// The data of an entry that @p file declares.
+/// Returns the data of an entry that @p file declares.
 inline QVariantMap entry(const char *file, const QVariantMap &more = {})
 {
     QVariantMap data = more;

@@ -50,7 +50,7 @@ void storeThreeFavorites()
     storeFavorites(path("a/b/c"));
     waitForWrites();
     QVERIFY(areThreeFavoritesStored());
-    settle(); // the service has answered
+    settle(); // until the service has replied
 }
 
 bool areThreeFavoritesStored()
@@ -76,7 +76,7 @@ bool pagesFollowTheRegistry()
 
 GLibWarnings::GLibWarnings()
 {
-    // Can be set but once
+    // Can only be set once
     static const bool isSet = (g_log_set_writer_func(countWarning, nullptr, nullptr), true);
     Q_UNUSED(isSet)
     s_warnings = 0;

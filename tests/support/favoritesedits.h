@@ -9,21 +9,21 @@
 
 #include <functional>
 
-/// Something that a user does to the favourites "a", "b" and "c".
+/// An edit of the favourites "a", "b" and "c".
 using FavoritesEdit = std::function<void(WatchedFavorites *)>;
 Q_DECLARE_METATYPE(FavoritesEdit)
 
-/// One row for each kind of edit: the column "edit".
+/// Adds one row for each kind of edit, with the column "edit".
 void favoritesEdits();
 
-/// Declares the sections "a" to "d" and stores the first three as the user's favourites, for all processes to see.
+/// Declares the sections "a" to "d" and stores the first three as the user's favourites. Waits for the write.
 void storeThreeFavorites();
-bool areThreeFavoritesStored(); ///< in this process and for others
+bool areThreeFavoritesStored(); ///< as this process and others read the key
 
-/// What still has to work when nothing can be stored: pages follow the registry.
+/// Checks what must work even if nothing can be stored: pages follow the registry.
 bool pagesFollowTheRegistry();
 
-/// Counts the warnings that GLib's libraries log while it lives, and keeps them off the terminal.
+/// Counts the warnings that GLib's libraries log during its lifetime, and does not print them.
 class GLibWarnings
 {
 public:

@@ -11,7 +11,7 @@
 
 QProcessEnvironment tracedEnvironment()
 {
-    // The leak checker of a sanitized program cannot work while another traces it.
+    // The leak checker does not work in a traced process.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     const QString options = environment.value(QStringLiteral("ASAN_OPTIONS"));
     environment.insert(QStringLiteral("ASAN_OPTIONS"), options + QStringLiteral(":detect_leaks=0"));

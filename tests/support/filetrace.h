@@ -7,8 +7,8 @@
 #include <QString>
 #include <QStringList>
 
-/// This process's, for a program that runs under strace.
+/// Returns the environment of this process, changed for a program that runs under strace.
 QProcessEnvironment tracedEnvironment();
-/// Runs this test program with @p arguments under strace. Returns the paths that start with @p start and that the
-/// run asked the kernel about, in the order of their first use. Ends the test when the run fails.
+/// Runs this test program with @p arguments under strace. Returns the paths that begin with @p start and occur in
+/// system calls, in the order of their first use. Ends the test if the run fails.
 QStringList pathsUsedBy(const QStringList &arguments, const QString &start);

@@ -29,7 +29,7 @@ qint64 CpuTimer::nsecsElapsed() const
 
 bool Growth::isBelow(int factor, const Work &work, int small, int large)
 {
-    // What else uses the caches and the memory only ever adds to the time that work takes: its least is its own.
+    // Other processes that use the caches and the memory can only add to the time, so the shortest one is used.
     constexpr int Attempts = 10;
     qint64 leastOfSmall = std::numeric_limits<qint64>::max();
     qint64 leastOfLarge = leastOfSmall;

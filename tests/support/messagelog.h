@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QtGlobal>
 
-/// Collects what is logged while it lives, each message as "level category: text".
+/// Collects all messages during its lifetime, each as "level category: text".
 class MessageLog
 {
 public:
@@ -15,12 +15,12 @@ public:
     MessageLog(const MessageLog &) = delete;
     MessageLog &operator=(const MessageLog &) = delete;
 
-    /// The messages since the last call.
+    /// Returns the messages since the last call.
     static QStringList take();
 
 private:
     const QtMessageHandler m_previous;
 };
 
-/// What a warning of the library's category looks like in the log.
+/// Returns a warning of the library's category as the log has it.
 QString settingsWarning(const char *message, const QString &quoted);

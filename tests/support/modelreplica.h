@@ -8,8 +8,8 @@
 #include <QVector>
 
 /**
- * A copy of a list model's rows that is kept by nothing but the model's signals, and so tells whether they are right:
- * isEqual() is true as long as what was announced is what happened.
+ * A copy of a list model's rows that is only updated by the model's signals. isEqual() is true as long as the signals
+ * announce all changes.
  */
 class ModelReplica : public QObject
 {
@@ -34,8 +34,8 @@ private:
 };
 
 /**
- * Lets QAbstractItemModelTester watch the list models for QML: their row count ignores the parent index, which the
- * tester takes for children of every row, and they may answer an int for Qt's own roles.
+ * Lets QAbstractItemModelTester check the list models for QML. Their row count ignores the parent index, which the
+ * tester takes for children of every row, and they may return an int for Qt's own roles.
  */
 class FlatProxy : public QIdentityProxyModel
 {

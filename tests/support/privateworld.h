@@ -1,20 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef PRIVATEWORLD_H
-#define PRIVATEWORLD_H
+#pragma once
 
 #include <QObject>
 #include <QProcess>
 
-/// Runs this test program once more in @p directory, with --world @p name and with a home, a runtime directory and bus
-/// addresses that lie in that directory. True when it succeeds.
+/// Runs this test program again with --world @p name, and with the home, the runtime directory and the addresses of the
+/// buses in @p directory. Returns true if it succeeds.
 bool runInWorld(const QString &directory, const QString &name);
 
-/// main() of a test program: runs @p world, an object whose slots are worlds, when it is told to and else @p test.
+/// The main() of a test program. With --world it runs the slot of @p world that has the name of the world, otherwise
+/// @p test.
 int runTest(int argc, char *argv[], QObject *test, QObject *world);
 
-/// The session bus of a world. It ends with this object at the latest.
+/// The session bus of a world. The destructor ends it.
 class PrivateBus
 {
 public:
@@ -28,5 +28,3 @@ public:
 private:
     QProcess m_daemon;
 };
-
-#endif

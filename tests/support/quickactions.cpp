@@ -16,7 +16,7 @@ namespace QuickActions
 {
 namespace
 {
-/// @p message, in which a call is told by its names, with those of @p action.
+/// Returns @p message, which has place markers for the names of a call, with the names of @p action.
 QString withNames(const char *message, const QVariantMap &action)
 {
     const auto name = [&action](const char *key) { return printable(action.value(text(key)).toString()); };

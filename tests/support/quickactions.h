@@ -9,7 +9,7 @@
 #include <QString>
 #include <QVariantMap>
 
-/// Actions, the services that they call, and what QuickActionReader logs of them.
+/// Actions, the services that they call, and the messages that QuickActionReader logs.
 namespace QuickActions
 {
 const QString s_service = QStringLiteral("com.velka.service");
@@ -26,21 +26,21 @@ QVariantMap actionOf(const QString &service, const QString &package);
 QVariantMap with(QVariantMap action, const char *key, const QVariant &value);
 
 QString logged(const QString &message);
-/// What is logged for @p action when its call failed with @p error, a name and a text.
+/// Returns the message for @p action after its call has failed with @p error, a name and a text.
 QString failure(const QVariantMap &action, const QString &error);
 QString unknownFailure(const QString &service);
-/// What is logged for @p action when its call was not sent.
+/// Returns the message for @p action if its call was not sent.
 QString queueFailure(const QVariantMap &action, const QString &message);
 
-/// Returns when the bus has taken what was sent before, and the answers on it before have come.
+/// Returns when the bus has received all messages of this process, and this process the earlier replies.
 void settle();
-/// Returns when the failures on the bus have come, and what they led to is on the bus.
+/// Returns when this process has received the errors on the bus, and the bus the calls that they cause.
 void settleFailures();
 
-/// Python that answers a call with an error.
+/// Returns Python code that replies with an error.
 QString raise(const QString &error, const QString &message);
 
-/// What performs the actions.
+/// The service that actions call.
 class Target : public DBusPeer
 {
 public:
@@ -60,6 +60,6 @@ public:
 
 QList<QVariantList> noCalls();
 QVariantList callFor(const QString &package);
-/// @p value in @p depth lists
+/// Returns @p value in @p depth nested lists.
 QVariant inLists(int depth, QVariant value);
 }

@@ -7,7 +7,7 @@
 #include "registry/treeitem.h"
 #include "text.h"
 
-// The rows of a SettingsModel, as tests read them.
+// Functions that read the rows of a SettingsModel.
 
 inline QVariant value(const SettingsModel &model, int row, int role)
 {

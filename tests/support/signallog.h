@@ -15,7 +15,7 @@ public:
     /// Signals of the model's own class are recorded by their names.
     explicit SignalLog(QAbstractItemModel *model);
 
-    /// The signals since the last call.
+    /// Returns the signals since the last call.
     QStringList take();
 
 private Q_SLOTS:

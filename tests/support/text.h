@@ -11,7 +11,7 @@ inline QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-/// The names of a path that is written with slashes.
+/// Returns the names of a path that is written with slashes.
 inline QStringList path(const char *joined)
 {
     return text(joined).split(QLatin1Char('/'), Qt::SkipEmptyParts);

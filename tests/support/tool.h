@@ -20,9 +20,9 @@ struct Result {
 };
 
 Result run(const QStringList &arguments);
-/// The same with a delay of @p ms when @p file is opened.
+/// Runs it with a delay of @p ms milliseconds each time that @p file is opened.
 Result runWithSlowFile(const QStringList &arguments, const QString &file, int ms);
-/// The same on a terminal. Returns the output and the errors.
+/// Runs it on a terminal. Returns the output and the errors.
 QByteArray runOnTerminal(const QStringList &arguments);
 
 using Files = QMap<QString, QByteArray>; ///< name -> content

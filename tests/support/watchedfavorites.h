@@ -11,11 +11,12 @@
 
 class TreeItem;
 
-/// A favourites model under the eyes of all that watch a model. It lists sections, until its filter is changed.
+/// A favourites model with a model tester, a replica and a log of its signals. It lists sections unless its filter is
+/// changed.
 class WatchedFavorites
 {
 public:
-    /// With an empty @p userModifiedKey the stored list counts as the system's default.
+    /// With an empty @p userModifiedKey the stored list is that of the system.
     explicit WatchedFavorites(const QString &userModifiedKey = userModifiedKeyOfTests());
 
     static QString keyOfTests(); ///< the model's default
@@ -25,10 +26,11 @@ public:
     FavoritesModel &operator*();
 
     TreeItem *item(int row) const;
-    QStringList names() const; ///< of the rows' entries
-    static QStringList wantedNames(); ///< of the sections that the stored list names, in its order
+    QStringList names() const; ///< those of the rows' entries
+    static QStringList wantedNames(); ///< those of the sections in the stored list, in its order
     QStringList takeSignals();
-    /// Whether the signals told what happened to the rows, and the rows are what stored list and tree demand.
+    /// Returns true if the signals have announced all changes of the rows, and the rows match the stored list and the
+    /// tree.
     bool isConsistent() const;
 
 private:
@@ -39,7 +41,7 @@ private:
     SignalLog m_log;
 };
 
-/// Declares sections and other entries: "a" or "a/b" for a section, else JSON objects with commas between them.
+/// Declare sections by their paths, such as "a" and "a/b", or entries as JSON objects with commas between them.
 void declareSections(const QStringList &paths);
 void declareJson(const QByteArray &entries);
 
@@ -47,4 +49,4 @@ void storeFavorites(const QVariant &value); ///< in this process
 QStringList storedFavorites();
 void storeUserModified(bool modified);
 
-void removeNode(const QStringList &path); ///< deletes it from the registry's tree, if it is there
+void removeNode(const QStringList &path); ///< deletes the node from the registry's tree if it exists

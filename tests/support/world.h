@@ -10,10 +10,10 @@
 class PluginRegistry;
 class TreeItem;
 
-/// The files and keys that the library reads, in the sandbox that the test runs in. Ends the test anywhere else.
+/// Functions that change the files and keys that the library reads, in the sandbox. Outside it they end the test.
 namespace World
 {
-/// The sanitizer does so on purpose: the size of the process tells nothing of it.
+/// True with AddressSanitizer, which makes the size of the process meaningless.
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool KeepsFreedMemory = true;
 #else
@@ -32,13 +32,13 @@ void reset();
 void rescan(PluginRegistry *registry);
 void setMasked(const QStringList &paths);
 
-/// The paths of all nodes below @p root, sorted, each node's names joined with "/".
+/// Returns the sorted paths of all nodes below @p root, each with its names joined by "/".
 QStringList paths(TreeItem *root);
-/// What is wrong with the tree below @p root: links between parents and children, names and keys. Empty if sound.
+/// Returns the paths of nodes below @p root whose links to parents and children or whose names are wrong.
 QStringList brokenInvariants(TreeItem *root);
 }
 
-/// A registration file with an entry, titled @p title, at each of @p paths.
+/// Returns a registration file with an entry, titled @p title, at each of @p paths.
 QByteArray declaring(const QByteArray &title, const QList<QByteArray> &paths);
-/// The paths of all nodes of @p registry, as World::paths() returns them.
+/// Returns the paths of all nodes of @p registry, like World::paths().
 QStringList paths(const PluginRegistry &registry);

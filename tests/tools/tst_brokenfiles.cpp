@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// The place of the mistake in a file that is not JSON: every command reports the same one.
+/// The position of the error in a file that is not JSON. All commands report the same one.
 class BrokenFilesTest : public QObject
 {
     Q_OBJECT

@@ -161,7 +161,7 @@ void WhyTest::maskOfTheKey()
     QTRY_COMPARE(Tool::run(command).exitCode, 1);
     QVERIFY(Tool::run(command).output.startsWith(
         "page/sound is not in the tree: masked by the value \"page/sound\" of the key "));
-    // Another spelling masks nothing.
+    // Another spelling does not mask the entry.
     World::setMasked({text("page/sound/")});
     QTRY_COMPARE(Tool::run(command).exitCode, 0);
 }
