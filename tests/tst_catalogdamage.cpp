@@ -31,6 +31,7 @@ private Q_SLOTS:
     void everyLength();
     void badDependencies_data();
     void badDependencies();
+    void longDependency();
     void manyDependencies();
     void sizeLimit();
     void timeIsLinear();
@@ -215,6 +216,8 @@ void CatalogDamageTest::badDependencies_data()
     row("absolute path", {"/proc/self/status"}, {},
         "its dependency \"/proc/self/status\" is in another directory");
     row("resource", {":/catalogs/sample"}, {}, "its dependency \":/catalogs/sample.qm\" is in another directory");
+    row("name with a null character", {QByteArray("no\0such", 7)}, {},
+        "its dependency \"no\\u0000such\" is missing");
     row("name with a line break", {"no\nsuch"}, {}, "its dependency \"no\\nsuch\" is missing");
 }
 
@@ -227,6 +230,15 @@ void CatalogDamageTest::badDependencies()
     write(text("text.txt"), "text");
     write(text("a.qm"), withDependencies(dependenciesOfA));
     write(text("b.qm"), withDependencies(dependenciesOfB));
+    expectRefusal(text("a"), reason.constData());
+}
+
+/// QTranslator would look for ever shorter names, for hours.
+void CatalogDamageTest::longDependency()
+{
+    const QByteArray name = QByteArray("_a").repeated(100000);
+    write(text("a.qm"), withDependencies({name}));
+    const QByteArray reason = "its dependency \"" + name + "\" is missing";
     expectRefusal(text("a"), reason.constData());
 }
 

@@ -4,8 +4,8 @@
 // Favourites in an MGConfItem whose value changes only when the event loop runs, together with the announcement. The
 // item below replaces the platform's in this program; its keys are in memory.
 
-#include "text.h"
 #include "nodescriptors.h"
+#include "text.h"
 #include "watchedfavorites.h"
 #include "world.h"
 

@@ -4,6 +4,7 @@
 #include "registry/catalogfile.h"
 
 #include "registry/catalogsearch.h"
+#include "registry/filename.h"
 
 #include <regularfile.h>
 
@@ -55,7 +56,7 @@ private:
     CatalogFault readDependencies(CatalogFile *file)
     {
         for (const QString &name : qAsConst(file->catalog.dependencies)) {
-            const QString path = findCatalog(name, m_directory);
+            const QString path = isFileName(name) ? findCatalog(name, m_directory) : QString();
             if (path.isEmpty()) {
                 return {name, QStringLiteral("is missing")};
             }

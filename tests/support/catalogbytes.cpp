@@ -32,12 +32,12 @@ QByteArray CatalogBytes::number32(quint32 number)
     return bigEndian(number);
 }
 
-QByteArray CatalogBytes::utf16(const char *latin1)
+QByteArray CatalogBytes::utf16(const QByteArray &latin1)
 {
     QByteArray bytes;
-    for (; *latin1 != '\0'; ++latin1) {
+    for (const char character : latin1) {
         bytes += '\0';
-        bytes += *latin1;
+        bytes += character;
     }
     return bytes;
 }
@@ -116,7 +116,7 @@ QByteArray CatalogBytes::withDependencies(const QList<QByteArray> &names)
 {
     QByteArray content;
     for (const QByteArray &name : names) {
-        content += part(0, utf16(name.constData())).mid(1);
+        content += part(0, utf16(name)).mid(1);
     }
     return sound() + dependencySection(content);
 }

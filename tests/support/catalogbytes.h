@@ -19,7 +19,7 @@ constexpr quint32 HashOfB = 'b';
 QByteArray magic();
 QByteArray number16(quint16 number);
 QByteArray number32(quint32 number);
-QByteArray utf16(const char *latin1);
+QByteArray utf16(const QByteArray &latin1);
 
 /// A section, or a part of a message: they look the same.
 QByteArray part(int tag, quint32 length, const QByteArray &content);

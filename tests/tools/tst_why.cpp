@@ -38,6 +38,7 @@ private Q_SLOTS:
     void titles_data();
     void titles();
     void complementaryCatalog();
+    void unusableCatalog();
     void favorites_data();
     void favorites();
 
@@ -280,6 +281,17 @@ void WhyTest::complementaryCatalog()
     QVERIFY(output.contains("Short title \"\"\n  the entry has none\n"
                             "  no catalog has the translation id \"test-none\"\n"
                             "  no file of the catalog \"sample_eng_en\" could be loaded\n"));
+}
+
+void WhyTest::unusableCatalog()
+{
+    World::writeFile(Catalogs::path("sample-fi"), "damaged");
+    World::writeEntries(text("sound.json"), R"({"translation_catalog": "sample",
+        "entries": [{"path": "page/sound", "translation_id": "test-both", "title": "Sound"}]})");
+    const Tool::Result result = Tool::run({text("why"), text("--locale"), text("fi"), text("page/sound")});
+    QVERIFY(result.output.contains("  the library cannot use the catalog \"/usr/share/translations/sample-fi.qm\" "
+                                   "because it is damaged, or no compiled catalog\n"));
+    QCOMPARE(result.errors, QByteArray());
 }
 
 void WhyTest::favorites_data()

@@ -22,6 +22,18 @@ const LoadRecord::Catalog *catalogOf(const QString &id, const QVector<LoadRecord
     return nullptr;
 }
 
+/// Returns why @p catalog has no text.
+QString withoutText(const LoadRecord::Catalog &catalog)
+{
+    const QString error = catalog.translator->error();
+    if (!error.isEmpty()) {
+        return QStringLiteral("the library cannot use the catalog %1").arg(error);
+    }
+    const QString path = catalog.translator->filePath();
+    return path.isEmpty() ? QStringLiteral("no file of the catalog \"%1\" could be loaded").arg(catalog.name)
+                          : QStringLiteral("%1 does not have it").arg(path);
+}
+
 /// Returns a line for each catalog that the file of the entry names, none of which has the text.
 QStringList catalogsAskedFor(const QString &fileName, const LoadRecord &record)
 {
@@ -34,11 +46,7 @@ QStringList catalogsAskedFor(const QString &fileName, const LoadRecord &record)
             for (const QString &name :
                  {report.file->translationCatalog, report.file->complementaryTranslationCatalog}) {
                 if (!name.isEmpty() && (catalog.name == name || catalog.name == name + QLatin1String("_eng_en"))) {
-                    const QString path = catalog.translator->filePath();
-                    lines.append(
-                        path.isEmpty()
-                            ? QStringLiteral("no file of the catalog \"%1\" could be loaded").arg(catalog.name)
-                            : QStringLiteral("%1 does not have it").arg(path));
+                    lines.append(withoutText(catalog));
                 }
             }
         }

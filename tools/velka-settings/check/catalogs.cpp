@@ -3,10 +3,10 @@
 
 #include "catalogs.h"
 
+#include "registry/catalogtranslator.h"
 #include "registry/filename.h"
 
 #include <QDir>
-#include <QTranslator>
 
 namespace Check
 {
@@ -20,18 +20,18 @@ bool hasText(const QTranslator &translator, const QString &id)
 }
 
 Catalog::Catalog(const QString &name, const QString &directory)
-    : m_fallback(std::make_unique<QTranslator>())
+    : m_fallback(std::make_unique<CatalogTranslator>())
 {
     const QString fallback = name + QLatin1String("_eng_en");
     if (isFileName(fallback)) {
-        m_fallback->load(fallback, directory);
+        load(m_fallback.get(), fallback, directory);
     }
     const QString prefix = name + QLatin1Char('-');
     const QStringList files = QDir(directory).entryList({QStringLiteral("*.qm")}, QDir::Files);
     for (const QString &file : files) {
         if (file.startsWith(prefix)) {
-            auto translator = std::make_unique<QTranslator>();
-            if (translator->load(file, directory)) {
+            auto translator = std::make_unique<CatalogTranslator>();
+            if (load(translator.get(), file, directory)) {
                 m_byLocale.emplace(file.mid(prefix.size()).chopped(3), std::move(translator));
             }
         }
@@ -39,6 +39,20 @@ Catalog::Catalog(const QString &name, const QString &directory)
 }
 
 Catalog::~Catalog() = default;
+
+bool Catalog::load(CatalogTranslator *translator, const QString &name, const QString &directory)
+{
+    const bool isLoaded = translator->load(name, directory);
+    if (!translator->error().isEmpty()) {
+        m_errors.append(translator->error());
+    }
+    return isLoaded;
+}
+
+QStringList Catalog::errors() const
+{
+    return m_errors;
+}
 
 bool Catalog::isFound() const
 {

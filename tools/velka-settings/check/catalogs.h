@@ -10,7 +10,7 @@
 #include <map>
 #include <memory>
 
-class QTranslator;
+class CatalogTranslator;
 
 namespace Check
 {
@@ -24,13 +24,17 @@ public:
     Catalog &operator=(const Catalog &) = delete;
 
     bool isFound() const;
+    QStringList errors() const; ///< the files that cannot be used, and the reasons
     QStringList locales() const;
     bool has(const QString &id, const QString &locale) const;
     bool hasFallback(const QString &id) const; ///< in engineering English
 
 private:
-    std::map<QString, std::unique_ptr<QTranslator>> m_byLocale;
-    const std::unique_ptr<QTranslator> m_fallback;
+    bool load(CatalogTranslator *translator, const QString &name, const QString &directory);
+
+    std::map<QString, std::unique_ptr<CatalogTranslator>> m_byLocale;
+    const std::unique_ptr<CatalogTranslator> m_fallback;
+    QStringList m_errors;
 };
 
 /// The catalogs in a directory. Each is loaded once.

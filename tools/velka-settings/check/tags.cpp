@@ -42,6 +42,10 @@ const QVector<TagInfo> &tags()
         {Tag::ByteOrderMark, "byte-order-mark", Severity::Warning,
          "The file begins with a byte order mark",
          "The library ignores it; other programs that read JSON may not."},
+        {Tag::CatalogUnusable, "catalog-unusable", Severity::Error,
+         "A catalog cannot be used",
+         "The file is damaged, too large or no compiled catalog, or it depends on itself or on a catalog "
+         "that is missing. The library ignores it with a warning. Compile it with lrelease."},
         {Tag::CustomWithoutPlace, "custom-without-place", Severity::Warning,
          "An entry of a custom type is for neither grid nor list",
          "Entries whose type contains \"custom\" are offered as the favourites that \"type\" in their "

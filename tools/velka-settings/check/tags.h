@@ -22,6 +22,7 @@ enum class Tag {
     BlacklistElement,
     BlacklistUnknown,
     ByteOrderMark,
+    CatalogUnusable,
     CustomWithoutPlace,
     DBusInterface,
     DBusMethod,

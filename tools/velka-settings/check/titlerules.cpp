@@ -25,10 +25,16 @@ NamedCatalogs findCatalogs(const Document &document, Catalogs *catalogs, Finding
         }
         result.isNamed = true;
         const Catalog &catalog = catalogs->catalog(name);
+        const Written &written = *document.root.member(QLatin1String(key));
+        const QStringList errors = catalog.errors();
+        for (const QString &error : errors) {
+            findings->atValue(Tag::CatalogUnusable, written,
+                              QStringLiteral("the library cannot use the catalog %1").arg(error));
+        }
         if (catalog.isFound()) {
             result.found.append(&catalog);
-        } else {
-            findings->atValue(Tag::MissingCatalog, *document.root.member(QLatin1String(key)),
+        } else if (errors.isEmpty()) {
+            findings->atValue(Tag::MissingCatalog, written,
                               QStringLiteral("there is no catalog %1 to check the ids with").arg(quoted(name)));
         }
     }
