@@ -16,7 +16,12 @@ namespace
 {
 FileContent failed(const QString &reason)
 {
-    return {{}, reason};
+    return {{}, reason, false};
+}
+
+FileContent failed(int error)
+{
+    return {{}, qt_error_string(error), isTemporaryError(error)};
 }
 
 /// Reads up to @p size bytes, fewer when the file ends earlier.
@@ -30,28 +35,33 @@ FileContent readBytes(int descriptor, int size)
         length += int(count);
     }
     if (count < 0) {
-        return failed(qt_error_string(errno));
+        return failed(errno);
     }
     bytes.truncate(length);
-    return {bytes, {}};
+    return {bytes, {}, false};
 }
+}
+
+bool isTemporaryError(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOMEM;
 }
 
 FileContent readRegularFile(const QString &path, qint64 limit)
 {
     if (path.contains(QChar::Null)) {
-        return failed(qt_error_string(ENOENT)); // the kernel would see the part before it
+        return failed(ENOENT); // the kernel would see the part before it
     }
     // Four system calls; QFile makes eight. Without O_NONBLOCK, a pipe would wait for its writer.
     const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) {
-        return failed(qt_error_string(errno));
+        return failed(errno);
     }
     const auto guard = qScopeGuard([descriptor] { close(descriptor); });
     struct stat status {
     };
     if (fstat(descriptor, &status) != 0) {
-        return failed(qt_error_string(errno));
+        return failed(errno);
     }
     if (!S_ISREG(status.st_mode)) {
         return failed(QStringLiteral("not a regular file"));
