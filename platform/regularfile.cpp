@@ -16,7 +16,7 @@ namespace
 {
 FileContent failed(const QString &reason)
 {
-    return {{}, reason};
+    return {{}, reason, false};
 }
 
 FileContent failed(int error)
@@ -38,7 +38,7 @@ FileContent readBytes(int descriptor, int size)
         return failed(errno);
     }
     bytes.truncate(length);
-    return {bytes, {}};
+    return {bytes, {}, false};
 }
 }
 

@@ -4,6 +4,8 @@
 #include "applications/applicationssettingsmodel.h"
 
 #include "applications.h"
+#include "messagelog.h"
+#include "nodescriptors.h"
 #include "registry/pluginregistry.h"
 #include "signallog.h"
 #include "text.h"
@@ -39,6 +41,8 @@ private Q_SLOTS:
     void otherLauncher();
     void launcherDies();
     void launcherEntryDies();
+    void launcherEntryIsDeletedByOthers();
+    void descriptorsRunOut();
     void leftLauncherIsIgnored();
     void setsNoOtherObject();
     void configFileIsFollowedForRootOnly();
@@ -226,6 +230,41 @@ void ApplicationLauncherTest::launcherEntryDies()
     QTRY_COMPARE(value(model, 1, Model::NameRole), QVariant(QString()));
     QCOMPARE(model.count(), 3);
     QTRY_COMPARE(names(model), path("A/C"));
+}
+
+void ApplicationLauncherTest::launcherEntryIsDeletedByOthers()
+{
+    Model model;
+    complete(&model);
+    delete qobject_cast<LauncherFolderModel *>(model.applications())->get(1);
+    QCOMPARE(value(model, 1, Model::NameRole), QVariant(QString()));
+    QTRY_COMPARE(names(model), path("A/C"));
+    m_applications->writeMenu("<Menu><Menu><Name>Folder</Name><Filename>sub-c.desktop</Filename></Menu></Menu>");
+    auto *launcher = qobject_cast<LauncherFolderModel *>(model.applications());
+    launcher->load();
+    QCOMPARE(names(model), path("C/A"));
+    delete launcher->get(0);
+    QCOMPARE(names(model), path("C/A"));
+    QVERIFY(qobject_cast<LauncherFolderItem *>(launcher->get(0)));
+}
+
+void ApplicationLauncherTest::descriptorsRunOut()
+{
+    const MessageLog log;
+    Model model;
+    complete(&model);
+    {
+        const NoDescriptors shortage;
+        QVERIFY(QFile::remove(m_applications->path("first/b.desktop")));
+        QVERIFY(QFile::rename(m_applications->path("first/a.desktop"), m_applications->path("first/b.desktop")));
+        QStringList warnings;
+        QTRY_VERIFY(!(warnings += MessageLog::take()).isEmpty());
+        QMetaObject::invokeMethod(&model, "launcherModelReset");
+        QVERIFY(names(model).contains(text("B")));
+        QCOMPARE(warnings.size(), 1);
+    }
+    QTRY_COMPARE(names(model), path("A/C"));
+    QCOMPARE(MessageLog::take(), QStringList());
 }
 
 void ApplicationLauncherTest::leftLauncherIsIgnored()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "nodescriptors.h"
 #include "text.h"
 
 #include <mdesktopentry.h>
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void keepsItsContent();
     void reportsUnreadableFiles_data();
     void reportsUnreadableFiles();
+    void reportsMissingDescriptors();
     void limitsTheSize_data();
     void limitsTheSize();
 
@@ -229,6 +231,17 @@ void tst_MDesktopEntry::reportsUnreadableFiles()
     const MDesktopEntry entry(path);
     QVERIFY(!entry.isValid());
     QCOMPARE(entry.errorString(), error);
+    QVERIFY(!entry.isErrorTemporary());
+}
+
+void tst_MDesktopEntry::reportsMissingDescriptors()
+{
+    const QString path = write(entry(""));
+    const NoDescriptors shortage;
+    const MDesktopEntry unread(path);
+    QVERIFY(!unread.isValid());
+    QCOMPARE(unread.errorString(), text("Too many open files"));
+    QVERIFY(unread.isErrorTemporary());
 }
 
 void tst_MDesktopEntry::limitsTheSize_data()

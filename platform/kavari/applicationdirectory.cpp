@@ -5,36 +5,18 @@
 
 #include "pathwatcher.h"
 
-#include <QDirIterator>
-#include <QFile>
-
-#include <sys/stat.h>
-
-#include <tuple>
+#include <utility>
 
 namespace
 {
-constexpr int MaxDepth = 16;
-
-struct Place {
-    QString path;
-    int depth;
-};
+// Some ten times what large systems have. A directory that leads elsewhere, such as a link to "/", has more.
+constexpr int MaxDirectories = 1000;
+constexpr int MaxFiles = 100000;
+constexpr int MaxMebibytes = 64;
 
 QString parentOf(const QString &path)
 {
     return path.left(path.lastIndexOf(QLatin1Char('/')));
-}
-
-qint64 nanoseconds(const timespec &time)
-{
-    return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
-}
-
-FileStamp stampOf(const struct stat &status)
-{
-    return {status.st_dev, status.st_ino, status.st_size, nanoseconds(status.st_mtim),
-            nanoseconds(status.st_ctim)};
 }
 
 quint64 nextRevision()
@@ -44,15 +26,10 @@ quint64 nextRevision()
 }
 }
 
-bool operator==(const FileStamp &a, const FileStamp &b)
-{
-    return std::tie(a.device, a.inode, a.size, a.modified, a.changed)
-           == std::tie(b.device, b.inode, b.size, b.modified, b.changed);
-}
-
 ApplicationDirectory::ApplicationDirectory(const QString &path, PathWatcher *watcher)
     : m_path(path)
     , m_watcher(watcher)
+    , m_room{MaxDirectories, MaxFiles, qint64(MaxMebibytes) << 20}
 {
     update(path);
 }
@@ -85,22 +62,25 @@ bool ApplicationDirectory::concerns(const QString &path) const
 
 QSet<QString> ApplicationDirectory::update(const QString &path)
 {
-    Change change;
     if (leadsHere(path)) {
         watchParents();
-        take(m_path, &change);
-        add(m_path, 0, &change);
-        return change.ids;
+        return replace(m_path, 0, false);
     }
     const auto folder = m_folders.constFind(parentOf(path));
     if (folder == m_folders.cend()) {
         return {}; // removed with its folder
     }
-    const int depth = folder->depth + 1;
-    take(path, &change);
-    change.before.remove(path); // the file changed, even if its stamp did not
-    add(path, depth, &change);
-    return change.ids;
+    return replace(path, folder->depth + 1, true); // the file changed, even if its stamp did not
+}
+
+QString ApplicationDirectory::problem() const
+{
+    return m_problem;
+}
+
+bool ApplicationDirectory::isOutdated() const
+{
+    return !m_problem.isEmpty() || m_hasRoomAgain;
 }
 
 QString ApplicationDirectory::idOf(const QString &path) const
@@ -116,97 +96,150 @@ void ApplicationDirectory::watchParents() const
     }
 }
 
-void ApplicationDirectory::take(const QString &path, Change *change)
+bool ApplicationDirectory::isKnown(const QString &path) const
+{
+    return m_folders.contains(path) || m_files.value(idOf(path)).contains(path);
+}
+
+/// Returns the known folders and files below @p path, and itself if it is known.
+QStringList ApplicationDirectory::knownBelow(const QString &path) const
+{
+    QStringList paths;
+    if (isKnown(path)) {
+        paths.append(path);
+    }
+    for (int i = 0; i < paths.size(); ++i) {
+        const auto folder = m_folders.constFind(paths.at(i));
+        if (folder != m_folders.cend()) {
+            paths += folder->entries.values();
+        }
+    }
+    return paths;
+}
+
+ScanRoom ApplicationDirectory::roomWithout(const QStringList &paths) const
+{
+    ScanRoom room = m_room;
+    for (const QString &path : paths) {
+        if (m_folders.contains(path)) {
+            ++room.directories;
+        } else {
+            ++room.files;
+            room.bytes += m_files.value(idOf(path)).value(path).cost();
+        }
+    }
+    return room;
+}
+
+/// Scans what is at @p path. A file with an equal stamp keeps its revision unless it @p isChanged.
+QSet<QString> ApplicationDirectory::replace(const QString &path, int depth, bool isChanged)
+{
+    const QStringList known = knownBelow(path);
+    const ScannedTree tree = scanApplications(path, depth, roomWithout(known), m_watcher);
+    if (!tree.error.isEmpty()) {
+        m_problem = tree.error;
+        abandon(tree);
+        return {};
+    }
+    Change change;
+    for (const QString &removed : known) {
+        remove(removed, &change);
+        if (!tree.watched.contains(removed)) {
+            m_watcher->unwatch(removed);
+        }
+    }
+    if (isChanged) {
+        change.before.remove(path);
+    }
+    addFolders(tree);
+    for (const FoundFile &file : tree.files) {
+        addFile(file, &change);
+    }
+    if (path == m_path) {
+        m_problem.clear();
+        m_isExceeded = m_isExceeded && tree.exceeded;
+        m_hasRoomAgain = false;
+    } else if (m_isExceeded && known.size() > tree.folders.size() + tree.files.size()) {
+        m_hasRoomAgain = true;
+    }
+    if (tree.exceeded) {
+        warnOfExcess();
+    }
+    return change.ids;
+}
+
+void ApplicationDirectory::abandon(const ScannedTree &tree)
+{
+    for (const QString &path : tree.watched) {
+        if (!isKnown(path)) {
+            m_watcher->unwatch(path);
+        }
+    }
+}
+
+void ApplicationDirectory::remove(const QString &path, Change *change)
 {
     const auto parent = m_folders.find(parentOf(path));
     if (parent != m_folders.end()) {
         parent->entries.remove(path);
     }
-    QStringList pending{path};
-    while (!pending.isEmpty()) {
-        const QString next = pending.takeLast();
-        m_watcher->unwatch(next);
-        if (m_folders.contains(next)) {
-            pending += m_folders.take(next).entries.values();
-        } else {
-            takeFile(next, change);
-        }
-    }
-}
-
-void ApplicationDirectory::takeFile(const QString &path, Change *change)
-{
-    const QString id = idOf(path);
-    const auto files = m_files.find(id);
-    if (files == m_files.end() || !files->contains(path)) {
+    if (m_folders.remove(path)) {
+        ++m_room.directories;
         return;
     }
-    change->ids.insert(id);
-    change->before.insert(path, files->take(path));
+    const QString id = idOf(path);
+    const auto files = m_files.find(id);
+    const ApplicationFile file = files->take(path);
     if (files->isEmpty()) {
         m_files.erase(files);
     }
-}
-
-void ApplicationDirectory::add(const QString &path, int depth, Change *change)
-{
-    QVector<Place> pending{{path, depth}};
-    while (!pending.isEmpty()) {
-        const Place place = pending.takeLast();
-        const QByteArray name = QFile::encodeName(place.path);
-        struct stat status;
-        if ((place.depth == 0 ? stat : lstat)(name.constData(), &status) != 0) {
-            continue;
-        }
-        if (!S_ISDIR(status.st_mode)) {
-            addFile(place.path, S_ISLNK(status.st_mode), change);
-        } else if (place.depth <= MaxDepth) {
-            const QStringList entries = addFolder(place.path, place.depth);
-            for (const QString &entry : entries) {
-                pending.append({entry, place.depth + 1});
-            }
-        }
-    }
-}
-
-QStringList ApplicationDirectory::addFolder(const QString &path, int depth)
-{
-    // Watch before reading. Otherwise a file that is added in between would be lost.
-    m_watcher->watchDirectory(path);
-    m_folders.insert(path, {depth, {}});
-    if (path != m_path) {
-        m_folders[parentOf(path)].entries.insert(path);
-    }
-    QStringList entries;
-    QDirIterator it(path, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    while (it.hasNext()) {
-        entries.append(it.next());
-    }
-    return entries;
-}
-
-void ApplicationDirectory::addFile(const QString &path, bool isLink, Change *change)
-{
-    if (path == m_path || !path.endsWith(QLatin1String(".desktop"))) {
-        return;
-    }
-    if (isLink) {
-        m_watcher->watchFile(path);
-    }
-    const QByteArray name = QFile::encodeName(path);
-    struct stat status;
-    // A broken link is a file that cannot be read.
-    if (stat(name.constData(), &status) != 0 && lstat(name.constData(), &status) != 0) {
-        return;
-    }
-    if (S_ISDIR(status.st_mode)) {
-        return;
-    }
-    const FileStamp stamp = stampOf(status);
-    const auto before = change->before.constFind(path);
-    const bool isSame = before != change->before.cend() && before->stamp == stamp;
-    const QString id = idOf(path);
+    ++m_room.files;
+    m_room.bytes += file.cost();
     change->ids.insert(id);
-    m_folders[parentOf(path)].entries.insert(path);
-    m_files[id].insert(path, {path, stamp, S_ISREG(status.st_mode), isSame ? before->revision : nextRevision()});
+    change->before.insert(path, file);
+}
+
+void ApplicationDirectory::addFolders(const ScannedTree &tree)
+{
+    for (auto folder = tree.folders.cbegin(); folder != tree.folders.cend(); ++folder) {
+        m_folders.insert(folder.key(), {folder.value(), {}});
+        --m_room.directories;
+    }
+    for (auto folder = tree.folders.keyBegin(); folder != tree.folders.keyEnd(); ++folder) {
+        addToParent(*folder);
+    }
+}
+
+void ApplicationDirectory::addFile(const FoundFile &file, Change *change)
+{
+    if (isKnown(file.path)) {
+        return; // a directory that changes may list it twice
+    }
+    const auto before = change->before.constFind(file.path);
+    const bool isSame = before != change->before.cend() && before->stamp == file.stamp;
+    const QString id = idOf(file.path);
+    m_files[id].insert(file.path, {file, isSame ? before->revision : nextRevision()});
+    addToParent(file.path);
+    --m_room.files;
+    m_room.bytes -= file.cost();
+    change->ids.insert(id);
+}
+
+void ApplicationDirectory::addToParent(const QString &path)
+{
+    const auto parent = m_folders.find(parentOf(path));
+    if (parent != m_folders.end()) {
+        parent->entries.insert(path);
+    }
+}
+
+void ApplicationDirectory::warnOfExcess()
+{
+    if (std::exchange(m_isExceeded, true)) {
+        return;
+    }
+    qWarning(
+        "LauncherFolderModel: \"%s\" has more than %d directories, %d files or %d MiB of desktop files, or is "
+        "deeper than %d directories: not all of its applications are listed",
+        qUtf8Printable(m_path), MaxDirectories, MaxFiles, MaxMebibytes, MaxScanDepth);
 }

@@ -5,16 +5,11 @@
 
 #include <QDir>
 
-#include <chrono>
+#include <algorithm>
 #include <utility>
-
-using namespace std::chrono_literals;
 
 namespace
 {
-// Long enough to see most installations as one change, too short for the user to notice.
-constexpr auto Delay = 100ms;
-
 QStringList absoluteOnce(const QStringList &directories)
 {
     QStringList cleaned;
@@ -33,9 +28,6 @@ ApplicationFiles::ApplicationFiles(const QStringList &directories, QObject *pare
 {
     connect(&m_watcher, &PathWatcher::changed, this, &ApplicationFiles::markDirty);
     connect(&m_watcher, &PathWatcher::overflown, this, &ApplicationFiles::markAllDirty);
-    m_delay.setSingleShot(true);
-    m_delay.setInterval(Delay);
-    connect(&m_delay, &QTimer::timeout, this, &ApplicationFiles::update);
     const QStringList paths = absoluteOnce(directories);
     for (const QString &path : paths) {
         m_directories.push_back({ApplicationDirectory(path, &m_watcher), {}});
@@ -61,6 +53,42 @@ std::optional<ApplicationFile> ApplicationFiles::file(const QString &id) const
     return std::nullopt;
 }
 
+QSet<QString> ApplicationFiles::update()
+{
+    m_watcher.read();
+    QSet<QString> ids;
+    for (Followed &followed : m_directories) {
+        const QSet<QString> paths = std::exchange(followed.dirty, {});
+        for (const QString &path : paths) {
+            ids += followed.directory.update(path);
+        }
+    }
+    return ids;
+}
+
+QSet<QString> ApplicationFiles::updateAll()
+{
+    m_watcher.retry();
+    markAllDirty();
+    return update();
+}
+
+QString ApplicationFiles::problem() const
+{
+    for (const Followed &followed : m_directories) {
+        if (!followed.directory.problem().isEmpty()) {
+            return followed.directory.problem();
+        }
+    }
+    return m_watcher.problem();
+}
+
+bool ApplicationFiles::isOutdated() const
+{
+    const auto isOutdated = [](const Followed &followed) { return followed.directory.isOutdated(); };
+    return !m_watcher.problem().isEmpty() || std::any_of(m_directories.cbegin(), m_directories.cend(), isOutdated);
+}
+
 void ApplicationFiles::markDirty(const QString &path)
 {
     for (Followed &followed : m_directories) {
@@ -68,10 +96,7 @@ void ApplicationFiles::markDirty(const QString &path)
             continue;
         }
         followed.dirty.insert(path);
-        // A running timer is not restarted: a steady stream of changes must not delay the first of them for ever.
-        if (!m_delay.isActive()) {
-            m_delay.start();
-        }
+        Q_EMIT changed();
     }
 }
 
@@ -80,16 +105,4 @@ void ApplicationFiles::markAllDirty()
     for (const Followed &followed : m_directories) {
         markDirty(followed.directory.path());
     }
-}
-
-void ApplicationFiles::update()
-{
-    QSet<QString> ids;
-    for (Followed &followed : m_directories) {
-        const QSet<QString> paths = std::exchange(followed.dirty, {});
-        for (const QString &path : paths) {
-            ids += followed.directory.update(path);
-        }
-    }
-    Q_EMIT changed(ids);
 }

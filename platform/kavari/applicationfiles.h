@@ -6,7 +6,7 @@
 #include "applicationdirectory.h"
 #include "pathwatcher.h"
 
-#include <QTimer>
+#include <QObject>
 
 #include <vector>
 
@@ -21,9 +21,20 @@ public:
     QSet<QString> ids() const;
     std::optional<ApplicationFile> file(const QString &id) const;
 
+    /// Reads what has changed. Returns the ids of files that may have been added, removed or changed; compare the
+    /// revision of file().
+    QSet<QString> update();
+    /// Reads everything, and tries again to watch it. Returns the same ids as update().
+    QSet<QString> updateAll();
+
+    /// Returns why files or changes may be missing; empty if none are.
+    QString problem() const;
+    /// Returns whether updateAll() is needed, because changes may have been missed.
+    bool isOutdated() const;
+
 Q_SIGNALS:
-    /// Files of these ids may have been added, removed or changed; compare the revision of file().
-    void changed(const QSet<QString> &ids);
+    /// update() is needed.
+    void changed();
 
 private:
     struct Followed {
@@ -33,9 +44,7 @@ private:
 
     void markDirty(const QString &path);
     void markAllDirty();
-    void update();
 
     PathWatcher m_watcher;
-    QTimer m_delay;
     std::vector<Followed> m_directories;
 };

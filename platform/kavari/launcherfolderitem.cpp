@@ -3,13 +3,14 @@
 
 #include "launcherfolderitem.h"
 
-#include "launcherrow.h"
+#include "launcherrows.h"
 
-#include <algorithm>
+#include <QPointer>
 
 LauncherFolderItem::LauncherFolderItem(const QString &title, QObject *parent)
     : QAbstractListModel(parent)
     , m_title(title)
+    , m_rows(std::make_unique<LauncherRows>())
 {
 }
 
@@ -22,12 +23,12 @@ QString LauncherFolderItem::title() const
 
 int LauncherFolderItem::itemCount() const
 {
-    return int(m_rows.size());
+    return m_rows->count();
 }
 
 QObject *LauncherFolderItem::get(int row) const
 {
-    return row >= 0 && row < itemCount() ? m_rows[row].object : nullptr;
+    return m_rows->at(row);
 }
 
 int LauncherFolderItem::rowCount(const QModelIndex &parent) const
@@ -56,42 +57,45 @@ QHash<int, QByteArray> LauncherFolderItem::roleNames() const
     return {{Qt::DisplayRole, "display"}, {ObjectRole, "object"}};
 }
 
-int LauncherFolderItem::rowOf(const LauncherRow &row) const
-{
-    return int(std::distance(m_rows.cbegin(), std::lower_bound(m_rows.cbegin(), m_rows.cend(), row)));
-}
-
 void LauncherFolderItem::addRow(const LauncherRow &row)
 {
-    const int place = rowOf(row);
+    const int place = m_rows->indexOf(row);
+    m_isChanging = true;
     beginInsertRows({}, place, place);
-    m_rows.insert(m_rows.begin() + place, row);
+    m_rows->insert(row);
+    m_isChanging = false;
     endInsertRows();
 }
 
-void LauncherFolderItem::dropRow(const LauncherRow &row)
+void LauncherFolderItem::dropRow(std::optional<LauncherRow> *row)
 {
-    const int place = rowOf(row);
+    const int place = m_rows->indexOf(**row);
+    m_isChanging = true;
     beginRemoveRows({}, place, place);
-    m_rows.erase(m_rows.begin() + place);
+    m_rows->remove(**row);
+    row->reset();
+    m_isChanging = false;
     endRemoveRows();
 }
 
-void LauncherFolderItem::replaceRow(const LauncherRow &old, const LauncherRow &row)
+void LauncherFolderItem::replaceRow(std::optional<LauncherRow> *row, const LauncherRow &replacement)
 {
-    const int from = rowOf(old);
-    const int to = rowOf(row); // counted with the old row still there
+    const LauncherRow changed = replacement; // as the row, it may be gone after a signal
+    const int from = m_rows->indexOf(**row);
+    const int to = m_rows->indexOf(changed); // counted with the old row still there
+    m_isChanging = true;
     const bool moves = beginMoveRows({}, from, from, {}, to);
-    m_rows[from] = row;
+    m_rows->remove(**row);
+    m_rows->insert(changed);
+    *row = changed;
+    m_isChanging = false;
     if (moves) {
-        const auto begin = m_rows.begin();
-        if (to > from) {
-            std::rotate(begin + from, begin + from + 1, begin + to);
-        } else {
-            std::rotate(begin + to, begin + from, begin + from + 1);
-        }
+        const QPointer<LauncherFolderItem> self(this);
         endMoveRows();
+        if (!self || !m_rows->contains(changed)) {
+            return;
+        }
     }
-    const QModelIndex place = index(to > from ? to - 1 : to);
+    const QModelIndex place = index(m_rows->indexOf(changed));
     Q_EMIT dataChanged(place, place);
 }

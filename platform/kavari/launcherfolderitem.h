@@ -7,11 +7,16 @@
 
 #include <QAbstractListModel>
 
-#include <vector>
+#include <memory>
+#include <optional>
 
+class LauncherRows;
 struct LauncherRow;
 
-/// A folder of the launcher. Each row is a LauncherItem or another folder, which the launcher model owns.
+/**
+ * A folder of the launcher. Each row is a LauncherItem or another folder, which the launcher model owns, also when QML
+ * has it. If one is deleted nevertheless, its row is removed.
+ */
 class Q_DECL_EXPORT LauncherFolderItem : public QAbstractListModel
 {
     Q_OBJECT
@@ -44,11 +49,12 @@ protected:
 private:
     friend class LauncherFolderModelPrivate;
 
-    int rowOf(const LauncherRow &row) const;
     void addRow(const LauncherRow &row);
-    void dropRow(const LauncherRow &row);
-    void replaceRow(const LauncherRow &old, const LauncherRow &row);
+    /// Removes the row and resets it.
+    void dropRow(std::optional<LauncherRow> *row);
+    void replaceRow(std::optional<LauncherRow> *row, const LauncherRow &replacement);
 
     const QString m_title;
-    std::vector<LauncherRow> m_rows; ///< sorted
+    const std::unique_ptr<LauncherRows> m_rows;
+    bool m_isChanging = false; ///< a change of the rows was announced and has not been made
 };

@@ -3,37 +3,50 @@
 
 #include "launcherfoldermodel.h"
 
-#include "applicationfiles.h"
-#include "launcherrow.h"
+#include "applicationlisting.h"
+#include "launcherrows.h"
 #include "menulayout.h"
 #include "regularfile.h"
 
-#include <mdesktopentry.h>
-
 #include <QFileInfo>
+#include <QPointer>
+#include <QQmlEngine>
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <chrono>
+#include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
-using Entry = std::unique_ptr<const MDesktopEntry>;
+using namespace std::chrono_literals;
+
+using Entry = std::shared_ptr<const MDesktopEntry>;
 
 class LauncherFolderModelPrivate : public QObject
 {
 public:
     explicit LauncherFolderModelPrivate(LauncherFolderModel *model);
+    ~LauncherFolderModelPrivate() override;
 
     void reload();
 
 private:
-    // The state of a file id. It has an item when the file is that of a visible application.
+    // The state of a file id. It has an item and a row when the file is that of a visible application.
     struct Known {
         quint64 revision = 0;
         LauncherItem *item = nullptr;
         std::optional<LauncherRow> row;
     };
 
+    bool isChanging() const;
+    void perform(const std::function<void()> &change);
+
+    std::optional<MenuLayout> readLayout();
+    void resetRows(const MenuLayout &layout);
     void arrange();
+    void createFolders(QHash<LauncherFolderItem *, std::vector<LauncherRow>> *rows);
     LauncherFolderItem *folderOf(const MenuLayout::Place &place) const;
     LauncherFolderItem *folderOf(const QString &id) const;
     LauncherRow rowOf(LauncherItem *item) const;
@@ -41,44 +54,89 @@ private:
 
     void follow(const QSet<QString> &ids);
     void update(const QString &id);
-    void addItem(const QString &id, Entry entry);
-    void changeItem(const QString &id, Entry entry);
+    void forgetRemoved(const QString &id);
+    LauncherItem *createItem(const QString &id, const Entry &entry);
+    void addItem(const QString &id, const Entry &entry);
+    void changeItem(const QString &id, const Entry &entry);
     void removeItem(const QString &id);
+    void loseItem(const QString &id);
+    void loseFolder();
 
     LauncherFolderModel *const m_model;
     const QCollator m_collator;
-    ApplicationFiles m_files;
+    const std::shared_ptr<ApplicationListing> m_listing;
+    QTimer m_reload; ///< runs while the menu file cannot be opened
+    bool m_menuIsUnread = false;
     MenuLayout m_layout;
-    QVector<LauncherFolderItem *> m_folders; ///< as in the layout
+    QVector<QPointer<LauncherFolderItem>> m_folders; ///< as in the layout
+    /// The items are no children: a QObject searches its children for each one that is deleted.
     QHash<QString, Known> m_known;
+    QObject m_removed; ///< parent of the removed items until they are deleted
+    QVector<std::function<void()>> m_deferred;
 };
 
-namespace
+LauncherFolderModelPrivate::LauncherFolderModelPrivate(LauncherFolderModel *model)
+    : m_model(model)
+    , m_listing(ApplicationListing::shared())
 {
-bool isShown(const MDesktopEntry &entry)
-{
-    const auto has = [&entry](const char *key, const char *value) {
-        return entry.value(QStringLiteral("Desktop Entry"), QLatin1String(key)) == QLatin1String(value);
-    };
-    return entry.isValid() && has("Type", "Application") && !has("NoDisplay", "true") && !has("Hidden", "true");
+    m_reload.setSingleShot(true);
+    m_reload.setInterval(2s);
+    connect(&m_reload, &QTimer::timeout, this, &LauncherFolderModelPrivate::reload);
+    connect(m_listing.get(), &ApplicationListing::changed, this, &LauncherFolderModelPrivate::follow);
+    m_layout = readLayout().value_or(MenuLayout());
+    const QStringList ids = m_listing->ids();
+    for (const QString &id : ids) {
+        const ListedApplication application = *m_listing->application(id);
+        LauncherItem *item = application.entry ? createItem(id, application.entry) : nullptr;
+        m_known.insert(id, {application.revision, item, std::nullopt});
+    }
+    arrange();
 }
 
-/// Returns the content of the file, null when it is not that of a visible application.
-Entry readApplication(const ApplicationFile &file)
+LauncherFolderModelPrivate::~LauncherFolderModelPrivate()
 {
-    if (!file.regular) {
-        return nullptr;
+    for (const Known &known : std::as_const(m_known)) {
+        if (known.item) {
+            disconnect(known.item, nullptr, this, nullptr);
+            delete known.item;
+        }
     }
-    auto entry = std::make_unique<const MDesktopEntry>(file.path);
-    if (!entry->errorString().isEmpty()) {
-        qWarning("LauncherFolderModel: cannot read \"%s\": %s", qUtf8Printable(file.path),
-                 qUtf8Printable(entry->errorString()));
+}
+
+/// Returns whether a change of rows has been announced and not been made, so that no other one may begin.
+bool LauncherFolderModelPrivate::isChanging() const
+{
+    return m_model->m_isChanging || std::any_of(m_folders.cbegin(), m_folders.cend(), [](const auto &folder) {
+               return folder && folder->m_isChanging;
+           });
+}
+
+/// Runs @p change, or defers it when a handler requests it during another one.
+void LauncherFolderModelPrivate::perform(const std::function<void()> &change)
+{
+    if (isChanging()) {
+        m_deferred.append(change);
+        return;
     }
-    return isShown(*entry) ? std::move(entry) : nullptr;
+    const QPointer<LauncherFolderModelPrivate> self(this); // a handler may delete the model
+    change();
+    while (self && !m_deferred.isEmpty()) {
+        m_deferred.takeFirst()();
+    }
+}
+
+void LauncherFolderModelPrivate::reload()
+{
+    perform([this] {
+        const std::optional<MenuLayout> layout = readLayout();
+        if (layout && !(*layout == m_layout)) {
+            resetRows(*layout);
+        }
+    });
 }
 
 /// Returns nothing when the menu file cannot be read, an empty layout when there is none.
-std::optional<MenuLayout> readLayout()
+std::optional<MenuLayout> LauncherFolderModelPrivate::readLayout()
 {
     const QString path = LauncherFolderModel::configFile();
     if (!QFileInfo::exists(path)) {
@@ -90,67 +148,64 @@ std::optional<MenuLayout> readLayout()
     if (content.error.isEmpty()) {
         layout = parseMenu(content.bytes, &content.error);
     }
-    if (!content.error.isEmpty()) {
+    const bool hasWarned = std::exchange(m_menuIsUnread, content.isShortage);
+    if (content.isShortage) {
+        m_reload.start();
+    }
+    if (content.error.isEmpty()) {
+        return layout;
+    }
+    if (!content.isShortage || !hasWarned) {
         qWarning("LauncherFolderModel: cannot read \"%s\": %s", qUtf8Printable(path),
                  qUtf8Printable(content.error));
-        return std::nullopt;
     }
-    return layout;
-}
+    return std::nullopt;
 }
 
-LauncherFolderModelPrivate::LauncherFolderModelPrivate(LauncherFolderModel *model)
-    : m_model(model)
-    , m_files(QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation))
-    , m_layout(readLayout().value_or(MenuLayout()))
+void LauncherFolderModelPrivate::resetRows(const MenuLayout &layout)
 {
-    connect(&m_files, &ApplicationFiles::changed, this, &LauncherFolderModelPrivate::follow);
-    const QSet<QString> ids = m_files.ids();
-    for (const QString &id : ids) {
-        const ApplicationFile file = *m_files.file(id);
-        Entry entry = readApplication(file);
-        LauncherItem *item = entry ? new LauncherItem(id, std::move(entry), m_model) : nullptr;
-        m_known.insert(id, {file.revision, item, std::nullopt});
-    }
-    arrange();
-}
-
-void LauncherFolderModelPrivate::reload()
-{
-    const std::optional<MenuLayout> layout = readLayout();
-    if (!layout || *layout == m_layout) {
-        return;
-    }
-    const QVector<LauncherFolderItem *> outdated = m_folders;
+    const auto outdated = m_folders;
+    m_model->m_isChanging = true;
     m_model->beginResetModel();
-    m_layout = *layout;
+    m_layout = layout;
     arrange();
-    m_model->endResetModel();
+    m_model->m_isChanging = false;
     // Deferred: one of them may be the caller.
-    for (LauncherFolderItem *folder : outdated) {
-        folder->deleteLater();
+    for (const QPointer<LauncherFolderItem> &folder : outdated) {
+        if (folder) {
+            folder->deleteLater();
+        }
     }
+    m_model->endResetModel();
 }
 
 /// Builds the rows of the model and of new folders from all items.
 void LauncherFolderModelPrivate::arrange()
 {
-    m_folders.clear();
-    m_model->m_rows.clear();
-    for (const MenuLayout::Folder &folder : std::as_const(m_layout.folders)) {
-        auto *item = new LauncherFolderItem(folder.title, m_model);
-        folderOf(folder.place)->m_rows.push_back(rowOf(item, folder.place.rank));
-        m_folders.append(item);
-    }
+    QHash<LauncherFolderItem *, std::vector<LauncherRow>> rows;
+    createFolders(&rows);
     for (auto it = m_known.begin(); it != m_known.end(); ++it) {
+        it->row.reset();
         if (it->item) {
             it->row = rowOf(it->item);
-            folderOf(it.key())->m_rows.push_back(*it->row);
+            rows[folderOf(it.key())].push_back(*it->row);
         }
     }
-    std::sort(m_model->m_rows.begin(), m_model->m_rows.end());
-    for (LauncherFolderItem *folder : std::as_const(m_folders)) {
-        std::sort(folder->m_rows.begin(), folder->m_rows.end());
+    m_model->m_rows->assign(rows.take(m_model));
+    for (const QPointer<LauncherFolderItem> &folder : std::as_const(m_folders)) {
+        folder->m_rows->assign(rows.take(folder));
+    }
+}
+
+void LauncherFolderModelPrivate::createFolders(QHash<LauncherFolderItem *, std::vector<LauncherRow>> *rows)
+{
+    m_folders.clear();
+    for (const MenuLayout::Folder &folder : std::as_const(m_layout.folders)) {
+        auto *item = new LauncherFolderItem(folder.title, m_model);
+        QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+        connect(item, &QObject::destroyed, this, &LauncherFolderModelPrivate::loseFolder);
+        (*rows)[folderOf(folder.place)].push_back(rowOf(item, folder.place.rank));
+        m_folders.append(item);
     }
 }
 
@@ -181,57 +236,72 @@ void LauncherFolderModelPrivate::follow(const QSet<QString> &ids)
 {
     QStringList sorted = ids.values();
     sorted.sort();
+    const QPointer<LauncherFolderModelPrivate> self(this);
     for (const QString &id : std::as_const(sorted)) {
-        update(id);
+        perform([this, id] { update(id); });
+        if (!self) {
+            return;
+        }
+        forgetRemoved(id);
     }
 }
 
 void LauncherFolderModelPrivate::update(const QString &id)
 {
-    const std::optional<ApplicationFile> file = m_files.file(id);
-    if (!file) {
-        removeItem(id);
-        m_known.remove(id);
-        return;
-    }
+    const std::optional<ListedApplication> application = m_listing->application(id);
     Known &known = m_known[id];
-    if (known.revision == file->revision) {
+    if (application && known.revision == application->revision) {
         return;
     }
-    known.revision = file->revision;
-    Entry entry = readApplication(*file);
-    if (!entry) {
+    known.revision = application ? application->revision : 0;
+    if (!application || !application->entry) {
         removeItem(id);
     } else if (known.item) {
-        changeItem(id, std::move(entry));
+        changeItem(id, application->entry);
     } else {
-        addItem(id, std::move(entry));
+        addItem(id, application->entry);
     }
+}
+
+void LauncherFolderModelPrivate::forgetRemoved(const QString &id)
+{
+    const auto known = m_known.constFind(id);
+    if (known != m_known.cend() && known->revision == 0 && !known->row) {
+        m_known.erase(known);
+    }
+}
+
+LauncherItem *LauncherFolderModelPrivate::createItem(const QString &id, const Entry &entry)
+{
+    auto *item = new LauncherItem(id, entry, nullptr);
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    connect(item, &QObject::destroyed, this, [this, id] { loseItem(id); });
+    return item;
 }
 
 // In the functions below, the signals come last: handlers may call back.
 
-void LauncherFolderModelPrivate::addItem(const QString &id, Entry entry)
-{
-    auto *item = new LauncherItem(id, std::move(entry), m_model);
-    const LauncherRow row = rowOf(item);
-    m_known[id].item = item;
-    m_known[id].row = row;
-    folderOf(id)->addRow(row);
-}
-
-void LauncherFolderModelPrivate::changeItem(const QString &id, Entry entry)
+void LauncherFolderModelPrivate::addItem(const QString &id, const Entry &entry)
 {
     Known &known = m_known[id];
-    LauncherItem *const item = known.item;
-    item->setEntry(std::move(entry));
-    const LauncherRow old = *known.row;
-    const LauncherRow row = rowOf(item);
-    known.row = row;
-    LauncherFolderItem *const folder = folderOf(id);
-    folder->replaceRow(old, row);
-    Q_EMIT item->itemChanged();
-    Q_EMIT folder->itemChanged(item);
+    known.item = createItem(id, entry);
+    known.row = rowOf(known.item);
+    folderOf(id)->addRow(*known.row);
+}
+
+void LauncherFolderModelPrivate::changeItem(const QString &id, const Entry &entry)
+{
+    Known &known = m_known[id];
+    known.item->setEntry(entry);
+    const QPointer<LauncherItem> item(known.item);
+    const QPointer<LauncherFolderItem> folder(folderOf(id));
+    folder->replaceRow(&known.row, rowOf(known.item));
+    if (item) {
+        Q_EMIT item->itemChanged();
+    }
+    if (item && folder) {
+        Q_EMIT folder->itemChanged(item);
+    }
 }
 
 void LauncherFolderModelPrivate::removeItem(const QString &id)
@@ -240,10 +310,40 @@ void LauncherFolderModelPrivate::removeItem(const QString &id)
     if (!known.item) {
         return;
     }
-    LauncherItem *const item = std::exchange(known.item, nullptr);
-    const LauncherRow row = *std::exchange(known.row, std::nullopt);
-    folderOf(id)->dropRow(row);
-    item->deleteLater();
+    const QPointer<LauncherItem> item(std::exchange(known.item, nullptr));
+    item->setParent(&m_removed);
+    folderOf(id)->dropRow(&known.row);
+    if (item) {
+        disconnect(item, nullptr, this, nullptr);
+        item->deleteLater();
+    }
+}
+
+/// Removes the row of an item that was deleted by others. It comes back when its file changes.
+void LauncherFolderModelPrivate::loseItem(const QString &id)
+{
+    const auto lost = m_known.find(id);
+    if (lost == m_known.end() || !lost->row || lost->row->object) {
+        return; // removed before
+    }
+    lost->item = nullptr;
+    lost->revision = 0;
+    perform([this, id] {
+        const auto known = m_known.find(id);
+        if (known != m_known.end() && known->row && !known->item) {
+            folderOf(id)->dropRow(&known->row);
+        }
+    });
+}
+
+/// Builds all rows again after a folder was deleted by others.
+void LauncherFolderModelPrivate::loseFolder()
+{
+    perform([this] {
+        if (m_folders.contains(nullptr)) {
+            resetRows(m_layout);
+        }
+    });
 }
 
 LauncherFolderModel::LauncherFolderModel(QObject *parent)

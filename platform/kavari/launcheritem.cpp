@@ -5,6 +5,8 @@
 
 #include <mdesktopentry.h>
 
+#include <utility>
+
 namespace
 {
 const QString s_mainGroup = QStringLiteral("Desktop Entry");
@@ -21,7 +23,7 @@ bool hasSandbox(const MDesktopEntry &entry)
 }
 }
 
-LauncherItem::LauncherItem(const QString &fileID, std::unique_ptr<const MDesktopEntry> entry, QObject *parent)
+LauncherItem::LauncherItem(const QString &fileID, std::shared_ptr<const MDesktopEntry> entry, QObject *parent)
     : QObject(parent)
     , m_fileID(fileID)
 {
@@ -77,7 +79,7 @@ QString LauncherItem::readValue(const QString &key, const QString &group) const
     return m_entry->value(group, key);
 }
 
-void LauncherItem::setEntry(std::unique_ptr<const MDesktopEntry> entry)
+void LauncherItem::setEntry(std::shared_ptr<const MDesktopEntry> entry)
 {
     m_entry = std::move(entry);
     m_sandboxed = hasSandbox(*m_entry);

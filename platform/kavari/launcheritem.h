@@ -34,10 +34,10 @@ Q_SIGNALS:
 private:
     friend class LauncherFolderModelPrivate;
 
-    LauncherItem(const QString &fileID, std::unique_ptr<const MDesktopEntry> entry, QObject *parent);
-    void setEntry(std::unique_ptr<const MDesktopEntry> entry);
+    LauncherItem(const QString &fileID, std::shared_ptr<const MDesktopEntry> entry, QObject *parent);
+    void setEntry(std::shared_ptr<const MDesktopEntry> entry);
 
     const QString m_fileID;
-    std::unique_ptr<const MDesktopEntry> m_entry;
+    std::shared_ptr<const MDesktopEntry> m_entry; ///< shared with the items of other models
     bool m_sandboxed = false;
 };

@@ -4,17 +4,17 @@
 #pragma once
 
 #include <QCollator>
+#include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <limits>
-
-class QObject;
 
 /// A row with its sort key: first the rows that the menu file orders, then the others by title.
 struct LauncherRow {
     static constexpr int Unordered = std::numeric_limits<int>::max();
 
-    QObject *object;
+    QPointer<QObject> object; ///< null if it was deleted and the row is about to be removed
     int rank; ///< the place in the menu file or Unordered
     QCollatorSortKey title;
     QString fileID;

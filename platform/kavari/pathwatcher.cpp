@@ -11,8 +11,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
-#include <utility>
 
 namespace
 {
@@ -22,20 +20,38 @@ constexpr quint32 ContentEvents = IN_CLOSE_WRITE | IN_ATTRIB;
 
 PathWatcher::PathWatcher(QObject *parent)
     : QObject(parent)
-    , m_inotify(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
-    if (m_inotify < 0) {
-        qWarning("LauncherFolderModel: cannot follow the applications: %s", std::strerror(errno));
-        return;
-    }
-    const auto *notifier = new QSocketNotifier(m_inotify, QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, &PathWatcher::read);
+    open();
 }
 
 PathWatcher::~PathWatcher()
 {
     if (m_inotify >= 0) {
         close(m_inotify);
+    }
+}
+
+void PathWatcher::open()
+{
+    m_inotify = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    if (m_inotify < 0) {
+        m_problem = QStringLiteral("cannot follow the applications: ") + qt_error_string(errno);
+        return;
+    }
+    const auto *notifier = new QSocketNotifier(m_inotify, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &PathWatcher::readOnce);
+}
+
+QString PathWatcher::problem() const
+{
+    return m_problem;
+}
+
+void PathWatcher::retry()
+{
+    m_problem.clear();
+    if (m_inotify < 0) {
+        open();
     }
 }
 
@@ -56,11 +72,15 @@ void PathWatcher::watchFile(const QString &path)
 
 void PathWatcher::watch(const QString &path, quint32 events)
 {
+    if (m_inotify < 0) {
+        return;
+    }
     // IN_MASK_ADD: a directory can be watched for several purposes.
     const int descriptor = inotify_add_watch(m_inotify, QFile::encodeName(path).constData(), events | IN_MASK_ADD);
     if (descriptor < 0) {
-        if (errno == ENOSPC && !std::exchange(m_exhausted, true)) {
-            qWarning("LauncherFolderModel: cannot follow \"%s\": too many watches", qUtf8Printable(path));
+        if ((errno == ENOSPC || errno == ENOMEM) && m_problem.isEmpty()) {
+            const QString reason = errno == ENOSPC ? QStringLiteral("too many watches") : qt_error_string(errno);
+            m_problem = QStringLiteral("cannot follow \"%1\": %2").arg(path, reason);
         }
         return;
     }
@@ -89,6 +109,11 @@ void PathWatcher::unwatch(const QString &path)
 
 void PathWatcher::read()
 {
+    while (readOnce()) {}
+}
+
+bool PathWatcher::readOnce()
+{
     alignas(inotify_event) std::array<char, 65536> buffer;
     const ssize_t length = ::read(m_inotify, buffer.data(), buffer.size());
     for (ssize_t offset = 0; offset < length;) {
@@ -96,6 +121,7 @@ void PathWatcher::read()
         handle(*event);
         offset += ssize_t(sizeof(inotify_event)) + event->len;
     }
+    return length > 0;
 }
 
 void PathWatcher::handle(const inotify_event &event)

@@ -28,6 +28,14 @@ public:
 
     void unwatch(const QString &path);
 
+    /// Emits the signals for all changes until now, which is otherwise done in the event loop.
+    void read();
+
+    /// Returns why changes may be missed; empty if all of them are reported.
+    QString problem() const;
+    /// Forgets the problem. To be called before all paths are watched again.
+    void retry();
+
 Q_SIGNALS:
     /// @p path is that of an entry of a watched directory, or a watched path itself.
     void changed(const QString &path);
@@ -35,12 +43,13 @@ Q_SIGNALS:
     void overflown();
 
 private:
+    void open();
     void watch(const QString &path, quint32 events);
-    void read();
+    bool readOnce();
     void handle(const inotify_event &event);
 
-    const int m_inotify;
+    int m_inotify = -1;
     QHash<QString, int> m_descriptors;
     QHash<int, QSet<QString>> m_paths; ///< a directory has several paths when links lead to it
-    bool m_exhausted = false; ///< the warning about missing watches has been logged
+    QString m_problem;
 };

@@ -56,6 +56,7 @@ public:
 
     const QString m_fileName;
     QString m_error;
+    bool m_errorIsTemporary = false;
 
 private:
     std::unique_ptr<GKeyFile, FreeKeyFile> m_file;
@@ -67,6 +68,7 @@ MDesktopEntryPrivate::MDesktopEntryPrivate(const QString &fileName)
 {
     const FileContent content = readRegularFile(fileName, MaxSize);
     m_error = content.error;
+    m_errorIsTemporary = content.isShortage;
     if (!m_error.isEmpty()) {
         return;
     }
@@ -99,6 +101,11 @@ bool MDesktopEntry::isValid() const
 QString MDesktopEntry::errorString() const
 {
     return d->m_error;
+}
+
+bool MDesktopEntry::isErrorTemporary() const
+{
+    return d->m_errorIsTemporary;
 }
 
 bool MDesktopEntry::containsGroup(const QString &group) const

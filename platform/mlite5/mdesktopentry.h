@@ -27,6 +27,8 @@ public:
     bool isValid() const;
     /// Returns why the file could not be read; empty if it was read.
     QString errorString() const;
+    /// Returns whether descriptors or memory were short. Then reading the file later may succeed.
+    bool isErrorTemporary() const;
 
     bool containsGroup(const QString &group) const;
     bool contains(const QString &path) const;

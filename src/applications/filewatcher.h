@@ -4,10 +4,17 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
+
+#include <array>
 
 class QFileSystemWatcher;
 
-/// Follows one file, also if it is replaced by another one, or is created later in an existing directory.
+/**
+ * Follows one file, also if it is replaced by another one, or is created later in an existing directory.
+ *
+ * If it cannot be watched, because the user has too many watches, it is looked at every few seconds.
+ */
 class FileWatcher : public QObject
 {
     Q_OBJECT
@@ -20,8 +27,16 @@ Q_SIGNALS:
     void fileChanged();
 
 private:
-    bool watch();
+    /// Distinguishes two states of the file: all zero if there is none.
+    using Stamp = std::array<qint64, 7>;
+
+    Stamp stamp() const;
+    bool watch(const QString &path);
+    void watchAll();
+    void look();
 
     const QString m_path;
     QFileSystemWatcher *const m_watcher;
+    QTimer m_look;
+    Stamp m_seen = {};
 };

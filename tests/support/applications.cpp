@@ -3,7 +3,7 @@
 
 #include "applications.h"
 
-#include <launcherfolderitem.h>
+#include <launcherfoldermodel.h>
 
 #include <QDir>
 #include <QFile>
@@ -100,6 +100,23 @@ void Applications::makeParent(const QString &path) const
 {
     const QString parent = QFileInfo(path).path();
     mustDo(QDir().mkpath(parent), parent);
+}
+
+UnsharedLauncher::UnsharedLauncher()
+{
+    // What is read depends on the languages. Nothing is written in the last one.
+    const QByteArray languages = qgetenv("LANGUAGE");
+    static int s_number = 0;
+    qputenv("LANGUAGE", languages + ":unshared" + QByteArray::number(++s_number));
+    m_model = std::make_unique<LauncherFolderModel>();
+    qputenv("LANGUAGE", languages);
+}
+
+UnsharedLauncher::~UnsharedLauncher() = default;
+
+const LauncherFolderModel &UnsharedLauncher::model() const
+{
+    return *m_model;
 }
 
 QByteArray application(const QByteArray &name, const QByteArray &lines)

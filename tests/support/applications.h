@@ -6,7 +6,10 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <memory>
+
 class LauncherFolderItem;
+class LauncherFolderModel;
 class LauncherItem;
 
 /**
@@ -35,6 +38,19 @@ private:
     void makeParent(const QString &path) const;
 
     const QTemporaryDir m_directory;
+};
+
+/// A launcher model that shares nothing with others, so that it shows what the files are, not what was noticed of them.
+class UnsharedLauncher
+{
+public:
+    UnsharedLauncher();
+    ~UnsharedLauncher();
+
+    const LauncherFolderModel &model() const;
+
+private:
+    std::unique_ptr<const LauncherFolderModel> m_model;
 };
 
 /// Returns a desktop file with @p lines after the required ones.
