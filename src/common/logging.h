@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QLoggingCategory>
 
 /// "org.orvantaos.settings.framework", warnings and above unless logging rules say otherwise.
-Q_DECLARE_LOGGING_CATEGORY(lcSettings)
+VELKASETTINGS_PRIVATE_EXPORT Q_DECLARE_LOGGING_CATEGORY(lcSettings)
