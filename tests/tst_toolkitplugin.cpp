@@ -16,7 +16,7 @@ namespace
 {
 const QString s_base = QStringLiteral("import QtQml 2.15\nimport com.velka.settings 1.0\nQtObject {}");
 const QString s_toolkit = QStringLiteral("import QtQml 2.15\nimport com.velka.settings.toolkit 1.0\nQtObject {}");
-const QString s_version = QStringLiteral("import QtQml 2.15\nimport com.velka.settings.toolkit %1\nQtObject {}");
+const QString s_version = QStringLiteral("import com.velka.settings.toolkit %1\nSettingsEntry {}");
 
 QString pluginFile()
 {
@@ -90,6 +90,7 @@ void ToolkitPluginTest::metadata()
 void ToolkitPluginTest::otherVersionsAreRefused_data()
 {
     QTest::addColumn<QString>("version");
+    QTest::newRow("0.9") << QStringLiteral("0.9");
     QTest::newRow("1.1") << QStringLiteral("1.1");
     QTest::newRow("2.0") << QStringLiteral("2.0");
 }

@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QVector>
 
+class NodeObserver;
 class TreeItem;
 
 /**
@@ -17,6 +18,9 @@ class TreeItem;
 class FileIndex
 {
 public:
+    /// @p observer is notified of what is added and removed from now on. It may be null.
+    void setObserver(NodeObserver *observer);
+
     void add(TreeItem *item);
     void remove(TreeItem *item);
 
@@ -27,4 +31,5 @@ public:
 private:
     QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
     QSet<TreeItem *> m_undeclaredLeaves;
+    NodeObserver *m_observer = nullptr;
 };

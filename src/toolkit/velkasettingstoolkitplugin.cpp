@@ -3,9 +3,11 @@
 
 #include "toolkit/velkasettingstoolkitplugin.h"
 
+#include "toolkit/settingsentry.h"
+
 #include <qqml.h>
 
 void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
 {
-    qmlRegisterModule(uri, 1, 0);
+    qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
 }
