@@ -23,15 +23,16 @@ QString pluginFile()
     return QStringLiteral(VELKA_QML_DIR "/com/velka/settings/toolkit/libvelkasettingstoolkit.so");
 }
 
-/// Returns the errors of creating what the QML @p document describes, empty when there are none.
-QString errorsOf(const QString &document)
+/// Returns the first error of creating what the QML @p document describes, empty when there is none.
+QString errorOf(const QString &document)
 {
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral(VELKA_QML_DIR));
     QQmlComponent component(&engine);
     component.setData(document.toUtf8(), QUrl());
     const std::unique_ptr<QObject> object(component.isReady() ? component.create() : nullptr);
-    return component.errorString();
+    const QList<QQmlError> errors = component.errors();
+    return errors.isEmpty() ? QString() : errors.first().description();
 }
 
 /// Returns how many mappings of this process are of the toolkit.
@@ -58,9 +59,9 @@ bool loadsToolkit(const QString &document)
 
 int runDocument(const QString &document)
 {
-    const QString errors = errorsOf(document);
-    if (!errors.isEmpty()) {
-        qCritical().noquote() << errors;
+    const QString error = errorOf(document);
+    if (!error.isEmpty()) {
+        qCritical().noquote() << error;
         return EXIT_FAILURE;
     }
     puts(mappedToolkits() > 0 ? "loaded" : "not loaded");
@@ -90,7 +91,6 @@ void ToolkitPluginTest::metadata()
 void ToolkitPluginTest::otherVersionsAreRefused_data()
 {
     QTest::addColumn<QString>("version");
-    QTest::newRow("0.9") << QStringLiteral("0.9");
     QTest::newRow("1.1") << QStringLiteral("1.1");
     QTest::newRow("2.0") << QStringLiteral("2.0");
 }
@@ -98,10 +98,8 @@ void ToolkitPluginTest::otherVersionsAreRefused_data()
 void ToolkitPluginTest::otherVersionsAreRefused()
 {
     QFETCH(QString, version);
-    QVERIFY(
-        errorsOf(s_version.arg(version))
-            .contains(
-                QStringLiteral("module \"com.velka.settings.toolkit\" version %1 is not installed").arg(version)));
+    QCOMPARE(errorOf(s_version.arg(version)),
+             QStringLiteral("module \"com.velka.settings.toolkit\" version %1 is not installed").arg(version));
 }
 
 void ToolkitPluginTest::onlyItsOwnImportLoadsIt()
