@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QString>
 
 /// The names that are fixed between this library and the rest of the system.
@@ -14,7 +16,8 @@ extern const QString TranslationsDirectory;
 
 extern const QString MaskedSettingsKey; ///< dconf key, list of entry paths
 
-extern const QString FavoritesKey; ///< dconf key, list of entry paths; the default of FavoritesModel
+VELKASETTINGS_PRIVATE_EXPORT extern const QString
+    FavoritesKey; ///< dconf key, list of entry paths; the default of FavoritesModel
 
 extern const QString StoreService;
 extern const QString StorePath;

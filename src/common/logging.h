@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QLoggingCategory>
 
 /// "org.orvantaos.settings.framework": by default only warnings and errors are enabled.
-Q_DECLARE_LOGGING_CATEGORY(lcSettings)
+VELKASETTINGS_PRIVATE_EXPORT Q_DECLARE_LOGGING_CATEGORY(lcSettings)

@@ -36,7 +36,9 @@ void RowChanges::run(const Change &change, const Change &notify)
         return;
     }
     m_isRunning = false;
-    notify();
+    if (notify) {
+        notify();
+    }
     if (model && std::exchange(m_isDeferred, false)) {
         m_rebuild();
     }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QObject>
 
 #include <functional>
@@ -11,7 +13,7 @@
  * Keeps the changes of a model's rows apart. Handlers of a model's signals may ask for another change in the middle of
  * one; it is deferred until the rows are complete again. Then the model rebuilds them once, whatever was deferred.
  */
-class RowChanges
+class VELKASETTINGS_PRIVATE_EXPORT RowChanges
 {
 public:
     using Change = std::function<void()>;
@@ -26,8 +28,7 @@ public:
      * Runs @p change, then @p notify, then what was deferred meanwhile. Defers @p change when another one is running.
      * A @p change that has deleted the model must not touch it afterwards.
      */
-    void run(
-        const Change &change, const Change &notify = [] {});
+    void run(const Change &change, const Change &notify = {});
 
 private:
     const QObject *const m_model;

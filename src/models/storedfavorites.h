@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QSet>
@@ -14,7 +16,7 @@
 class MGConfItem;
 
 /// A list of entry paths in a dconf key. A value of another type reads as the strings that it converts to.
-class StoredFavorites : public QObject
+class VELKASETTINGS_PRIVATE_EXPORT StoredFavorites : public QObject
 {
     Q_OBJECT
 

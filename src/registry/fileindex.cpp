@@ -3,14 +3,23 @@
 
 #include "registry/fileindex.h"
 
+#include "registry/nodeobserver.h"
 #include "registry/treeitem_p.h"
 
 #include <utility>
+
+void FileIndex::setObserver(NodeObserver *observer)
+{
+    m_observer = observer;
+}
 
 void FileIndex::add(TreeItem *item)
 {
     if (!item->parentItem()) {
         return;
+    }
+    if (m_observer) {
+        m_observer->nodeEntered(item);
     }
     if (item->isDeclared()) {
         QVector<TreeItem *> &declared = m_declared[item->fromFile()];
@@ -23,6 +32,9 @@ void FileIndex::add(TreeItem *item)
 
 void FileIndex::remove(TreeItem *item)
 {
+    if (m_observer) {
+        m_observer->nodeLeaves(item);
+    }
     const int position = std::exchange(TreeItemPrivate::of(item)->indexPosition, -1);
     if (position < 0) {
         m_undeclaredLeaves.remove(item);

@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QVector>
 
+class NodeObserver;
 class TreeItem;
 
 /**
@@ -17,6 +18,9 @@ class TreeItem;
 class FileIndex
 {
 public:
+    /// @p observer is notified of what is added and removed from now on. It may be null.
+    void setObserver(NodeObserver *observer);
+
     void add(TreeItem *item);
     void remove(TreeItem *item);
 
@@ -34,4 +38,5 @@ private:
     QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
     QSet<TreeItem *> m_undeclaredLeaves;
     QSet<QString> m_replaced;
+    NodeObserver *m_observer = nullptr;
 };

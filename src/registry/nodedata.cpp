@@ -64,6 +64,13 @@ QString NodeData::fromFile() const
     return m_fromFile;
 }
 
+bool NodeData::operator==(const NodeData &other) const
+{
+    const bool isSameEntry = m_entries && m_entries == other.m_entries && m_index == other.m_index
+                             && m_fromFile == other.m_fromFile;
+    return isSameEntry || toMap() == other.toMap();
+}
+
 int NodeData::order() const
 {
     return m_order;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
 #include "registry/fileentries.h"
 
 #include <QExplicitlySharedDataPointer>
@@ -13,7 +14,7 @@
  * The data of a settings node: an entry of a registration file, which is converted when a value is read, or a map that
  * was given from C++ and is kept as it is.
  */
-class NodeData
+class VELKASETTINGS_PRIVATE_EXPORT NodeData
 {
 public:
     using Entries = QExplicitlySharedDataPointer<FileEntries>;
@@ -26,6 +27,7 @@ public:
     QVariant value(const QString &key) const; ///< invalid when it is missing
     QVariantMap toMap() const;
     QString fromFile() const; ///< null when no file declared the node
+    bool operator==(const NodeData &other) const; ///< compares the values; at once for the same entry
     int order() const; ///< "order" as an int, 100 when it is missing or null
 
     /// Releases the other entries of the file.

@@ -36,6 +36,11 @@ void TreeItemPrivate::setIndex(FileIndex *index)
     }
 }
 
+void TreeItemPrivate::setObserver(NodeObserver *observer)
+{
+    m_index->setObserver(observer);
+}
+
 TreeItem *TreeItemPrivate::insert(const QStringList &path, const NodeData &data)
 {
     TreeItem *item = q;
@@ -72,7 +77,9 @@ void TreeItemPrivate::setData(const NodeData &data)
 
 void TreeItemPrivate::keepEntryAlone()
 {
+    leaveIndex();
     data.keepEntryAlone();
+    enterIndex();
 }
 
 void TreeItemPrivate::addChild(TreeItem *child)

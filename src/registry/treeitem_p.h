@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
 #include "registry/nodedata.h"
 #include "registry/treeitem.h"
 
@@ -10,16 +11,19 @@
 #include <QVector>
 
 class FileIndex;
+class NodeObserver;
 
 /// The inside of a TreeItem, and what the registry alone does with a node.
 class TreeItemPrivate
 {
 public:
     TreeItemPrivate(TreeItem *item, const QString &name, const NodeData &data);
-    static TreeItemPrivate *of(const TreeItem *item);
+    VELKASETTINGS_PRIVATE_EXPORT static TreeItemPrivate *of(const TreeItem *item);
 
     /// From now on updates @p index with changes of this subtree. The index must outlive the subtree.
     void setIndex(FileIndex *index);
+    /// Notifies @p observer of the changes of the tree that this node is in, which must have an index.
+    VELKASETTINGS_PRIVATE_EXPORT void setObserver(NodeObserver *observer);
     /// Sets the data of the node at @p path, and creates the nodes that are missing on the way. Returns that node.
     TreeItem *insert(const QStringList &path, const NodeData &data);
     void setData(const NodeData &data);
