@@ -27,8 +27,15 @@ public:
     QStringList locales() const;
     bool has(const QString &id, const QString &locale) const;
     bool hasFallback(const QString &id) const; ///< in engineering English
+    QString name() const;
+    /// Returns the names of files that seem to belong to the catalog, but that the library does not look for.
+    QStringList misnamedFiles() const;
+    QStringList filesWithoutIds() const; ///< those whose texts are looked up by their source texts
 
 private:
+    const QString m_name;
+    QStringList m_misnamedFiles;
+    QStringList m_filesWithoutIds;
     std::map<QString, std::unique_ptr<QTranslator>> m_byLocale;
     const std::unique_ptr<QTranslator> m_fallback;
 };

@@ -3,6 +3,8 @@
 
 #include "pathrules.h"
 
+#include "knownkeys.h"
+#include "registry/registrationfile.h"
 #include "rules.h"
 
 namespace Check
@@ -11,7 +13,15 @@ namespace
 {
 void missingPath(const Entry &entry, Findings *findings)
 {
-    if (!entry.writtenPath) {
+    if (entry.writtenPath) {
+        return;
+    }
+    const Written *misspelt = misspeltMember(*entry.written, KnownKeys::entry(), QLatin1String("path"));
+    if (misspelt) {
+        findings->atKey(Tag::PathMissing, *misspelt,
+                        QStringLiteral("the entry has no \"path\" and is ignored: did you mean %1 to be the path?")
+                            .arg(quoted(misspelt->key)));
+    } else {
         findings->atValue(Tag::PathMissing, *entry.written,
                           QStringLiteral("the entry has no \"path\" and is ignored"));
     }
@@ -42,6 +52,32 @@ void blanks(const Entry &entry, Findings *findings)
         }
     }
 }
+
+/// Reports what is written in place of the slash between names.
+void separators(const Entry &entry, Findings *findings)
+{
+    if (entry.names.isEmpty()) {
+        return;
+    }
+    const QString usual = entry.names.join(QLatin1Char('/'));
+    const QString first = entry.names.first();
+    QString meant = usual;
+    if (usual.contains(QLatin1Char('\\'))) {
+        meant.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    } else if (first.contains(QLatin1Char('.')) && !first.endsWith(QLatin1String(".desktop"))) {
+        meant.replace(0, first.size(), QString(first).replace(QLatin1Char('.'), QLatin1Char('/')));
+    }
+    const QString normal = splitPath(meant).join(QLatin1Char('/'));
+    if (entry.names.contains(QStringLiteral(".")) || entry.names.contains(QStringLiteral(".."))) {
+        findings->atValue(
+            Tag::PathSeparator, *entry.writtenPath,
+            QStringLiteral("\".\" and \"..\" are names like others in a path: write it from its root"));
+    } else if (normal != usual) {
+        findings->atValue(
+            Tag::PathSeparator, *entry.writtenPath,
+            QStringLiteral("the names in a path are separated by \"/\": did you mean %1?").arg(quoted(normal)));
+    }
+}
 }
 
 void checkSlashes(const QString &path, const QStringList &names, const Written &written, Findings *findings)
@@ -55,6 +91,6 @@ void checkSlashes(const QString &path, const QStringList &names, const Written &
 
 QVector<EntryRule> pathRules()
 {
-    return {missingPath, emptyPath, slashes, blanks};
+    return {missingPath, emptyPath, slashes, blanks, separators};
 }
 }
