@@ -320,7 +320,7 @@ QByteArray describe(const FileFindings &file, const Finding &finding)
 void CheckPropertyTest::checkerAndLibraryAgree()
 {
     constexpr int FilesOfDirectory = 50;
-    const int total = setting("VELKA_CHECK_FILES", 10000);
+    const int total = setting("VELKA_CHECK_FILES", 3000);
     QLoggingCategory::setFilterRules(QStringLiteral("org.orvantaos.settings.framework.debug=true\n"
                                                     "org.orvantaos.settings.framework.info=false"));
     RandomFiles files(quint32(setting("VELKA_CHECK_SEED", 1)), ownGroup());

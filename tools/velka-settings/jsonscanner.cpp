@@ -194,9 +194,10 @@ void JsonScanner::readKey()
     } else if (c == '}') {
         fail(m_lastStart, QStringLiteral("remove this comma: nothing follows it"));
     } else if (c == '{' || c == '[') {
-        fail(m_lastStart, m_expected == FirstKey
-                              ? QStringLiteral("one \"{\" is too many, or a key is missing after it")
-                              : QStringLiteral("a \"}\" is missing before this comma: the object is not closed"));
+        fail(m_lastStart,
+             m_expected == FirstKey
+                 ? QStringLiteral("a key is missing after this \"{\"; an array of objects begins with \"[\"")
+                 : QStringLiteral("a \"}\" is missing before this comma: the object is not closed"));
     } else if (c == ']') {
         failWrongBracket();
     } else if (failForeignQuotes()) {

@@ -33,13 +33,18 @@ struct NameKey {
     QString Call::*part;
     dbus_bool_t (*validate)(const char *name, DBusError *error);
     bool isRequired;
+    const char *form; ///< of valid names
 };
 
-constexpr NameKey s_names[] = {
-    {"remote-service", Tag::DBusService, &Call::service, dbus_validate_bus_name, true},
-    {"remote-path", Tag::DBusPath, &Call::path, dbus_validate_path, true},
-    {"remote-interface", Tag::DBusInterface, &Call::interface, dbus_validate_interface, false},
-    {"remote-method", Tag::DBusMethod, &Call::method, dbus_validate_member, true}};
+constexpr NameKey s_names[] = {{"remote-service", Tag::DBusService, &Call::service, dbus_validate_bus_name, true,
+                                "a service is two or more names joined by dots, such as com.example.torch"},
+                               {"remote-path", Tag::DBusPath, &Call::path, dbus_validate_path, true,
+                                "an object path is a path such as /com/example/torch"},
+                               {"remote-interface", Tag::DBusInterface, &Call::interface, dbus_validate_interface,
+                                false,
+                                "an interface is two or more names joined by dots, such as com.example.torch"},
+                               {"remote-method", Tag::DBusMethod, &Call::method, dbus_validate_member, true,
+                                "a method is one name of ASCII letters, digits and underscores, such as toggle"}};
 
 /// Returns why @p call is never sent. Empty when it is.
 QString callError(const Call &call)
@@ -61,9 +66,8 @@ QString nameError(const Call &call, const NameKey &key)
     if (key.validate(name.toUtf8().constData(), &error)) {
         return callError(call);
     }
-    QString text = QString::fromUtf8(error.message);
     dbus_error_free(&error);
-    return text;
+    return QLatin1String(key.form);
 }
 
 bool isAction(const Entry &entry)
@@ -107,7 +111,7 @@ void actionNames(const Entry &entry, Findings *findings)
         if ((call.*name.part).isEmpty()) {
             if (name.isRequired && misspelt) {
                 findings->atKey(Tag::ActionIncomplete, *misspelt,
-                                QStringLiteral("an action needs \"%1\": did you mean it by %2?")
+                                QStringLiteral("an action needs \"%1\": %2 seems to be misspelt")
                                     .arg(key, quoted(misspelt->key)));
             } else if (name.isRequired && value) {
                 reportMissingNames(entry, {quoted(key)}, *value, findings);
@@ -158,14 +162,16 @@ void actionArguments(const Entry &entry, Findings *findings)
         return;
     }
     if (holdsNull(*arguments)) {
-        findings->atValue(Tag::ArgumentNull, *arguments, QStringLiteral("null cannot be sent"));
+        findings->atValue(Tag::ArgumentNull, *arguments,
+                          QStringLiteral("D-Bus has no null: remove the argument, or send an empty string"));
         return;
     }
     Call call;
     call.arguments = jsonToVariant(entry.params.value(QLatin1String("remote-arguments"))).toList();
     const QString error = callError(call);
     if (!error.isEmpty()) {
-        findings->atValue(Tag::ArgumentsRefused, *arguments, error);
+        findings->atValue(Tag::ArgumentsRefused, *arguments,
+                          QStringLiteral("D-Bus refuses the call: %1").arg(error));
     }
     for (const Written &argument : arguments->children) {
         if (argument.kind == Written::Integer) {

@@ -5,6 +5,7 @@
 
 #include "brokenjson.h"
 #include "common/constants.h"
+#include "knownkeys.h"
 #include "printable.h"
 #include "registry/textfile.h"
 #include "rules.h"
@@ -14,6 +15,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace Check
 {
@@ -46,7 +48,13 @@ void collectDeclared(const Document &document, FileSummary *summary)
         if (entry.writtenPath) {
             summary->declared.append(writtenPath(entry.path, *entry.writtenPath, &places));
             summary->declared.last().entry = entry.read;
+        } else if (const Written *misspelt = misspeltMember(*entry.written, KnownKeys::entry(),
+                                                            QLatin1String("path"))) {
+            summary->meant.append(entry.read.value(misspelt->key).toString());
         }
+    }
+    if (document.entries.empty()) {
+        summary->meant = BrokenJson::paths(document.text); // "entries" may be misspelt
     }
 }
 
@@ -88,12 +96,19 @@ std::optional<QByteArray> readStandardInput()
     return input.readAll().replace('\r', "");
 }
 
+/// Returns the target of a link as it is written.
+QString targetOf(const QString &link)
+{
+    std::error_code error;
+    return QString::fromStdString(std::filesystem::read_symlink(link.toStdString(), error).string());
+}
+
 void reportUnreadable(const QFileInfo &file, Findings *findings)
 {
     if (file.isSymLink() && !file.exists()) {
-        findings->atOffset(
-            Tag::DanglingLink, 0,
-            QStringLiteral("this link leads nowhere: there is no \"%1\"").arg(printable(file.symLinkTarget())));
+        findings->atOffset(Tag::DanglingLink, 0,
+                           QStringLiteral("this link leads nowhere: there is no \"%1\"")
+                               .arg(printable(targetOf(file.filePath()))));
     } else if (file.exists() && !file.isFile()) {
         findings->atOffset(Tag::Unreadable, 0, QStringLiteral("this is not a regular file: it is never loaded"));
     } else {

@@ -4,7 +4,7 @@
 #include "document.h"
 
 #include "jsonmistake.h"
-#include "nearest.h"
+#include "knownkeys.h"
 #include "registry/jsonvariant.h"
 #include "registry/registrationfile.h"
 
@@ -151,7 +151,7 @@ const Written *misspeltMember(const Written &object, const QStringList &known, Q
         return nullptr;
     }
     const auto found = std::find_if(object.children.cbegin(), object.children.cend(), [&](const Written &member) {
-        return !known.contains(member.key) && nearest(member.key, known) == key;
+        return !known.contains(member.key) && KnownKeys::meantBy(member.key, object, known) == key;
     });
     return found == object.children.cend() ? nullptr : &*found;
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "knownkeys.h"
-#include "nearest.h"
 #include "rules.h"
 
 namespace Check
@@ -18,7 +17,7 @@ void reportUnknown(const Written &object, const QStringList &known, bool canHave
         if (known.contains(key) || findings->hasAtKey(member)) {
             continue;
         }
-        const QString meant = nearest(key, known);
+        const QString meant = KnownKeys::meantBy(key, object, known);
         if (!meant.isEmpty()) {
             findings->atKey(Tag::KeyMisspelt, member,
                             QStringLiteral("unknown key %1: did you mean %2?").arg(quoted(key), quoted(meant)));

@@ -6,6 +6,7 @@
 #include "knownkeys.h"
 #include "registry/registrationfile.h"
 #include "rules.h"
+#include "valuetext.h"
 
 namespace Check
 {
@@ -19,7 +20,7 @@ void missingPath(const Entry &entry, Findings *findings)
     const Written *misspelt = misspeltMember(*entry.written, KnownKeys::entry(), QLatin1String("path"));
     if (misspelt) {
         findings->atKey(Tag::PathMissing, *misspelt,
-                        QStringLiteral("the entry has no \"path\" and is ignored: did you mean %1 to be the path?")
+                        QStringLiteral("the entry has no \"path\" and is ignored: %1 seems to be misspelt")
                             .arg(quoted(misspelt->key)));
     } else {
         findings->atValue(Tag::PathMissing, *entry.written,
@@ -30,8 +31,12 @@ void missingPath(const Entry &entry, Findings *findings)
 void emptyPath(const Entry &entry, Findings *findings)
 {
     if (entry.writtenPath && entry.names.isEmpty()) {
+        const bool isText = entry.writtenPath->kind == Written::String;
+        const QString reason = isText ? QStringLiteral("the path contains no name")
+                                      : QStringLiteral("\"path\" must be a string, not %1")
+                                            .arg(describe(entry.read.value(QLatin1String("path"))));
         findings->atValue(Tag::PathEmpty, *entry.writtenPath,
-                          QStringLiteral("the path contains no name: the entry is never shown"));
+                          reason + QStringLiteral(": the entry is never shown"));
     }
 }
 
@@ -45,7 +50,7 @@ void slashes(const Entry &entry, Findings *findings)
 void blanks(const Entry &entry, Findings *findings)
 {
     for (const QString &name : entry.names) {
-        if (name.trimmed() != name) {
+        if (name.startsWith(QLatin1Char(' ')) || name.endsWith(QLatin1Char(' '))) {
             findings->atValue(Tag::PathBlanks, *entry.writtenPath,
                               QStringLiteral("%1 begins or ends with white space").arg(quoted(name)));
             return;

@@ -202,18 +202,22 @@ void FileTitles::checkTitle(const Entry &entry)
     }
     const QString id = readString(entry.read, QLatin1String("translation_id"));
     if (id.isEmpty()) {
-        const auto isOf = [&entry](const char *key) {
-            return entry.written->member(QLatin1String(key))
-                   && entry.written->member(QLatin1String(key))->kind != Written::String;
+        const QString shown = quoted(QStringLiteral("!!") + entry.names.value(entry.names.size() - 1));
+        const Written *title = entry.written->member(QLatin1String("title"));
+        if (title && title->kind == Written::String) {
+            m_findings->atValue(Tag::TitleMissing, *title,
+                                QStringLiteral("the title is empty: the entry is shown as %1").arg(shown));
+            return;
+        }
+        const auto isMeant = [&entry](const char *name) {
+            const QLatin1String key(name);
+            return entry.written->member(key) || misspeltMember(*entry.written, KnownKeys::entry(), key);
         };
-        if (!misspeltMember(*entry.written, KnownKeys::entry(), QLatin1String("title"))
-            && !misspeltMember(*entry.written, KnownKeys::entry(), QLatin1String("translation_id"))
-            && !isOf("title") && !isOf("translation_id")) {
-            m_findings->atValue(
-                Tag::TitleMissing, *entry.written,
-                QStringLiteral("the entry has neither \"title\" nor \"translation_id\": it is "
-                               "shown as %1")
-                    .arg(quoted(QStringLiteral("!!") + entry.names.value(entry.names.size() - 1))));
+        if (!isMeant("title") && !isMeant("translation_id")) {
+            m_findings->atValue(Tag::TitleMissing, *entry.written,
+                                QStringLiteral("the entry has neither \"title\" nor \"translation_id\": it is "
+                                               "shown as %1")
+                                    .arg(shown));
         }
         return;
     }
