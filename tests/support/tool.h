@@ -20,6 +20,7 @@ struct Result {
 };
 
 Result run(const QStringList &arguments);
+Result runWithInput(const QStringList &arguments, const QByteArray &input);
 /// The same with a delay of @p ms when @p file is opened.
 Result runWithSlowFile(const QStringList &arguments, const QString &file, int ms);
 /// The same on a terminal. Returns the output and the errors.
