@@ -183,7 +183,7 @@ void CheckTest::places_data()
     QTest::newRow("after a byte order mark")
         << QByteArray("\xef\xbb\xbf{\"entries\": 5}") << "value-lost" << 1 << 13;
     QTest::newRow("lines of another system") << QByteArray("{\r\n\"entries\":\r\n  5}") << "value-lost" << 3 << 3;
-    QTest::newRow("not JSON") << QByteArray("{\n\"entries\": [\n{\"path\": tru}]}") << "json-syntax" << 3 << 13;
+    QTest::newRow("not JSON") << QByteArray("{\n\"entries\": [\n{\"path\": tru}]}") << "json-syntax" << 3 << 10;
     QTest::newRow("doubled key, once escaped")
         << QByteArray("{\"entries\": [{\"path\": \"a\", \"title\": \"A\",\n \"\\u0070ath\": \"b\"}]}")
         << "doubled-key" << 2 << 2;
@@ -257,8 +257,12 @@ void CheckTest::textOfFinding()
 {
     QCOMPARE(check({QStringLiteral("order-lost/bad.json")}).output,
              QByteArray("order-lost/bad.json:3:54: error: the library reads this order as -1294967296 "
-                        "[order-lost]\n"));
-    QCOMPARE(check({QStringLiteral("order-lost/good.json")}).output, QByteArray());
+                        "[order-lost]\n"
+                        "    {\"path\": \"sound\", \"title\": \"Sound\", \"order\": 3e9}\n"
+                        "                                                 ^\n"
+                        "1 file: 1 error, 0 warnings, 0 notes\n"));
+    QCOMPARE(check({QStringLiteral("order-lost/good.json")}).output,
+             QByteArray("1 file: 0 errors, 0 warnings, 0 notes\n"));
 }
 
 void CheckTest::longPathIsWhole()
@@ -290,7 +294,7 @@ void CheckTest::unlikelyCatalogNames()
     file.close();
     const Finished finished = check({file.fileName()});
     QCOMPARE(finished.errors, QByteArray());
-    QVERIFY2(finished.output.endsWith(" [missing-catalog]\n"), finished.output.constData());
+    QVERIFY2(finished.output.contains(" [missing-catalog]\n"), finished.output.constData());
 }
 
 void CheckTest::explainsEachTag()

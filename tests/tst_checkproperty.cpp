@@ -213,8 +213,36 @@ bool valueIsLost(const Document &document, const Entry *entry, int offset)
         return key == QLatin1String("entries") ? value.toArray().isEmpty() : value.toString().isEmpty();
     }
     const QString key = keyAt(*entry->written, offset);
-    const QVariant value = jsonToVariant(entry->read.value(key));
-    return key == QLatin1String("params") ? value.toMap().isEmpty() : value.toString().isEmpty();
+    const Written *direct = entry->written->member(QLatin1String(key.toLatin1()));
+    if (key == QLatin1String("params") && direct && direct->start == offset) {
+        return jsonToVariant(entry->read.value(key)).toMap().isEmpty();
+    }
+    const bool isParam = !direct || direct->start != offset;
+    return jsonToVariant((isParam ? entry->params : entry->read).value(key)).toString().isEmpty();
+}
+
+QString keyAtTop(const Document &document, int offset)
+{
+    for (const Written &member : document.root.children) {
+        if (member.keyStart == offset) {
+            return member.key;
+        }
+    }
+    return {};
+}
+
+/// Returns whether the library reads another value than the one at @p offset in @p entry.
+bool valueIsMisread(const Document &document, const Entry &entry, int offset)
+{
+    const QByteArray literal = literalAt(document, offset);
+    const QString key = keyAt(*entry.written, offset);
+    if (key == QLatin1String("order")) {
+        const int order = TreeItem({}, jsonToVariantMap(entry.read)).order();
+        return QByteArray::number(order) != literal;
+    }
+    const QVariantMap params = jsonToVariant(entry.read.value(QLatin1String("params"))).toMap();
+    const Written *written = valueAt(document.root, offset);
+    return written && params.value(written->key).toBool() != (literal == "true");
 }
 
 bool argumentsAreLost(const Entry &entry)
@@ -244,6 +272,10 @@ bool isTrueOf(const Document &document, const Finding &error, const PluginRegist
     }
     case Tag::ValueLost:
         return valueIsLost(document, entry, error.offset);
+    case Tag::ValueMisread:
+        return valueIsMisread(document, *entry, error.offset);
+    case Tag::EntryAtTopLevel:
+        return !entry && !keyAtTop(document, error.offset).isEmpty();
     case Tag::ArgumentsLost:
         return argumentsAreLost(*entry);
     case Tag::ActionIncomplete:

@@ -36,9 +36,12 @@ int ItemRows::rowOf(const QObject *item) const
 
 int ItemRows::firstRowOf(const QObject *item) const
 {
-    const QList<int> taken = m_slotsOf.values(item);
-    const auto first = std::min_element(taken.cbegin(), taken.cend());
-    return first == taken.cend() ? -1 : *first - removedBefore(*first);
+    const int slot = m_slotsOf.value(item).first;
+    int first = slot;
+    for (int next = slot; next >= 0; next = m_slots.at(next).next) {
+        first = qMin(first, next);
+    }
+    return first < 0 ? -1 : first - removedBefore(first);
 }
 
 int ItemRows::countOf(const QObject *item) const

@@ -15,11 +15,14 @@ namespace
 const QString s_tool = QStringLiteral(VELKA_SETTINGS_TOOL);
 
 Tool::Result runProgram(const QString &program, const QStringList &arguments,
-                        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+                        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
+                        const QByteArray &input = {})
 {
     QProcess process;
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
         qFatal("%s fails: %s", qUtf8Printable(program), qUtf8Printable(process.errorString()));
     }
@@ -35,6 +38,11 @@ QJsonObject Tool::Result::json() const
 Tool::Result Tool::run(const QStringList &arguments)
 {
     return runProgram(s_tool, arguments);
+}
+
+Tool::Result Tool::runWithInput(const QStringList &arguments, const QByteArray &input)
+{
+    return runProgram(s_tool, arguments, QProcessEnvironment::systemEnvironment(), input);
 }
 
 Tool::Result Tool::runWithSlowFile(const QStringList &arguments, const QString &file, int ms)

@@ -20,6 +20,7 @@ struct Result {
 };
 
 Result run(const QStringList &arguments);
+Result runWithInput(const QStringList &arguments, const QByteArray &input);
 /// Runs it with a delay of @p ms milliseconds each time that @p file is opened.
 Result runWithSlowFile(const QStringList &arguments, const QString &file, int ms);
 /// Runs it on a terminal. Returns the output and the errors.

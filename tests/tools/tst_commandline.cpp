@@ -33,6 +33,7 @@ void CommandLineTest::init()
 {
     World::reset();
     World::writeEntries(text("x.json"), R"({"entries": [{"path": "x"}]})");
+    World::writeEntries(text("y.json"), R"({"entries": [{"path": "y"}]})");
     World::writeEntries(text("broken.json"), "{");
     qunsetenv("NO_COLOR");
     qputenv("TERM", "xterm");
@@ -55,7 +56,7 @@ void CommandLineTest::helpFitsScreen()
     QCOMPARE(result.errors, QByteArray());
     QVERIFY(result.output.startsWith("Usage: velka-settings "));
     QVERIFY(command.isEmpty() || result.output.contains("\nExit status: 0"));
-    QVERIFY(command.isEmpty() || result.output.contains("\n  --help "));
+    QVERIFY(command.isEmpty() || result.output.contains("\n  -h, --help "));
     const QList<QByteArray> lines = result.output.trimmed().split('\n');
     QVERIFY(lines.size() <= 24);
     for (const QByteArray &line : lines) {
@@ -70,7 +71,7 @@ void CommandLineTest::mistakes_data()
                                 "nothing",
                                 "--nothing",
                                 "tree --nothing",
-                                "tree more",
+                                "tree nowhere",
                                 "tree --format xml",
                                 "tree --uid me",
                                 "tree --locale nowhere",
@@ -81,7 +82,12 @@ void CommandLineTest::mistakes_data()
                                 "why --format markdown x",
                                 "diff x",
                                 "diff --root x y z",
-                                "diff --locale fi / /",
+                                "diff --locale nowhere / /",
+                                "tree --translations nowhere /",
+                                "why /",
+                                "show //",
+                                "check --translations nowhere /",
+                                "check --with nowhere /",
                                 "check",
                                 "check --format yaml /",
                                 "check --explain nothing",
@@ -122,7 +128,8 @@ void CommandLineTest::coloursOnlyOnTerminals_data()
 {
     QTest::addColumn<QString>("command");
     for (const char *command :
-         {"tree", "show x", "why x", "why y", "diff /usr/share/velka-settings/entries /usr/share/translations"}) {
+         {"tree", "show x", "why x", "why z", "check /usr/share/velka-settings/entries/x.json",
+          "diff /usr/share/velka-settings/entries/x.json /usr/share/velka-settings/entries/y.json"}) {
         QTest::newRow(command) << text(command);
     }
 }

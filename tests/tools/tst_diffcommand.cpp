@@ -111,7 +111,7 @@ void DiffCommandTest::comparesRoots()
 
 void DiffCommandTest::groupsDecide()
 {
-    Tool::writeFiles(m_old, {});
+    Tool::writeFiles(m_old, {{text("x.json"), "{}"}});
     Tool::writeFiles(m_new, {{text("x.json"), R"({"required_group": "root", "entries": [{"path": "x"}]})"}});
     QCOMPARE(diff().output, QByteArray("+ x\n"));
     QCOMPARE(diff({text("--uid"), text("1")}).output, QByteArray());

@@ -118,7 +118,7 @@ void TreeCommandTest::printsProblems()
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.output, QByteArray("x  \"!!x\"  (section, 100)  a.json\n"));
     QCOMPARE(result.errors, QByteArray("a.json: entry 2 has no path\n"
-                                       "b.json: line 2, column 2: garbage at the end of the document\n"
+                                       "b.json: line 2, column 2: this \"}\" is one too many\n"
                                        "c.json: the top level is not an object\n"));
 }
 
@@ -154,7 +154,7 @@ void TreeCommandTest::missingDirectory()
     const QTemporaryDir directory;
     const Tool::Result result = Tool::run({text("tree"), text("--root"), directory.filePath(text("nowhere"))});
     QCOMPARE(result.exitCode, 2);
-    QVERIFY(result.errors.startsWith("velka-settings: there is no directory "));
+    QVERIFY(result.errors.startsWith("velka-settings: there is no file or directory "));
 }
 
 void TreeCommandTest::equalsTheModels()

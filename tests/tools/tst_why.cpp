@@ -71,9 +71,9 @@ void WhyTest::reasons_data()
     const auto row = [&](const char *kind, const char *name, const Tool::Files &files, const QString &reason) {
         QTest::newRow(name) << files << QStringList() << text(kind) << reason << Tool::Files{{file, s_good}};
     };
-    row("undeclared", "empty directory", {}, text("no file declares it"));
+    row("undeclared", "no entries", {{file, "{}"}}, text("no file declares it"));
     row("undeclared", "other entries", {{file, R"({"entries": [{"path": "page/sounds"}]})"}},
-        text("no file declares it"));
+        text("no file declares it; did you mean \"page/sounds\"?"));
     row("file-name", "fake", {{text("fakesound.json"), s_good}},
         text("fakesound.json is never loaded because its name begins with \"fake\""));
     row("file-name", "suffix", {{text("sound.JSON"), s_good}},
@@ -81,12 +81,13 @@ void WhyTest::reasons_data()
     row("file-name", "hidden", {{text(".sound.json"), s_good}},
         text(".sound.json is never loaded because its name begins with a dot"));
     row("broken", "syntax error", {{file, "{\n  \"entries\": [\n    {\"path\": \"page/sound\"},\n  ]\n}"}},
-        text("sound.json is broken at line 4, column 3: object is missing after a comma"));
+        text("sound.json is broken at line 3, column 27: remove this comma: nothing follows it"));
     row("broken", "carriage returns",
         {{file, "{\r\n  \"entries\": [\r\n    {\"path\": \"page/sound\"},\r\n  ]\r\n}"}},
-        text("sound.json is broken at line 4, column 3: object is missing after a comma"));
+        text("sound.json is broken at line 3, column 27: remove this comma: nothing follows it"));
     row("broken", "end is missing", {{file, R"({"entries": [{"path": "\u0070age/sound"}])"}},
-        text("sound.json is broken at line 1, column 41: unterminated object"));
+        text(
+            "sound.json is broken at line 1, column 41: the file ends too early: the \"{\" at 1:1 is not closed"));
     row("no-object", "array", {{file, R"([{"path": "page/sound"}])"}},
         text("the top level of sound.json is not an object"));
     row("required-group", "required group",
@@ -145,7 +146,7 @@ void WhyTest::noFile_data()
 
 void WhyTest::noFile()
 {
-    Tool::writeFiles(m_directory, {});
+    Tool::writeFiles(m_directory, {{text("other.json"), "{}"}});
     const QString name = m_directory + text("/sound.json");
     QFETCH(bool, isDirectory);
     QVERIFY(isDirectory ? QDir().mkdir(name) : QFile::link(text("/nowhere/sound.json"), name));

@@ -66,7 +66,8 @@ void WhyRandomTest::everyAbsenceHasOneReason()
         directory.writeTo(m_directory.path());
         QHash<int, Answer> answers;
         {
-            const Inspection inspection(RandomDirectory::sources(m_directory.path()), directory.masked(), {});
+            const Inspection inspection({RandomDirectory::sources(m_directory.path()), {}}, directory.masked(),
+                                        {});
             const Declarations declarations(inspection);
             for (const RandomDirectory::File &file : directory.files()) {
                 for (const QJsonObject &entry : file.entries) {
@@ -95,7 +96,7 @@ void WhyRandomTest::everyAbsenceHasOneReason()
 WhyRandomTest::Answer WhyRandomTest::ask(const RandomDirectory &directory, int mark)
 {
     directory.writeTo(m_directory.path());
-    const Inspection inspection(RandomDirectory::sources(m_directory.path()), directory.masked(), {});
+    const Inspection inspection({RandomDirectory::sources(m_directory.path()), {}}, directory.masked(), {});
     return answerOf(directory, mark, inspection, Declarations(inspection));
 }
 

@@ -38,12 +38,17 @@ _velka_settings_files() {
 _velka_settings_value() {
     case $1 in
         --root | --translations) _velka_settings_files -d ;;
+        --with)
+            _velka_settings_files -d
+            _velka_settings_words SYSTEM ;;
         --screenshot) _velka_settings_files -f ;;
         --masked | --mask | --page) _velka_settings_offer "$(_velka_settings_paths)" ;;
         --group) _velka_settings_offer "$(getent group | cut -d: -f1)" ;;
         --locale) _velka_settings_offer "$(locale -a 2>/dev/null | sed 's/[.@].*//' | sort -u)" ;;
         --explain) _velka_settings_offer "$("${COMP_WORDS[0]}" check --list-tags 2>/dev/null | cut -d" " -f1)" ;;
-        --uid | --override) ;;
+        --uid) ;;
+        --override)
+            _velka_settings_offer "$("${COMP_WORDS[0]}" check --list-tags 2>/dev/null | sed 's/ .*/=/')" ;;
         --format)
             case $2 in
                 check) _velka_settings_words text json sarif junit ;;
@@ -57,12 +62,14 @@ _velka_settings_value() {
 
 _velka_settings_options() {
     case $1 in
-        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --help ;;
-        tree | show | why) _velka_settings_words --root --uid --locale --masked --format --help ;;
-        diff) _velka_settings_words --uid --masked --format --help ;;
+        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --with --help \
+            --version ;;
+        tree | show | why)
+            _velka_settings_words --root --translations --uid --locale --masked --format --help --version ;;
+        diff) _velka_settings_words --translations --uid --locale --masked --format --help --version ;;
         preview)
             _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
-                --smoke-test --help ;;
+                --smoke-test --help --version ;;
     esac
 }
 
@@ -70,7 +77,7 @@ _velka_settings() {
     local command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _velka_settings_words check tree show why diff preview --help
+        _velka_settings_words check tree show why diff preview --help --version
         return
     fi
     if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then
@@ -82,8 +89,7 @@ _velka_settings() {
     fi
     case $command in
         show | why) _velka_settings_offer "$(_velka_settings_paths)" ;;
-        diff) _velka_settings_files -d ;;
-        check | preview) _velka_settings_files -f ;;
+        check | diff | preview | tree) _velka_settings_files -f ;;
     esac
 }
 

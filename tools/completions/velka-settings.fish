@@ -18,7 +18,8 @@ function __velka_settings_uses
 end
 
 complete --command velka-settings --no-files
-complete --command velka-settings --long-option help --description 'Print a short help'
+complete --command velka-settings --short-option h --long-option help --description 'Print a short help'
+complete --command velka-settings --long-option version --description 'Print the version'
 
 set --local commands check tree show why diff preview
 set --local descriptions 'Report mistakes in registration files' 'Print the tree of entries' \
@@ -31,20 +32,22 @@ end
 
 set --local reading '__velka_settings_uses tree show why'
 complete --command velka-settings --condition $reading --long-option root --require-parameter --force-files
-complete --command velka-settings --condition '__velka_settings_uses tree show why preview' --long-option locale \
+complete --command velka-settings --condition '__velka_settings_uses tree show why diff preview' --long-option locale \
     --exclusive --arguments "(locale -a | string replace --regex '[.@].*' '')"
 complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option uid --exclusive
 complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option masked \
     --exclusive --arguments '(__velka_settings_paths)'
 complete --command velka-settings --condition '__velka_settings_uses show why' --arguments '(__velka_settings_paths)'
 
-complete --command velka-settings --condition '__velka_settings_uses check preview diff' --force-files
+complete --command velka-settings --condition '__velka_settings_uses check preview diff tree' --force-files
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive \
     --arguments "(velka-settings check --list-tags | string replace --regex ' .*' '')"
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option list-tags
-complete --command velka-settings --condition '__velka_settings_uses check preview' --long-option translations \
+complete --command velka-settings --condition '__velka_settings_uses check tree show why diff preview' --long-option translations \
     --require-parameter --force-files
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option strict
+complete --command velka-settings --condition '__velka_settings_uses check' --long-option with \
+    --require-parameter --force-files --arguments SYSTEM
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option override --exclusive
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option mask --exclusive \
     --arguments '(__velka_settings_paths)'

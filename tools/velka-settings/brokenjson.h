@@ -11,7 +11,7 @@ struct QJsonParseError;
 /// Functions for text that is not JSON.
 namespace BrokenJson
 {
-/// Returns the place and the kind of @p error: "line 3, column 14: illegal value".
+/// Returns the place and the kind of @p error: "line 3, column 14: a comma is missing here".
 QString errorOf(const QByteArray &text, const QJsonParseError &error);
 /// Returns the string values of the keys called "path".
 QStringList paths(const QByteArray &text);

@@ -4,7 +4,7 @@
 #include "checker.h"
 #include "commandline.h"
 #include "commands.h"
-#include "common/constants.h"
+#include "common/printable.h"
 #include "formats.h"
 #include "progress.h"
 #include "terminal.h"
@@ -22,8 +22,7 @@ using namespace Check;
 const char s_checkHelp[] = R"(Usage: velka-settings check [OPTION]... FILE|DIR...
 
 Reports what the library would refuse, lose or misread in registration files
-and favourites blacklists, and probable mistakes. Prints a line for each
-finding: file:line:column: severity: text [tag].
+and favourites blacklists, and probable mistakes, each with its place and tag.
 
   --explain TAG       explains the findings of a tag
   --list-tags         lists all tags
@@ -32,13 +31,14 @@ finding: file:line:column: severity: text [tag].
                       treats a tag as an error, warning or note, or ignores it
                       (error, warning, note, ignore); repeatable
   --format FORMAT     text (the default), json, sarif or junit
-  --translations DIR  looks for compiled catalogs in DIR instead of the system's
-                      directory
-  --help              prints this
+  --translations DIR  looks for compiled catalogs (*.qm) in DIR
+  --with DIR|SYSTEM   compares with the entries that are installed: in DIR, or
+                      on this system
+  -h, --help          prints this; --version prints the version
 
-Files in the same directory are checked together. With DIR, so are the files in
-its subdirectory "entries". A file with the name favorites-blacklist.json is
-checked as a favourites blacklist.
+DIR is a directory of registration files, one with entries/ in it, or the root
+of an image or unpacked package. Files in one directory are checked together.
+"-" is standard input.
 
 Exit status: 0; 1 when there are errors; 2 when the check could not be run.
 )";
@@ -48,11 +48,13 @@ const CommandSyntax s_syntax{
     s_checkHelp,
     {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif"), QStringLiteral("junit")},
     0, // some options need no argument
-    CommandSyntax::Unlimited};
+    CommandSyntax::Unlimited,
+    "FILE or DIR"};
 
 struct Options {
     QStringList arguments;
     QString translations;
+    QString installed; ///< empty when there is nothing to compare with
     QString format;
     Severities severities;
     bool strict;
@@ -91,28 +93,40 @@ QString readOverrides(const QStringList &overrides, Severities *severities)
     return {};
 }
 
-QString problemWith(const Options &options)
+/// Adds what the command line names to @p files. Returns what is wrong with it, if anything.
+QString collect(const Options &options, CheckedFiles *files)
 {
     if (options.arguments.isEmpty()) {
-        return QStringLiteral("an argument is missing");
+        return QStringLiteral("1 argument is needed: FILE or DIR");
     }
+    if (!options.translations.isEmpty() && !QFileInfo(options.translations).isDir()) {
+        return QStringLiteral("there is no directory \"%1\"").arg(printable(options.translations));
+    }
+    QString problem;
     for (const QString &argument : options.arguments) {
-        const QFileInfo file(argument);
-        if (!file.exists() && !file.isSymLink()) {
-            return QStringLiteral("there is no \"%1\"").arg(argument);
-        }
-        if (file.isDir() && !file.isReadable()) {
-            return QStringLiteral("\"%1\" cannot be read").arg(argument);
+        if (argument == QLatin1String("-")) {
+            files->addStandardInput();
+        } else if (const std::optional<EntriesPlace> place = EntriesPlace::find(argument, &problem)) {
+            files->add(*place);
+        } else {
+            return problem;
         }
     }
-    return {};
+    if (!options.installed.isEmpty()) {
+        const bool isSystem = options.installed == QLatin1String("SYSTEM");
+        const QString directory = isSystem ? QStringLiteral("/") : options.installed;
+        if (const std::optional<EntriesPlace> place = EntriesPlace::find(directory, &problem)) {
+            files->compareWith(*place);
+        }
+    }
+    return problem;
 }
 
-Report check(const Options &options)
+Report check(const CheckedFiles &files, const QString &translations)
 {
     Progress progress;
     const auto report = [&progress](int done, int total) { progress.update(done, total); };
-    return Checker(options.translations, report).check(options.arguments);
+    return Checker(translations, report).check(files);
 }
 
 QByteArray write(const Report &report, const Options &options)
@@ -140,11 +154,12 @@ bool fails(const Report &report, const Options &options)
 
 int run(const Options &options)
 {
-    const QString problem = problemWith(options);
+    CheckedFiles files;
+    const QString problem = collect(options, &files);
     if (!problem.isEmpty()) {
         return refuse(s_syntax, problem);
     }
-    const Report report = check(options);
+    const Report report = check(files, options.translations);
     const QByteArray output = write(report, options);
     std::fwrite(output.constData(), 1, size_t(output.size()), stdout);
     return fails(report, options) ? Commands::Findings : Commands::Success;
@@ -157,10 +172,10 @@ int Commands::check(const QStringList &arguments)
     const QCommandLineOption list(QStringLiteral("list-tags"));
     const QCommandLineOption strict(QStringLiteral("strict"));
     const QCommandLineOption overrides(QStringLiteral("override"), {}, QStringLiteral("TAG=SEVERITY"));
-    const QCommandLineOption translations(QStringLiteral("translations"), {}, QStringLiteral("DIR"),
-                                          Constants::TranslationsDirectory);
+    const QCommandLineOption translations(QStringLiteral("translations"), {}, QStringLiteral("DIR"));
+    const QCommandLineOption installed(QStringLiteral("with"), {}, QStringLiteral("DIR|SYSTEM"));
     QCommandLineParser parser;
-    parser.addOptions({explainTag, list, strict, overrides, translations});
+    parser.addOptions({explainTag, list, strict, overrides, translations, installed});
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
         return *exitStatus;
     }
@@ -171,7 +186,8 @@ int Commands::check(const QStringList &arguments)
         return listTags();
     }
     Options options{
-        parser.positionalArguments(), parser.value(translations), formatOf(parser), {}, parser.isSet(strict)};
+        parser.positionalArguments(), parser.value(translations), parser.value(installed), formatOf(parser), {},
+        parser.isSet(strict)};
     const QString problem = readOverrides(parser.values(overrides), &options.severities);
     return problem.isEmpty() ? run(options) : refuse(s_syntax, problem);
 }

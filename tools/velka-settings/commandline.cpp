@@ -10,8 +10,15 @@
 
 namespace
 {
-const QString s_help = QStringLiteral("help");
+const QStringList s_help{QStringLiteral("h"), QStringLiteral("help")};
+const QString s_version = QStringLiteral("version");
 const QString s_format = QStringLiteral("format");
+
+QString numberOfArguments(int number, const char *one, const char *many)
+{
+    return number == 1 ? QStringLiteral("1 argument ") + QLatin1String(one)
+                       : QStringLiteral("%1 arguments ").arg(number) + QLatin1String(many);
+}
 
 QString mistakeIn(const QCommandLineParser &parser, const CommandSyntax &syntax)
 {
@@ -20,23 +27,34 @@ QString mistakeIn(const QCommandLineParser &parser, const CommandSyntax &syntax)
     }
     const int given = parser.positionalArguments().size();
     if (given < syntax.minArguments) {
-        return QStringLiteral("an argument is missing");
+        return numberOfArguments(syntax.minArguments, "is", "are") + QStringLiteral(" needed: ")
+               + QLatin1String(syntax.argumentNames);
     }
-    return given > syntax.maxArguments ? QStringLiteral("there are too many arguments") : QString();
+    if (given > syntax.maxArguments) {
+        return syntax.maxArguments == 0
+                   ? QStringLiteral("no argument is possible, but \"%1\" is given")
+                         .arg(printable(parser.positionalArguments().constFirst()))
+                   : QStringLiteral("only ") + numberOfArguments(syntax.maxArguments, "is", "are")
+                         + QStringLiteral(" possible: ") + QLatin1String(syntax.argumentNames);
+    }
+    return {};
 }
 }
 
 std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyntax &syntax,
                                     const QStringList &arguments)
 {
-    parser->addOption(QCommandLineOption(s_help));
+    parser->addOptions({QCommandLineOption(s_help), QCommandLineOption(s_version)});
     if (!syntax.formats.isEmpty()) {
         parser->addOption({s_format, {}, QStringLiteral("FORMAT"), syntax.formats.first()});
     }
     const bool isParsed = parser->parse(QStringList{QLatin1String(syntax.name)} + arguments);
-    if (isParsed && parser->isSet(s_help)) {
+    if (isParsed && parser->isSet(s_help.constFirst())) {
         std::fputs(syntax.help, stdout);
         return Commands::Success;
+    }
+    if (isParsed && parser->isSet(s_version)) {
+        return printVersion();
     }
     const QString mistake = isParsed ? mistakeIn(*parser, syntax) : parser->errorText();
     if (!mistake.isEmpty()) {
@@ -48,6 +66,12 @@ std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyn
 QString formatOf(const QCommandLineParser &parser)
 {
     return parser.value(s_format);
+}
+
+int printVersion()
+{
+    std::puts("velka-settings " VELKA_VERSION);
+    return Commands::Success;
 }
 
 int refuse(const CommandSyntax &syntax, const QString &mistake)

@@ -36,6 +36,15 @@ QVector<Declaration> Declarations::ofNode(const QString &node) const
     return found;
 }
 
+QStringList Declarations::paths() const
+{
+    QStringList paths;
+    for (const Declaration &declaration : m_all) {
+        paths.append(declaration.path);
+    }
+    return paths;
+}
+
 const QStringList &Declarations::unknownFiles() const
 {
     return m_unknownFiles;
@@ -77,6 +86,10 @@ void Declarations::addPathsOfText(const FileReport &report, const QVector<Obstac
 {
     int index = 0;
     const QStringList paths = BrokenJson::paths(report.content);
+    if (paths.isEmpty() && report.status == FileStatus::NotJson) {
+        m_unknownFiles.append(
+            QStringLiteral("%1 (%2)").arg(report.name, BrokenJson::errorOf(report.content, report.error)));
+    }
     for (const QString &path : paths) {
         m_all.append({report.name, index++, path, obstacles + pathObstacles(path)});
     }
@@ -100,6 +113,21 @@ void Declarations::addUnlistedFiles()
             addFile(readRegistrationFile(m_inspection.sources(), name), {{Obstacle::FileName, name}});
         } else if (isRegistrationFile(name)) {
             m_unknownFiles.append(name);
+        } else if (info.isDir()) {
+            addSubdirectory(name);
+        }
+    }
+}
+
+/// Adds the files that would be loaded if they were not in a subdirectory.
+void Declarations::addSubdirectory(const QString &name)
+{
+    const QDir directory(m_inspection.sources().entriesDirectory + QLatin1Char('/') + name);
+    const QStringList files = directory.entryList(QDir::Files);
+    for (const QString &file : files) {
+        if (isRegistrationFile(file)) {
+            const QString path = name + QLatin1Char('/') + file;
+            addFile(readRegistrationFile(m_inspection.sources(), path), {{Obstacle::FileName, path}});
         }
     }
 }

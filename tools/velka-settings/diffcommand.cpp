@@ -12,31 +12,34 @@ namespace
 {
 const char s_diffHelp[] = R"(Usage: velka-settings diff [OPTION]... OLD NEW
 
-Prints which entries the directory NEW adds to those of OLD, which it removes,
-and which keys of the others it changes. Each is the root of a system or of an
-unpacked package, or a directory of registration files. The names of the files
-and nodes that no file declares are not compared.
+Prints which entries NEW adds to those of OLD, which it removes, and which keys
+of the others it changes. Each is a registration file, a directory of them, a
+directory with entries/ in it, or the root of an image or unpacked package. The
+names of the files and nodes that no file declares are not compared.
 
+  --translations DIR compares the shown titles, too, with the catalogs in DIR
+  --locale L         compares the shown titles in the locale L, such as fi_FI
   --uid N            reads as the user N
   --masked PATH      masks PATH in both; repeatable
   --format text      for people; in colours on a terminal without NO_COLOR
   --format markdown  for a changelog or a review
   --format json      for programs
-  --help             prints this
+  -h, --help         prints this; --version prints the version
 
 Problems with files are printed on standard error.
-Exit status: 0; 1 when there are differences; 2 when a directory cannot be read.
+Exit status: 0; 1 when there are differences; 2 when there is nothing to read.
 )";
 
 /// Returns nothing when the directory cannot be read. The tree and its translators are deleted on return.
 std::optional<EntrySnapshot> readSnapshot(const QCommandLineParser &parser, const QString &directory)
 {
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser, directory);
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(parser, QStringList(directory));
     if (!inspection) {
         return {};
     }
     printProblems(inspection->record());
-    return snapshotOf(inspection->root());
+    const bool withTitles = parser.isSet(QStringLiteral("translations")) || parser.isSet(QStringLiteral("locale"));
+    return snapshotOf(inspection->root(), withTitles);
 }
 
 void print(const EntryDifference &difference, const QString &format)
@@ -55,9 +58,10 @@ void print(const EntryDifference &difference, const QString &format)
 int Commands::diff(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    ReadingOptions::addUserTo(&parser);
+    ReadingOptions::addTo(&parser);
     const CommandSyntax syntax{
-        "diff", s_diffHelp, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")}, 2, 2};
+        "diff", s_diffHelp, {QStringLiteral("text"), QStringLiteral("markdown"), QStringLiteral("json")},
+        2,      2,          "OLD and NEW"};
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
         return *exitStatus;
     }

@@ -29,14 +29,17 @@ bool EntryDifference::isEmpty() const
     return added.isEmpty() && removed.isEmpty() && changed.isEmpty();
 }
 
-EntrySnapshot snapshotOf(TreeItem *root)
+EntrySnapshot snapshotOf(TreeItem *root, bool withTitles)
 {
     EntrySnapshot entries;
-    const QList<TreeItem *> items = TreeListing::itemsOf(root);
-    for (TreeItem *item : items) {
+    const QVector<TreeListing::ListedItem> listed = TreeListing::itemsOf(root);
+    for (const auto &[item, depth] : listed) {
         if (item->isDeclared()) {
             QJsonObject data = QJsonObject::fromVariantMap(item->data());
             data.remove(QStringLiteral("from_file")); // an update may rename files
+            if (withTitles) {
+                data.insert(QStringLiteral("shown title"), item->title());
+            }
             entries.insert(TreeListing::pathOf(item), data);
         }
     }

@@ -32,5 +32,6 @@ struct EntryDifference {
     QVector<ChangedEntry> changed;
 };
 
-EntrySnapshot snapshotOf(TreeItem *root);
+/// Returns the entries below @p root, and if @p withTitles their titles as they are shown.
+EntrySnapshot snapshotOf(TreeItem *root, bool withTitles = false);
 EntryDifference differenceBetween(const EntrySnapshot &before, const EntrySnapshot &after);

@@ -5,15 +5,14 @@
 
 #include "plugin/apptranslator.h"
 
-Inspection::Inspection(const EntrySources &sources, const QStringList &masked,
-                       const LoadRecord::Progress &progress)
-    : m_sources(sources)
+Inspection::Inspection(const NamedSources &named, const QStringList &masked, const LoadRecord::Progress &progress)
+    : m_named(named)
     , m_masked(masked.cbegin(), masked.cend())
     , m_record(progress)
-    , m_tree(sources, &m_translators, &m_record)
+    , m_tree(named.sources, &m_translators, &m_record)
 {
     // The QML module installs its own texts before any entry is loaded.
-    const FrameworkCatalog own = installFrameworkCatalog(&m_translators, sources.translationsDirectory);
+    const FrameworkCatalog own = installFrameworkCatalog(&m_translators, named.sources.translationsDirectory);
     m_record.catalogInstalled(QStringLiteral("settings_eng_en"), own.engineeringEnglish);
     m_record.catalogInstalled(QStringLiteral("settings"), own.localized);
     m_tree.setMasked(m_masked);
@@ -22,7 +21,12 @@ Inspection::Inspection(const EntrySources &sources, const QStringList &masked,
 
 const EntrySources &Inspection::sources() const
 {
-    return m_sources;
+    return m_named.sources;
+}
+
+const QSet<QString> &Inspection::masked() const
+{
+    return m_masked;
 }
 
 bool Inspection::isMasked(const QString &path) const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "loadrecord.h"
+#include "namedsources.h"
 #include "registry/entrytree.h"
 
 #include <QObject>
@@ -12,15 +13,16 @@
 class Inspection
 {
 public:
-    Inspection(const EntrySources &sources, const QStringList &masked, const LoadRecord::Progress &progress);
+    Inspection(const NamedSources &named, const QStringList &masked, const LoadRecord::Progress &progress);
 
     const EntrySources &sources() const;
+    const QSet<QString> &masked() const; ///< the paths of the key and the command line
     bool isMasked(const QString &path) const; ///< @p path as spelled in a registration file
     TreeItem *root() const;
     const LoadRecord &record() const;
 
 private:
-    const EntrySources m_sources;
+    const NamedSources m_named;
     const QSet<QString> m_masked;
     QObject m_translators; ///< outlives the tree
     LoadRecord m_record;

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "commandline.h"
 #include "commands.h"
 #include "common/printable.h"
+#include "nearest.h"
 
 #include <QCoreApplication>
 
@@ -28,6 +30,16 @@ const Command s_commands[] = {
     {"diff", "prints what an update of a directory changes", Commands::diff},
 };
 
+QString suggestionFor(const QString &name)
+{
+    QStringList names;
+    for (const Command &command : s_commands) {
+        names.append(QLatin1String(command.name));
+    }
+    const QString meant = nearest(name, names);
+    return meant.isEmpty() ? QString() : QStringLiteral(": did you mean \"%1\"?").arg(meant);
+}
+
 void printUsage(std::FILE *stream)
 {
     std::fputs("Usage: velka-settings COMMAND [OPTION]... [ARGUMENT]...\n\nCommands:\n", stream);
@@ -47,15 +59,19 @@ int main(int argc, char **argv)
         return Commands::CannotRun;
     }
     const QString name = arguments.takeFirst();
-    if (name == QLatin1String("--help")) {
+    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
         printUsage(stdout);
         return Commands::Success;
+    }
+    if (name == QLatin1String("--version")) {
+        return printVersion();
     }
     const auto *const command = std::find_if(
         std::begin(s_commands), std::end(s_commands),
         [&](const Command &candidate) { return name == QLatin1String(candidate.name); });
     if (command == std::end(s_commands)) {
-        std::fprintf(stderr, "velka-settings: there is no command \"%s\"\n", qUtf8Printable(printable(name)));
+        std::fprintf(stderr, "velka-settings: there is no command \"%s\"%s\nSee velka-settings --help.\n",
+                     qUtf8Printable(printable(name)), qUtf8Printable(suggestionFor(name)));
         return Commands::CannotRun;
     }
     return command->run(arguments);

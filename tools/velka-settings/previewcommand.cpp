@@ -32,7 +32,7 @@ read nor changed.
   --screenshot FILE.png  saves a picture and quits; needs no display
   --smoke-test           opens every page, and fails on any warning; needs no
                          display
-  --help                 prints this
+  -h, --help             prints this; --version prints the version
 
 Exit status: 0; 1 when a page or a picture fails; 2 when there is no preview.
 )";
@@ -97,7 +97,7 @@ int Commands::preview(const QStringList &arguments)
     for (const QString &name : options) {
         parser.addOption({name, {}, QStringLiteral("VALUE")});
     }
-    const CommandSyntax syntax{"preview", s_previewHelp, {}, 1, CommandSyntax::Unlimited};
+    const CommandSyntax syntax{"preview", s_previewHelp, {}, 1, CommandSyntax::Unlimited, "FILE or DIR"};
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
         return *exitStatus;
     }

@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "common/constants.h"
 #include "common/printable.h"
+#include "localename.h"
 #include "progress.h"
 
 #include <mgconfitem.h>
@@ -15,6 +16,8 @@
 
 namespace
 {
+const QString s_translations = QStringLiteral("translations");
+
 void fail(const QString &message)
 {
     std::fprintf(stderr, "velka-settings: %s\n", qUtf8Printable(printable(message)));
@@ -23,16 +26,29 @@ void fail(const QString &message)
 /// Returns whether there is no --locale, or the locale exists.
 bool applyLocale(const QCommandLineParser &parser)
 {
-    if (!parser.optionNames().contains(QStringLiteral("locale"))) {
+    if (!parser.isSet(QStringLiteral("locale"))) {
         return true;
     }
     const QString name = parser.value(QStringLiteral("locale"));
-    const QLocale locale(name);
-    if (locale.language() == QLocale::C && name != QLatin1String("C")) {
-        fail(QStringLiteral("there is no locale \"%1\"").arg(name));
+    if (!isLocale(name)) {
+        fail(QStringLiteral("there is no locale \"%1\"").arg(printable(name)));
         return false;
     }
-    QLocale::setDefault(locale);
+    QLocale::setDefault(QLocale(name));
+    return true;
+}
+
+/// Returns whether there is no --translations, or the directory exists.
+bool applyTranslations(const QCommandLineParser &parser, EntrySources *sources)
+{
+    if (!parser.isSet(s_translations)) {
+        return true;
+    }
+    sources->translationsDirectory = parser.value(s_translations);
+    if (!QDir(sources->translationsDirectory).isReadable()) {
+        fail(QStringLiteral("there is no directory \"%1\"").arg(printable(sources->translationsDirectory)));
+        return false;
+    }
     return true;
 }
 
@@ -50,70 +66,59 @@ bool applyUser(const QCommandLineParser &parser, EntrySources *sources)
     return isNumber;
 }
 
-std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, EntrySources sources, QStringList masked)
+std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, NamedSources named, QStringList masked)
 {
-    if (!applyLocale(parser) || !applyUser(parser, &sources)) {
+    EntrySources &sources = named.sources;
+    if (!applyLocale(parser) || !applyUser(parser, &sources) || !applyTranslations(parser, &sources)) {
         return {};
     }
     if (!QDir(sources.entriesDirectory).isReadable()) {
-        fail(QStringLiteral("cannot read %1").arg(sources.entriesDirectory));
+        fail(QStringLiteral("cannot read %1").arg(printable(sources.entriesDirectory)));
         return {};
     }
     // The commands print their own messages about files.
     QLoggingCategory::setFilterRules(QStringLiteral("org.orvantaos.settings.framework.warning=false"));
     masked += parser.values(QStringLiteral("masked"));
     Progress progress;
-    return std::make_unique<Inspection>(sources, masked,
+    return std::make_unique<Inspection>(named, masked,
                                         [&progress](int done, int total) { progress.update(done, total); });
 }
 }
 
-void ReadingOptions::addUserTo(QCommandLineParser *parser)
+void ReadingOptions::addTo(QCommandLineParser *parser)
 {
     parser->addOption({QStringLiteral("uid"), {}, QStringLiteral("N")});
     parser->addOption({QStringLiteral("masked"), {}, QStringLiteral("PATH")});
-}
-
-std::optional<EntrySources> ReadingOptions::sourcesIn(const QString &directory)
-{
-    EntrySources sources = EntrySources::ofSystem();
-    const QString root = QDir(directory).absolutePath();
-    if (QDir(root + sources.entriesDirectory).exists()) {
-        sources.entriesDirectory.prepend(root);
-        sources.translationsDirectory.prepend(root);
-        sources.favoritesBlacklistFile.prepend(root);
-        return sources;
-    }
-    if (!QDir(root).exists()) {
-        return {};
-    }
-    sources.entriesDirectory = root;
-    return sources;
+    parser->addOption({QStringLiteral("locale"), {}, QStringLiteral("L")});
+    parser->addOption({s_translations, {}, QStringLiteral("DIR")});
 }
 
 std::unique_ptr<Inspection> ReadingOptions::inspect(QCommandLineParser *parser, const CommandSyntax &syntax,
-                                                    const QStringList &arguments, int *exitStatus)
+                                                    const QStringList &arguments, int *exitStatus,
+                                                    ArgumentsAre meaning)
 {
-    addUserTo(parser);
+    addTo(parser);
     parser->addOption({QStringLiteral("root"), {}, QStringLiteral("DIR")});
-    parser->addOption({QStringLiteral("locale"), {}, QStringLiteral("L")});
     if (const std::optional<int> ended = parseCommandLine(parser, syntax, arguments)) {
         *exitStatus = *ended;
         return {};
     }
     *exitStatus = Commands::CannotRun;
-    if (parser->isSet(QStringLiteral("root"))) {
-        return inspect(*parser, parser->value(QStringLiteral("root")));
+    const QStringList files = meaning == ArgumentsAre::Files ? parser->positionalArguments() : QStringList();
+    const QStringList named = parser->values(QStringLiteral("root")) + files;
+    if (!named.isEmpty()) {
+        return inspect(*parser, named);
     }
     const QStringList masked = MGConfItem(Constants::MaskedSettingsKey).value().toStringList();
-    return ::inspect(*parser, EntrySources::ofSystem(), masked);
+    return ::inspect(*parser, {EntrySources::ofSystem(), {}}, masked);
 }
 
-std::unique_ptr<Inspection> ReadingOptions::inspect(const QCommandLineParser &parser, const QString &directory)
+std::unique_ptr<Inspection> ReadingOptions::inspect(const QCommandLineParser &parser, const QStringList &named)
 {
-    const std::optional<EntrySources> sources = sourcesIn(directory);
+    QString problem;
+    const std::optional<NamedSources> sources = NamedSources::find(named, &problem);
     if (!sources) {
-        fail(QStringLiteral("there is no directory %1").arg(directory));
+        fail(problem);
         return {};
     }
     return ::inspect(parser, *sources, {});

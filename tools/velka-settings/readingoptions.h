@@ -11,18 +11,17 @@
 /// The options that select the tree that a command reads.
 namespace ReadingOptions
 {
-/// Adds only the options that select the user and the masked entries.
-void addUserTo(QCommandLineParser *parser);
+enum class ArgumentsAre { Paths, Files };
 
-/// Returns the places below @p directory when it is the root of a system or a package. Otherwise it is a directory of
-/// registration files, with the catalogs and the blacklist of this system. Returns nothing when it does not exist.
-std::optional<EntrySources> sourcesIn(const QString &directory);
+/// Adds the options that select the user, the locale, the catalogs and the masked entries.
+void addTo(QCommandLineParser *parser);
 
-/// Parses the command line of a command that has all of these options, and loads the tree. Returns null, and sets
-/// @p exitStatus, when there is nothing left to do.
+/// Parses the command line of a command that has these options and --root, and loads the tree: that of --root, of
+/// the arguments if they are files, or of the system. Returns null, and sets @p exitStatus, when there is nothing left to do.
 std::unique_ptr<Inspection> inspect(QCommandLineParser *parser, const CommandSyntax &syntax,
-                                    const QStringList &arguments, int *exitStatus);
-/// Loads the tree of @p directory with the options of @p parser. Returns null, with a message on standard error, when
-/// the directory cannot be read.
-std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, const QString &directory);
+                                    const QStringList &arguments, int *exitStatus,
+                                    ArgumentsAre meaning = ArgumentsAre::Paths);
+/// Loads the tree of the files and directories @p named with the options of @p parser. Returns null, with a message on
+/// standard error, when one of them cannot be read or there is nothing in it.
+std::unique_ptr<Inspection> inspect(const QCommandLineParser &parser, const QStringList &named);
 }

@@ -19,14 +19,16 @@ const char s_showHelp[] = R"(Usage: velka-settings show [OPTION]... PATH
 Prints all properties of the entry at PATH that a page can read. Leading,
 trailing and doubled slashes in PATH are ignored.
 
-  --root DIR      reads DIR: the root of a system or of an unpacked package, or
-                  a directory of registration files
+  --root DIR      reads DIR: registration files, a directory with entries/ in
+                  it, or the root of an image or unpacked package; or a file
+  --translations DIR
+                  takes the catalogs (*.qm) of the titles from DIR
   --uid N         reads as the user N
   --locale L      uses the titles of the locale L, such as fi_FI
   --masked PATH   masks PATH, in addition to the key maskedSettings; repeatable
   --format text   for people; in colours on a terminal unless NO_COLOR is set
   --format json   for programs
-  --help          prints this
+  -h, --help      prints this; --version prints the version
 
 Exit status: 0; 1 when there is nothing at PATH; 2 when the tree cannot be
 read.
@@ -62,7 +64,7 @@ void printText(TreeItem *item)
 int Commands::show(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{"show", s_showHelp, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1};
+    const CommandSyntax syntax{"show", s_showHelp, {QStringLiteral("text"), QStringLiteral("json")}, 1, 1, "PATH"};
     int exitStatus = Success;
     const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
                                                                            &exitStatus);
@@ -70,7 +72,10 @@ int Commands::show(const QStringList &arguments)
         return exitStatus;
     }
     const QStringList names = splitPath(parser.positionalArguments().constFirst());
-    TreeItem *item = names.isEmpty() ? nullptr : inspection->root()->lookup(names);
+    if (names.isEmpty()) {
+        return refuse(syntax, QStringLiteral("the path is empty"));
+    }
+    TreeItem *item = inspection->root()->lookup(names);
     if (!item) {
         const QString path = printable(names.join(QLatin1Char('/')));
         std::fprintf(stderr, "There is nothing at %s. For the reason, run: velka-settings why %s\n",

@@ -16,31 +16,35 @@
 
 namespace
 {
-const char s_treeHelp[] = R"(Usage: velka-settings tree [OPTION]...
+constexpr int MaxIndent = 100; // levels
+
+const char s_treeHelp[] = R"(Usage: velka-settings tree [OPTION]... [FILE|DIR]...
 
 Prints the tree of settings entries that a program loads when it starts now, in
-the order of its pages: path, title, type, "order" and the declaring file.
+the order of its pages: path, title, type, "order" and the declaring file. Reads
+this system, or files or a directory: of registration files, with entries/ in
+it, or the root of an image or unpacked package. --root DIR is the same as DIR.
 
-  --root DIR      reads DIR: the root of a system or of an unpacked package, or
-                  a directory of registration files
+  --translations DIR
+                  takes the catalogs (*.qm) of the titles from DIR
   --uid N         reads as the user N
   --locale L      uses the titles of the locale L, such as fi_FI
   --masked PATH   masks PATH, in addition to the key maskedSettings; repeatable
   --format text   for people; in colours on a terminal unless NO_COLOR is set
   --format json   all properties of each entry that a page can read
   --format paths  only the paths
-  --help          prints this
+  -h, --help      prints this; --version prints the version
 
 Problems with files are printed on standard error.
-Exit status: 0; 2 when the directory cannot be read.
+Exit status: 0; 2 when there is nothing to read.
 )";
 
 void printTree(TreeItem *root)
 {
     const Terminal out(stdout);
-    const QList<TreeItem *> items = TreeListing::itemsOf(root);
-    for (const TreeItem *item : items) {
-        const QString indent(2 * (item->depth(root) - 1), QLatin1Char(' '));
+    const QVector<TreeListing::ListedItem> listed = TreeListing::itemsOf(root);
+    for (const auto &[item, depth] : listed) {
+        const QString indent(2 * (qMin(depth, MaxIndent) - 1), QLatin1Char(' '));
         const QString name = printable(item->name());
         const QString title = printable(item->title());
         const QString kind = QStringLiteral("%1, %2").arg(printable(item->type())).arg(item->order());
@@ -53,8 +57,8 @@ void printTree(TreeItem *root)
 void printJson(TreeItem *root)
 {
     QJsonArray entries;
-    const QList<TreeItem *> items = TreeListing::itemsOf(root);
-    for (TreeItem *item : items) {
+    const QVector<TreeListing::ListedItem> listed = TreeListing::itemsOf(root);
+    for (const auto &[item, depth] : listed) {
         entries.append(TreeListing::toJson(item));
     }
     Terminal(stdout).writeJson({{QStringLiteral("entries"), entries}});
@@ -64,8 +68,8 @@ void printJson(TreeItem *root)
 void printPaths(TreeItem *root)
 {
     const Terminal out(stdout);
-    const QList<TreeItem *> items = TreeListing::itemsOf(root);
-    for (TreeItem *item : items) {
+    const QVector<TreeListing::ListedItem> listed = TreeListing::itemsOf(root);
+    for (const auto &[item, depth] : listed) {
         const QString path = TreeListing::pathOf(item);
         if (printable(path) == path) {
             out.writeLine(path);
@@ -77,11 +81,15 @@ void printPaths(TreeItem *root)
 int Commands::tree(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const CommandSyntax syntax{
-        "tree", s_treeHelp, {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")}, 0, 0};
+    const CommandSyntax syntax{"tree",
+                               s_treeHelp,
+                               {QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("paths")},
+                               0,
+                               CommandSyntax::Unlimited,
+                               "FILE or DIR"};
     int exitStatus = Success;
-    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments,
-                                                                           &exitStatus);
+    const std::unique_ptr<Inspection> inspection = ReadingOptions::inspect(&parser, syntax, arguments, &exitStatus,
+                                                                           ReadingOptions::ArgumentsAre::Files);
     if (!inspection) {
         return exitStatus;
     }

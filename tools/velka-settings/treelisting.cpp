@@ -5,9 +5,22 @@
 
 #include "registry/treeitem.h"
 
-QList<TreeItem *> TreeListing::itemsOf(TreeItem *root)
+QVector<TreeListing::ListedItem> TreeListing::itemsOf(TreeItem *root)
 {
-    return root->getSubitems(TreeItem::orderLessThan, -1);
+    constexpr int MaxDepth = 100;
+    QVector<ListedItem> listed;
+    QVector<TreeItem *> above; // the node before, and its ancestors
+    const QList<TreeItem *> items = root->getSubitems(TreeItem::orderLessThan, -1);
+    for (TreeItem *item : items) {
+        while (!above.isEmpty() && above.last() != item->parentItem()) {
+            above.removeLast();
+        }
+        above.append(item);
+        if (above.size() <= MaxDepth || item->isDeclared()) {
+            listed.append({item, above.size()});
+        }
+    }
+    return listed;
 }
 
 QString TreeListing::pathOf(TreeItem *item)

@@ -4,16 +4,22 @@
 #pragma once
 
 #include <QJsonObject>
-#include <QList>
 #include <QStringList>
+#include <QVector>
 
 class TreeItem;
 
 /// The nodes of a tree in the order of the models, and their output format.
 namespace TreeListing
 {
-/// Returns each node before its descendants, siblings by "order", then by name.
-QList<TreeItem *> itemsOf(TreeItem *root);
+struct ListedItem {
+    TreeItem *item;
+    int depth; ///< 1 for the children of the root
+};
+
+/// Returns each node before its descendants, siblings by "order", then by name. Leaves out the nodes that no entry
+/// declares from a depth on that only a mistake can have, as their number can be that of the letters of a path.
+QVector<ListedItem> itemsOf(TreeItem *root);
 QString pathOf(TreeItem *item);
 /// Returns the properties of the node that a page can read.
 QJsonObject toJson(TreeItem *item);

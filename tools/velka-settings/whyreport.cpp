@@ -53,8 +53,9 @@ void WhyReport::print(const Terminal &out) const
 {
     const QString answer = isPresent() ? out.good(QStringLiteral("is in the tree"))
                                        : out.bad(QStringLiteral("is not in the tree"));
-    const QString reason = printable(m_text.reasonOf(m_verdict, m_declarations));
-    out.writeLine(QStringLiteral("%1 %2: %3.").arg(out.strong(printable(m_node)), answer, reason));
+    const QString reason = printable(m_text.reasonOf(m_verdict, m_declarations, m_node));
+    const QString end = reason.endsWith(QLatin1Char('?')) ? QString() : QStringLiteral(".");
+    out.writeLine(QStringLiteral("%1 %2: %3%4").arg(out.strong(printable(m_node)), answer, reason, end));
     if (m_item && !isPresent()) {
         printLine(
             out,
@@ -84,16 +85,44 @@ void WhyReport::printDeclarations(const Terminal &out) const
 
 QStringList WhyReport::notesOn(const Declaration &declaration) const
 {
+    QStringList notes = notesOnSpelling(declaration);
     if (declaration.obstacles.isEmpty()) {
-        return {QStringLiteral("in the tree")};
+        notes.prepend(QStringLiteral("in the tree"));
+        return notes;
     }
-    QStringList notes;
     for (const Obstacle &obstacle : declaration.obstacles) {
         const QString text = m_text.obstacleText(declaration, obstacle);
-        notes.append(notes.isEmpty() ? text : QStringLiteral("and then: ") + text);
+        notes.append(&obstacle == &declaration.obstacles.first() ? text : QStringLiteral("and then: ") + text);
         if (obstacle.kind == Obstacle::Masked && m_blacklist.contains(declaration.path)) {
             notes.append(QStringLiteral("the favourites blacklist contains it: running programs show it after the "
                                         "next change of the key"));
+        }
+    }
+    return notes;
+}
+
+/// Returns a line for each mask and each path of the favourites blacklist that is meant for @p declaration, but is
+/// spelled in another way.
+QStringList WhyReport::notesOnSpelling(const Declaration &declaration) const
+{
+    const auto isMeant = [&declaration](const QString &path) {
+        return path != declaration.path
+               && splitPath(path).join(QLatin1Char('/')).compare(declaration.node(), Qt::CaseInsensitive) == 0;
+    };
+    QStringList notes;
+    for (const QString &mask : m_inspection.masked()) {
+        if (isMeant(mask)) {
+            notes.append(
+                QStringLiteral("the mask \"%1\" has no effect on it: it is not spelled like the declaration")
+                    .arg(mask));
+        }
+    }
+    for (const QString &path : m_blacklist) {
+        if (isMeant(path)) {
+            notes.append(
+                QStringLiteral("\"%1\" in the favourites blacklist has no effect on it: it is not spelled "
+                               "like the declaration")
+                    .arg(path));
         }
     }
     return notes;
@@ -131,7 +160,7 @@ QJsonObject WhyReport::toJson() const
     QJsonObject json{{QStringLiteral("path"), m_node},
                      {QStringLiteral("present"), isPresent()},
                      {QStringLiteral("kind"), WhyText::kindOf(m_verdict)},
-                     {QStringLiteral("reason"), m_text.reasonOf(m_verdict, m_declarations)},
+                     {QStringLiteral("reason"), m_text.reasonOf(m_verdict, m_declarations, m_node)},
                      {QStringLiteral("node"), m_item != nullptr},
                      {QStringLiteral("declarations"), declarationsToJson()}};
     if (isPresent()) {
@@ -155,10 +184,12 @@ QJsonArray WhyReport::declarationsToJson() const
             obstacles.append(QJsonObject{{QStringLiteral("kind"), WhyText::kindOf(obstacle)},
                                          {QStringLiteral("text"), m_text.obstacleText(declaration, obstacle)}});
         }
-        declarations.append(QJsonObject{{QStringLiteral("file"), declaration.file},
-                                        {QStringLiteral("entry"), declaration.index + 1},
-                                        {QStringLiteral("path"), declaration.path},
-                                        {QStringLiteral("obstacles"), obstacles}});
+        declarations.append(
+            QJsonObject{{QStringLiteral("file"), declaration.file},
+                        {QStringLiteral("entry"), declaration.index + 1},
+                        {QStringLiteral("path"), declaration.path},
+                        {QStringLiteral("obstacles"), obstacles},
+                        {QStringLiteral("spelling"), QJsonArray::fromStringList(notesOnSpelling(declaration))}});
     }
     return declarations;
 }

@@ -27,6 +27,7 @@ private:
     void printTitles(const Terminal &out) const;
     void printFavorites(const Terminal &out) const;
     QStringList notesOn(const Declaration &declaration) const;
+    QStringList notesOnSpelling(const Declaration &declaration) const;
     QJsonArray declarationsToJson() const;
     QJsonObject favoritesToJson() const;
 

@@ -5,19 +5,15 @@
 
 #include "common/constants.h"
 #include "inspection.h"
+#include "namedsources.h"
+#include "pathsuggestion.h"
+#include "unreadpaths.h"
 
 namespace
 {
 QString fileNameText(const QString &name)
 {
-    const QString never = QStringLiteral("%1 is never loaded because its name %2");
-    if (name.startsWith(QLatin1Char('.'))) {
-        return never.arg(name, QStringLiteral("begins with a dot"));
-    }
-    if (name.startsWith(QLatin1String("fake"))) {
-        return never.arg(name, QStringLiteral("begins with \"fake\""));
-    }
-    return never.arg(name, QStringLiteral("does not end in \".json\""));
+    return QStringLiteral("%1 is never loaded because its name %2").arg(name, whyNeverLoaded(name));
 }
 }
 
@@ -26,7 +22,7 @@ WhyText::WhyText(const Inspection &inspection)
 {
 }
 
-QString WhyText::reasonOf(const Verdict &verdict, const Declarations &declarations) const
+QString WhyText::reasonOf(const Verdict &verdict, const Declarations &declarations, const QString &node) const
 {
     switch (verdict.kind) {
     case Verdict::Present:
@@ -36,12 +32,30 @@ QString WhyText::reasonOf(const Verdict &verdict, const Declarations &declaratio
         return obstacleText(declaration, declaration.obstacles.first());
     }
     case Verdict::InUnknownFile:
-        return QStringLiteral("no file declares it, except possibly one that cannot be read: %1")
-            .arg(declarations.unknownFiles().join(QLatin1String(", ")));
     case Verdict::Undeclared:
         break;
     }
-    return QStringLiteral("no file declares it");
+    return absenceOf(declarations, node);
+}
+
+/// Returns the text for a path that no file is known to declare.
+QString WhyText::absenceOf(const Declarations &declarations, const QString &node) const
+{
+    QString text = QStringLiteral("no file declares it");
+    if (!declarations.unknownFiles().isEmpty()) {
+        text += QStringLiteral(", except possibly one that cannot be read: ")
+                + declarations.unknownFiles().join(QLatin1String(", "));
+    }
+    const QStringList places = unreadPlacesOf(node, m_inspection);
+    if (!places.isEmpty()) {
+        return text
+               + QStringLiteral(
+                   "; but it is at a place that is not read, because it is not the \"path\" of an element "
+                   "of \"entries\": ")
+               + places.join(QLatin1String("; "));
+    }
+    const QString meant = suggestPath(node, declarations.paths());
+    return meant.isEmpty() ? text : text + QStringLiteral("; did you mean \"%1\"?").arg(meant);
 }
 
 QString WhyText::obstacleText(const Declaration &declaration, const Obstacle &obstacle) const

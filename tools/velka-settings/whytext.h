@@ -14,12 +14,14 @@ public:
     explicit WhyText(const Inspection &inspection);
 
     /// Returns the text after "PATH is in the tree: " or "PATH is not in the tree: ".
-    QString reasonOf(const Verdict &verdict, const Declarations &declarations) const;
+    QString reasonOf(const Verdict &verdict, const Declarations &declarations, const QString &node) const;
     QString obstacleText(const Declaration &declaration, const Obstacle &obstacle) const;
     /// These return identifiers for programs.
     static QString kindOf(const Verdict &verdict);
     static QString kindOf(const Obstacle &obstacle);
 
 private:
+    QString absenceOf(const Declarations &declarations, const QString &node) const;
+
     const Inspection &m_inspection;
 };

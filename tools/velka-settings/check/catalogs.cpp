@@ -3,6 +3,8 @@
 
 #include "catalogs.h"
 
+#include "catalogids.h"
+#include "localename.h"
 #include "registry/catalogtranslator.h"
 #include "registry/filename.h"
 
@@ -17,21 +19,40 @@ bool hasText(const QTranslator &translator, const QString &id)
     const QString text = translator.translate("", id.toLatin1().constData());
     return !text.isEmpty() && text != id;
 }
+/// Returns whether @p file has the name of the catalog and a language, but not as the library joins them.
+bool isMisnamed(const QString &file, const QString &catalog)
+{
+    if (!file.startsWith(catalog) || file.size() <= catalog.size() + 4) {
+        return false;
+    }
+    const QChar separator = file.at(catalog.size());
+    const QString language = file.mid(catalog.size() + 1).chopped(3);
+    const bool isFallback = language == QLatin1String("eng_en") || language == QLatin1String("eng");
+    const bool isForeign = separator == QLatin1Char('_') || separator == QLatin1Char('.');
+    return (isForeign && !isFallback && isLocale(language))
+           || (separator == QLatin1Char('-') && !file.endsWith(QLatin1String(".qm")));
+}
 }
 
 Catalog::Catalog(const QString &name, const QString &directory)
-    : m_fallback(std::make_unique<CatalogTranslator>())
+    : m_name(name)
+    , m_fallback(std::make_unique<CatalogTranslator>())
 {
     const QString fallback = name + QLatin1String("_eng_en");
     if (isFileName(fallback)) {
         load(m_fallback.get(), fallback, directory);
     }
     const QString prefix = name + QLatin1Char('-');
-    const QStringList files = QDir(directory).entryList({QStringLiteral("*.qm")}, QDir::Files);
+    const QStringList files = QDir(directory).entryList({QStringLiteral("*.qm")}, QDir::Files); // in any case
     for (const QString &file : files) {
-        if (file.startsWith(prefix)) {
+        if (isMisnamed(file, name)) {
+            m_misnamedFiles.append(file);
+        } else if (file.startsWith(prefix)) {
             auto translator = std::make_unique<CatalogTranslator>();
             if (load(translator.get(), file, directory)) {
+                if (lacksIds(translator->filePath())) {
+                    m_filesWithoutIds.append(file);
+                }
                 m_byLocale.emplace(file.mid(prefix.size()).chopped(3), std::move(translator));
             }
         }
@@ -52,6 +73,21 @@ bool Catalog::load(CatalogTranslator *translator, const QString &name, const QSt
 QStringList Catalog::errors() const
 {
     return m_errors;
+}
+
+QString Catalog::name() const
+{
+    return m_name;
+}
+
+QStringList Catalog::misnamedFiles() const
+{
+    return m_misnamedFiles;
+}
+
+QStringList Catalog::filesWithoutIds() const
+{
+    return m_filesWithoutIds;
 }
 
 bool Catalog::isFound() const

@@ -28,13 +28,20 @@ public:
     QStringList locales() const;
     bool has(const QString &id, const QString &locale) const;
     bool hasFallback(const QString &id) const; ///< in engineering English
+    QString name() const;
+    /// Returns the names of files that seem to belong to the catalog, but that the library does not look for.
+    QStringList misnamedFiles() const;
+    QStringList filesWithoutIds() const; ///< those whose texts are looked up by their source texts
 
 private:
     bool load(CatalogTranslator *translator, const QString &name, const QString &directory);
 
+    const QString m_name;
     std::map<QString, std::unique_ptr<CatalogTranslator>> m_byLocale;
     const std::unique_ptr<CatalogTranslator> m_fallback;
     QStringList m_errors;
+    QStringList m_misnamedFiles;
+    QStringList m_filesWithoutIds;
 };
 
 /// The catalogs in a directory. Each is loaded once.

@@ -3,94 +3,24 @@
 
 #include "checker.h"
 
-#include "pathrules.h"
+#include "brokenjson.h"
+#include "common/constants.h"
+#include "common/printable.h"
+#include "knownkeys.h"
 #include "registry/textfile.h"
 #include "rules.h"
 
-#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace Check
 {
 namespace
 {
-const QString s_blacklist = QStringLiteral("favorites-blacklist.json");
-const QString s_entries = QStringLiteral("entries");
-
-/// Returns the files of a directory in the order in which the library loads them.
-QStringList listFiles(const QString &directory)
-{
-    return QDir(directory).entryList(QDir::Files | QDir::Hidden);
-}
-
-QString joined(const QString &directory, const QString &name)
-{
-    return directory.endsWith(QLatin1Char('/')) ? directory + name : directory + QLatin1Char('/') + name;
-}
-
-QString directoryOf(const QString &file)
-{
-    const int slash = file.lastIndexOf(QLatin1Char('/'));
-    return slash < 0 ? QStringLiteral(".") : file.left(slash + 1);
-}
-
-/// Returns the files of @p directory, and of the entries directory in it, that seem to be meant for the library.
-QStringList filesIn(const QString &directory)
-{
-    QStringList paths;
-    const QStringList names = listFiles(directory);
-    for (const QString &name : names) {
-        if (name.contains(QLatin1String(".json"), Qt::CaseInsensitive)) {
-            paths.append(joined(directory, name));
-        }
-    }
-    const QString entries = joined(directory, s_entries);
-    return QFileInfo(entries).isDir() ? paths + filesIn(entries) : paths;
-}
-
-/// Returns the group of files that are loaded together: those of one directory, and the blacklist next to it.
-QString groupOf(const QString &path)
-{
-    const QDir directory = QFileInfo(path).absoluteDir();
-    return directory.dirName() == s_entries ? QFileInfo(directory.path()).path() : directory.path();
-}
-
-bool isBlacklist(const QString &path)
-{
-    const QFileInfo file(path);
-    return file.fileName() == s_blacklist && file.absoluteDir().dirName() != s_entries;
-}
-
-/// Returns @p paths, which belong to one group, in the order in which the library loads them.
-QStringList inOrder(const QStringList &paths)
-{
-    QStringList ordered;
-    QStringList directories;
-    for (const QString &path : paths) {
-        directories.append(directoryOf(path));
-    }
-    directories.removeDuplicates();
-    for (const QString &directory : std::as_const(directories)) {
-        QHash<QString, QString> given;
-        for (const QString &path : paths) {
-            if (directoryOf(path) == directory) {
-                given.insert(QFileInfo(path).fileName(), path);
-            }
-        }
-        const QStringList names = listFiles(directory);
-        for (const QString &name : names) {
-            if (given.contains(name)) {
-                ordered.append(given.take(name));
-            }
-        }
-        ordered += given.values(); // those that are not regular files
-    }
-    return ordered;
-}
-
 WrittenPath writtenPath(const QString &path, const Written &value, PlaceFinder *places)
 {
     return {path, value.start, places->at(value.start)};
@@ -118,7 +48,13 @@ void collectDeclared(const Document &document, FileSummary *summary)
         if (entry.writtenPath) {
             summary->declared.append(writtenPath(entry.path, *entry.writtenPath, &places));
             summary->declared.last().entry = entry.read;
+        } else if (const Written *misspelt = misspeltMember(*entry.written, KnownKeys::entry(),
+                                                            QLatin1String("path"))) {
+            summary->meant.append(entry.read.value(misspelt->key).toString());
         }
+    }
+    if (document.entries.empty()) {
+        summary->meant = BrokenJson::paths(document.text); // "entries" may be misspelt
     }
 }
 
@@ -131,7 +67,8 @@ void collectGroups(const Document &document, FileSummary *summary)
 
 void checkEntries(const Document &document, Findings *findings)
 {
-    static const QVector<EntryRule> rules = pathRules() + keyRules() + favoriteRules() + actionRules();
+    static const QVector<EntryRule> rules = pathRules() + textRules() + actionRules() + typeRules() + keyRules()
+                                            + favoriteRules();
     for (const Entry &entry : document.entries) {
         for (const EntryRule rule : rules) {
             rule(entry, findings);
@@ -149,88 +86,150 @@ void checkRegistration(const Document &document, Catalogs *catalogs, Findings *f
     checkRegistrationSchema(document, findings);
     checkTitles(document, catalogs, findings);
 }
+
+std::optional<QByteArray> readStandardInput()
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly)) {
+        return {};
+    }
+    return input.readAll().replace('\r', "");
+}
+
+/// Returns the target of a link as it is written.
+QString targetOf(const QString &link)
+{
+    std::error_code error;
+    return QString::fromStdString(std::filesystem::read_symlink(link.toStdString(), error).string());
+}
+
+void reportUnreadable(const QFileInfo &file, Findings *findings)
+{
+    if (file.isSymLink() && !file.exists()) {
+        findings->atOffset(Tag::DanglingLink, 0,
+                           QStringLiteral("this link leads nowhere: there is no \"%1\"")
+                               .arg(printable(targetOf(file.filePath()))));
+    } else if (file.exists() && !file.isFile()) {
+        findings->atOffset(Tag::Unreadable, 0, QStringLiteral("this is not a regular file: it is never loaded"));
+    } else {
+        findings->atOffset(Tag::Unreadable, 0, QStringLiteral("the file cannot be read: check its permissions"));
+    }
+}
 }
 
 Checker::Checker(const QString &translations, Progress progress)
-    : m_catalogs(translations)
+    : m_translations(translations)
     , m_progress(std::move(progress))
 {
 }
 
-std::vector<FileFindings> Checker::check(const QStringList &arguments)
+std::vector<FileFindings> Checker::check(const CheckedFiles &files)
 {
-    QStringList paths;
-    for (const QString &argument : arguments) {
-        paths += QFileInfo(argument).isDir() ? filesIn(argument) : QStringList(argument);
-    }
-    paths.removeDuplicates();
-    m_total = paths.size();
-    QStringList groups;
-    QHash<QString, QStringList> members;
-    for (const QString &path : std::as_const(paths)) {
-        const QString group = groupOf(path);
-        if (!members.contains(group)) {
-            groups.append(group);
-        }
-        members[group].append(path);
-    }
+    m_total = files.count();
     std::vector<FileFindings> results;
-    for (const QString &group : std::as_const(groups)) {
-        checkTogether(inOrder(members.value(group)), &results);
+    const QVector<FileGroup> groups = files.groups();
+    for (const FileGroup &group : groups) {
+        checkTogether(group, &results);
     }
     return results;
 }
 
-void Checker::checkTogether(const QStringList &paths, std::vector<FileFindings> *results)
+std::vector<FileFindings> Checker::check(const QStringList &arguments)
 {
-    std::vector<FileSummary> summaries(size_t(paths.size()));
+    CheckedFiles files;
+    for (const QString &argument : arguments) {
+        QString problem;
+        if (const std::optional<EntriesPlace> place = EntriesPlace::find(argument, &problem)) {
+            files.add(*place);
+        }
+    }
+    return check(files);
+}
+
+void Checker::checkTogether(const FileGroup &files, std::vector<FileFindings> *results)
+{
+    std::vector<FileSummary> summaries(size_t(files.size()));
     std::vector<FileFindings> findings;
     findings.reserve(summaries.size());
     for (FileSummary &summary : summaries) {
-        findings.push_back(checkFile(paths.at(int(findings.size())), &summary));
+        findings.push_back(checkFile(files.at(int(findings.size())), &summary));
         m_progress(++m_done, m_total);
     }
     DirectoryRules rules(summaries, &findings);
     rules.checkDuplicates();
-    rules.checkSpelling();
     rules.checkParents();
     rules.checkBlacklist();
-    for (FileFindings &file : findings) {
+    for (int i = 0; i < files.size(); ++i) {
+        if (files.at(i).isInstalled) {
+            continue;
+        }
+        FileFindings &file = findings[std::size_t(i)];
         std::stable_sort(file.findings.begin(), file.findings.end(),
                          [](const Finding &a, const Finding &b) { return a.offset < b.offset; });
+        if (file.findings.isEmpty()) {
+            file.text.clear();
+        }
         results->push_back(std::move(file));
     }
 }
 
-FileFindings Checker::checkFile(const QString &path, FileSummary *summary)
+FileFindings Checker::checkFile(const CheckedFile &file, FileSummary *summary)
 {
-    summary->path = path;
+    summary->path = file.path;
+    summary->isInstalled = file.isInstalled;
     Document document;
-    document.path = path;
-    const std::optional<QByteArray> text = readTextFile(path);
+    document.path = file.path;
+    const std::optional<QByteArray> text = file.isStandardInput ? readStandardInput() : readTextFile(file.path);
     document.text = text.value_or(QByteArray());
     Findings findings(document.text);
-    const bool isList = isBlacklist(path);
-    if (!isList) {
-        checkFileName(QFileInfo(path).fileName(), &findings);
+    const QFileInfo info(file.path);
+    if (info.isDir()) {
+        findings.atOffset(Tag::Subdirectory, 0,
+                          QStringLiteral("the library reads no subdirectories: files in it are never loaded"));
+        return {file.path, findings.take(), {}, false};
     }
-    if (!text) {
-        findings.atOffset(Tag::Unreadable, 0, QStringLiteral("the file cannot be read"));
-        return {path, findings.take()};
+    if (!file.isStandardInput && !isBlacklistPath(file.path)) {
+        checkFileName(info.fileName(), &findings);
     }
-    // A file that is never loaded declares nothing.
     const bool isLoaded = findings.isEmpty();
-    const bool isParsed = parse(&document, &findings);
+    if (!text) {
+        reportUnreadable(info, &findings);
+        summary->isUnclear = true;
+        return {file.path, findings.take(), {}};
+    }
+    checkText(&document, isLoaded, catalogsOf(file), &findings, summary);
+    return {file.path, findings.take(), document.text};
+}
+
+void Checker::checkText(Document *document, bool isLoaded, Catalogs *catalogs, Findings *findings,
+                        FileSummary *summary)
+{
+    const bool isList = isBlacklistPath(document->path);
+    const bool isParsed = parse(document, findings);
     if (isParsed && isList) {
-        checkBlacklist(document, &findings);
-        collectBlacklisted(document, summary);
+        checkBlacklist(*document, findings);
+        collectBlacklisted(*document, summary);
     } else if (isParsed) {
-        checkRegistration(document, &m_catalogs, &findings);
+        checkRegistration(*document, catalogs, findings);
     }
-    if (isLoaded && !isList) {
-        collectGroups(document, summary);
-        collectDeclared(document, summary);
+    if (isList) {
+        return;
     }
-    return {path, findings.take()};
+    if (isParsed && isLoaded) {
+        collectGroups(*document, summary);
+        collectDeclared(*document, summary);
+    } else {
+        summary->meant = BrokenJson::paths(document->text);
+        summary->isUnclear = !isParsed && summary->meant.isEmpty() && !document->text.trimmed().isEmpty();
+    }
+}
+
+Catalogs *Checker::catalogsOf(const CheckedFile &file)
+{
+    QString directory = m_translations.isEmpty() ? file.translations : m_translations;
+    if (directory.isEmpty()) {
+        directory = Constants::TranslationsDirectory;
+    }
+    return &m_catalogs.try_emplace(directory, directory).first->second;
 }
 }

@@ -4,28 +4,38 @@
 #pragma once
 
 #include "catalogs.h"
+#include "checkedfiles.h"
 #include "setrules.h"
 
 #include <functional>
 
 namespace Check
 {
-/// Checks files and directories as the library would load them.
+class Findings;
+struct Document;
+
+/// Checks files as the library would load them.
 class Checker
 {
 public:
     using Progress = std::function<void(int done, int total)>;
 
+    /// Looks for catalogs in the directory @p translations, or if that is empty, in the directory of each file.
     Checker(const QString &translations, Progress progress);
 
+    std::vector<FileFindings> check(const CheckedFiles &files);
     /// Returns the findings of the files in @p arguments, which are existing files and directories.
     std::vector<FileFindings> check(const QStringList &arguments);
 
 private:
-    void checkTogether(const QStringList &paths, std::vector<FileFindings> *results);
-    FileFindings checkFile(const QString &path, FileSummary *summary);
+    void checkTogether(const FileGroup &files, std::vector<FileFindings> *results);
+    FileFindings checkFile(const CheckedFile &file, FileSummary *summary);
+    void checkText(Document *document, bool isLoaded, Catalogs *catalogs, Findings *findings,
+                   FileSummary *summary);
+    Catalogs *catalogsOf(const CheckedFile &file);
 
-    Catalogs m_catalogs;
+    const QString m_translations;
+    std::map<QString, Catalogs> m_catalogs; ///< by directory
     const Progress m_progress;
     int m_done = 0;
     int m_total = 0;

@@ -3,6 +3,8 @@
 
 #include "document.h"
 
+#include "jsonmistake.h"
+#include "knownkeys.h"
 #include "registry/jsonvariant.h"
 #include "registry/registrationfile.h"
 
@@ -15,16 +17,17 @@ namespace Check
 {
 namespace
 {
-Tag tagOf(QJsonParseError::ParseError error)
+Tag tagOf(JsonMistake::Kind kind)
 {
-    switch (error) {
-    case QJsonParseError::DeepNesting:
+    switch (kind) {
+    case JsonMistake::Nesting:
         return Tag::Nesting;
-    case QJsonParseError::IllegalUTF8String:
+    case JsonMistake::Encoding:
         return Tag::NotUtf8;
-    default:
-        return Tag::JsonSyntax;
+    case JsonMistake::Syntax:
+        break;
     }
+    return Tag::JsonSyntax;
 }
 
 const Written *objectOrNull(const Written *value)
@@ -83,6 +86,11 @@ void Findings::atKey(Tag tag, const Written &member, const QString &text)
     atOffset(tag, member.keyStart, text);
 }
 
+void Findings::claim(const Written &member)
+{
+    m_offsets.insert(member.keyStart);
+}
+
 bool Findings::isEmpty() const
 {
     return m_findings.isEmpty();
@@ -91,6 +99,16 @@ bool Findings::isEmpty() const
 bool Findings::hasAt(const Written &value) const
 {
     return m_offsets.contains(value.start);
+}
+
+bool Findings::hasAtKey(const Written &member) const
+{
+    return m_offsets.contains(member.keyStart);
+}
+
+QByteArray Findings::textOf(const Written &value) const
+{
+    return m_text.mid(value.start, value.end - value.start);
 }
 
 QVector<Finding> Findings::take()
@@ -117,13 +135,25 @@ bool parse(Document *document, Findings *findings)
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(text, &error);
     if (json.isNull()) {
-        findings->atOffset(tagOf(error.error), offsetOfError(text, error), error.errorString());
+        const JsonMistake mistake = jsonMistakeIn(text, error);
+        findings->atOffset(tagOf(mistake.kind), mistake.offset, mistake.text);
         return false;
     }
     document->read = json.isObject() ? QJsonValue(json.object()) : QJsonValue(json.array());
     document->root = readWritten(text, findings);
     collectEntries(document);
     return true;
+}
+
+const Written *misspeltMember(const Written &object, const QStringList &known, QLatin1String key)
+{
+    if (object.member(key)) {
+        return nullptr;
+    }
+    const auto found = std::find_if(object.children.cbegin(), object.children.cend(), [&](const Written &member) {
+        return !known.contains(member.key) && KnownKeys::meantBy(member.key, object, known) == key;
+    });
+    return found == object.children.cend() ? nullptr : &*found;
 }
 
 QString readString(const QJsonObject &object, QLatin1String key)

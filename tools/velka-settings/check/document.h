@@ -48,8 +48,12 @@ public:
     void atOffset(Tag tag, int offset, const QString &text);
     void atValue(Tag tag, const Written &value, const QString &text);
     void atKey(Tag tag, const Written &member, const QString &text);
+    /// Lets hasAtKey() be true of @p member, which a finding at another place covers.
+    void claim(const Written &member);
     bool isEmpty() const;
     bool hasAt(const Written &value) const;
+    bool hasAtKey(const Written &member) const;
+    QByteArray textOf(const Written &value) const; ///< as it is written
 
     /// Returns all findings, sorted by place.
     QVector<Finding> take();
@@ -62,6 +66,10 @@ private:
 
 /// Fills @p document from its text. Returns whether the text is JSON; if not, a finding has the reason.
 bool parse(Document *document, Findings *findings);
+
+/// Returns the member of @p object whose key is not one of @p known, but seems to be meant as @p key. Null when there
+/// is none, or when the object has the key.
+const Written *misspeltMember(const Written &object, const QStringList &known, QLatin1String key);
 
 /// Returns the value of @p key as the library converts it to a string.
 QString readString(const QJsonObject &object, QLatin1String key);

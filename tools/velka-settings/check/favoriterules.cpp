@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "knownkeys.h"
 #include "rules.h"
 
 namespace Check
@@ -22,6 +23,15 @@ QString placeOf(const Entry &entry)
     return readString(entry.params, QLatin1String("type"));
 }
 
+/// Returns whether the place may be in "params" that another rule reports.
+bool hasUnclearPlace(const Entry &entry)
+{
+    return misspeltMember(*entry.written, KnownKeys::entry(), QLatin1String("params"))
+           || (entry.written->member(QLatin1String("params")) && !entry.writtenParams)
+           || (entry.writtenParams
+               && misspeltMember(*entry.writtenParams, KnownKeys::params(), QLatin1String("type")));
+}
+
 void misplacedFavorite(const Entry &entry, Findings *findings)
 {
     if (const Written *value = entry.written->member(QLatin1String("allow_favorite"))) {
@@ -32,6 +42,9 @@ void misplacedFavorite(const Entry &entry, Findings *findings)
 
 void unreadFavorite(const Entry &entry, Findings *findings)
 {
+    if (hasUnclearType(entry)) {
+        return;
+    }
     const Written *allowed = paramOf(entry, "allow_favorite");
     if (allowed && entry.type != QLatin1String("page")) {
         findings->atKey(Tag::FavoriteUnread, *allowed,
@@ -47,9 +60,11 @@ void unreadFavorite(const Entry &entry, Findings *findings)
 void customWithoutPlace(const Entry &entry, Findings *findings)
 {
     const QString place = placeOf(entry);
-    if (isCustom(entry) && place != QLatin1String("grid") && place != QLatin1String("list")) {
+    if (isCustom(entry) && !hasUnclearPlace(entry) && place != QLatin1String("grid")
+        && place != QLatin1String("list")) {
+        const Written *written = paramOf(entry, "type");
         findings->atValue(
-            Tag::CustomWithoutPlace, *entry.written->member(QLatin1String("type")),
+            Tag::CustomWithoutPlace, written ? *written : *entry.written->member(QLatin1String("type")),
             QStringLiteral(
                 "without \"type\": \"grid\" or \"list\" in \"params\" this is not offered as a favourite"));
     }

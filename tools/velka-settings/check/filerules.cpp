@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "common/printable.h"
 #include "pathrules.h"
 #include "registry/registrationfile.h"
 #include "rules.h"
+#include "valuetext.h"
 
 #include <QJsonArray>
 
@@ -37,10 +39,15 @@ void checkNumber(const QByteArray &text, const Written &number, Findings *findin
 void checkFileName(const QString &fileName, Findings *findings)
 {
     if (fileName.startsWith(QLatin1String("fake")) && fileName.endsWith(QLatin1String(".json"))) {
-        findings->atOffset(Tag::NameAside, 0, QStringLiteral("a file named \"fake…\" is never loaded"));
+        findings->atOffset(Tag::NameAside, 0,
+                           QStringLiteral("a file whose name begins with \"fake\" is never loaded"));
     } else if (!isRegistrationFile(fileName) || fileName.startsWith(QLatin1Char('.'))) {
-        findings->atOffset(Tag::NameNeverLoaded, 0,
-                           QStringLiteral("a file named %1 is never loaded").arg(quoted(fileName)));
+        findings->atOffset(
+            Tag::NameNeverLoaded, 0,
+            QStringLiteral("a file named \"%1\" is never loaded: %2")
+                .arg(printable(fileName), fileName.startsWith(QLatin1Char('.'))
+                                              ? QStringLiteral("its name begins with a dot")
+                                              : QStringLiteral("its name does not end in \".json\"")));
     }
 }
 
@@ -66,7 +73,7 @@ void checkBlacklist(const Document &document, Findings *findings)
 {
     if (document.root.kind != Written::Array) {
         findings->atValue(Tag::TopLevel, document.root,
-                          QStringLiteral("the favourites blacklist must be an array"));
+                          QStringLiteral("the favourites blacklist must be an array of paths: [\"…\", \"…\"]"));
         return;
     }
     const QJsonArray paths = document.read.toArray();
@@ -76,8 +83,11 @@ void checkBlacklist(const Document &document, Findings *findings)
         if (element.kind == Written::String) {
             checkSlashes(path, splitPath(path), element, findings);
         } else {
-            findings->atValue(Tag::BlacklistElement, element,
-                              QStringLiteral("the library ignores this: it is not a string"));
+            findings->atValue(
+                Tag::BlacklistElement, element,
+                QStringLiteral("an element must be the path of an entry, a string, not %1; the library "
+                               "ignores it")
+                    .arg(describe(paths.at(i))));
         }
     }
 }

@@ -6,6 +6,7 @@
 #include "place.h"
 #include "tags.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QVector>
 
@@ -22,6 +23,8 @@ struct Finding {
 struct FileFindings {
     QString path; ///< as it was given
     QVector<Finding> findings;
+    QByteArray text; ///< as the library parses it; empty without findings
+    bool isFile = true; ///< not a directory
 };
 
 /// Returns the printable form of @p text, or of its start and an ellipsis if it is long.

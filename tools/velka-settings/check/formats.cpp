@@ -4,6 +4,7 @@
 #include "formats.h"
 
 #include "common/printable.h"
+#include "excerpt.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -44,6 +45,63 @@ QByteArray lineOf(const FileFindings &file, const Finding &finding, Severity sev
            + finding.text.toUtf8() + " [" + info(finding.tag).name + "]\n";
 }
 
+/// Returns whether a finding with @p tag is about the file, not about a place in it.
+bool isAboutFile(Tag tag)
+{
+    switch (tag) {
+    case Tag::ByteOrderMark:
+    case Tag::DanglingLink:
+    case Tag::EmptyFile:
+    case Tag::NameAside:
+    case Tag::NameNeverLoaded:
+    case Tag::NotUtf8:
+    case Tag::Subdirectory:
+    case Tag::Unreadable:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QByteArray placeInText(const FileFindings &file, const Finding &finding, Severity severity, bool inColour)
+{
+    if (isAboutFile(finding.tag) || file.text.isEmpty()) {
+        return {};
+    }
+    const Excerpt excerpt = excerptAt(file.text, finding.offset);
+    return "    " + excerpt.text.toUtf8() + "\n    " + QByteArray(excerpt.caret, ' ')
+           + coloured("^", colourOf(severity), inColour) + '\n';
+}
+
+QByteArray counted(int number, const char *noun)
+{
+    return QByteArray::number(number) + ' ' + noun + (number == 1 ? "" : "s");
+}
+
+/// Counts findings by their severities.
+class Counts
+{
+public:
+    void add(Severity severity)
+    {
+        ++m_counts[int(severity)];
+    }
+
+    QByteArray summaryOf(int files) const
+    {
+        return counted(files, "file") + ": " + counted(of(Severity::Error), "error") + ", "
+               + counted(of(Severity::Warning), "warning") + ", " + counted(of(Severity::Note), "note") + '\n';
+    }
+
+private:
+    int of(Severity severity) const
+    {
+        return m_counts[int(severity)];
+    }
+
+    int m_counts[int(Severity::Error) + 1] = {};
+};
+
 QString name(Severity severity)
 {
     return QLatin1String(severityName(severity));
@@ -63,15 +121,19 @@ Severity Severities::of(Tag tag) const
 QByteArray toText(const Report &report, const Severities &severities, bool inColour)
 {
     QByteArray text;
+    Counts counts;
+    int files = 0;
     for (const FileFindings &file : report) {
+        files += file.isFile ? 1 : 0;
         for (const Finding &finding : file.findings) {
             const Severity severity = severities.of(finding.tag);
+            counts.add(severity);
             if (severity != Severity::Ignore) {
-                text += lineOf(file, finding, severity, inColour);
+                text += lineOf(file, finding, severity, inColour) + placeInText(file, finding, severity, inColour);
             }
         }
     }
-    return text;
+    return text + counts.summaryOf(files);
 }
 
 QByteArray toJson(const Report &report, const Severities &severities)

@@ -24,7 +24,7 @@ private:
 
 using Report = std::vector<FileFindings>;
 
-/// Returns a line for each finding: "file:line:column: severity: text [tag]".
+/// Returns the findings, each a line "file:line:column: severity: text [tag]" and the place in the file, and a summary.
 QByteArray toText(const Report &report, const Severities &severities, bool inColour);
 QByteArray toJson(const Report &report, const Severities &severities);
 QByteArray toSarif(const Report &report, const Severities &severities);

@@ -2,30 +2,36 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "knownkeys.h"
-#include "nearest.h"
-#include "registry/jsonvariant.h"
-#include "registry/treeitem.h"
 #include "rules.h"
 
 namespace Check
 {
 namespace
 {
-void reportUnknown(const Written &object, const QStringList &known, bool isOther, Findings *findings)
+/// Reports the keys of @p object that are not @p known, unless another rule has reported them. @p canHaveOthers is
+/// true when programs have keys of their own there.
+void reportUnknown(const Written &object, const QStringList &known, bool canHaveOthers, Findings *findings)
 {
     for (const Written &member : object.children) {
         const QString &key = member.key;
-        if (known.contains(key)) {
+        if (known.contains(key) || findings->hasAtKey(member)) {
             continue;
         }
-        const QString meant = nearest(key, known);
+        const QString meant = KnownKeys::meantBy(key, object, known);
         if (!meant.isEmpty()) {
             findings->atKey(Tag::KeyMisspelt, member,
                             QStringLiteral("unknown key %1: did you mean %2?").arg(quoted(key), quoted(meant)));
-        } else if (!isOther) {
+        } else if (!canHaveOthers) {
             findings->atKey(Tag::KeyUnknown, member, QStringLiteral("unknown key %1").arg(quoted(key)));
         }
     }
+}
+
+QStringList keysOfTheFile()
+{
+    QStringList keys = KnownKeys::topLevel();
+    keys.removeAll(QStringLiteral("$schema"));
+    return keys;
 }
 
 void unknownKeys(const Entry &entry, Findings *findings)
@@ -46,13 +52,47 @@ void unknownParams(const Entry &entry, Findings *findings)
     }
 }
 
+/// Reports all keys that belong in "params" at the first of them.
 void misplacedParams(const Entry &entry, Findings *findings)
 {
     static const QStringList names = KnownKeys::action() + QStringList{QStringLiteral("simpleGrid")};
+    QStringList misplaced;
+    const Written *first = nullptr;
     for (const Written &member : entry.written->children) {
         if (names.contains(member.key)) {
-            findings->atKey(Tag::ParamMisplaced, member,
-                            QStringLiteral("%1 is only read in \"params\"").arg(quoted(member.key)));
+            first = first ? first : &member;
+            misplaced.append(quoted(member.key));
+        }
+    }
+    if (first) {
+        findings->atKey(Tag::ParamMisplaced, *first,
+                        QStringLiteral("%1 %2 only read in \"params\"")
+                            .arg(misplaced.join(QStringLiteral(", ")),
+                                 misplaced.size() == 1 ? QStringLiteral("is") : QStringLiteral("are")));
+    }
+}
+
+QString consequenceOf(const QString &key)
+{
+    if (key == QLatin1String("required_group") || key == QLatin1String("disabled_group")) {
+        return QStringLiteral("everybody sees the entry");
+    }
+    return QStringLiteral("its texts are not found");
+}
+
+void keysOfFile(const Entry &entry, Findings *findings)
+{
+    static const QStringList keys = keysOfTheFile();
+    for (const Written &member : entry.written->children) {
+        if (member.key == QLatin1String("entries")) {
+            findings->atKey(
+                Tag::NestedEntries, member,
+                QStringLiteral("entries in an entry are never shown: write them into the \"entries\" of "
+                               "the file, with their whole paths"));
+        } else if (keys.contains(member.key)) {
+            findings->atKey(Tag::FileKeyInEntry, member,
+                            QStringLiteral("%1 is only read at the top level of the file: %2")
+                                .arg(quoted(member.key), consequenceOf(member.key)));
         }
     }
 }
@@ -65,60 +105,45 @@ void fromFile(const Entry &entry, Findings *findings)
     }
 }
 
-void misspeltType(const Entry &entry, Findings *findings)
+/// Reports the keys of entries at the top level at the first of them. Returns whether there are any.
+bool checkEntryKeys(const Written &root, Findings *findings)
 {
-    static const QStringList types{QStringLiteral("action"), QStringLiteral("bool"),    QStringLiteral("custom"),
-                                   QStringLiteral("enum"),   QStringLiteral("integer"), QStringLiteral("page"),
-                                   QStringLiteral("section")};
-    const QString &type = entry.type;
-    if (type.isEmpty() || types.contains(type) || type.contains(QLatin1String("custom"))) {
-        return;
+    const Written *first = nullptr;
+    for (const Written &member : root.children) {
+        if (!KnownKeys::topLevel().contains(member.key) && KnownKeys::entry().contains(member.key)) {
+            if (!first) {
+                first = &member;
+                findings->atKey(Tag::EntryAtTopLevel, member,
+                                QStringLiteral("%1 is a key of an entry, which is not read here: write "
+                                               "\"entries\": [{%1: …}]")
+                                    .arg(quoted(member.key)));
+            } else {
+                findings->claim(member);
+            }
+        }
     }
-    const QString meant = nearest(type, types);
-    if (!meant.isEmpty()) {
-        findings->atValue(Tag::TypeMisspelt, *entry.written->member(QLatin1String("type")),
-                          QStringLiteral("unknown type %1: did you mean %2?").arg(quoted(type), quoted(meant)));
-    }
-}
-
-/// Returns whether @p value is an int, or a string that the library converts to one.
-bool isInt(const QJsonValue &value)
-{
-    bool isNumber = false;
-    value.toString().toInt(&isNumber);
-    return isNumber || value.toInt(0) == value.toInt(1);
-}
-
-void order(const Entry &entry, Findings *findings)
-{
-    const Written *written = entry.written->member(QLatin1String("order"));
-    const QJsonValue value = entry.read.value(QLatin1String("order"));
-    if (!written || value.isNull() || value.isBool() || isInt(value)) {
-        return;
-    }
-    const int result = TreeItem({}, {{QStringLiteral("order"), jsonToVariant(value)}}).order();
-    if (!value.isDouble() || qAbs(value.toDouble() - result) >= 1) {
-        findings->atValue(Tag::OrderLost, *written,
-                          QStringLiteral("the library reads this order as %1").arg(result));
-    } else if (value.toDouble() != result) {
-        findings->atValue(Tag::OrderRounded, *written,
-                          QStringLiteral("the library rounds this order to %1").arg(result));
-    }
+    return first != nullptr;
 }
 }
 
 QVector<EntryRule> keyRules()
 {
-    return {unknownKeys, unknownParams, misplacedParams, fromFile, misspeltType, order};
+    return {keysOfFile, unknownKeys, unknownParams, misplacedParams, fromFile};
 }
 
 void checkTopLevel(const Document &document, Findings *findings)
 {
     const Written &root = document.root;
+    const bool hasEntryKeys = checkEntryKeys(root, findings);
     reportUnknown(root, KnownKeys::topLevel(), false, findings);
     const Written *entries = root.member(QLatin1String("entries"));
-    if (!entries || (entries->kind == Written::Array && entries->children.empty())) {
-        findings->atValue(Tag::NoEntries, entries ? *entries : root, QStringLiteral("the file declares nothing"));
+    const bool isEmpty = entries && entries->kind == Written::Array && entries->children.empty();
+    const bool isMissing = !entries && !hasEntryKeys
+                           && !misspeltMember(root, KnownKeys::topLevel(), QLatin1String("entries"));
+    if (isEmpty || isMissing) {
+        findings->atValue(Tag::NoEntries, entries ? *entries : root,
+                          isEmpty ? QStringLiteral("\"entries\" is empty: the file declares nothing")
+                                  : QStringLiteral("the file has no \"entries\" and declares nothing"));
     }
     const QJsonObject read = document.read.toObject();
     const QString group = read.value(QLatin1String("required_group")).toString();

@@ -3,7 +3,10 @@
 
 #include "knownkeys.h"
 
+#include "nearest.h"
 #include "schema.h"
+
+#include <QHash>
 
 namespace Check::KnownKeys
 {
@@ -23,6 +26,20 @@ const QStringList &params()
 {
     static const QStringList names = schemaProperties(schemaDefinition(QStringLiteral("params"))).keys();
     return names;
+}
+
+QString meantBy(const QString &key, const Written &object, const QStringList &known)
+{
+    static const QHash<QString, QString> others{{QStringLiteral("parameters"), QStringLiteral("params")},
+                                                {QStringLiteral("name"), QStringLiteral("title")},
+                                                {QStringLiteral("label"), QStringLiteral("title")},
+                                                {QStringLiteral("entry"), QStringLiteral("entries")},
+                                                {QStringLiteral("items"), QStringLiteral("entries")}};
+    const QString meant = nearest(key, known);
+    const QString other = others.value(key);
+    const bool isOther = meant.isEmpty() && known.contains(other)
+                         && !object.member(QLatin1String(other.toLatin1()));
+    return isOther ? other : meant;
 }
 
 QStringList action()

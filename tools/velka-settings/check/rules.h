@@ -13,9 +13,16 @@ using EntryRule = void (*)(const Entry &entry, Findings *findings);
 
 /// Rules for a single entry.
 QVector<EntryRule> pathRules();
+QVector<EntryRule> textRules();
+QVector<EntryRule> typeRules();
 QVector<EntryRule> keyRules();
 QVector<EntryRule> favoriteRules();
 QVector<EntryRule> actionRules();
+
+/// Returns the known type that the type of @p entry, an unknown one, may be meant as. Empty when there is none.
+QString meantType(const Entry &entry);
+/// Returns whether rules for a single type cannot be applied to @p entry.
+bool hasUnclearType(const Entry &entry);
 
 /// Rules for a registration file.
 void checkFileName(const QString &fileName, Findings *findings);

@@ -3,10 +3,13 @@
 
 #include "schema.h"
 
+#include "registry/jsonvariant.h"
 #include "rules.h"
+#include "valuetext.h"
 
 #include <QFile>
 #include <QIODevice>
+#include <QJsonArray>
 #include <QJsonDocument>
 
 namespace Check
@@ -25,24 +28,8 @@ QJsonObject readSchema(const QString &path)
 /// The objects of a file whose members the schema describes.
 struct Level {
     QJsonObject properties; ///< the schemas of the members, by key
-    bool (*isLost)(const Written &); ///< whether the library reads a member of another type as if it was empty
+    bool isTop = false; ///< whether the library converts no values there
 };
-
-bool isLostAtTop(const Written &member)
-{
-    return member.key != QLatin1String("$schema");
-}
-
-bool isLostInEntry(const Written &member)
-{
-    return member.key == QLatin1String("params") || member.kind == Written::Object
-           || member.kind == Written::Array;
-}
-
-bool isLostInParams(const Written &)
-{
-    return false; // other rules report what is lost there
-}
 
 QLatin1String typeOf(const Written &value)
 {
@@ -56,18 +43,72 @@ QString typeOf(const QJsonObject &schema)
     return (definition.isEmpty() ? schema : schemaDefinition(definition)).value(QLatin1String("type")).toString();
 }
 
-void reportType(const Written &member, const Level &level, Findings *findings)
+QString nameOf(const QString &type)
+{
+    if (type == QLatin1String("boolean")) {
+        return QStringLiteral("true or false");
+    }
+    const bool beginsWithVowel = type == QLatin1String("array") || type == QLatin1String("object");
+    return (beginsWithVowel ? QStringLiteral("an ") : QStringLiteral("a ")) + type;
+}
+
+/// What the library makes of a value of another type.
+struct Reading {
+    Tag tag;
+    QString text;
+};
+
+Reading readAsString(const QJsonValue &value, bool isTop)
+{
+    const QString read = isTop ? QString() : jsonToVariant(value).toString();
+    return read.isEmpty() ? Reading{Tag::ValueLost, QStringLiteral("nothing")}
+                          : Reading{Tag::WrongType, quoted(read)};
+}
+
+Reading readAsNumber(const QJsonValue &value)
+{
+    const int read = jsonToVariant(value).toInt();
+    return {value.isString() ? Tag::WrongType : Tag::ValueMisread, QString::number(read)};
+}
+
+Reading readAsBoolean(const QJsonValue &value)
+{
+    const bool read = jsonToVariant(value).toBool();
+    const QString text = read ? QStringLiteral("true") : QStringLiteral("false");
+    const bool isSame = value == QJsonValue(text) || value == QJsonValue(read ? 1 : 0);
+    return {isSame ? Tag::WrongType : Tag::ValueMisread, text};
+}
+
+Reading readingOf(const QJsonValue &value, const QString &type, bool isTop)
+{
+    if (type == QLatin1String("string")) {
+        return readAsString(value, isTop);
+    }
+    if (type == QLatin1String("number")) {
+        return readAsNumber(value);
+    }
+    if (type == QLatin1String("boolean")) {
+        return readAsBoolean(value);
+    }
+    // Another rule reports the arguments of actions; for other types they are not read.
+    const bool isRead = isTop || type != QLatin1String("array");
+    return {isRead ? Tag::ValueLost : Tag::WrongType, QStringLiteral("nothing")};
+}
+
+void reportType(const Written &member, const QJsonValue &value, const QString &type, bool isTop,
+                Findings *findings)
 {
     if (member.kind == Written::Null) {
         findings->atValue(Tag::NullValue, member,
-                          QStringLiteral("the library reads null as if the key was missing"));
-    } else if (level.isLost(member)) {
-        findings->atValue(Tag::ValueLost, member,
-                          QStringLiteral("the library reads this value as if it was empty"));
-    } else {
-        findings->atValue(Tag::WrongType, member,
-                          QStringLiteral("this value does not have the type that the format defines"));
+                          QStringLiteral("the library reads null as if the key was missing: remove the key"));
+        return;
     }
+    const bool isIgnored = isTop && member.key == QLatin1String("$schema");
+    const Reading reading = isIgnored ? Reading{Tag::WrongType, QStringLiteral("nothing")}
+                                      : readingOf(value, type, isTop);
+    findings->atValue(reading.tag, member,
+                      QStringLiteral("%1 must be %2, not %3; the library reads %4")
+                          .arg(quoted(member.key), nameOf(type), describe(value), reading.text));
 }
 
 void checkMembers(const Written &object, const QJsonObject &read, const Level &level, Findings *findings)
@@ -78,8 +119,9 @@ void checkMembers(const Written &object, const QJsonObject &read, const Level &l
             continue;
         }
         const int maxLength = schema.value(QLatin1String("maxLength")).toInt(-1);
-        if (typeOf(member) != typeOf(schema)) {
-            reportType(member, level, findings);
+        const QString type = typeOf(schema);
+        if (typeOf(member) != type) {
+            reportType(member, read.value(member.key), type, level.isTop, findings);
         } else if (maxLength >= 0 && read.value(member.key).toString().toUcs4().size() > maxLength) {
             findings->atValue(Tag::Schema, member,
                               QStringLiteral("this text has more than %1 characters").arg(maxLength));
@@ -87,16 +129,18 @@ void checkMembers(const Written &object, const QJsonObject &read, const Level &l
     }
 }
 
-void checkElements(const Written &root, Findings *findings)
+void checkElements(const Document &document, Findings *findings)
 {
-    const Written *entries = root.member(QLatin1String("entries"));
+    const Written *entries = document.root.member(QLatin1String("entries"));
     if (!entries || entries->kind != Written::Array) {
         return;
     }
+    const QJsonArray elements = document.read.toObject().value(QLatin1String("entries")).toArray();
     for (const Written &element : entries->children) {
         if (element.kind != Written::Object && !findings->hasAt(element)) {
             findings->atValue(Tag::EntryNotObject, element,
-                              QStringLiteral("the library ignores this: it is not an object"));
+                              QStringLiteral("an entry must be an object, not %1; the library ignores it")
+                                  .arg(describe(elements.at(int(&element - entries->children.data())))));
         }
     }
 }
@@ -122,16 +166,17 @@ void checkRegistrationSchema(const Document &document, Findings *findings)
 {
     if (document.root.kind != Written::Object) {
         if (!findings->hasAt(document.root)) {
-            findings->atValue(Tag::TopLevel, document.root,
-                              QStringLiteral("the top level of a registration file must be an object"));
+            findings->atValue(
+                Tag::TopLevel, document.root,
+                QStringLiteral("a registration file must be an object: write {\"entries\": [{…}, {…}]}"));
         }
         return;
     }
-    const Level topLevel{schemaProperties(registrationSchema()), isLostAtTop};
-    const Level entries{schemaProperties(schemaDefinition(QStringLiteral("entry"))), isLostInEntry};
-    const Level params{schemaProperties(schemaDefinition(QStringLiteral("params"))), isLostInParams};
+    const Level topLevel{schemaProperties(registrationSchema()), true};
+    const Level entries{schemaProperties(schemaDefinition(QStringLiteral("entry")))};
+    const Level params{schemaProperties(schemaDefinition(QStringLiteral("params")))};
     checkMembers(document.root, document.read.toObject(), topLevel, findings);
-    checkElements(document.root, findings);
+    checkElements(document, findings);
     for (const Entry &entry : document.entries) {
         checkMembers(*entry.written, entry.read, entries, findings);
         if (entry.writtenParams) {

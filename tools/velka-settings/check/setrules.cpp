@@ -3,7 +3,8 @@
 
 #include "setrules.h"
 
-#include "pathrules.h"
+#include "common/printable.h"
+#include "pathsuggestion.h"
 #include "registry/registrationfile.h"
 
 #include <QFileInfo>
@@ -29,150 +30,131 @@ bool comesWith(const FileSummary &a, const FileSummary &b)
     return (b.requiredGroup.isEmpty() || b.requiredGroup == a.requiredGroup)
            && (b.disabledGroup.isEmpty() || b.disabledGroup == a.disabledGroup);
 }
+
+/// Returns whether @p path has no slashes that another rule reports.
+bool isNormal(const QString &path)
+{
+    return path == splitPath(path).join(QLatin1Char('/'));
+}
+
+/// Returns whether a finding with @p tag at a path is a reason why the path is not the one that others lead through.
+bool isAboutSpelling(Tag tag)
+{
+    return tag == Tag::PathSeparator || tag == Tag::PathBlanks || tag == Tag::ControlCharacter
+           || tag == Tag::NotNormalized || tag == Tag::NotPortable || tag == Tag::WrongType;
+}
+
+/// Finds for each declaration the next one in the same file with an equal entry.
+class NextEqual
+{
+public:
+    explicit NextEqual(const QVector<Declared> &declarations)
+        : m_next(declarations.size(), -1)
+    {
+        QHash<QPair<int, uint>, int> seen;
+        for (int i = declarations.size() - 1; i >= 0; --i) {
+            const Declared &declaration = declarations.at(i);
+            int &next = seen[{declaration.file, qHash(declaration.written->entry)}];
+            if (next > 0 && declarations.at(next).written->entry == declaration.written->entry) {
+                m_next[i] = next;
+            }
+            next = i;
+        }
+    }
+
+    int of(int index) const
+    {
+        return m_next.at(index);
+    }
+
+private:
+    QVector<int> m_next;
+};
 }
 
 DirectoryRules::DirectoryRules(const std::vector<FileSummary> &files, std::vector<FileFindings> *findings)
     : m_files(files)
     , m_findings(findings)
-    , m_nodes(1)
+    , m_tree(files)
+    , m_isReported(int(m_tree.nodes().size()), false)
 {
-    for (int i = 0; i < int(files.size()); ++i) {
-        for (const WrittenPath &written : files[i].declared) {
-            const int place = node(written.path);
-            if (place != 0) { // not the root
-                m_nodes[place].declarations.append({i, &written});
-                m_hasDeclarations = true;
+    for (int i = 0; i < int(findings->size()); ++i) {
+        for (const Finding &finding : (*findings)[std::size_t(i)].findings) {
+            if (isAboutSpelling(finding.tag)) {
+                m_misspelt.insert({i, finding.offset});
             }
         }
     }
-}
-
-int DirectoryRules::node(const QString &path)
-{
-    int current = 0;
-    const QStringList names = splitPath(path);
-    for (const QString &name : names) {
-        int &child = m_children[{current, name}];
-        if (child == 0) {
-            child = int(m_nodes.size());
-            m_nodes.push_back({current, name, {}, false});
-        }
-        current = child;
-    }
-    return current;
-}
-
-int DirectoryRules::find(const QString &path) const
-{
-    int current = 0;
-    const QStringList names = splitPath(path);
-    for (const QString &name : names) {
-        current = m_children.value({current, name});
-        if (current == 0) {
-            break;
-        }
-    }
-    return current;
 }
 
 void DirectoryRules::checkDuplicates()
 {
-    for (const Node &node : m_nodes) {
-        for (int i = 0; i < node.declarations.size(); ++i) {
-            // One replacement is enough.
-            if (!reportFirst(node.declarations, i, &DirectoryRules::reportRepeated)) {
-                reportFirst(node.declarations, i, &DirectoryRules::reportReplaced);
+    for (const PathTree::Node &node : m_tree.nodes()) {
+        if (node.declarations.size() > 1) {
+            checkDuplicatesAt(node);
+        }
+    }
+}
+
+void DirectoryRules::checkDuplicatesAt(const PathTree::Node &node)
+{
+    const QVector<Declared> &declarations = node.declarations;
+    const NextEqual nextEqual(declarations);
+    for (int i = 0; i < declarations.size(); ++i) {
+        const Declared &earlier = declarations.at(i);
+        if (const int next = nextEqual.of(i); next >= 0) {
+            report(earlier, Tag::EntryRepeated,
+                   QStringLiteral("the entry is repeated %1").arg(describe(declarations.at(next), earlier)));
+            continue;
+        }
+        for (int later = i + 1; later < declarations.size(); ++later) {
+            if (reportReplaced(earlier, declarations.at(later))) {
+                break; // one replacement is enough
             }
         }
     }
 }
 
-bool DirectoryRules::reportFirst(const QVector<Declaration> &declarations, int earlier,
-                                 bool (DirectoryRules::*report)(const Declaration &, const Declaration &))
+bool DirectoryRules::reportReplaced(const Declared &earlier, const Declared &later)
 {
-    for (int later = earlier + 1; later < declarations.size(); ++later) {
-        if ((this->*report)(declarations.at(earlier), declarations.at(later))) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool DirectoryRules::reportRepeated(const Declaration &earlier, const Declaration &later)
-{
-    if (later.file != earlier.file || later.written->entry != earlier.written->entry) {
-        return false;
-    }
-    report(earlier, Tag::EntryRepeated, QStringLiteral("the entry is repeated %1").arg(describe(later, earlier)));
-    return true;
-}
-
-bool DirectoryRules::reportReplaced(const Declaration &earlier, const Declaration &later)
-{
-    const FileSummary &a = m_files[earlier.file];
-    const FileSummary &b = m_files[later.file];
+    const FileSummary &a = fileOf(earlier);
+    const FileSummary &b = fileOf(later);
     if (earlier.file == later.file || comesWith(a, b)) {
-        report(earlier, Tag::DuplicatePath,
-               QStringLiteral("the entry is replaced by the one %1").arg(describe(later, earlier)));
+        reportConflict(earlier, later, Tag::DuplicatePath,
+                       QStringLiteral("the entry is never shown: the one %1 has the same path and replaces it"),
+                       QStringLiteral("this entry has the same path as the one %1 and replaces it"));
         return true;
     }
     if (excludeEachOther(a, b)) {
         return false;
     }
-    report(earlier, Tag::DuplicatePathGroups,
-           QStringLiteral("users who get both files see only the entry %1").arg(describe(later, earlier)));
+    reportConflict(earlier, later, Tag::DuplicatePathGroups,
+                   QStringLiteral("users who get both files see only the entry %1"),
+                   QStringLiteral("users who get both files do not see the entry %1"));
     return true;
-}
-
-void DirectoryRules::checkSpelling()
-{
-    for (const Node &node : m_nodes) {
-        for (int i = 1; i < node.declarations.size(); ++i) {
-            const Declaration &first = node.declarations.first();
-            const Declaration &other = node.declarations.at(i);
-            if (first.written->path != other.written->path) {
-                report(other, Tag::PathSpelling,
-                       QStringLiteral("this path is spelled %1 %2")
-                           .arg(quoted(first.written->path), describe(first, other)));
-            }
-        }
-    }
-}
-
-void DirectoryRules::checkParents()
-{
-    for (const Node &declared : m_nodes) {
-        if (declared.declarations.isEmpty()) {
-            continue;
-        }
-        QStringList missing;
-        for (int node = declared.parent; node != 0 && m_nodes[node].parent != 0 && !m_nodes[node].isReported;
-             node = m_nodes[node].parent) {
-            if (m_nodes[node].declarations.isEmpty()) {
-                m_nodes[node].isReported = true;
-                missing.prepend(m_nodes[node].name);
-            }
-        }
-        if (!missing.isEmpty()) {
-            report(declared.declarations.first(), Tag::UndeclaredParent,
-                   QStringLiteral("no checked file declares the parent %1").arg(quoted(missing.first())));
-        }
-    }
 }
 
 void DirectoryRules::checkBlacklist()
 {
-    for (int i = 0; i < int(m_files.size()) && m_hasDeclarations; ++i) {
-        for (const WrittenPath &written : m_files[i].blacklisted) {
-            const Declaration element{i, &written};
-            const QVector<Declaration> &declared = m_nodes[find(written.path)].declarations;
+    if (m_tree.isEmpty()) {
+        return;
+    }
+    const QStringList known = m_tree.declaredPaths();
+    for (int i = 0; i < int(m_files.size()); ++i) {
+        for (const WrittenPath &written : m_files[std::size_t(i)].blacklisted) {
+            const Declared element{i, &written};
+            const int node = m_tree.find(written.path);
+            const QVector<Declared> &declared = m_tree.node(node).declarations;
             const bool isKnown = std::any_of(
                 declared.cbegin(), declared.cend(),
-                [&written](const Declaration &other) { return other.written->path == written.path; });
-            if (declared.isEmpty()) {
-                report(element, Tag::BlacklistUnknown,
-                       QStringLiteral("no checked file declares %1").arg(quoted(written.path)));
-            } else if (!isKnown) {
+                [&written](const Declared &other) { return other.written->path == written.path; });
+            if (declared.isEmpty() && !m_tree.isDeclared(node)) {
+                const QString meant = suggestPath(written.path, known);
+                report(
+                    element, Tag::BlacklistUnknown,
+                    QStringLiteral("no checked file declares %1").arg(quoted(written.path))
+                        + (meant.isEmpty() ? QString() : QStringLiteral(": did you mean %1?").arg(quoted(meant))));
+            } else if (!declared.isEmpty() && !isKnown && isNormal(written.path)) {
                 report(element, Tag::PathSpelling,
                        QStringLiteral("the entry is spelled %1 %2")
                            .arg(quoted(declared.first().written->path), describe(declared.first(), element)));
@@ -181,20 +163,45 @@ void DirectoryRules::checkBlacklist()
     }
 }
 
-void DirectoryRules::report(const Declaration &declaration, Tag tag, const QString &text)
+void DirectoryRules::report(const Declared &declaration, Tag tag, const QString &text)
 {
-    (*m_findings)[declaration.file].findings.append(
-        {tag, declaration.written->offset, text, declaration.written->place});
+    if (!fileOf(declaration).isInstalled) {
+        (*m_findings)[std::size_t(declaration.file)].findings.append(
+            {tag, declaration.written->offset, text, declaration.written->place});
+    }
 }
 
-QString DirectoryRules::describe(const Declaration &declaration, const Declaration &seenFrom) const
+void DirectoryRules::reportPath(const Declared &declaration, Tag tag, const QString &text)
+{
+    if (!m_misspelt.contains({declaration.file, declaration.written->offset})) {
+        report(declaration, tag, text);
+    }
+}
+
+void DirectoryRules::reportConflict(const Declared &earlier, const Declared &later, Tag tag,
+                                    const QString &aboutEarlier, const QString &aboutLater)
+{
+    if (fileOf(earlier).isInstalled) {
+        report(later, tag, aboutLater.arg(describe(earlier, later)));
+    } else {
+        report(earlier, tag, aboutEarlier.arg(describe(later, earlier)));
+    }
+}
+
+QString DirectoryRules::describe(const Declared &declaration, const Declared &seenFrom) const
 {
     const Place &place = declaration.written->place;
     const QString position = QStringLiteral("%1:%2").arg(place.line).arg(place.column);
     if (declaration.file == seenFrom.file) {
         return QStringLiteral("at %1").arg(position);
     }
-    const QString name = QFileInfo(m_files[declaration.file].path).fileName();
-    return QStringLiteral("in %1:%2").arg(abridged(name), position);
+    const QFileInfo file(fileOf(declaration).path);
+    const bool isBeside = file.absolutePath() == QFileInfo(fileOf(seenFrom).path).absolutePath();
+    return QStringLiteral("in %1:%2").arg(printable(isBeside ? file.fileName() : file.filePath()), position);
+}
+
+const FileSummary &DirectoryRules::fileOf(const Declared &declaration) const
+{
+    return m_files[std::size_t(declaration.file)];
 }
 }

@@ -3,34 +3,12 @@
 
 #pragma once
 
-#include "finding.h"
+#include "pathtree.h"
 
-#include <QHash>
-#include <QJsonObject>
-#include <QPair>
-#include <QStringList>
-
-#include <vector>
+#include <QSet>
 
 namespace Check
 {
-/// A path of an entry or in the favourites blacklist.
-struct WrittenPath {
-    QString path;
-    int offset;
-    Place place;
-    QJsonObject entry = {}; ///< the declaring entry, as the library reads it
-};
-
-/// The contents of a file that matter for the other files.
-struct FileSummary {
-    QString path;
-    QString requiredGroup;
-    QString disabledGroup;
-    QVector<WrittenPath> declared; ///< in the order of the file
-    QVector<WrittenPath> blacklisted;
-};
-
 /// Rules for the paths that the files of a directory declare together.
 class DirectoryRules
 {
@@ -39,36 +17,32 @@ public:
     DirectoryRules(const std::vector<FileSummary> &files, std::vector<FileFindings> *findings);
 
     void checkDuplicates();
-    void checkSpelling();
     void checkParents();
     void checkBlacklist();
 
 private:
-    struct Declaration {
-        int file;
-        const WrittenPath *written;
-    };
-    struct Node {
-        int parent;
-        QString name;
-        QVector<Declaration> declarations;
-        bool isReported = false;
-    };
-
-    int node(const QString &path);
-    int find(const QString &path) const;
-    void report(const Declaration &declaration, Tag tag, const QString &text);
-    /// Calls @p report with a declaration and each later one until it reports one. Returns whether it did.
-    bool reportFirst(const QVector<Declaration> &declarations, int earlier,
-                     bool (DirectoryRules::*report)(const Declaration &, const Declaration &));
-    bool reportRepeated(const Declaration &earlier, const Declaration &later);
-    bool reportReplaced(const Declaration &earlier, const Declaration &later);
-    QString describe(const Declaration &declaration, const Declaration &seenFrom) const;
+    void checkDuplicatesAt(const PathTree::Node &node);
+    /// Reports that @p later replaces @p earlier, for some users at least. Returns whether it does.
+    bool reportReplaced(const Declared &earlier, const Declared &later);
+    void checkRoots();
+    void checkApplications();
+    void checkDots();
+    int firstDeclaredIn(int node) const;
+    void checkParentsOf(const PathTree::Node &declared);
+    QString spellingOf(int node) const;
+    /// Reports that the path of @p declaration may be misspelt, unless another rule has.
+    void reportPath(const Declared &declaration, Tag tag, const QString &text);
+    void report(const Declared &declaration, Tag tag, const QString &text);
+    /// Reports a conflict of two declarations at the earlier one, unless that is installed.
+    void reportConflict(const Declared &earlier, const Declared &later, Tag tag, const QString &aboutEarlier,
+                        const QString &aboutLater);
+    QString describe(const Declared &declaration, const Declared &seenFrom) const;
+    const FileSummary &fileOf(const Declared &declaration) const;
 
     const std::vector<FileSummary> &m_files;
     std::vector<FileFindings> *const m_findings;
-    std::vector<Node> m_nodes;
-    QHash<QPair<int, QString>, int> m_children;
-    bool m_hasDeclarations = false;
+    const PathTree m_tree;
+    QVector<bool> m_isReported; ///< nodes whose absence was reported
+    QSet<QPair<int, int>> m_misspelt; ///< file and offset of paths whose spelling was reported
 };
 }

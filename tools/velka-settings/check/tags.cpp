@@ -16,6 +16,10 @@ const QVector<TagInfo> &tags()
          "An entry of the type \"action\" makes the D-Bus call that its \"params\" describe. Without "
          "\"remote-service\", \"remote-path\" and \"remote-method\" it fails. Only \"remote-interface\" and "
          "\"remote-arguments\" may be missing."},
+        {Tag::ApplicationPlace, "application-place", Severity::Warning,
+         "An entry below \"applications\" does not belong to a desktop file",
+         "The place of an application is \"applications/\" and the name of its desktop file, such as "
+         "\"applications/maps.desktop\". Entries at other places are shown on no page."},
         {Tag::ArgumentNull, "argument-null", Severity::Error,
          "An argument of an action is null",
          "D-Bus has no null, so the library refuses the call. Omit the argument, or send an empty string."},
@@ -46,10 +50,26 @@ const QVector<TagInfo> &tags()
          "A catalog cannot be used",
          "The file is damaged, too large or no compiled catalog, or it depends on itself or on a catalog "
          "that is missing. The library ignores it with a warning. Compile it with lrelease."},
+        {Tag::CatalogName, "catalog-name", Severity::Error,
+         "A file of the catalog has a name that the library does not look for",
+         "The texts of a language are in CATALOG-LANGUAGE.qm, such as sound-settings-fi.qm. Only "
+         "engineering English has an underscore: sound-settings_eng_en.qm."},
+        {Tag::CatalogWithoutIds, "catalog-without-ids", Severity::Error,
+         "A catalog was compiled without its ids",
+         "Without the option -idbased, lrelease stores the texts by their source texts, and no id is "
+         "found. Compile the catalog with lrelease -idbased."},
+        {Tag::ControlCharacter, "control-character", Severity::Warning,
+         "A path or title contains a character that cannot be seen",
+         "A path with such a character cannot be told from another one, and a title with control or "
+         "bidirectional characters can break the page around it. Remove the character."},
         {Tag::CustomWithoutPlace, "custom-without-place", Severity::Warning,
          "An entry of a custom type is for neither grid nor list",
          "Entries whose type contains \"custom\" are offered as the favourites that \"type\" in their "
          "\"params\" selects: \"grid\" or \"list\". Without it they are not offered."},
+        {Tag::DanglingLink, "dangling-link", Severity::Error,
+         "A link leads nowhere",
+         "The target of the link does not exist, so nothing is loaded. Ship the file itself, or the target "
+         "of the link."},
         {Tag::DBusInterface, "dbus-interface", Severity::Error,
          "The interface of an action is not a D-Bus name",
          "An interface is two or more names of ASCII letters, digits and underscores, joined by dots; "
@@ -81,6 +101,10 @@ const QVector<TagInfo> &tags()
         {Tag::EmptyFile, "empty-file", Severity::Error,
          "The file is empty",
          "An empty file is not JSON. The library ignores it with a warning. The smallest valid file is {}."},
+        {Tag::EntryAtTopLevel, "entry-at-top-level", Severity::Error,
+         "The top level has keys of an entry",
+         "A file is an object with the array \"entries\", and each entry is an object in that array. The "
+         "library ignores keys of entries at the top level."},
         {Tag::EntryNotObject, "entry-not-object", Severity::Error,
          "An element of \"entries\" is not an object",
          "The library ignores it with the warning that its path is missing."},
@@ -95,6 +119,10 @@ const QVector<TagInfo> &tags()
          "A key for favourites has no effect with this type",
          "\"allow_favorite\" is only read for the type \"page\", \"simpleGrid\" only for types that contain "
          "\"custom\" with \"type\": \"grid\" in \"params\"."},
+        {Tag::FileKeyInEntry, "file-key-in-entry", Severity::Error,
+         "A key of the file is in an entry, where it is not read",
+         "\"required_group\", \"disabled_group\" and the catalogs apply to a file, and are only read at "
+         "its top level. Entries for other groups need a file of their own."},
         {Tag::FromFile, "from-file", Severity::Warning,
          "\"from_file\" is replaced by the library",
          "The library sets this key of each entry to the name of its file."},
@@ -109,6 +137,9 @@ const QVector<TagInfo> &tags()
          "No catalog of the file has this translation id",
          "None of the catalogs that the file names has a text for the id, in any language. They were "
          "looked up in the directory of --translations."},
+        {Tag::IdUntranslated, "id-untranslated", Severity::Note,
+         "A translation id has no text in some languages",
+         "Another text is shown in these languages: engineering English, or the plain \"title\"."},
         {Tag::IdWithoutCatalog, "id-without-catalog", Severity::Warning,
          "The file has translation ids but names no catalog",
          "Without \"translation_catalog\" the ids are only found if another package or the program happens "
@@ -136,6 +167,10 @@ const QVector<TagInfo> &tags()
          "A file with this name is never loaded",
          "The library loads files whose names end in \".json\", in lower case, and do not begin with a "
          "dot."},
+        {Tag::NestedEntries, "nested-entries", Severity::Error,
+         "An entry contains entries",
+         "All entries are in the array \"entries\" of the file, each with its whole path. Entries in an "
+         "entry are ignored."},
         {Tag::Nesting, "nesting", Severity::Error,
          "Arrays and objects are nested too deeply",
          "The library's parser reads 1024 levels. The library ignores a file with more of them, with a "
@@ -146,6 +181,10 @@ const QVector<TagInfo> &tags()
         {Tag::NotAnAction, "not-an-action", Severity::Warning,
          "An entry describes a D-Bus call but is not an action",
          "The keys \"remote-…\" in \"params\" are only read for the type \"action\"."},
+        {Tag::NotNormalized, "not-normalized", Severity::Warning,
+         "A path or title has accents as characters of their own",
+         "The same text is usually written with composed characters (NFC). Paths compare exactly, so the "
+         "two forms are different paths. Some file systems and keyboards produce the other form (NFD)."},
         {Tag::NotPortable, "not-portable", Severity::Warning,
          "The library reads the file, other programs may not",
          "The library's parser accepts some text that is not JSON: numbers such as .5 and 5., control "
@@ -180,6 +219,13 @@ const QVector<TagInfo> &tags()
         {Tag::PathMissing, "path-missing", Severity::Error,
          "An entry has no path",
          "The library ignores it with a warning."},
+        {Tag::PathMisspelt, "path-misspelt", Severity::Warning,
+         "A path leads through a name that is similar to a declared one",
+         "No entry declares the parent, but one with a similar name is declared. Names compare exactly, "
+         "including case."},
+        {Tag::PathSeparator, "path-separator", Severity::Warning,
+         "The names in a path seem to be separated by another character",
+         "Only \"/\" separates names. Dots and backslashes are parts of names."},
         {Tag::PathSlashes, "path-slashes", Severity::Warning,
          "The path has leading, trailing or doubled slashes",
          "The node in the tree is the same without them. But to mask the entry, or to add it to the "
@@ -188,9 +234,16 @@ const QVector<TagInfo> &tags()
          "The same path is spelled in two ways",
          "Masked entries and the favourites blacklist compare paths by their spelling: one spelling "
          "does not match the other."},
+        {Tag::RootMissing, "root-missing", Severity::Warning,
+         "A path leaves out the root that the other paths have",
+         "Paths begin at the root of the tree. A page that shows the entries below \"system_settings\" "
+         "does not show this entry."},
         {Tag::Schema, "schema", Severity::Warning,
          "The file does not follow the schema",
          "The schemas are in /usr/share/velka-settings/schema."},
+        {Tag::Subdirectory, "subdirectory", Severity::Warning,
+         "The directory of the entries has a subdirectory",
+         "The library reads the files in the directory itself, and no subdirectories."},
         {Tag::TitleMissing, "title-missing", Severity::Warning,
          "An entry has no title",
          "It has neither \"title\" nor \"translation_id\". Its title is \"!!\" and the last name of its "
@@ -218,6 +271,10 @@ const QVector<TagInfo> &tags()
         {Tag::ValueLost, "value-lost", Severity::Error,
          "A value of the wrong type is lost",
          "The library expects another type here and reads the value as if it was empty."},
+        {Tag::ValueMisread, "value-misread", Severity::Error,
+         "A value of the wrong type is read as another value",
+         "The library expects another type here, and the value that it makes of this one is probably not "
+         "meant."},
         {Tag::WrongType, "wrong-type", Severity::Warning,
          "A value does not have the expected type",
          "The library converts it. Use the type that the format defines, so that all programs read the "

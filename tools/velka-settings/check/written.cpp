@@ -32,6 +32,28 @@ bool isStandardNumber(const QByteArray &number)
            && isDigit(number.at(point + 1));
 }
 
+QString nameOfControl(char c)
+{
+    switch (c) {
+    case '\t':
+        return QStringLiteral("raw tab");
+    case '\n':
+        return QStringLiteral("raw line break");
+    case '\a':
+        return QStringLiteral("raw bell character");
+    default:
+        return QStringLiteral("raw control character");
+    }
+}
+
+QString escapeOfControl(char c)
+{
+    if (c == '\t') {
+        return QStringLiteral("\\t");
+    }
+    return c == '\n' ? QStringLiteral("\\n") : QStringLiteral("\\u%1").arg(int(c), 4, 16, QLatin1Char('0'));
+}
+
 QString decoded(const QByteArray &literal)
 {
     if (!literal.contains('\\')) {
@@ -161,7 +183,7 @@ void Reader::readMembers(Written *object)
         } else {
             m_findings->atOffset(
                 Tag::DoubledKey, keyStart,
-                QStringLiteral("this object has the key %1 already; its earlier value is lost").arg(quoted(key)));
+                QStringLiteral("this object has the key %1 already: its earlier value is lost").arg(quoted(key)));
             object->children[*earlier] = std::move(value);
         }
     } while (take(','));
@@ -173,24 +195,32 @@ void Reader::readString()
     static const QByteArray escapes = "\"\\/bfnrtu";
     const int start = m_offset;
     bool hasCharacterCode = false;
+    bool hasRawControl = false;
     ++m_offset;
     while (m_offset < m_text.size() && peek() != '"') {
         if (peek() == '\\') {
             ++m_offset;
             hasCharacterCode = hasCharacterCode || peek() == 'u';
             if (!escapes.contains(peek())) {
-                m_findings->atOffset(Tag::NotPortable, m_offset - 1,
-                                     QStringLiteral("JSON has no such escape sequence"));
+                m_findings->atOffset(
+                    Tag::NotPortable, m_offset - 1,
+                    QStringLiteral("JSON has no such escape sequence: other readers refuse the file; "
+                                   "write \\\\ for a backslash"));
             }
-        } else if (uchar(peek()) < ' ') {
-            m_findings->atOffset(Tag::NotPortable, m_offset,
-                                 QStringLiteral("JSON requires an escape sequence for this control character"));
+        } else if (uchar(peek()) < ' ' && !hasRawControl) {
+            hasRawControl = true;
+            m_findings->atOffset(
+                Tag::NotPortable, m_offset,
+                QStringLiteral("JSON allows no %1 in a text: the library reads it, other readers refuse the file; "
+                               "write %2")
+                    .arg(nameOfControl(peek()), escapeOfControl(peek())));
         }
         ++m_offset;
     }
     ++m_offset;
     if (hasCharacterCode && !decoded(literalFrom(start)).isValidUtf16()) {
-        m_findings->atOffset(Tag::NotPortable, start, QStringLiteral("this text has an unpaired surrogate"));
+        m_findings->atOffset(Tag::NotPortable, start,
+                             QStringLiteral("this text has an unpaired surrogate, which is no character"));
     }
 }
 
@@ -205,8 +235,10 @@ void Reader::readNumber(Written *number)
                                        [](char c) { return c == '-' || isDigit(c); });
     number->kind = isInteger ? Written::Integer : Written::Fraction;
     if (!isStandardNumber(literal)) {
-        m_findings->atOffset(Tag::NotPortable, number->start,
-                             QStringLiteral("JSON requires digits on both sides of the decimal point"));
+        m_findings->atOffset(
+            Tag::NotPortable, number->start,
+            QStringLiteral("JSON requires digits on both sides of the decimal point: other readers refuse "
+                           "the file"));
     }
 }
 }

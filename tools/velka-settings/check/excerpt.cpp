@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "excerpt.h"
+
+#include <QByteArray>
+
+namespace Check
+{
+namespace
+{
+constexpr int MaxBefore = 60; // bytes
+constexpr int MaxAfter = 40;
+
+bool isContinuation(char c)
+{
+    return (uchar(c) & 0xC0U) == 0x80U;
+}
+
+/// Returns @p utf8 with one column for each character.
+QString withoutControls(const QByteArray &utf8)
+{
+    QString text = QString::fromUtf8(utf8);
+    for (QChar &character : text) {
+        if (character.isSpace()) {
+            character = QLatin1Char(' ');
+        } else if (!character.isPrint() && !character.isSurrogate()) {
+            character = QChar(QChar::ReplacementCharacter);
+        }
+    }
+    return text;
+}
+}
+
+Excerpt excerptAt(const QByteArray &text, int offset)
+{
+    const int place = qBound(0, offset, text.size());
+    int start = place;
+    while (start > 0 && text.at(start - 1) != '\n'
+           && (place - start < MaxBefore || isContinuation(text.at(start)))) {
+        --start;
+    }
+    int end = place;
+    while (end < text.size() && text.at(end) != '\n' && (end - place < MaxAfter || isContinuation(text.at(end)))) {
+        ++end;
+    }
+    const bool isCutBefore = start > 0 && text.at(start - 1) != '\n';
+    const bool isCutAfter = end < text.size() && text.at(end) != '\n';
+    QString before = withoutControls(text.mid(start, place - start));
+    const QString after = withoutControls(text.mid(place, end - place)).trimmed();
+    int indent = 0;
+    while (!isCutBefore && indent < before.size() && before.at(indent) == QLatin1Char(' ')) {
+        ++indent;
+    }
+    before.remove(0, indent);
+    before.prepend(isCutBefore ? QStringLiteral("…") : QString());
+    return {before + after + (isCutAfter ? QStringLiteral("…") : QString()), before.size()};
+}
+}

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+class QByteArray;
+
+/// What a JSON file seems to be meant for.
+enum class FileShape {
+    Registration,
+    Other, ///< another program
+    Unclear, ///< empty, or not JSON
+};
+
+FileShape shapeOf(const QByteArray &text);
