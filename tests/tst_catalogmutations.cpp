@@ -16,6 +16,8 @@
 
 namespace
 {
+constexpr int Parts = 10;
+
 int setting(const char *name, int usual)
 {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : usual;
@@ -41,6 +43,7 @@ class CatalogMutationsTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void changedBytes_data();
     void changedBytes();
 
 private:
@@ -79,10 +82,21 @@ bool CatalogMutationsTest::isSound(const QString &name) const
     return expected.load(name, m_directory.path()) && lookUp(translator) == lookUp(expected);
 }
 
+/// Parts, each of which has the time of a test
+void CatalogMutationsTest::changedBytes_data()
+{
+    QTest::addColumn<int>("seed");
+    const int first = setting("VELKA_CATALOG_SEED", 1);
+    for (int i = 0; i < Parts; ++i) {
+        QTest::addRow("seed %d", first + i) << first + i;
+    }
+}
+
 void CatalogMutationsTest::changedBytes()
 {
-    const int total = setting("VELKA_CATALOG_MUTATIONS", 500);
-    QRandomGenerator random(quint32(setting("VELKA_CATALOG_SEED", 1)));
+    QFETCH(int, seed);
+    const int total = setting("VELKA_CATALOG_MUTATIONS", 500) / Parts;
+    QRandomGenerator random{quint32(seed)};
     const QStringList names = m_catalogs.keys();
     int sound = 0;
     for (int i = 0; i < total; ++i) {

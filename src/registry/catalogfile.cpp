@@ -14,15 +14,15 @@
 namespace
 {
 // The largest catalogs of large programs are a tenth of it. Of what depends on them as well.
-constexpr qint64 MaxSize = 16 << 20;
-constexpr int MaxFiles = 64;
+constexpr qint64 MaxCatalogSize = 16 << 20;
+constexpr int MaxCatalogFiles = 64;
 
 /// Reads a catalog and its dependencies. QTranslator would map the files into memory, where others can change them, and
 /// would follow the dependencies wherever they lead.
-class Reader
+class CatalogReader
 {
 public:
-    explicit Reader(const QString &directory)
+    explicit CatalogReader(const QString &directory)
         : m_directory(directory)
     {
     }
@@ -32,7 +32,7 @@ public:
         if (m_open.contains(path)) {
             return {path, QStringLiteral("depends on itself")};
         }
-        if (++m_files > MaxFiles) {
+        if (++m_files > MaxCatalogFiles) {
             return {path, QStringLiteral("is one of too many dependencies")};
         }
         const FileContent content = contentOf(path);
@@ -85,11 +85,11 @@ private:
     const QString m_directory;
     QStringList m_open; ///< the catalog that is read, and those that depend on it
     int m_files = 0;
-    qint64 m_remaining = MaxSize;
+    qint64 m_remaining = MaxCatalogSize;
 };
 }
 
 CatalogFault readCatalogFile(const QString &path, const QString &directory, CatalogFile *file)
 {
-    return Reader(directory).read(path, file);
+    return CatalogReader(directory).read(path, file);
 }

@@ -11,36 +11,36 @@
 namespace
 {
 // The format of Qt Linguist's lrelease: a magic number, then sections of a tag, a length and content, all in big endian.
-constexpr char Magic[] = "\x3c\xb8\x64\x18\xca\xef\x9c\x95\xcd\x21\x1c\xbf\x60\xa1\xbd\xdd";
-constexpr int MagicLength = sizeof(Magic) - 1;
+constexpr char CatalogMagic[] = "\x3c\xb8\x64\x18\xca\xef\x9c\x95\xcd\x21\x1c\xbf\x60\xa1\xbd\xdd";
+constexpr int MagicLength = sizeof(CatalogMagic) - 1;
 
 enum SectionTag : quint8 {
-    Contexts = 0x2f,
-    Hashes = 0x42,
-    MessageTexts = 0x69,
-    NumerusRules = 0x88,
-    Dependencies = 0x96,
+    ContextsTag = 0x2f,
+    HashesTag = 0x42,
+    MessagesTag = 0x69,
+    NumerusRulesTag = 0x88,
+    DependenciesTag = 0x96,
 };
 using Sections = QMap<quint8, QByteArray>;
 
 enum MessageTag : quint8 {
-    End = 1,
-    Translation = 3,
-    Hash = 5, ///< in old catalogs
-    SourceText = 6,
-    Context = 7,
-    Comment = 8,
+    EndTag = 1,
+    TranslationTag = 3,
+    HashTag = 5, ///< in old catalogs
+    SourceTextTag = 6,
+    ContextTag = 7,
+    CommentTag = 8,
 };
 constexpr quint32 NullText = 0xffffffff; ///< the length that lrelease writes for a form that has no text
 
 enum NumerusOperator : quint8 {
-    Equal = 1,
-    Less = 2,
-    LessOrEqual = 3,
-    Between = 4,
+    EqualOperator = 1,
+    LessOperator = 2,
+    LessOrEqualOperator = 3,
+    BetweenOperator = 4,
     OperatorMask = 7,
     NoOperator = 0x80,
-    And = 0xfd, ///< the lowest of what joins two conditions: and, or, new rule
+    FirstJoint = 0xfd, ///< the lowest of what joins two conditions: and, or, new rule
 };
 
 /// Reads from the front of bytes that it does not copy. What lies outside of them is 0 and makes it invalid.
@@ -96,7 +96,7 @@ private:
 /// Returns the sections of @p file, or nothing unless they fill it, none empty and none twice.
 std::optional<Sections> readSections(const QByteArray &file)
 {
-    if (!file.startsWith(Magic)) {
+    if (!file.startsWith(CatalogMagic)) {
         return {};
     }
     Sections sections;
@@ -114,7 +114,7 @@ std::optional<Sections> readSections(const QByteArray &file)
 
 QByteArray writeSections(const Sections &sections)
 {
-    QByteArray file(Magic, MagicLength);
+    QByteArray file(CatalogMagic, MagicLength);
     for (auto it = sections.cbegin(); it != sections.cend(); ++it) {
         uchar length[sizeof(quint32)];
         qToBigEndian(quint32(it.value().size()), length);
@@ -144,9 +144,9 @@ bool skipMessage(Cursor cursor, QBitArray *visited)
     while (!cursor.atEnd() && !visited->testBit(int(cursor.position()))) {
         visited->setBit(int(cursor.position()));
         switch (cursor.number<quint8>()) {
-        case End:
+        case EndTag:
             return true;
-        case Translation: {
+        case TranslationTag: {
             const auto length = cursor.number<quint32>();
             if (length != NullText && length % sizeof(QChar) != 0) {
                 return false;
@@ -154,12 +154,12 @@ bool skipMessage(Cursor cursor, QBitArray *visited)
             cursor.skip(length != NullText ? length : 0);
             break;
         }
-        case Hash:
+        case HashTag:
             cursor.skip(sizeof(quint32));
             break;
-        case SourceText:
-        case Context:
-        case Comment:
+        case SourceTextTag:
+        case ContextTag:
+        case CommentTag:
             cursor.skip(cursor.number<quint32>());
             break;
         default:
@@ -231,11 +231,11 @@ int operandCount(quint8 opcode)
         return 0;
     }
     switch (opcode & OperatorMask) {
-    case Equal:
-    case Less:
-    case LessOrEqual:
+    case EqualOperator:
+    case LessOperator:
+    case LessOrEqualOperator:
         return 1;
-    case Between:
+    case BetweenOperator:
         return 2;
     default:
         return 0;
@@ -255,7 +255,7 @@ bool areNumerusRules(const QByteArray &rules)
         if (cursor.atEnd()) {
             return true;
         }
-        if (cursor.number<quint8>() < And) {
+        if (cursor.number<quint8>() < FirstJoint) {
             return false;
         }
     }
@@ -305,14 +305,14 @@ bool CompiledCatalog::leavesToDependencies(const char *context) const
 std::optional<CompiledCatalog> parseCompiledCatalog(const QByteArray &file)
 {
     std::optional<Sections> sections = readSections(file);
-    if (!sections || !areMessages(sections->value(Hashes), sections->value(MessageTexts))
-        || !areContexts(sections->value(Contexts)) || !areNumerusRules(sections->value(NumerusRules))) {
+    if (!sections || !areMessages(sections->value(HashesTag), sections->value(MessagesTag))
+        || !areContexts(sections->value(ContextsTag)) || !areNumerusRules(sections->value(NumerusRulesTag))) {
         return {};
     }
-    const std::optional<QStringList> dependencies = readDependencies(sections->take(Dependencies));
+    const std::optional<QStringList> dependencies = readDependencies(sections->take(DependenciesTag));
     if (!dependencies) {
         return {};
     }
-    return CompiledCatalog{writeSections(*sections), sections->value(Contexts), *dependencies,
-                           sections->contains(Hashes)};
+    return CompiledCatalog{writeSections(*sections), sections->value(ContextsTag), *dependencies,
+                           sections->contains(HashesTag)};
 }
