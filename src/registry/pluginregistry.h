@@ -64,7 +64,7 @@ private Q_SLOTS:
     void maskedSettingsChanged();
 
 private:
-    void finishBatch(bool isChanged);
+    Q_DECL_HIDDEN void finishBatch(bool isChanged);
 
     QFileSystemWatcher *const m_watcher;
     const std::unique_ptr<EntryTree> m_entries;
