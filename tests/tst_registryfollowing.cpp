@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "common/constants.h"
+#include "dconftool.h"
 #include "messagelog.h"
 #include "nextfunction.h"
 #include "nodescriptors.h"
@@ -117,6 +118,7 @@ void RegistryFollowingTest::init()
     make(s_away);
     make(s_parent);
     World::reset();
+    waitForWrites(); // by then GLib has its thread and pipes: without descriptors for these it ends the process
     declare("a");
 }
 

@@ -3,6 +3,7 @@
 
 #include "common/constants.h"
 #include "common/messages.h"
+#include "dconftool.h"
 #include "messagelog.h"
 #include "models/favoritesmodel.h"
 #include "nodescriptors.h"
@@ -100,6 +101,8 @@ QStringList paths(const EntryTree &tree)
 void RegistryShortageTest::init()
 {
     World::reset();
+    PluginRegistry::instance(); // watches its dconf key
+    waitForWrites(); // by then GLib has its thread and pipes: without descriptors for these it ends the process
     declare("a");
     declare("b");
 }
@@ -267,7 +270,7 @@ void RegistryShortageTest::fileLoadedByName()
 
 void RegistryShortageTest::favoritesReadTheBlacklistLater()
 {
-    World::writeEntries(file("a"),
+    World::writeEntries(file("pages"),
                         R"({"entries": [{"path": "a", "type": "page"}, {"path": "c", "type": "page"}]})");
     World::rescan(PluginRegistry::instance());
     World::writeBlacklist(R"(["a"])");
@@ -280,7 +283,7 @@ void RegistryShortageTest::favoritesReadTheBlacklistLater()
     model.componentComplete();
     QCOMPARE(model.indexOf(text("a")), 0);
     QTRY_COMPARE(model.indexOf(text("a")), -1);
-    QCOMPARE(model.count(), 1);
+    QCOMPARE(model.indexOf(text("c")), 0);
     QCOMPARE(log.take(), QStringList{s_cannotReadBlacklist});
 }
 

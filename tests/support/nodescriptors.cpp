@@ -3,24 +3,65 @@
 
 #include "nodescriptors.h"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <dirent.h>
+#include <dlfcn.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+
+namespace
+{
+std::atomic<bool> s_none{false};
+
+template<typename Result, typename... Arguments>
+Result callNext(const char *name, Result failure, Arguments... arguments)
+{
+    if (s_none) {
+        errno = EMFILE;
+        return failure;
+    }
+    return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name))(arguments...);
+}
+}
+
+// In the place of the C library's functions. The mode is there or not, and is passed on as it is.
+extern "C" {
+int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const unsigned mode = va_arg(arguments, unsigned);
+    va_end(arguments);
+    return callNext("open", -1, path, flags, mode);
+}
+
+int open64(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const unsigned mode = va_arg(arguments, unsigned);
+    va_end(arguments);
+    return callNext("open64", -1, path, flags, mode);
+}
+
+DIR *opendir(const char *path)
+{
+    return callNext<DIR *>("opendir", nullptr, path);
+}
+
+int inotify_init1(int flags) noexcept
+{
+    return callNext("inotify_init1", -1, flags);
+}
+}
 
 NoDescriptors::NoDescriptors()
 {
-    const int free = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    if (free < 0 || getrlimit(RLIMIT_NOFILE, &m_limit) != 0) {
-        qFatal("There is no descriptor to begin with");
-    }
-    // All below the first free one are in use: lowered to it, the limit leaves none.
-    close(free);
-    const rlimit lowered{rlim_t(free), m_limit.rlim_max};
-    if (setrlimit(RLIMIT_NOFILE, &lowered) != 0) {
-        qFatal("The limit of descriptors cannot be lowered");
-    }
+    s_none = true;
 }
 
 NoDescriptors::~NoDescriptors()
 {
-    setrlimit(RLIMIT_NOFILE, &m_limit);
+    s_none = false;
 }

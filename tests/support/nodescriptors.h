@@ -5,16 +5,12 @@
 
 #include <QtGlobal>
 
-#include <sys/resource.h>
-
-/// While it lives, this process can open no file.
+/// While it lives, this process can open no file or directory, and gets no inotify instance. The limit of the kernel is
+/// not lowered: the sanitizers need descriptors.
 class NoDescriptors
 {
 public:
     NoDescriptors();
     ~NoDescriptors();
     Q_DISABLE_COPY(NoDescriptors)
-
-private:
-    rlimit m_limit;
 };
