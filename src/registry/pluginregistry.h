@@ -65,7 +65,7 @@ private Q_SLOTS:
     void maskedSettingsChanged();
 
 private:
-    void finishBatch(bool isChanged);
+    Q_DECL_HIDDEN void finishBatch(bool isChanged);
     enum UnreadTag { Unread };
     Q_DECL_HIDDEN PluginRegistry(UnreadTag, QObject *parent);
     Q_DECL_HIDDEN void readEntries();
