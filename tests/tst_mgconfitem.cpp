@@ -170,7 +170,7 @@ void tst_MGConfItem::largeValues()
     QCOMPARE(item.value(), QVariant(largest));
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
     const QString warning = QStringLiteral("MGConfItem: the value of \"%1\" is too large").arg(item.key());
-    for (const int size : {MaxSize, 4 * MaxSize}) {
+    for (const int size : {MaxSize, 2 * MaxSize}) {
         QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
         item.set(QString(size, QLatin1Char('b')));
         QCOMPARE(item.value(), QVariant(largest));

@@ -60,7 +60,7 @@ private:
 
 namespace
 {
-constexpr int Steps = 2000;
+constexpr int Steps = 1000;
 constexpr int MaxDepth = 3;
 constexpr int MaxReactions = 20; ///< of a step, which ends therefore
 
