@@ -270,7 +270,7 @@ void tst_LauncherItemDeletion::happensAtRandom()
     connect(&model, &QAbstractItemModel::rowsMoved, this, deleteSomething);
     connect(&model, &QAbstractItemModel::dataChanged, this, deleteSomething);
     connect(&model, &LauncherFolderItem::itemChanged, this, deleteSomething);
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 10; ++round) {
         for (int i = 0; i < 10; ++i) {
             const QString file = text("first/%1.desktop").arg(random.bounded(10));
             m_applications->write(qPrintable(file), application(QByteArray::number(random.bounded(10)),

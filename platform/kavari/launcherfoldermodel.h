@@ -14,7 +14,7 @@ class LauncherFolderModelPrivate;
  * title.
  *
  * Follows the desktop files in the standard application directories row by row, with a short delay in which a package
- * can be installed. To be used in the GUI thread only.
+ * can be installed. All models of a process share what they read and watch. To be used in the GUI thread only.
  */
 class Q_DECL_EXPORT LauncherFolderModel : public LauncherFolderItem
 {
