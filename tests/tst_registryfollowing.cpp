@@ -5,6 +5,7 @@
 #include "dconftool.h"
 #include "messagelog.h"
 #include "nextfunction.h"
+#include "registry/directoryfollower.h"
 #include "registry/pluginregistry.h"
 #include "simulatedshortage.h"
 #include "text.h"
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void followsReplacedDirectory_data();
     void followsReplacedDirectory();
     void followsDirectoryBehindLink();
+    void missingDirectoryIsNotFollowed();
     void otherNamesCostNothing();
     void restsWhenAllIsWatched();
     void withoutWatches_data();
@@ -207,6 +209,17 @@ void RegistryFollowingTest::followsDirectoryBehindLink()
     declare("d");
     QTRY_COMPARE(paths(*registry), path("c/d"));
     QVERIFY(QFile::remove(s_parent));
+}
+
+void RegistryFollowingTest::missingDirectoryIsNotFollowed()
+{
+    remove(Constants::EntriesDirectory);
+    const PluginRegistry registry;
+    make(Constants::EntriesDirectory);
+    QCoreApplication::processEvents();
+    QVERIFY(registry.findChild<QFileSystemWatcher *>()->directories().isEmpty());
+    QVERIFY(!registry.findChild<DirectoryFollower *>());
+    QVERIFY(!registry.findChild<QTimer *>()->isActive());
 }
 
 void RegistryFollowingTest::otherNamesCostNothing()

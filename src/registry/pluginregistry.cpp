@@ -12,6 +12,7 @@
 
 #include <mgconfitem.h>
 
+#include <QFileInfo>
 #include <QFileSystemWatcher>
 
 #include <chrono>
@@ -66,10 +67,19 @@ void PluginRegistry::readEntries()
     connect(&m_scanTimer, &QTimer::timeout, this, &PluginRegistry::monitoredDirectoryChanged);
 
     // Watched before it is read, so that no change in between is lost.
-    auto *follower = new DirectoryFollower(Constants::EntriesDirectory, m_watcher, this);
+    followDirectory();
     monitoredDirectoryChanged();
-    connect(m_watcher, &QFileSystemWatcher::directoryChanged, &m_scanTimer, qOverload<>(&QTimer::start));
+}
+
+// A directory that is missing at the start is not followed until the process starts again.
+void PluginRegistry::followDirectory()
+{
+    if (!QFileInfo(Constants::EntriesDirectory).isDir()) {
+        return;
+    }
+    const auto *follower = new DirectoryFollower(Constants::EntriesDirectory, m_watcher, this);
     connect(follower, &DirectoryFollower::changed, &m_scanTimer, qOverload<>(&QTimer::start));
+    connect(m_watcher, &QFileSystemWatcher::directoryChanged, &m_scanTimer, qOverload<>(&QTimer::start));
 }
 
 PluginRegistry::~PluginRegistry() = default;

@@ -69,6 +69,7 @@ private:
     enum UnreadTag { Unread };
     Q_DECL_HIDDEN PluginRegistry(UnreadTag, QObject *parent);
     Q_DECL_HIDDEN void readEntries();
+    Q_DECL_HIDDEN void followDirectory();
 
     QFileSystemWatcher *const m_watcher;
     const std::unique_ptr<EntryTree> m_entries;
