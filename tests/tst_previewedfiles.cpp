@@ -19,6 +19,8 @@ class PreviewedFilesTest : public QObject
 
 private Q_SLOTS:
     void followsWhatIsSaved();
+    void followsDirectories();
+    void namesProblems();
 };
 
 void PreviewedFilesTest::followsWhatIsSaved()
@@ -55,6 +57,40 @@ void PreviewedFilesTest::followsWhatIsSaved()
     QTRY_COMPARE(titleOf("a"), text("Fourth"));
     QVERIFY(QFile::remove(file));
     QTRY_VERIFY(!registry->getItem({text("a")}));
+}
+
+void PreviewedFilesTest::followsDirectories()
+{
+    World::reset();
+    const QTemporaryDir directory;
+    World::writeFile(directory.filePath(text("d1.json")), R"({"entries": [{"path": "d1"}]})");
+    PreviewedFiles files({directory.filePath(text("d1.json"))}, {directory.path()});
+    files.follow();
+    PluginRegistry *const registry = PluginRegistry::instance();
+    const MessageLog log; // the file may be seen before it has its content
+    World::writeFile(directory.filePath(text("d2.json")), R"({"entries": [{"path": "d2"}]})");
+    QTRY_VERIFY(registry->getItem({text("d2")}));
+    World::writeFile(directory.filePath(text("d2.json")), R"({"entries": [{"path": "d3"}]})");
+    QTRY_VERIFY(registry->getItem({text("d3")}));
+    QVERIFY(QFile::remove(directory.filePath(text("d2.json"))));
+    QTRY_VERIFY(!registry->getItem({text("d3")}));
+}
+
+void PreviewedFilesTest::namesProblems()
+{
+    World::reset();
+    const QTemporaryDir directory;
+    const QString file = directory.filePath(text("p.json"));
+    World::writeFile(file, "{\"entries\": [\n{\"path\": \"p\"},\n]}");
+    PreviewedFiles files({file});
+    QCOMPARE(files.problems(),
+             QStringList(text("p.json: line 2, column 14: remove this comma: nothing follows it")));
+    files.follow();
+    const MessageLog log;
+    QSignalSpy changed(&files, &PreviewedFiles::problemsChanged);
+    World::writeFile(file, R"({"entries": [{"path": "p"}]})");
+    QTRY_COMPARE(files.problems(), QStringList());
+    QVERIFY(changed.count() > 0);
 }
 
 QTEST_GUILESS_MAIN(PreviewedFilesTest)

@@ -8,8 +8,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QQmlComponent>
-
-#include <memory>
+#include <QQmlEngine>
 
 namespace
 {
@@ -68,8 +67,12 @@ QString PageFiles::load(const TreeItem *item, QQmlEngine *engine) const
         return QStringLiteral("There is no page %1").arg(source);
     }
     QQmlComponent component(engine, QUrl::fromLocalFile(file));
-    const std::unique_ptr<QObject> page(component.create());
-    return page ? QString() : QStringLiteral("The page %1 does not load:\n%2").arg(source, errorsOf(component));
+    QObject *const page = component.create();
+    if (!page) {
+        return QStringLiteral("The page %1 does not load:\n%2").arg(source, errorsOf(component));
+    }
+    page->setParent(engine); // its bindings may warn later
+    return {};
 }
 
 QString PageFiles::find(const QString &source) const

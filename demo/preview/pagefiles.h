@@ -15,7 +15,7 @@ public:
     /// Looks for the files as they are installed below @p roots, and by their names around @p entries.
     PageFiles(const QStringList &roots, const QStringList &entries);
 
-    /// Loads the page of @p item in @p engine. Returns what is wrong, empty without a page or when it loads.
+    /// Loads the page of @p item, which @p engine then owns. Returns what is wrong, empty without a page or when it loads.
     QString load(const TreeItem *item, QQmlEngine *engine) const;
 
 private:

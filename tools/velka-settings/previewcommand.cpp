@@ -87,9 +87,11 @@ public:
         if (!place->isFile()) {
             addOption("directory", place->directory);
         }
+        if (!place->translations.isEmpty()) {
+            addOption("root", argument);
+        }
         if (QFileInfo(place->translations).isDir()) {
             addOption("translations", place->translations);
-            addOption("root", argument);
         }
         if (QFileInfo(place->blacklist).isFile()) {
             addOption("blacklist", place->blacklist);
