@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "catalogwatcher.h"
 #include "messagelog.h"
 #include "previewedfiles.h"
 #include "registry/pluginregistry.h"
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void followsWhatIsSaved();
     void followsDirectories();
     void namesProblems();
+    void followsCatalogs();
 };
 
 void PreviewedFilesTest::followsWhatIsSaved()
@@ -91,6 +93,21 @@ void PreviewedFilesTest::namesProblems()
     World::writeFile(file, R"({"entries": [{"path": "p"}]})");
     QTRY_COMPARE(files.problems(), QStringList());
     QVERIFY(changed.count() > 0);
+}
+
+void PreviewedFilesTest::followsCatalogs()
+{
+    const QTemporaryDir directory;
+    World::writeFile(directory.filePath(text("a.qm")), "first");
+    CatalogWatcher watcher({directory.path()});
+    QSignalSpy changed(&watcher, &CatalogWatcher::changed);
+    World::writeFile(directory.filePath(text("a.qm")), "compiled again");
+    QTRY_COMPARE(changed.count(), 1);
+    World::writeFile(directory.filePath(text("a.ts")), "not compiled");
+    World::writeFile(directory.filePath(text("b.qm")), "new");
+    QTRY_COMPARE(changed.count(), 2);
+    QVERIFY(QFile::remove(directory.filePath(text("a.qm"))));
+    QTRY_COMPARE(changed.count(), 3);
 }
 
 QTEST_GUILESS_MAIN(PreviewedFilesTest)
