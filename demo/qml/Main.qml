@@ -52,10 +52,10 @@ Kirigami.ApplicationWindow {
                 padding: Kirigami.Units.largeSpacing
                 wrapMode: Text.Wrap
                 textFormat: Text.PlainText
-                color: Kirigami.Theme.negativeTextColor
                 text: modelData
                 background: Rectangle {
-                    color: Kirigami.Theme.negativeBackgroundColor
+                    color: Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor,
+                                                             Kirigami.Theme.negativeTextColor, 0.2)
                 }
             }
         }

@@ -83,9 +83,8 @@ QString ArgumentsTest::path(const char *name) const
 void ArgumentsTest::understandsKindsOfDirectories_data()
 {
     QTest::addColumn<QString>("directory");
-    for (const char *directory :
-         {"files", "parent", "parent/entries", "root", "root/usr/share/velka-settings",
-          "root/usr/share/velka-settings/entries", "files/sound.json"}) {
+    for (const char *directory : {"files", "parent", "parent/entries", "root", "root/usr/share/velka-settings",
+                                  "root/usr/share/velka-settings/entries", "files/sound.json"}) {
         QTest::newRow(directory) << path(directory);
     }
 }
@@ -141,8 +140,8 @@ void ArgumentsTest::refusesFilesThatAreNeverLoaded()
 
 void ArgumentsTest::refusesTwoFilesOfOneName()
 {
-    const Tool::Result result
-        = Tool::run({text("tree"), path("files/sound.json"), path("parent/entries/sound.json")});
+    const Tool::Result result = Tool::run(
+        {text("tree"), path("files/sound.json"), path("parent/entries/sound.json")});
     QCOMPARE(result.exitCode, 2);
     QVERIFY2(result.errors.contains("two files have the same name: "), result.errors.constData());
 }
@@ -150,8 +149,8 @@ void ArgumentsTest::refusesTwoFilesOfOneName()
 void ArgumentsTest::treeOfFiles()
 {
     Tool::writeFiles(path("more"), {{text("light.json"), R"({"entries": [{"path": "page/light"}]})"}});
-    const Tool::Result result = Tool::run({text("tree"), path("more/light.json"), path("files"), text("--format"),
-                                           text("paths")});
+    const Tool::Result result = Tool::run(
+        {text("tree"), path("more/light.json"), path("files"), text("--format"), text("paths")});
     QCOMPARE(result.output, QByteArray("page\npage/light\npage/sound\n"));
 }
 
@@ -209,8 +208,8 @@ void ArgumentsTest::fileNamedTwiceIsOneFile()
 {
     const QString file = path("files/sound.json");
     QVERIFY(QFile::link(file, path("link.json")));
-    const Tool::Result result = Tool::run({text("check"), path("files"), file, path("files/../files/sound.json"),
-                                           path("link.json")});
+    const Tool::Result result = Tool::run(
+        {text("check"), path("files"), file, path("files/../files/sound.json"), path("link.json")});
     QCOMPARE(summaryOf(result), text("1 file: 0 errors, 0 warnings, 0 notes"));
 }
 
@@ -245,8 +244,8 @@ void ArgumentsTest::comparesWithInstalled()
     QVERIFY(Tool::run({text("check"), path("files")}).output.contains("[undeclared-parent]"));
     const Tool::Result result = Tool::run({text("check"), text("--with"), path("installed"), path("files")});
     QVERIFY(!result.output.contains("[undeclared-parent]"));
-    const QByteArray expected = "this entry has the same path as the one in " + path("installed/base.json").toUtf8()
-                                + ":1:23 and replaces it [duplicate-path]";
+    const QByteArray expected = "this entry has the same path as the one in "
+                                + path("installed/base.json").toUtf8() + ":1:23 and replaces it [duplicate-path]";
     QVERIFY2(result.output.contains(expected), result.output.constData());
     QCOMPARE(summaryOf(result), text("1 file: 1 error, 0 warnings, 0 notes"));
 }
@@ -291,7 +290,8 @@ void ArgumentsTest::numbersOfArguments_data()
     QTest::addColumn<QStringList>("command");
     QTest::addColumn<QByteArray>("message");
     QTest::newRow("one") << QStringList{text("why")} << QByteArray("1 argument is needed: PATH\n");
-    QTest::newRow("two") << QStringList{text("diff"), text("a")} << QByteArray("2 arguments are needed: OLD and NEW\n");
+    QTest::newRow("two") << QStringList{text("diff"), text("a")}
+                         << QByteArray("2 arguments are needed: OLD and NEW\n");
     QTest::newRow("more than one") << QStringList{text("show"), text("a"), text("b")}
                                    << QByteArray("only 1 argument is possible: PATH\n");
     QTest::newRow("more than two") << QStringList{text("diff"), text("a"), text("b"), text("c")}
@@ -308,7 +308,8 @@ void ArgumentsTest::numbersOfArguments()
 
 void ArgumentsTest::suggestsCommands()
 {
-    QVERIFY(Tool::run({text("chekc")}).errors.contains("there is no command \"chekc\": did you mean \"check\"?\n"));
+    QVERIFY(
+        Tool::run({text("chekc")}).errors.contains("there is no command \"chekc\": did you mean \"check\"?\n"));
 }
 
 void ArgumentsTest::manyEntriesOfOnePath()
