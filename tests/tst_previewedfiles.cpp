@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "catalogwatcher.h"
 #include "messagelog.h"
 #include "previewedfiles.h"
 #include "registry/pluginregistry.h"
@@ -19,6 +20,9 @@ class PreviewedFilesTest : public QObject
 
 private Q_SLOTS:
     void followsWhatIsSaved();
+    void followsDirectories();
+    void namesProblems();
+    void followsCatalogs();
 };
 
 void PreviewedFilesTest::followsWhatIsSaved()
@@ -55,6 +59,55 @@ void PreviewedFilesTest::followsWhatIsSaved()
     QTRY_COMPARE(titleOf("a"), text("Fourth"));
     QVERIFY(QFile::remove(file));
     QTRY_VERIFY(!registry->getItem({text("a")}));
+}
+
+void PreviewedFilesTest::followsDirectories()
+{
+    World::reset();
+    const QTemporaryDir directory;
+    World::writeFile(directory.filePath(text("d1.json")), R"({"entries": [{"path": "d1"}]})");
+    PreviewedFiles files({directory.filePath(text("d1.json"))}, {directory.path()});
+    files.follow();
+    PluginRegistry *const registry = PluginRegistry::instance();
+    const MessageLog log; // the file may be seen before it has its content
+    World::writeFile(directory.filePath(text("d2.json")), R"({"entries": [{"path": "d2"}]})");
+    QTRY_VERIFY(registry->getItem({text("d2")}));
+    World::writeFile(directory.filePath(text("d2.json")), R"({"entries": [{"path": "d3"}]})");
+    QTRY_VERIFY(registry->getItem({text("d3")}));
+    QVERIFY(QFile::remove(directory.filePath(text("d2.json"))));
+    QTRY_VERIFY(!registry->getItem({text("d3")}));
+}
+
+void PreviewedFilesTest::namesProblems()
+{
+    World::reset();
+    const QTemporaryDir directory;
+    const QString file = directory.filePath(text("p.json"));
+    World::writeFile(file, "{\"entries\": [\n{\"path\": \"p\"},\n]}");
+    PreviewedFiles files({file});
+    QCOMPARE(files.problems(),
+             QStringList(text("p.json: line 2, column 14: remove this comma: nothing follows it")));
+    files.follow();
+    const MessageLog log;
+    QSignalSpy changed(&files, &PreviewedFiles::problemsChanged);
+    World::writeFile(file, R"({"entries": [{"path": "p"}]})");
+    QTRY_COMPARE(files.problems(), QStringList());
+    QVERIFY(changed.count() > 0);
+}
+
+void PreviewedFilesTest::followsCatalogs()
+{
+    const QTemporaryDir directory;
+    World::writeFile(directory.filePath(text("a.qm")), "first");
+    CatalogWatcher watcher({directory.path()});
+    QSignalSpy changed(&watcher, &CatalogWatcher::changed);
+    World::writeFile(directory.filePath(text("a.qm")), "compiled again");
+    QTRY_COMPARE(changed.count(), 1);
+    World::writeFile(directory.filePath(text("a.ts")), "not compiled");
+    World::writeFile(directory.filePath(text("b.qm")), "new");
+    QTRY_COMPARE(changed.count(), 2);
+    QVERIFY(QFile::remove(directory.filePath(text("a.qm"))));
+    QTRY_COMPARE(changed.count(), 3);
 }
 
 QTEST_GUILESS_MAIN(PreviewedFilesTest)

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "appearance.h"
+#include "catalogwatcher.h"
 #include "maintenanceinterface.h"
 #include "pluginregistry.h"
 #include "previewedfiles.h"
 #include "previewtour.h"
 #include "registrationfiles.h"
 #include "servicefaults.h"
+#include "treeitem.h"
 
 #include <mgconfitem.h>
 
@@ -15,10 +17,13 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QLocale>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickWindow>
+
+#include <cstdio>
 
 namespace
 {
@@ -34,6 +39,15 @@ const QCommandLineOption s_screenshot(QStringLiteral("screenshot"), QStringLiter
 const QCommandLineOption s_smokeTest(QStringLiteral("smoke-test"),
                                      QStringLiteral("Open every page, and fail on any warning."));
 
+const QCommandLineOption s_directory(QStringLiteral("directory"), QStringLiteral("Follow the files in DIR."),
+                                     QStringLiteral("DIR"));
+const QCommandLineOption s_root(QStringLiteral("root"), QStringLiteral("Look for pages below DIR."),
+                                QStringLiteral("DIR"));
+const QCommandLineOption s_catalogs(QStringLiteral("catalogs"),
+                                    QStringLiteral("Quit with the status 77 when a catalog in DIR changes."),
+                                    QStringLiteral("DIR"));
+constexpr int CatalogsChanged = 77;
+
 /// Returns the page of the settings if there are any, otherwise that of all entries.
 QVariantMap topPage()
 {
@@ -41,6 +55,35 @@ QVariantMap topPage()
     const bool hasSettings = PluginRegistry::instance()->getItem(settings);
     return {{QStringLiteral("topPath"), hasSettings ? settings : QStringList()},
             {QStringLiteral("topDepth"), hasSettings ? 2 : 1}};
+}
+
+/// Keeps the files' problems visible in @p window, and prints them.
+void showProblems(const PreviewedFiles *files, QObject *window)
+{
+    const auto show = [files, window] {
+        window->setProperty("problems", files->problems());
+        const QStringList problems = files->problems();
+        for (const QString &problem : problems) {
+            std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
+        }
+    };
+    show();
+    QObject::connect(files, &PreviewedFiles::problemsChanged, window, show);
+}
+
+/// The window shows a placeholder for them.
+void warnOfMissingIcons()
+{
+    TreeItem *const root = PluginRegistry::instance()->getItem({});
+    const QList<TreeItem *> items = root->getSubitems(TreeItem::orderLessThan, -1);
+    for (const TreeItem *item : items) {
+        const QString icon = item->icon();
+        if (!icon.isEmpty() && !icon.contains(QLatin1Char('/')) && !QIcon::hasThemeIcon(icon)) {
+            std::fprintf(stderr, "%s: warning: the icon theme %s has no icon \"%s\"\n",
+                         qUtf8Printable(item->location().join(QLatin1Char('/'))),
+                         qUtf8Printable(QIcon::themeName()), qUtf8Printable(icon));
+        }
+    }
 }
 
 bool act(PreviewTour *tour, const QCommandLineParser &parser)
@@ -57,7 +100,8 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions({s_locale, s_mask, s_wide, s_page, s_screenshot, s_smokeTest});
+    parser.addOptions(
+        {s_locale, s_mask, s_wide, s_page, s_screenshot, s_smokeTest, s_directory, s_root, s_catalogs});
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Registration files."));
     parser.process(application);
     if (parser.isSet(s_locale)) {
@@ -67,7 +111,7 @@ int main(int argc, char *argv[])
     masked.set(parser.values(s_mask));
 
     setAppearance();
-    PreviewedFiles files(parser.positionalArguments());
+    PreviewedFiles files(parser.positionalArguments(), parser.values(s_directory));
     files.follow();
     PluginRegistry::instance()->loadTranslationCatalog(QStringLiteral("settings"));
     RegistrationFiles drawerFiles(QStringLiteral("/usr/share/velka-settings/entries"));
@@ -75,7 +119,9 @@ int main(int argc, char *argv[])
                                                QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
     ServiceFaults faults;
     QQmlApplicationEngine engine;
-    engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../../qml")); // in the build
+    for (const char *modules : {"/" VELKA_TO_QML, "/../../qml"}) { // as installed, and of the build
+        engine.addImportPath(QCoreApplication::applicationDirPath() + QLatin1String(modules));
+    }
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &drawerFiles);
     engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
     engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
@@ -90,12 +136,18 @@ int main(int argc, char *argv[])
     if (engine.rootObjects().isEmpty()) {
         return 1;
     }
+    showProblems(&files, engine.rootObjects().constFirst());
+    warnOfMissingIcons();
     PreviewTour tour(qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst()),
-                     top.value(QStringLiteral("topPath")).toStringList());
+                     top.value(QStringLiteral("topPath")).toStringList(),
+                     PageFiles(parser.values(s_root), parser.positionalArguments()));
     if (!act(&tour, parser)) {
         return 1;
     }
     if (!quits) {
+        const CatalogWatcher catalogs(parser.values(s_catalogs));
+        QObject::connect(&catalogs, &CatalogWatcher::changed, &application,
+                         [] { QGuiApplication::exit(CatalogsChanged); });
         return QGuiApplication::exec();
     }
     return parser.isSet(s_smokeTest) && warningCount() > 0 ? 1 : 0;

@@ -4,39 +4,75 @@
 #include "previewedfiles.h"
 
 #include "applications/filewatcher.h"
+#include "brokenjson.h"
+#include "entriesplace.h"
 #include "pluginregistry.h"
+#include "printable.h"
 
 #include <QFileInfo>
+#include <QJsonDocument>
 
-PreviewedFiles::PreviewedFiles(const QStringList &paths)
+namespace
+{
+/// Returns why the registry does not load @p content, empty when it does.
+QString problemWith(const QByteArray &content)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(content, &error);
+    if (document.isNull()) {
+        return BrokenJson::errorOf(content, error);
+    }
+    return document.isObject() ? QString() : QStringLiteral("the top level is not an object");
+}
+}
+
+PreviewedFiles::PreviewedFiles(const QStringList &paths, const QStringList &directories)
     : m_paths(paths)
+    , m_directories(directories)
     , m_entries(QStringLiteral("/usr/share/velka-settings/entries"))
 {
-    for (const QString &path : m_paths) {
+    for (const QString &path : paths) {
         copy(path);
     }
 }
 
 void PreviewedFiles::follow()
 {
-    for (const QString &path : m_paths) {
-        const auto *watcher = new FileWatcher(path, &m_watchers);
-        QObject::connect(watcher, &FileWatcher::fileChanged, watcher, [this, path] { reload(path); });
+    for (const QString &path : std::as_const(m_paths)) {
+        followFile(path);
+    }
+    connect(&m_directoryWatcher, &QFileSystemWatcher::directoryChanged, this, &PreviewedFiles::readDirectory);
+    if (!m_directories.isEmpty()) {
+        m_directoryWatcher.addPaths(m_directories);
     }
 }
 
-bool PreviewedFiles::copy(const QString &path) const
+QStringList PreviewedFiles::problems() const
 {
-    const QString target = m_entries.filePath(QFileInfo(path).fileName());
-    QFile::remove(target);
-    const bool copied = QFile::copy(path, target);
-    if (!copied) {
-        qWarning("Can't read %s", qPrintable(path));
+    QStringList lines;
+    for (auto it = m_problems.cbegin(); it != m_problems.cend(); ++it) {
+        lines.append(printable(QStringLiteral("%1: %2").arg(it.key(), it.value())));
     }
-    return copied;
+    return lines;
 }
 
-void PreviewedFiles::reload(const QString &path) const
+bool PreviewedFiles::copy(const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    const QString target = m_entries.filePath(name);
+    QFile::remove(target);
+    QFile source(path);
+    QFile copied(target);
+    if (!source.open(QIODevice::ReadOnly) || !copied.open(QIODevice::WriteOnly)) {
+        setProblem(name, QFileInfo::exists(path) ? QStringLiteral("cannot be read") : QString());
+        return false;
+    }
+    const QByteArray content = source.readAll();
+    setProblem(name, problemWith(content));
+    return copied.write(content) == content.size();
+}
+
+void PreviewedFiles::reload(const QString &path)
 {
     PluginRegistry *const registry = PluginRegistry::instance();
     const QString name = QFileInfo(path).fileName();
@@ -45,4 +81,40 @@ void PreviewedFiles::reload(const QString &path) const
         registry->addEntriesForFile(name);
     }
     Q_EMIT registry->contentChanged();
+}
+
+void PreviewedFiles::followFile(const QString &path)
+{
+    const auto *watcher = new FileWatcher(path, &m_watchers);
+    connect(watcher, &FileWatcher::fileChanged, this, [this, path] { reload(path); });
+}
+
+/// Loads the files that have appeared in @p directory. Those that are gone are followed one by one.
+void PreviewedFiles::readDirectory(const QString &directory)
+{
+    QString problem;
+    const std::optional<EntriesPlace> place = EntriesPlace::find(directory, &problem);
+    const QStringList present = place ? place->files : QStringList();
+    for (const QString &path : present) {
+        const bool isNew = QFileInfo(path).absolutePath() == QFileInfo(directory).absoluteFilePath()
+                           && !m_paths.contains(path);
+        if (isNew) {
+            m_paths.append(path);
+            followFile(path);
+            reload(path);
+        }
+    }
+}
+
+void PreviewedFiles::setProblem(const QString &name, const QString &problem)
+{
+    if (m_problems.value(name) == problem) {
+        return;
+    }
+    if (problem.isEmpty()) {
+        m_problems.remove(name);
+    } else {
+        m_problems.insert(name, problem);
+    }
+    Q_EMIT problemsChanged();
 }

@@ -4,26 +4,44 @@
 #pragma once
 
 #include <QDir>
+#include <QFileSystemWatcher>
+#include <QMap>
 #include <QObject>
 #include <QStringList>
 
+class FileWatcher;
+
 /**
  * Registration files of a working copy, copied to the directory that the registry reads. A file that is saved is copied
- * and loaded again without the delay of the registry.
+ * and loaded again without the delay of the registry, and so is a file that appears in a followed directory.
  */
-class PreviewedFiles
+class PreviewedFiles : public QObject
 {
+    Q_OBJECT
+    /// What is wrong with files, each with its name, the position and a message.
+    Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
+
 public:
-    /// Must be called before the registry is created. Of two files with the same name, the last one is used.
-    explicit PreviewedFiles(const QStringList &paths);
+    /// Must be called before the registry is created. @p paths have different names.
+    explicit PreviewedFiles(const QStringList &paths, const QStringList &directories = {});
 
     void follow();
+    QStringList problems() const;
+
+Q_SIGNALS:
+    void problemsChanged();
 
 private:
-    bool copy(const QString &path) const;
-    void reload(const QString &path) const;
+    bool copy(const QString &path);
+    void reload(const QString &path);
+    void followFile(const QString &path);
+    void readDirectory(const QString &directory);
+    void setProblem(const QString &name, const QString &problem);
 
-    const QStringList m_paths;
+    QStringList m_paths;
+    const QStringList m_directories;
     const QDir m_entries;
+    QMap<QString, QString> m_problems; ///< name of the file -> problem
+    QFileSystemWatcher m_directoryWatcher;
     QObject m_watchers; ///< the parent of the watchers
 };

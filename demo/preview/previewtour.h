@@ -3,26 +3,31 @@
 
 #pragma once
 
+#include "pagefiles.h"
 #include "windowpictures.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
 
 class QQuickWindow;
+class TreeItem;
 
 /// The actions of the preview without a user. Each returns whether it succeeded, and prints the reason if it did not.
 class PreviewTour
 {
 public:
-    PreviewTour(QQuickWindow *window, const QStringList &topPath);
+    PreviewTour(QQuickWindow *window, const QStringList &topPath, const PageFiles &pages);
 
     bool openPage(const QStringList &path, bool details = false);
     bool openAllPages();
     bool savePicture(const QString &file);
 
 private:
+    bool openItem(const TreeItem *item);
+
     QQuickWindow *const m_window;
     const QStringList m_topPath;
+    const PageFiles m_pages;
     const QTemporaryDir m_directory;
     WindowPictures m_pictures;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 import QtQuick 2.15
+import QtQuick.Controls 2.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
@@ -15,6 +16,9 @@ Kirigami.ApplicationWindow {
     property var topPath: ["system_settings"]
     property int topDepth: 2
     readonly property var applicationsPath: ["applications"]
+
+    /// What is wrong with files, a line each. Only the preview has any.
+    property var problems: []
     readonly property alias trees: tree
     readonly property int openPages: pageStack.depth
     readonly property int topRows: topPage.entries.count
@@ -36,6 +40,25 @@ Kirigami.ApplicationWindow {
         path: window.topPath
         entry: ({title: window.title})
         depth: window.topDepth
+    }
+
+    footer: Column {
+        Repeater {
+            model: window.problems
+
+            Label {
+                objectName: "problem"
+                width: parent.width
+                padding: Kirigami.Units.largeSpacing
+                wrapMode: Text.Wrap
+                textFormat: Text.PlainText
+                text: modelData
+                background: Rectangle {
+                    color: Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor,
+                                                             Kirigami.Theme.negativeTextColor, 0.2)
+                }
+            }
+        }
     }
 
     Component.onCompleted: {

@@ -329,7 +329,7 @@ void ArgumentsTest::manyEntriesOfOnePath()
 
 void ArgumentsTest::deepPath()
 {
-    constexpr int Names = 200000;
+    constexpr int Names = 50000;
     Tool::writeFiles(path("files"), {{text("sound.json"), "{\"entries\": [{\"title\": \"Deep\", \"path\": \""
                                                               + QByteArray("a/").repeated(Names) + "a\"}]}"}});
     const Tool::Result tree = Tool::run({text("tree"), path("files")});

@@ -33,6 +33,12 @@ private Q_SLOTS:
     void maskOfTheKey();
     void maskOnTheBlacklist();
     void nodeWithoutEntry();
+    void suggestions_data();
+    void suggestions();
+    void brokenFilesAreNamed_data();
+    void brokenFilesAreNamed();
+    void spellingOfMasksAndBlacklist();
+    void fileInSubdirectory();
     void severalObstacles();
     void groupsOfAnotherUser();
     void titles_data();
@@ -185,6 +191,95 @@ void WhyTest::nodeWithoutEntry()
     QVERIFY(why().json().value(text("node")).toBool());
     const Tool::Result result = Tool::run({text("why"), text("--root"), m_directory, text("page/sound")});
     QVERIFY(result.output.contains("The tree has a node for the entries below it, titled \"!!sound\"."));
+}
+
+void WhyTest::suggestions_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("reason");
+    const QByteArray good = R"({"entries": [{"path": "page/sound"}, {"path": "page/sound/volume"}]})";
+    const auto meant = [](const char *path) {
+        return text("no file declares it; did you mean \"%1\"?").arg(text(path));
+    };
+    QTest::newRow("wrong case") << good << text("Page/Sound") << meant("page/sound");
+    QTest::newRow("transposed letters") << good << text("page/suond") << meant("page/sound");
+    QTest::newRow("two names misspelt") << good << text("pgae/sound/volum") << meant("page/sound/volume");
+    QTest::newRow("last name alone") << good << text("volume") << meant("page/sound/volume");
+    QTest::newRow("a name left out") << good << text("page/volume") << meant("page/sound/volume");
+    QTest::newRow("another root") << good << text("settings/page/sound") << meant("page/sound");
+    QTest::newRow("another path") << good << text("page/light") << text("no file declares it");
+    const QString unread = text(
+        "no file declares it; but it is at a place that is not read, because it is not the "
+        "\"path\" of an element of \"entries\": sound.json, ");
+    QTest::newRow("misspelt key") << QByteArray(R"({"entries": [{"paht": "page/sound"}]})") << text("page/sound")
+                                  << unread + text("entries[0].paht");
+    QTest::newRow("misspelt entries") << QByteArray(R"({"entires": [{"path": "page/sound"}]})")
+                                      << text("page/sound") << unread + text("entires[0].path");
+    QTest::newRow("nested") << QByteArray(R"({"entries": [{"path": "page", "entries": [{"path": "sound"}]}]})")
+                            << text("page/sound") << unread + text("entries[0].entries[0].path");
+}
+
+void WhyTest::suggestions()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, path);
+    Tool::writeFiles(m_directory, {{text("sound.json"), json}});
+    const Tool::Result result = Tool::run(
+        {text("why"), text("--format"), text("json"), text("--root"), m_directory, path});
+    QCOMPARE(result.exitCode, 1);
+    QTEST(result.json().value(text("reason")).toString(), "reason");
+}
+
+void WhyTest::brokenFilesAreNamed_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("empty")
+        << QByteArray()
+        << text("no file declares it, except possibly one that cannot be read: sound.json (line 1, "
+                "column 1: the file is empty)");
+    QTest::newRow("without a path")
+        << QByteArray("{")
+        << text("no file declares it, except possibly one that cannot be read: sound.json "
+                "(line 1, column 1: the file ends too early: the \"{\" at 1:1 is not "
+                "closed)");
+    QByteArray utf16("\xff\xfe");
+    for (const char c : QByteArray(s_good)) {
+        utf16 += c;
+        utf16 += '\0';
+    }
+    QTest::newRow("UTF-16")
+        << utf16 << text("sound.json is broken at line 1, column 1: the file is UTF-16: save it as UTF-8");
+}
+
+void WhyTest::brokenFilesAreNamed()
+{
+    QFETCH(QByteArray, content);
+    Tool::writeFiles(m_directory, {{text("sound.json"), content}});
+    QTEST(why().json().value(text("reason")).toString(), "reason");
+}
+
+void WhyTest::spellingOfMasksAndBlacklist()
+{
+    World::writeEntries(text("sound.json"), s_good);
+    World::writeBlacklist(R"(["/page/sound"])");
+    const Tool::Result result = Tool::run({text("why"), text("--masked"), text("page/Sound"), text("page/sound")});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.output.contains("the mask \"page/Sound\" has no effect on it: it is not spelled like the "
+                                    "declaration\n"),
+             result.output.constData());
+    QVERIFY(result.output.contains("\"/page/sound\" in the favourites blacklist has no effect on it: "));
+    QVERIFY(!Tool::run(QStringList{text("why")} + s_mask + QStringList{text("page/sound")})
+                 .output.contains("the mask \"page/sound\" has no effect"));
+}
+
+void WhyTest::fileInSubdirectory()
+{
+    Tool::writeFiles(m_directory, {{text("other.json"), "{}"}});
+    Tool::writeFiles(m_directory + text("/more"), {{text("sound.json"), s_good}});
+    QCOMPARE(why().json().value(text("reason")).toString(),
+             text("more/sound.json is never loaded because its name is that of a file in a subdirectory"));
 }
 
 void WhyTest::severalObstacles()

@@ -3,6 +3,7 @@
 
 #include "jsonscanner.h"
 
+#include "blank.h"
 #include "common/printable.h"
 #include "place.h"
 
@@ -12,11 +13,6 @@
 
 namespace
 {
-bool isBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
 bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$' || uchar(c) >= 0x80;

@@ -3,6 +3,8 @@
 
 #include "place.h"
 
+#include "blank.h"
+
 #include <QJsonParseError>
 
 namespace
@@ -20,11 +22,6 @@ int columnsOf(char c)
         return 0;
     }
     return uchar(c) >= 0xF0U ? 2 : 1; // a surrogate pair
-}
-
-bool isBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
 /// Returns whether the offset of @p error is that of the byte itself, and not of one after it.

@@ -3,10 +3,14 @@
 
 #include "commandline.h"
 #include "commands.h"
+#include "common/printable.h"
+#include "entriesplace.h"
+#include "localename.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
 #include <cerrno>
 #include <cstdio>
@@ -20,8 +24,8 @@ namespace
 const char s_previewHelp[] = R"(Usage: velka-settings preview [OPTION]... FILE|DIR...
 
 Shows the entries of registration files as a Settings application does, and
-reads a file again when it is saved. The machine's own settings are neither
-read nor changed.
+follows changes of the files, of directories and of catalogs. The machine's own
+settings are neither read nor changed.
 
   --locale L             shows the texts of the locale L, such as fi_FI
   --translations DIR     takes translation catalogs (*.qm) from DIR; repeatable
@@ -65,7 +69,67 @@ void execute(const QStringList &command)
     execv(pointers.front(), pointers.data());
 }
 
-/// Returns the command line in the one form that the program reads: each option followed by its value, then the files.
+/// The files and directories of the command line, as options and arguments of the program.
+class PreviewedPlaces
+{
+public:
+    /// Returns what is wrong with @p argument, if anything.
+    QString add(const QString &argument)
+    {
+        QString problem;
+        const std::optional<EntriesPlace> place = EntriesPlace::find(argument, &problem);
+        if (!place) {
+            return problem;
+        }
+        for (const QString &file : place->files) {
+            problem = problem.isEmpty() ? addFile(file) : problem;
+        }
+        if (!place->isFile()) {
+            addOption("directory", place->directory);
+        }
+        if (!place->translations.isEmpty()) {
+            addOption("root", argument);
+        }
+        if (QFileInfo(place->translations).isDir()) {
+            addOption("translations", place->translations);
+        }
+        if (QFileInfo(place->blacklist).isFile()) {
+            addOption("blacklist", place->blacklist);
+        }
+        return problem;
+    }
+
+    QStringList arguments() const
+    {
+        return m_options + QStringList(QStringLiteral("--")) + m_files;
+    }
+
+private:
+    QString addFile(const QString &file)
+    {
+        const QFileInfo info(file);
+        const QString known = m_known.value(info.fileName());
+        if (known.isEmpty()) {
+            m_known.insert(info.fileName(), file);
+            m_files.append(info.absoluteFilePath());
+        } else if (QFileInfo(known).canonicalFilePath() != info.canonicalFilePath()) {
+            return QStringLiteral("two files have the same name: \"%1\" and \"%2\"")
+                .arg(printable(known), printable(file));
+        }
+        return {};
+    }
+
+    void addOption(const char *name, const QString &path)
+    {
+        m_options += {QStringLiteral("--") + QLatin1String(name), QFileInfo(path).absoluteFilePath()};
+    }
+
+    QHash<QString, QString> m_known; ///< name -> file
+    QStringList m_files;
+    QStringList m_options;
+};
+
+/// Returns the options in the one form that the program reads: each followed by its value.
 QStringList normalized(const QCommandLineParser &parser, const QStringList &flags, const QStringList &options)
 {
     QStringList arguments;
@@ -80,7 +144,22 @@ QStringList normalized(const QCommandLineParser &parser, const QStringList &flag
             arguments += {QStringLiteral("--") + name, value};
         }
     }
-    return arguments + QStringList{QStringLiteral("--")} + parser.positionalArguments();
+    return arguments;
+}
+
+QString problemWith(const QCommandLineParser &parser)
+{
+    const QString locale = parser.value(QStringLiteral("locale"));
+    if (parser.isSet(QStringLiteral("locale")) && !isLocale(locale)) {
+        return QStringLiteral("there is no locale \"%1\"").arg(printable(locale));
+    }
+    const QStringList directories = parser.values(QStringLiteral("translations"));
+    for (const QString &directory : directories) {
+        if (!QFileInfo(directory).isDir()) {
+            return QStringLiteral("there is no directory \"%1\"").arg(printable(directory));
+        }
+    }
+    return {};
 }
 }
 
@@ -101,12 +180,21 @@ int Commands::preview(const QStringList &arguments)
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, syntax, arguments)) {
         return *exitStatus;
     }
+    PreviewedPlaces places;
+    QString problem = problemWith(parser);
+    const QStringList named = parser.positionalArguments();
+    for (const QString &argument : named) {
+        problem = problem.isEmpty() ? places.add(argument) : problem;
+    }
+    if (!problem.isEmpty()) {
+        return refuse(syntax, problem);
+    }
     const QString program = previewProgram();
     if (program.isEmpty()) {
         std::fputs("velka-settings: the preview is not installed\n", stderr);
         return CannotRun;
     }
-    execute(QStringList{program} + normalized(parser, flags, options));
+    execute(QStringList{program} + normalized(parser, flags, options) + places.arguments());
     std::fprintf(stderr, "velka-settings: cannot start %s: %s\n", qUtf8Printable(program), std::strerror(errno));
     return CannotRun;
 }

@@ -47,7 +47,10 @@ Excerpt excerptAt(const QByteArray &text, int offset)
     const bool isCutBefore = start > 0 && text.at(start - 1) != '\n';
     const bool isCutAfter = end < text.size() && text.at(end) != '\n';
     QString before = withoutControls(text.mid(start, place - start));
-    const QString after = withoutControls(text.mid(place, end - place)).trimmed();
+    QString after = withoutControls(text.mid(place, end - place));
+    while (after.endsWith(QLatin1Char(' '))) {
+        after.chop(1);
+    }
     int indent = 0;
     while (!isCutBefore && indent < before.size() && before.at(indent) == QLatin1Char(' ')) {
         ++indent;

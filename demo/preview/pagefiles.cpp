@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "pagefiles.h"
+
+#include "treeitem.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QQmlComponent>
+#include <QQmlEngine>
+
+namespace
+{
+/// Returns the directories around those of @p entries: in a working copy the pages are beside them.
+QStringList workingCopiesOf(const QStringList &entries)
+{
+    QStringList directories;
+    for (const QString &file : entries) {
+        const QDir directory = QFileInfo(file).absoluteDir();
+        directories.append(directory.dirName() == QLatin1String("entries") ? QFileInfo(directory.path()).path()
+                                                                           : directory.path());
+    }
+    directories.removeDuplicates();
+    return directories;
+}
+
+/// Returns how many names at their ends @p a and @p b have in common.
+int commonNames(const QString &a, const QString &b)
+{
+    const QStringList first = a.split(QLatin1Char('/'));
+    const QStringList second = b.split(QLatin1Char('/'));
+    int common = 0;
+    while (common < qMin(first.size(), second.size())
+           && first.at(first.size() - 1 - common) == second.at(second.size() - 1 - common)) {
+        ++common;
+    }
+    return common;
+}
+
+QString errorsOf(const QQmlComponent &component)
+{
+    QStringList lines;
+    const QList<QQmlError> errors = component.errors();
+    for (const QQmlError &error : errors) {
+        lines.append(error.toString());
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+}
+
+PageFiles::PageFiles(const QStringList &roots, const QStringList &entries)
+    : m_roots(roots)
+    , m_workingCopies(workingCopiesOf(entries))
+{
+}
+
+QString PageFiles::load(const TreeItem *item, QQmlEngine *engine) const
+{
+    const QString source
+        = item->value(QStringLiteral("params")).toMap().value(QStringLiteral("source")).toString();
+    if (!source.endsWith(QLatin1String(".qml"))) {
+        return {};
+    }
+    const QString file = find(source);
+    if (file.isEmpty()) {
+        return QStringLiteral("There is no page %1").arg(source);
+    }
+    QQmlComponent component(engine, QUrl::fromLocalFile(file));
+    QObject *const page = component.create();
+    if (!page) {
+        return QStringLiteral("The page %1 does not load:\n%2").arg(source, errorsOf(component));
+    }
+    page->setParent(engine); // its bindings may warn later
+    return {};
+}
+
+QString PageFiles::find(const QString &source) const
+{
+    for (const QString &root : m_roots) {
+        if (QFileInfo(root + source).isFile()) {
+            return root + source;
+        }
+    }
+    QString best;
+    for (const QString &directory : m_workingCopies) {
+        QDirIterator files(directory, {QFileInfo(source).fileName()}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString file = files.next();
+            if (best.isEmpty() || commonNames(file, source) > commonNames(best, source)) {
+                best = file;
+            }
+        }
+    }
+    return best;
+}

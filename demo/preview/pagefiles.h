@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include <QStringList>
+
+class QQmlEngine;
+class TreeItem;
+
+/// The QML files of entries' pages, in a working copy.
+class PageFiles
+{
+public:
+    /// Looks for the files as they are installed below @p roots, and by their names around @p entries.
+    PageFiles(const QStringList &roots, const QStringList &entries);
+
+    /// Loads the page of @p item, which @p engine then owns. Returns what is wrong, empty without a page or when it loads.
+    QString load(const TreeItem *item, QQmlEngine *engine) const;
+
+private:
+    QString find(const QString &source) const;
+
+    const QStringList m_roots;
+    const QStringList m_workingCopies;
+};
