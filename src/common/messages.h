@@ -38,5 +38,6 @@ constexpr char NotificationsListFailed[] = "Failed to get notifications configs 
 constexpr char NotificationsSetFailed[] = "Failed to set notifications config for %1. Error:";
 constexpr char NoApplication[] = "Cant find application: %1";
 constexpr char UnknownConfig[] = "Unknown config changed:";
+constexpr char SourceIsOwn[] = "StableListModel: the source model uses this model";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }
