@@ -11,6 +11,8 @@
 #include "notificationsconfigproxy.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
+#include "toolkit/settingsentry.h"
+#include "toolkit/stablelistmodel.h"
 
 #include <QMetaEnum>
 #include <QMetaMethod>
@@ -237,6 +239,50 @@ void MetaObjectsTest::members_data()
                "signal void contentChanged()",
                "private slot void monitoredDirectoryChanged()",
                "private slot void maskedSettingsChanged()",
+           });
+    addRow("SettingsEntry", SettingsEntry::staticMetaObject,
+           {
+               "property QString path READ WRITE NOTIFY pathChanged",
+               "property bool exists READ NOTIFY existsChanged",
+               "property QString title READ NOTIFY titleChanged",
+               "property QString shortTitle READ NOTIFY shortTitleChanged",
+               "property QString icon READ NOTIFY iconChanged",
+               "property QString controlIcon READ NOTIFY controlIconChanged",
+               "property QString type READ NOTIFY typeChanged",
+               "property QVariantMap params READ NOTIFY paramsChanged",
+               "property QVariantMap data READ NOTIFY dataChanged",
+               "property QString file READ NOTIFY fileChanged",
+               "property QVariantList breadcrumb READ NOTIFY breadcrumbChanged",
+               "property QString parentPath READ NOTIFY parentPathChanged",
+               "property int childCount READ NOTIFY childCountChanged",
+               "property bool favorite READ WRITE NOTIFY favoriteChanged",
+               "property QString favoritesKey READ WRITE NOTIFY favoritesKeyChanged",
+               "property QString userModifiedKey READ WRITE NOTIFY userModifiedKeyChanged",
+               "signal void pathChanged()",
+               "signal void existsChanged()",
+               "signal void titleChanged()",
+               "signal void shortTitleChanged()",
+               "signal void iconChanged()",
+               "signal void controlIconChanged()",
+               "signal void typeChanged()",
+               "signal void paramsChanged()",
+               "signal void dataChanged()",
+               "signal void fileChanged()",
+               "signal void breadcrumbChanged()",
+               "signal void parentPathChanged()",
+               "signal void childCountChanged()",
+               "signal void favoriteChanged()",
+               "signal void favoritesKeyChanged()",
+               "signal void userModifiedKeyChanged()",
+           });
+    addRow("StableListModel", StableListModel::staticMetaObject,
+           {
+               "property QAbstractItemModel* sourceModel READ WRITE NOTIFY sourceModelChanged",
+               "property QString keyRole READ WRITE NOTIFY keyRoleChanged",
+               "property int count READ NOTIFY countChanged",
+               "signal void sourceModelChanged()",
+               "signal void keyRoleChanged()",
+               "signal void countChanged()",
            });
     addRow("ComKeloNotificationsConfigProxy", ComKeloNotificationsConfigProxy::staticMetaObject,
            {

@@ -10,6 +10,7 @@
 #include "models/userapplicationsfiltermodel.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
+#include "toolkit/stablelistmodel.h"
 #include "world.h"
 
 #include <QAbstractItemModelTester>
@@ -48,6 +49,15 @@ Model makeSettingsModel(const QStringList &path, int depth)
     auto model = std::make_unique<SettingsModel>();
     model->setPath(path);
     model->setDepth(depth);
+    return model;
+}
+
+Model makeStableListModel()
+{
+    auto model = std::make_unique<StableListModel>();
+    QAbstractItemModel *source = makeSettingsModel({QStringLiteral("page")}, 1).release();
+    source->setParent(model.get());
+    model->setSourceModel(source);
     return model;
 }
 
@@ -101,6 +111,7 @@ void ModelContractTest::models()
         << MakeModel([] { return makeSettingsModel({QStringLiteral("page")}, 1); }) << QVariant();
     QTest::newRow("SettingsModel, grandchildren")
         << MakeModel([] { return makeSettingsModel({}, 2); }) << QVariant();
+    QTest::newRow("StableListModel") << MakeModel(makeStableListModel) << QVariant();
     QTest::newRow("FavoritesModel, potential") << MakeModel(makeFavoritesModel) << QVariant(0);
 }
 

@@ -45,5 +45,6 @@ constexpr char NotificationsSetFailed[] = "Failed to set notifications config fo
 constexpr char NoApplication[] = "Cant find application: %1";
 constexpr char UnknownConfig[] = "Unknown config changed:";
 constexpr char SourceIsUser[] = "UserApplicationsFilterModel: the source model uses this model";
+constexpr char SourceIsOwn[] = "StableListModel: the source model uses this model";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }

@@ -4,10 +4,13 @@
 #include "toolkit/velkasettingstoolkitplugin.h"
 
 #include "toolkit/settingsentry.h"
+#include "toolkit/stablelistmodel.h"
 
 #include <qqml.h>
 
 void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
 {
+    qmlRegisterAnonymousType<QAbstractItemModel>(uri, 1); // the type of a property
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
+    qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }

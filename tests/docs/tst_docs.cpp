@@ -338,8 +338,9 @@ void DocsTest::checkMessages(const CodeBlock &block)
 void DocsTest::checkPicture(const CodeBlock &block)
 {
     QString sources;
-    const QStringList folders{QStringLiteral("plugin"), QStringLiteral("registry"), QStringLiteral("models"),
-                              QStringLiteral("actions"), QStringLiteral("applications")};
+    const QStringList folders{QStringLiteral("plugin"),       QStringLiteral("registry"),
+                              QStringLiteral("models"),       QStringLiteral("actions"),
+                              QStringLiteral("applications"), QStringLiteral("toolkit")};
     for (const QString &folder : folders) {
         const QDir directory(s_project.filePath(QStringLiteral("src/") + folder));
         const QStringList names = directory.entryList({QStringLiteral("*.cpp"), QStringLiteral("*.h")});

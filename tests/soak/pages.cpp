@@ -14,6 +14,7 @@
 #include "registry/treeitem.h"
 #include "soak/soakworld.h"
 #include "text.h"
+#include "toolkit/stablelistmodel.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -62,6 +63,38 @@ void readAllRoles(const QAbstractItemModel &model)
     }
 }
 
+/// A stable model over @p source, of which one role is compared.
+class StableRows
+{
+public:
+    StableRows(QAbstractItemModel *source, int role)
+        : m_replica(&m_model, role)
+        , m_role(role)
+    {
+        m_model.setSourceModel(source);
+    }
+
+    /// Whether it announced its rows, and they are those of the source.
+    bool areRight() const
+    {
+        return m_replica.isEqual() && column(m_model) == column(*m_model.sourceModel());
+    }
+
+private:
+    QVariantList column(const QAbstractItemModel &model) const
+    {
+        QVariantList values;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            values.append(model.index(row, 0).data(m_role));
+        }
+        return values;
+    }
+
+    StableListModel m_model;
+    const ModelReplica m_replica;
+    const int m_role;
+};
+
 class SettingsPage : public Page
 {
 public:
@@ -96,6 +129,9 @@ public:
         if (!m_replica.isEqual()) {
             return text("A settings model did not announce its rows");
         }
+        if (!m_stable.areRight()) {
+            return text("A stable model does not follow a settings model");
+        }
         QStringList wanted;
         const QString above = m_model.path().join(QLatin1Char('/'));
         const QStringList nodes = world.nodes();
@@ -117,6 +153,7 @@ private:
 
     SettingsModel m_model;
     ModelReplica m_replica;
+    const StableRows m_stable{&m_model, SettingsModel::ObjectRole};
 };
 
 class FavoritesPage : public Page
@@ -168,6 +205,9 @@ public:
         if (!m_replica.isEqual()) {
             return text("A favourites model did not announce its rows");
         }
+        if (!m_stable.areRight()) {
+            return text("A stable model does not follow a favourites model");
+        }
         const QStringList nodes = world.nodes();
         QStringList wanted = m_model.showPotential() ? nodes : world.favorites();
         const auto isHidden = [&nodes](const QString &path) { return !nodes.contains(path) || !isAdmitted(path); };
@@ -210,6 +250,7 @@ private:
 
     FavoritesModel m_model;
     ModelReplica m_replica;
+    const StableRows m_stable{&m_model, FavoritesModel::ObjectRole};
 };
 
 class ApplicationsPage : public Page
@@ -286,7 +327,8 @@ public:
             ids.append(index.data(ApplicationsSettingsModel::FileIdRole).toString());
             admitted += isAdmitted(index) ? 1 : 0;
         }
-        return sorted(ids) == world.listedApplications() && m_replica.isEqual() && m_filter.count() == admitted;
+        return sorted(ids) == world.listedApplications() && m_replica.isEqual() && m_stable.areRight()
+               && m_filter.count() == admitted;
     }
 
 private:
@@ -316,6 +358,7 @@ private:
     ApplicationsSettingsModel m_model;
     UserApplicationsFilterModel m_filter;
     ModelReplica m_replica;
+    const StableRows m_stable{&m_model, ApplicationsSettingsModel::FileIdRole};
 };
 
 class QmlPage : public Page

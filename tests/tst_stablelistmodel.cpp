@@ -1,0 +1,625 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "toolkit/stablelistmodel.h"
+
+#include "applications.h"
+#include "applications/applicationssettingsmodel.h"
+#include "common/messages.h"
+#include "messagelog.h"
+#include "modelreplica.h"
+#include "models/favoritesmodel.h"
+#include "models/settingsmodel.h"
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+#include "signallog.h"
+#include "testsize.h"
+#include "text.h"
+#include "watchedfavorites.h"
+#include "world.h"
+
+#include <mgconfitem.h>
+
+#include <QAbstractItemModelTester>
+#include <QIdentityProxyModel>
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace
+{
+enum Role { KeyRole = Qt::UserRole + 1, ValueRole, ObjectRole };
+
+struct Row {
+    QString key;
+    int value = 0;
+    QObject *object = nullptr;
+};
+using Rows = QVector<Row>;
+
+/// A source whose rows change as they are told.
+class Source : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : m_rows.size();
+    }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        const Row &row = m_rows.at(index.row());
+        switch (role) {
+        case KeyRole:
+            return row.key;
+        case ValueRole:
+            return row.value;
+        default:
+            return QVariant::fromValue(row.object);
+        }
+    }
+
+    QHash<int, QByteArray> roleNames() const override
+    {
+        return m_names;
+    }
+
+    void reset(const Rows &rows)
+    {
+        beginResetModel();
+        m_rows = rows;
+        endResetModel();
+    }
+
+    void insert(int row, const Row &value)
+    {
+        beginInsertRows({}, row, row);
+        m_rows.insert(row, value);
+        endInsertRows();
+    }
+
+    void remove(int row)
+    {
+        beginRemoveRows({}, row, row);
+        m_rows.removeAt(row);
+        endRemoveRows();
+    }
+
+    void move(int from, int to)
+    {
+        beginMoveRows({}, from, from, {}, from < to ? to + 1 : to);
+        m_rows.move(from, to);
+        endMoveRows();
+    }
+
+    void change(int row, const Row &value)
+    {
+        m_rows[row] = value;
+        Q_EMIT dataChanged(index(row), index(row));
+    }
+
+    void sort()
+    {
+        Q_EMIT layoutAboutToBeChanged();
+        std::sort(m_rows.begin(), m_rows.end(), [](const Row &a, const Row &b) { return a.key < b.key; });
+        Q_EMIT layoutChanged();
+    }
+
+    QHash<int, QByteArray> m_names{{KeyRole, "key"}, {ValueRole, "value"}, {ObjectRole, "object"}};
+
+private:
+    Rows m_rows;
+};
+
+/// Rows with the letters as keys.
+Rows rows(const QByteArray &letters)
+{
+    Rows rows;
+    for (const char letter : letters) {
+        rows.append({QString(QLatin1Char(letter)), 0, nullptr});
+    }
+    return rows;
+}
+
+/// A model over @p source under the eyes of all that watch a model.
+class WatchedModel
+{
+public:
+    explicit WatchedModel(QAbstractItemModel *source, const char *keyRole = "key")
+    {
+        m_model.setKeyRole(text(keyRole));
+        m_model.setSourceModel(source);
+        m_log.take();
+    }
+
+    StableListModel *operator->()
+    {
+        return &m_model;
+    }
+
+    /// The signals since the last call, without those that come before a change.
+    QStringList takeSignals()
+    {
+        QStringList signalLog = m_log.take();
+        for (const QString &before : signalLog.filter(text("AboutToBe"))) {
+            signalLog.removeAll(before);
+        }
+        return signalLog;
+    }
+
+    /// Whether the rows are those of the source, and what was announced is what happened.
+    bool isConsistent() const
+    {
+        const QAbstractItemModel *source = m_model.sourceModel();
+        bool isEqual = m_keys.isEqual() && m_values.isEqual() && m_objects.isEqual()
+                       && m_model.rowCount() == (source ? source->rowCount() : 0);
+        for (int row = 0; isEqual && row < m_model.rowCount(); ++row) {
+            for (const int role : source->roleNames().keys()) {
+                isEqual = isEqual && m_model.data(m_model.index(row), role) == source->index(row, 0).data(role);
+            }
+        }
+        return isEqual;
+    }
+
+private:
+    StableListModel m_model;
+    const QAbstractItemModelTester m_tester{&m_model, QAbstractItemModelTester::FailureReportingMode::QtTest};
+    const ModelReplica m_keys{&m_model, KeyRole};
+    const ModelReplica m_values{&m_model, ValueRole};
+    const ModelReplica m_objects{&m_model, ObjectRole};
+    SignalLog m_log{&m_model};
+};
+
+using Connect = std::function<void(StableListModel *, const std::function<void()> &)>;
+
+template<typename Signal>
+Connect connectTo(Signal signal)
+{
+    return [signal](StableListModel *model, const std::function<void()> &handler) {
+        QObject::connect(model, signal, model, handler);
+    };
+}
+
+QStringList steps(const char *steps)
+{
+    return text(steps).split(text(", "), Qt::SkipEmptyParts);
+}
+}
+
+Q_DECLARE_METATYPE(Connect)
+
+class StableListModelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void resetsAreSteps_data();
+    void resetsAreSteps();
+    void manyMovesAreAReset();
+    void eachRowChangesOnce();
+    void forwardsSingleChanges();
+    void otherRolesAreAReset();
+    void otherSources();
+    void ownSourceIsRefused();
+    void objectsThatDie();
+    void keysOfObjects();
+    void nodesWithOtherData();
+    void handlerMayChangeTheSource();
+    void handlerMayDeleteTheModel_data();
+    void handlerMayDeleteTheModel();
+    void randomResets();
+    void randomHandlers();
+    void realModels();
+};
+
+void StableListModelTest::init()
+{
+    World::reset();
+    World::rescan(PluginRegistry::instance());
+}
+
+void StableListModelTest::resetsAreSteps_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<QStringList>("signals");
+    QTest::newRow("nothing") << QByteArray("abc") << QByteArray("abc") << QStringList();
+    QTest::newRow("one more above") << QByteArray("abc") << QByteArray("xabc")
+                                    << steps("rowsInserted 0-0, countChanged");
+    QTest::newRow("one less") << QByteArray("abc") << QByteArray("ac") << steps("rowsRemoved 1-1, countChanged");
+    QTest::newRow("moved") << QByteArray("abcd") << QByteArray("dabc") << steps("rowsMoved 3-3 to 0");
+    QTest::newRow("some of each") << QByteArray("abcde") << QByteArray("xeac")
+                                  << steps(
+                                         "rowsRemoved 3-3, rowsRemoved 1-1, rowsMoved 2-2 to 0, rowsInserted 0-0, "
+                                         "countChanged");
+    QTest::newRow("equal keys") << QByteArray("aab") << QByteArray("aaab")
+                                << steps("rowsInserted 2-2, countChanged");
+}
+
+void StableListModelTest::resetsAreSteps()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    Source source;
+    source.reset(rows(before));
+    WatchedModel model(&source);
+    source.reset(rows(after));
+    QTEST(model.takeSignals(), "signals");
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::manyMovesAreAReset()
+{
+    Rows many;
+    for (int i = 0; i <= StableListModel::MaxMoves; ++i) {
+        many.append({QString::number(i)});
+    }
+    Source source;
+    source.reset(many);
+    WatchedModel model(&source);
+    std::reverse(many.begin(), many.end());
+    source.reset(many);
+    QVERIFY(model.takeSignals().filter(text("modelReset")).isEmpty());
+    QVERIFY(model.isConsistent());
+    many.append({text("one more")});
+    source.reset(many);
+    std::reverse(many.begin(), many.end());
+    model.takeSignals();
+    source.reset(many);
+    QCOMPARE(model.takeSignals().filter(text("modelReset")).size(), 1);
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::eachRowChangesOnce()
+{
+    Source source;
+    source.reset(rows("abcd"));
+    WatchedModel model(&source);
+    const QSignalSpy changes(model.operator->(), &QAbstractItemModel::dataChanged);
+    QObject object;
+    Rows other = rows("bxda");
+    other[0].value = 1;
+    other[2].value = 1;
+    other[2].object = &object;
+    source.reset(other);
+    QCOMPARE(changes.count(), 2);
+    QCOMPARE(changes.at(0).at(2).value<QVector<int>>(), QVector<int>{ValueRole});
+    const auto roles = changes.at(1).at(2).value<QVector<int>>();
+    QCOMPARE(QSet<int>(roles.cbegin(), roles.cend()), (QSet<int>{ValueRole, ObjectRole}));
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::forwardsSingleChanges()
+{
+    Source source;
+    source.reset(rows("abc"));
+    WatchedModel model(&source);
+    source.insert(1, {text("x")});
+    QCOMPARE(model.takeSignals(), steps("rowsInserted 1-1, countChanged"));
+    source.remove(0);
+    QCOMPARE(model.takeSignals(), steps("rowsRemoved 0-0, countChanged"));
+    source.move(0, 2);
+    QCOMPARE(model.takeSignals(), steps("rowsMoved 0-0 to 3"));
+    source.change(1, {text("c"), 5});
+    QCOMPARE(model.takeSignals(), steps("dataChanged of roles 1-1"));
+    source.change(1, {text("c"), 5});
+    QCOMPARE(model.takeSignals(), QStringList());
+    source.change(1, {text("another key"), 5});
+    QVERIFY(model.isConsistent());
+    source.sort();
+    QVERIFY(model.isConsistent());
+    QVERIFY(model.takeSignals().filter(text("modelReset")).isEmpty());
+}
+
+void StableListModelTest::otherRolesAreAReset()
+{
+    Source source;
+    source.reset(rows("a"));
+    WatchedModel model(&source);
+    source.m_names.insert(Qt::UserRole, "new");
+    source.insert(0, {text("x")});
+    QCOMPARE(model.takeSignals(), steps("modelReset, countChanged"));
+    QCOMPARE(model->roleNames(), source.m_names);
+    model->setKeyRole(text("value"));
+    QVERIFY(model.isConsistent());
+    QCOMPARE(model->property("keyRole").toString(), text("value"));
+}
+
+void StableListModelTest::otherSources()
+{
+    auto first = std::make_unique<Source>();
+    Source second;
+    first->reset(rows("ab"));
+    second.reset(rows("bc"));
+    WatchedModel model(first.get());
+    const QSignalSpy sources(model.operator->(), &StableListModel::sourceModelChanged);
+    model->setSourceModel(&second);
+    QVERIFY(model.isConsistent());
+    first->reset(rows("x")); // nobody follows it
+    QVERIFY(model.isConsistent());
+    model->setSourceModel(nullptr);
+    QCOMPARE(model->count(), 0);
+    model->setSourceModel(first.get());
+    QCOMPARE(model->count(), 1);
+    first.reset();
+    QCOMPARE(model->count(), 0);
+    QCOMPARE(model->sourceModel(), nullptr);
+    QCOMPARE(sources.count(), 4);
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::ownSourceIsRefused()
+{
+    Source source;
+    source.reset(rows("a"));
+    WatchedModel model(&source);
+    QIdentityProxyModel proxy;
+    proxy.setSourceModel(model.operator->());
+    StableListModel other;
+    other.setSourceModel(&proxy);
+    for (QAbstractItemModel *own :
+         {static_cast<QAbstractItemModel *>(model.operator->()), static_cast<QAbstractItemModel *>(&proxy),
+          static_cast<QAbstractItemModel *>(&other)}) {
+        QTest::ignoreMessage(QtWarningMsg, Messages::SourceIsOwn);
+        model->setSourceModel(own);
+        QCOMPARE(model->sourceModel(), &source);
+    }
+    source.reset(rows("ab"));
+    QCOMPARE(other.count(), 2);
+}
+
+void StableListModelTest::objectsThatDie()
+{
+    auto object = std::make_unique<QObject>();
+    Source source;
+    source.reset({{text("a"), 0, object.get()}});
+    WatchedModel model(&source);
+    QCOMPARE(model->data(model->index(0), ObjectRole).value<QObject *>(), object.get());
+    object.reset();
+    QCOMPARE(model->data(model->index(0), ObjectRole).value<QObject *>(), nullptr);
+    source.reset({{text("a"), 0, nullptr}});
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::keysOfObjects()
+{
+    // Others than entries and applications are what they are, wherever they are.
+    QObject a;
+    QObject b;
+    QObject file;
+    file.setProperty("filePath", text("/a.desktop"));
+    QObject sameFile;
+    sameFile.setProperty("filePath", text("/a.desktop"));
+    Source source;
+    source.reset({{{}, 0, &a}, {{}, 0, &b}, {{}, 0, &file}});
+    WatchedModel model(&source, "object");
+    source.reset({{{}, 0, &b}, {{}, 0, &sameFile}});
+    QCOMPARE(model.takeSignals(), steps("dataChanged of roles 2-2, rowsRemoved 0-0, countChanged"));
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::nodesWithOtherData()
+{
+    PluginRegistry *registry = PluginRegistry::instance();
+    TreeItem *node = registry->getItem({})->insertItem(path("page/a"), {{text("title"), text("A")}});
+    registry->getItem({})->insertItem(path("page/b"), {{text("title"), text("B")}});
+    SettingsModel source;
+    source.setPath(path("page"));
+    source.setDepth(1);
+    WatchedModel model(&source, "object");
+    registry->getItem({})->insertItem(path("page/a"), {{text("title"), text("Other")}});
+    QCOMPARE(registry->getItem(path("page/a")), node);
+    Q_EMIT registry->contentChanged();
+    QCOMPARE(model.takeSignals(), steps("dataChanged of roles 0-0"));
+    registry->getItem({})->removeItems([](const TreeItem *) { return true; });
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::handlerMayChangeTheSource()
+{
+    Source source;
+    source.reset(rows("abc"));
+    WatchedModel model(&source);
+    bool isFirst = true;
+    connect(model.operator->(), &QAbstractItemModel::rowsRemoved, this, [&] {
+        if (std::exchange(isFirst, false)) {
+            source.reset(rows("zc"));
+            source.remove(1);
+            source.insert(0, {text("y")});
+        }
+    });
+    source.reset(rows("cb"));
+    QVERIFY(!isFirst);
+    QCOMPARE(model->count(), 2);
+    QVERIFY(model.isConsistent());
+    // The same with a handler of the source that runs before the model's
+    Source other;
+    bool isThird = true;
+    connect(&other, &QAbstractItemModel::rowsInserted, this, [&](const QModelIndex &, int first) {
+        if (other.rowCount() == 3 && std::exchange(isThird, false)) {
+            other.remove(0);
+            other.insert(first, {text("nested")});
+        }
+    });
+    WatchedModel late(&other);
+    other.insert(0, {text("a")});
+    other.insert(1, {text("b")});
+    other.insert(2, {text("c")});
+    QVERIFY(late.isConsistent());
+}
+
+void StableListModelTest::handlerMayDeleteTheModel_data()
+{
+    QTest::addColumn<Connect>("connectTo");
+    QTest::newRow("rowsRemoved") << connectTo(&QAbstractItemModel::rowsRemoved);
+    QTest::newRow("rowsMoved") << connectTo(&QAbstractItemModel::rowsMoved);
+    QTest::newRow("rowsInserted") << connectTo(&QAbstractItemModel::rowsInserted);
+    QTest::newRow("dataChanged") << connectTo(&QAbstractItemModel::dataChanged);
+    QTest::newRow("countChanged") << connectTo(&StableListModel::countChanged);
+}
+
+void StableListModelTest::handlerMayDeleteTheModel()
+{
+    QFETCH(Connect, connectTo);
+    Source source;
+    source.reset(rows("abcd"));
+    const QPointer<StableListModel> model = new StableListModel;
+    model->setKeyRole(text("key"));
+    model->setSourceModel(&source);
+    connectTo(model, [&model] { delete model; });
+    Rows other = rows("xyda");
+    other[3].value = 1;
+    other.append(rows("z"));
+    source.reset(other);
+    QVERIFY(!model);
+}
+
+void StableListModelTest::randomResets()
+{
+    QRandomGenerator random(18);
+    QObject objects[3];
+    const auto randomRow = [&random, &objects] {
+        return Row{QString(QChar(u'a' + random.bounded(10))), random.bounded(2), &objects[random.bounded(3)]};
+    };
+    Source source;
+    WatchedModel byKey(&source);
+    WatchedModel byObject(&source, "object");
+    for (int step = testSize(10000); step > 0; --step) {
+        Rows other;
+        for (int count = random.bounded(12); count > 0; --count) {
+            other.append(randomRow());
+        }
+        source.reset(other);
+        QVERIFY(byKey.isConsistent());
+        QVERIFY(byObject.isConsistent());
+        QVERIFY(byKey.takeSignals().filter(text("modelReset")).isEmpty());
+    }
+}
+
+void StableListModelTest::randomHandlers()
+{
+    QRandomGenerator random(19);
+    Source source;
+    int depth = 0;
+    const auto changeSource = [&] {
+        const Row row{QString(QChar(u'a' + random.bounded(10))), random.bounded(2)};
+        const int count = source.rowCount();
+        const int place = count > 0 ? random.bounded(count) : 0;
+        switch (count > 0 ? random.bounded(6) : random.bounded(2)) {
+        case 0: {
+            Rows other;
+            for (int left = random.bounded(10); left > 0; --left) {
+                other.append({QString(QChar(u'a' + random.bounded(10))), random.bounded(2)});
+            }
+            source.reset(other);
+            break;
+        }
+        case 1:
+            source.insert(place, row);
+            break;
+        case 2:
+            source.remove(place);
+            break;
+        case 3:
+            source.change(place, row);
+            break;
+        case 4:
+            source.sort();
+            break;
+        default:
+            if (place > 0) {
+                source.move(place, random.bounded(place));
+            }
+        }
+    };
+    const auto handler = [&] {
+        if (depth < 2 && random.bounded(4) == 0) {
+            ++depth;
+            changeSource();
+            --depth;
+        }
+    };
+    const QObject early;
+    connect(&source, &QAbstractItemModel::rowsInserted, &early, handler);
+    connect(&source, &QAbstractItemModel::rowsRemoved, &early, handler);
+    WatchedModel model(&source);
+    connect(model.operator->(), &QAbstractItemModel::rowsInserted, &early, handler);
+    connect(model.operator->(), &QAbstractItemModel::rowsAboutToBeRemoved, &early, handler);
+    connect(model.operator->(), &QAbstractItemModel::rowsMoved, &early, handler);
+    connect(model.operator->(), &QAbstractItemModel::dataChanged, &early, handler);
+    for (int step = testSize(10000); step > 0; --step) {
+        changeSource();
+        QVERIFY(model.isConsistent());
+    }
+}
+
+void StableListModelTest::realModels()
+{
+    const Applications applications;
+    MGConfItem(WatchedFavorites::keyOfTests()).set(QStringList{text("page/1"), text("page/2"), text("page/3")});
+    SettingsModel settings;
+    settings.setPath(path("page"));
+    settings.setDepth(1);
+    FavoritesModel favorites;
+    favorites.setFilter({text("grid_favorites")});
+    favorites.componentComplete();
+    World::writeEntries(text("applications.json"), declaring("", {"applications"}));
+    World::rescan(PluginRegistry::instance());
+    ApplicationsSettingsModel applicationRows;
+    applicationRows.componentComplete();
+    WatchedModel stableSettings(&settings, "object");
+    WatchedModel stableFavorites(&favorites, "object");
+    WatchedModel stableApplications(&applicationRows, "object");
+    const auto areConsistent = [&] {
+        return stableSettings.isConsistent() && stableFavorites.isConsistent()
+               && stableApplications.isConsistent();
+    };
+    const MessageLog log; // masks read files again that may be gone
+    QRandomGenerator random(20);
+    for (int step = testSize(3000); step > 0; --step) {
+        const QString file = QString::number(random.bounded(6)) + text(".json");
+        const QByteArray place = "page/" + QByteArray::number(random.bounded(8));
+        switch (random.bounded(6)) {
+        case 0:
+            World::removeEntries(file);
+            break;
+        case 1:
+            World::setMasked({QString::fromLatin1(place)});
+            break;
+        case 2:
+            applications.write(
+                QByteArray("first/" + QByteArray::number(random.bounded(5)) + ".desktop").constData(),
+                application("A"));
+            QMetaObject::invokeMethod(&applicationRows, "launcherModelReset");
+            break;
+        case 3:
+            favorites.isFavorite(QString::fromLatin1(place)) ? favorites.removeFavorite(QString::fromLatin1(place))
+                                                             : favorites.addFavorite(QString::fromLatin1(place));
+            break;
+        case 4:
+            removeNode({text("page"), QString::number(random.bounded(8))});
+            break;
+        default:
+            World::writeEntries(file, declaring(QByteArray::number(random.bounded(3)),
+                                                {place, "page/" + QByteArray::number(random.bounded(8))}));
+        }
+        QVERIFY(areConsistent());
+        World::rescan(PluginRegistry::instance());
+        QVERIFY(areConsistent());
+    }
+    QVERIFY(stableSettings->count() > 0);
+}
+
+QTEST_GUILESS_MAIN(StableListModelTest)
+#include "tst_stablelistmodel.moc"
