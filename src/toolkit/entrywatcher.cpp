@@ -142,7 +142,7 @@ WatchedPath *EntryWatcher::child(WatchedPath *parent, const QString &name)
     return child;
 }
 
-/// Deletes @p path and those above it that nobody watches.
+/// Deletes @p path and those above it that are not watched.
 void EntryWatcher::prune(WatchedPath *path)
 {
     while (path != &m_root && path->entries.isEmpty() && path->children.isEmpty()) {

@@ -14,7 +14,7 @@ namespace
 {
 const QByteArray s_fileRole = QByteArrayLiteral("filePath");
 
-/// Whether @p model is @p source, or a model that gets its rows from it.
+/// Returns true if @p model is @p source, or a model that gets its rows from it.
 bool isBuiltOn(const QAbstractItemModel *model, const QAbstractItemModel *source)
 {
     while (model && model != source) {
@@ -133,7 +133,7 @@ void StableListModel::change(const RowChanges::Change &change)
     });
 }
 
-/// Makes the rows those of the source, whatever has happened to it.
+/// Makes the rows those of the source after any change of it.
 void StableListModel::synchronize()
 {
     change([this] {
@@ -264,7 +264,7 @@ StableListModel::Rows StableListModel::readRows(int first, int last, const ListR
     return rows;
 }
 
-/// Copies the values of the source's rows from @p firstSourceRow on into @p rows, of which the negative ones are skipped.
+/// Copies the values of the source's rows from @p firstSourceRow on into @p rows. Skips negative ones.
 QVector<StableListModel::Update> StableListModel::updateRows(const QVector<int> &rows, int firstSourceRow)
 {
     QVector<Update> updates;
