@@ -48,10 +48,7 @@ void StableListModel::setSourceModel(QAbstractItemModel *source)
     if (m_source) {
         m_source->disconnect(this);
     }
-    m_source = source;
-    if (source) {
-        follow(source);
-    }
+    follow(source);
     m_isOtherList = true;
     const QPointer<StableListModel> self(this);
     synchronize();
@@ -103,6 +100,10 @@ QHash<int, QByteArray> StableListModel::roleNames() const
 
 void StableListModel::follow(QAbstractItemModel *source)
 {
+    m_source = source;
+    if (!source) {
+        return;
+    }
     connect(source, &QAbstractItemModel::rowsInserted, this, &StableListModel::insertSourceRows);
     connect(source, &QAbstractItemModel::rowsRemoved, this, &StableListModel::removeSourceRows);
     connect(source, &QAbstractItemModel::dataChanged, this, &StableListModel::updateSourceRows);
@@ -180,7 +181,7 @@ void StableListModel::applyDifference()
         return;
     }
     for (const ListDifference::Range &range : difference.removals) {
-        if (!removeRows(range.first, range.last)) {
+        if (!removeRange(range.first, range.last)) {
             return;
         }
     }
@@ -190,7 +191,7 @@ void StableListModel::applyDifference()
         }
     }
     for (int i = 0; i < inserted.size(); ++i) {
-        if (!insertRows(difference.insertions.at(i).first, inserted.at(i))) {
+        if (!insertRange(difference.insertions.at(i).first, inserted.at(i))) {
             return;
         }
     }
@@ -207,7 +208,7 @@ void StableListModel::insertSourceRows(const QModelIndex &parent, int first, int
         synchronize();
         return;
     }
-    change([this, first, last] { insertRows(first, readRows(first, last, m_roles)); });
+    change([this, first, last] { insertRange(first, readRows(first, last, m_roles)); });
 }
 
 void StableListModel::removeSourceRows(const QModelIndex &parent, int first, int last)
@@ -219,7 +220,7 @@ void StableListModel::removeSourceRows(const QModelIndex &parent, int first, int
         synchronize();
         return;
     }
-    change([this, first, last] { removeRows(first, last); });
+    change([this, first, last] { removeRange(first, last); });
 }
 
 void StableListModel::updateSourceRows(const QModelIndex &first, const QModelIndex &last)
@@ -307,16 +308,13 @@ QStringList StableListModel::sourceKeys() const
 bool StableListModel::announceUpdates(const QVector<Update> &updates)
 {
     const QPointer<StableListModel> self(this);
-    for (const Update &update : updates) {
+    return std::all_of(updates.cbegin(), updates.cend(), [&](const Update &update) {
         Q_EMIT dataChanged(index(update.row), index(update.row), update.roles);
-        if (!self) {
-            return false;
-        }
-    }
-    return true;
+        return !self.isNull();
+    });
 }
 
-bool StableListModel::removeRows(int first, int last)
+bool StableListModel::removeRange(int first, int last)
 {
     const QPointer<StableListModel> self(this);
     beginRemoveRows({}, first, last);
@@ -334,7 +332,7 @@ bool StableListModel::moveRow(int from, int to)
     return self;
 }
 
-bool StableListModel::insertRows(int first, const Rows &rows)
+bool StableListModel::insertRange(int first, const Rows &rows)
 {
     const QPointer<StableListModel> self(this);
     beginInsertRows({}, first, first + rows.size() - 1);
