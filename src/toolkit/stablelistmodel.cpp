@@ -8,6 +8,7 @@
 #include "toolkit/listdifference.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace
@@ -249,7 +250,7 @@ ListRoles StableListModel::sourceRoles() const
     ListRoles roles;
     if (m_source) {
         roles.names = m_source->roleNames();
-        roles.numbers = roles.names.keys().toVector();
+        std::copy(roles.names.keyBegin(), roles.names.keyEnd(), std::back_inserter(roles.numbers));
         roles.key = roles.names.key(m_keyRole.toUtf8(), roles.names.key(s_fileRole, roles.key));
     }
     return roles;
