@@ -19,7 +19,7 @@ public:
     /// @p item may be null.
     explicit EntryState(const TreeItem *item);
 
-    /// Whether both have the same values, except for titles in different languages.
+    /// Returns true if both have the same values, except for titles in different languages.
     bool operator==(const EntryState &other) const;
 
     bool exists() const;
@@ -33,7 +33,7 @@ public:
     QString file() const;
     int childCount() const;
 
-    /// Whether the titles may be others in another language than the present one: nobody knows what they were.
+    /// Returns true if the titles depend on the language and were never read, so that earlier ones are unknown.
     bool mayHaveHadOtherTitles() const;
 
 private:

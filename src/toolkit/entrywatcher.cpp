@@ -142,7 +142,7 @@ WatchedPath *EntryWatcher::child(WatchedPath *parent, const QString &name)
     return child;
 }
 
-/// Deletes @p path and those above it that nobody watches.
+/// Deletes @p path and those above it that are not watched.
 void EntryWatcher::prune(WatchedPath *path)
 {
     while (path != &m_root && path->entries.isEmpty() && path->children.isEmpty()) {
@@ -217,7 +217,8 @@ void EntryWatcher::refresh(WatchedPath *path, bool isLanguageChanged, Changes *c
     changes->insert(path, change);
     const bool isInBreadcrumb = path->parent; // the root is not
     if (isInBreadcrumb && (change.hasUnknownTitles || hasOtherTitle(change.before, now))) {
-        for (WatchedPath *below : subtree(path)) {
+        const QVector<WatchedPath *> paths = subtree(path);
+        for (WatchedPath *below : paths) {
             if (!changes->contains(below)) {
                 (*changes)[below].before = below->state;
             }

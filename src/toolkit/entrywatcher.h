@@ -19,7 +19,7 @@ class SettingsEntry;
 struct EntryChange {
     EntryState before;
     EntryState now;
-    bool hasUnknownTitles = false; ///< of another language, which nobody read
+    bool hasUnknownTitles = false; ///< titles in an earlier language that were never read
     bool hasOtherBreadcrumb = false;
 };
 

@@ -12,6 +12,8 @@
 #include <QHash>
 #include <QPointer>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -61,10 +63,10 @@ void FavoritesList::notifyEntries()
     const QSet<QString> paths = toSet(m_stored.read());
     const QSet<QString> before = std::exchange(m_paths, paths);
     QVector<QPointer<SettingsEntry>> entries;
-    for (const QString &path : (paths - before) + (before - paths)) {
-        for (SettingsEntry *entry : EntryWatcher::instance()->entriesAt(path.split(QLatin1Char('/')))) {
-            entries.append(entry);
-        }
+    const QSet<QString> changed = (paths - before) + (before - paths);
+    for (const QString &path : changed) {
+        const auto watching = EntryWatcher::instance()->entriesAt(path.split(QLatin1Char('/')));
+        std::copy(watching.cbegin(), watching.cend(), std::back_inserter(entries));
     }
     for (const QPointer<SettingsEntry> &entry : qAsConst(entries)) {
         if (entry) {

@@ -126,8 +126,8 @@ QVector<int> longestIncreasingSubsequence(const QVector<int> &values)
     QVector<int> ends; // the position of the smallest end of a sequence of each length
     QVector<int> previous(values.size(), None);
     for (int position = 0; position < values.size(); ++position) {
-        const auto end = std::lower_bound(ends.begin(), ends.end(), position,
-                                          [&values](int a, int b) { return values.at(a) < values.at(b); });
+        auto *const end = std::lower_bound(ends.begin(), ends.end(), position,
+                                           [&values](int a, int b) { return values.at(a) < values.at(b); });
         if (end != ends.begin()) {
             previous[position] = *std::prev(end);
         }

@@ -26,9 +26,9 @@ struct ListDifference {
 };
 
 /**
- * Returns how the list with the keys @p before becomes the one with the keys @p after. Of equal keys the first one
- * stands for the first one, and so on. A longest increasing sequence of the rows that stay is not moved; there are up to
- * @p maxMoves moves.
+ * Returns how the list with the keys @p before becomes the one with the keys @p after, with up to @p maxMoves moves. Of
+ * equal keys the first one stands for the first one, and so on. A longest increasing sequence of the rows that stay is
+ * not moved.
  */
 ListDifference differenceOf(const QStringList &before, const QStringList &after, int maxMoves);
 

@@ -35,7 +35,7 @@ QString keyOf(const QVariant &value)
         return item->location().join(QLatin1Char('/'));
     }
     for (const char *property : {"filePath", "fileName"}) {
-        const QString file = object->property(property).toString();
+        QString file = object->property(property).toString();
         if (!file.isEmpty()) {
             return file;
         }

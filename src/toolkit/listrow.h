@@ -21,7 +21,7 @@ struct ListRoles {
     int key = -1; ///< the one that tells rows from each other
 };
 
-/// A copy of a row: what a view was shown, whatever has become of the model that it came from.
+/// A copy of a row: what was announced last, also while its model changes or after it is deleted.
 class ListRow : public QSharedData
 {
 public:
@@ -30,7 +30,7 @@ public:
     ListRow(const QModelIndex &source, const ListRoles &roles);
 
     QString key() const;
-    /// Whether the row has its key from @p object, which is not null.
+    /// Returns true if the row has its key from @p object. False for null.
     bool hasObject(const QObject *object) const;
     /// Returns the value of the role at @p position among the numbers, a null object for a deleted one.
     QVariant value(int position) const;

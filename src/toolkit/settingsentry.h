@@ -25,7 +25,7 @@ class SettingsEntry : public QObject
     Q_OBJECT
     /// Names joined by "/". Empty names are ignored; a path without names has no entry.
     Q_PROPERTY(QString path READ path WRITE setPath NOTIFY pathChanged)
-    /// Whether the tree has a node there. One that no file declares has no "file".
+    /// True if the tree has a node there. One that no file declares has no "file".
     Q_PROPERTY(bool exists READ exists NOTIFY existsChanged)
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
     Q_PROPERTY(QString shortTitle READ shortTitle NOTIFY shortTitleChanged)
@@ -40,7 +40,7 @@ class SettingsEntry : public QObject
     /// Empty for an entry at the top.
     Q_PROPERTY(QString parentPath READ parentPath NOTIFY parentPathChanged)
     Q_PROPERTY(int childCount READ childCount NOTIFY childCountChanged)
-    /// Whether the stored list names the path. Writing it edits the list, and sets the user-modified flag before.
+    /// True if the stored list names the path. Writing it edits the list, and sets the user-modified flag before.
     Q_PROPERTY(bool favorite READ favorite WRITE setFavorite NOTIFY favoriteChanged)
     /// The dconf key of that list, at first the one of FavoritesModel.
     Q_PROPERTY(QString favoritesKey READ favoritesKey WRITE setFavoritesKey NOTIFY favoritesKeyChanged)

@@ -8,13 +8,14 @@
 #include "toolkit/listdifference.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace
 {
 const QByteArray s_fileRole = QByteArrayLiteral("filePath");
 
-/// Whether @p model is @p source, or a model that gets its rows from it.
+/// Returns true if @p model is @p source, or a model that gets its rows from it.
 bool isBuiltOn(const QAbstractItemModel *model, const QAbstractItemModel *source)
 {
     while (model && model != source) {
@@ -48,10 +49,7 @@ void StableListModel::setSourceModel(QAbstractItemModel *source)
     if (m_source) {
         m_source->disconnect(this);
     }
-    m_source = source;
-    if (source) {
-        follow(source);
-    }
+    follow(source);
     m_isOtherList = true;
     const QPointer<StableListModel> self(this);
     synchronize();
@@ -103,6 +101,10 @@ QHash<int, QByteArray> StableListModel::roleNames() const
 
 void StableListModel::follow(QAbstractItemModel *source)
 {
+    m_source = source;
+    if (!source) {
+        return;
+    }
     connect(source, &QAbstractItemModel::rowsInserted, this, &StableListModel::insertSourceRows);
     connect(source, &QAbstractItemModel::rowsRemoved, this, &StableListModel::removeSourceRows);
     connect(source, &QAbstractItemModel::dataChanged, this, &StableListModel::updateSourceRows);
@@ -133,7 +135,7 @@ void StableListModel::change(const RowChanges::Change &change)
     });
 }
 
-/// Makes the rows those of the source, whatever has happened to it.
+/// Makes the rows those of the source after any change of it.
 void StableListModel::synchronize()
 {
     change([this] {
@@ -180,7 +182,7 @@ void StableListModel::applyDifference()
         return;
     }
     for (const ListDifference::Range &range : difference.removals) {
-        if (!removeRows(range.first, range.last)) {
+        if (!removeRange(range.first, range.last)) {
             return;
         }
     }
@@ -190,7 +192,7 @@ void StableListModel::applyDifference()
         }
     }
     for (int i = 0; i < inserted.size(); ++i) {
-        if (!insertRows(difference.insertions.at(i).first, inserted.at(i))) {
+        if (!insertRange(difference.insertions.at(i).first, inserted.at(i))) {
             return;
         }
     }
@@ -207,7 +209,7 @@ void StableListModel::insertSourceRows(const QModelIndex &parent, int first, int
         synchronize();
         return;
     }
-    change([this, first, last] { insertRows(first, readRows(first, last, m_roles)); });
+    change([this, first, last] { insertRange(first, readRows(first, last, m_roles)); });
 }
 
 void StableListModel::removeSourceRows(const QModelIndex &parent, int first, int last)
@@ -219,7 +221,7 @@ void StableListModel::removeSourceRows(const QModelIndex &parent, int first, int
         synchronize();
         return;
     }
-    change([this, first, last] { removeRows(first, last); });
+    change([this, first, last] { removeRange(first, last); });
 }
 
 void StableListModel::updateSourceRows(const QModelIndex &first, const QModelIndex &last)
@@ -248,7 +250,7 @@ ListRoles StableListModel::sourceRoles() const
     ListRoles roles;
     if (m_source) {
         roles.names = m_source->roleNames();
-        roles.numbers = roles.names.keys().toVector();
+        std::copy(roles.names.keyBegin(), roles.names.keyEnd(), std::back_inserter(roles.numbers));
         roles.key = roles.names.key(m_keyRole.toUtf8(), roles.names.key(s_fileRole, roles.key));
     }
     return roles;
@@ -264,7 +266,7 @@ StableListModel::Rows StableListModel::readRows(int first, int last, const ListR
     return rows;
 }
 
-/// Copies the values of the source's rows from @p firstSourceRow on into @p rows, of which the negative ones are skipped.
+/// Copies the values of the source's rows from @p firstSourceRow on into @p rows. Skips negative ones.
 QVector<StableListModel::Update> StableListModel::updateRows(const QVector<int> &rows, int firstSourceRow)
 {
     QVector<Update> updates;
@@ -307,16 +309,13 @@ QStringList StableListModel::sourceKeys() const
 bool StableListModel::announceUpdates(const QVector<Update> &updates)
 {
     const QPointer<StableListModel> self(this);
-    for (const Update &update : updates) {
+    return std::all_of(updates.cbegin(), updates.cend(), [&](const Update &update) {
         Q_EMIT dataChanged(index(update.row), index(update.row), update.roles);
-        if (!self) {
-            return false;
-        }
-    }
-    return true;
+        return !self.isNull();
+    });
 }
 
-bool StableListModel::removeRows(int first, int last)
+bool StableListModel::removeRange(int first, int last)
 {
     const QPointer<StableListModel> self(this);
     beginRemoveRows({}, first, last);
@@ -334,7 +333,7 @@ bool StableListModel::moveRow(int from, int to)
     return self;
 }
 
-bool StableListModel::insertRows(int first, const Rows &rows)
+bool StableListModel::insertRange(int first, const Rows &rows)
 {
     const QPointer<StableListModel> self(this);
     beginInsertRows({}, first, first + rows.size() - 1);

@@ -69,9 +69,9 @@ private:
     Rows readRows(int first, int last, const ListRoles &roles) const;
     QStringList sourceKeys() const;
     bool announceUpdates(const QVector<Update> &updates);
-    bool removeRows(int first, int last);
+    bool removeRange(int first, int last);
     bool moveRow(int from, int to);
-    bool insertRows(int first, const Rows &rows);
+    bool insertRange(int first, const Rows &rows);
 
     QPointer<QAbstractItemModel> m_source;
     QString m_keyRole;

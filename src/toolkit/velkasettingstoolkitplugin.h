@@ -5,7 +5,7 @@
 
 #include <QQmlExtensionPlugin>
 
-/// Registers the types that hosts build their pages from. Nothing is read from disk before the first of them is created.
+/// Registers the types that hosts build their pages from. The import reads nothing from disk.
 class VelkaSettingsToolkitPlugin : public QQmlExtensionPlugin
 {
     Q_OBJECT
