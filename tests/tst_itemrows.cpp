@@ -107,7 +107,7 @@ void ItemRowsTest::randomChangesMatchList()
         for (int row = 0; row < expected.size(); ++row) {
             QCOMPARE(rows.at(row), expected.at(row));
         }
-        TreeItem *const counted = all.at(step % all.size());
+        TreeItem *const counted = all.at(left % all.size());
         QCOMPARE(rows.countOf(counted), expected.count(counted));
         for (TreeItem *item : all) {
             const int row = rows.rowOf(item);

@@ -41,6 +41,8 @@ QString desktopFile()
     return QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation) + text("/untrusted.desktop");
 }
 
+}
+
 /// Answers every request with "not found", and keeps the requested paths.
 class HttpServer : public QTcpServer
 {
@@ -88,7 +90,6 @@ private:
     bool m_listens;
     QStringList m_requests;
 };
-}
 
 /// The demo and the preview show the text of packages as it is, and load no icon over the network.
 class UntrustedTextTest : public QObject

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "models/rowchanges.h"
+#include "common/rowchanges.h"
 #include "toolkit/listrow.h"
 
 #include <QAbstractListModel>
