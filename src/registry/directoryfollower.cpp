@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 
 namespace
 {
-constexpr auto LookInterval = 3000ms;
+constexpr auto PollInterval = 3000ms;
 constexpr quint32 NameEvents = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_ONLYDIR;
 
 QStringList namesOf(const QString &path)
@@ -51,7 +51,7 @@ DirectoryFollower::DirectoryFollower(const QString &path, QFileSystemWatcher *wa
     , m_timer(this)
 {
     m_timer.setTimerType(Qt::VeryCoarseTimer);
-    m_timer.setInterval(LookInterval);
+    m_timer.setInterval(PollInterval);
     connect(&m_timer, &QTimer::timeout, this, &DirectoryFollower::look);
     connect(m_watcher, &QFileSystemWatcher::directoryChanged, this, &DirectoryFollower::look);
     if (m_inotify >= 0) {

@@ -5,6 +5,9 @@
 
 #include <QByteArray>
 
+#include <algorithm>
+#include <string>
+
 namespace Check
 {
 namespace
@@ -17,18 +20,20 @@ bool isContinuation(char c)
     return (uchar(c) & 0xC0U) == 0x80U;
 }
 
-/// Returns @p utf8 with one column for each character.
+char32_t visible(char32_t character)
+{
+    if (QChar::isSpace(character)) {
+        return U' ';
+    }
+    return QChar::isPrint(character) ? character : char32_t(QChar::ReplacementCharacter);
+}
+
+/// Returns @p utf8 with a visible character or a blank for each of its characters.
 QString withoutControls(const QByteArray &utf8)
 {
-    QString text = QString::fromUtf8(utf8);
-    for (QChar &character : text) {
-        if (character.isSpace()) {
-            character = QLatin1Char(' ');
-        } else if (!character.isPrint() && !character.isSurrogate()) {
-            character = QChar(QChar::ReplacementCharacter);
-        }
-    }
-    return text;
+    std::u32string characters = QString::fromUtf8(utf8).toStdU32String();
+    std::transform(characters.begin(), characters.end(), characters.begin(), visible);
+    return QString::fromStdU32String(characters);
 }
 }
 
