@@ -7,6 +7,8 @@
 
 #include <QPointer>
 
+#include <utility>
+
 LauncherFolderItem::LauncherFolderItem(const QString &title, QObject *parent)
     : QAbstractListModel(parent)
     , m_title(title)
@@ -78,9 +80,10 @@ void LauncherFolderItem::dropRow(std::optional<LauncherRow> *row)
     endRemoveRows();
 }
 
-void LauncherFolderItem::replaceRow(std::optional<LauncherRow> *row, const LauncherRow &replacement)
+// Takes a copy: the original may be gone after a signal.
+void LauncherFolderItem::replaceRow(std::optional<LauncherRow> *row, LauncherRow replacement)
 {
-    const LauncherRow changed = replacement; // as the row, it may be gone after a signal
+    const LauncherRow changed = std::move(replacement);
     const int from = m_rows->indexOf(**row);
     const int to = m_rows->indexOf(changed); // counted with the old row still there
     m_isChanging = true;

@@ -52,7 +52,7 @@ private:
     void addRow(const LauncherRow &row);
     /// Removes the row and resets it.
     void dropRow(std::optional<LauncherRow> *row);
-    void replaceRow(std::optional<LauncherRow> *row, const LauncherRow &replacement);
+    void replaceRow(std::optional<LauncherRow> *row, LauncherRow replacement);
 
     const QString m_title;
     const std::unique_ptr<LauncherRows> m_rows;

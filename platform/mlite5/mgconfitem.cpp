@@ -29,7 +29,7 @@ constexpr auto RetryDelay = 1000ms;
 // The rule with which dconf watches a key has no more than 1024 bytes, of which the key gets these.
 constexpr int MaxKeySize = 900;
 // A bus takes twice as much by default. It ends the connection, for all keys, over a larger message.
-constexpr gsize MaxValueSize = 16 * 1024 * 1024;
+constexpr gsize MaxValueSize = gsize(16) * 1024 * 1024;
 
 // GIO ends the process when the session bus ends, unless the connection, which dconf shares, has this disabled.
 // Connecting can take long, so a thread does it. The connection is never released: the next one would have the default

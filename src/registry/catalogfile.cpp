@@ -47,7 +47,7 @@ public:
         file->path = path;
         file->catalog = *catalog;
         m_open.append(path);
-        const CatalogFault fault = readDependencies(file);
+        CatalogFault fault = readDependencies(file);
         m_open.removeLast();
         return fault;
     }
@@ -64,7 +64,7 @@ private:
                 return {path, QStringLiteral("is in another directory")};
             }
             file->dependencies.emplace_back();
-            const CatalogFault fault = read(path, &file->dependencies.back());
+            CatalogFault fault = read(path, &file->dependencies.back());
             if (!fault.reason.isEmpty()) {
                 return fault;
             }

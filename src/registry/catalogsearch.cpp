@@ -51,7 +51,7 @@ QString findCatalog(const QString &name, const QString &directory)
     const int start = pathOf(name, directory).size() - name.size();
     QString path = pathOf(name, directory);
     for (;;) {
-        const QString found = withOrWithoutSuffix(path);
+        QString found = withOrWithoutSuffix(path);
         const int end = std::max(path.lastIndexOf(QLatin1Char('_')), path.lastIndexOf(QLatin1Char('.')));
         if (!found.isEmpty() || end <= start) {
             return found;
@@ -67,7 +67,7 @@ QString findCatalog(const QLocale &locale, const QString &name, const QString &p
     for (QString language : languages) {
         for (int end = language.size(); end > 0; end = language.lastIndexOf(QLatin1Char('_'))) {
             language.truncate(end);
-            const QString found = withOrWithoutSuffix(path + prefix + language);
+            QString found = withOrWithoutSuffix(path + prefix + language);
             if (!found.isEmpty()) {
                 return found;
             }

@@ -64,14 +64,14 @@ bool CatalogTranslator::isEmpty() const
 QString CatalogTranslator::translate(const char *context, const char *sourceText, const char *disambiguation,
                                      int n) const
 {
-    const QString own = QTranslator::translate(context, sourceText, disambiguation, n);
+    QString own = QTranslator::translate(context, sourceText, disambiguation, n);
     if (!own.isNull() || m_dependencies.empty() || !m_catalog.leavesToDependencies(context ? context : "")) {
         return own;
     }
     // As QTranslator does: the last thing that it looks for among its messages has no disambiguation.
     const char *remaining = m_catalog.hasMessages ? nullptr : disambiguation;
     for (const auto &dependency : m_dependencies) {
-        const QString text = dependency->translate(context, sourceText, remaining, n);
+        QString text = dependency->translate(context, sourceText, remaining, n);
         if (!text.isNull()) {
             return text;
         }

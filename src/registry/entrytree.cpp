@@ -121,7 +121,7 @@ void EntryTree::load(const QString &fileName)
 FileReport EntryTree::read(const QString &fileName) const
 {
     qCInfo(lcSettings) << Messages::ParsingFile << "parsing" << quoted(fileName);
-    const FileReport report = readRegistrationFile(m_sources, fileName);
+    FileReport report = readRegistrationFile(m_sources, fileName);
     if (m_observer) {
         m_observer->fileRead(report);
     }

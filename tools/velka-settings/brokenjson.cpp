@@ -21,8 +21,8 @@ QString decoded(const QByteArray &text)
     const bool isBigEndian = text.startsWith("\xfe\xff") || text.startsWith('\0');
     QString result;
     for (int i = 0; i + 1 < text.size(); i += 2) {
-        const uchar first = uchar(text.at(i));
-        const uchar second = uchar(text.at(i + 1));
+        const auto first = uchar(text.at(i));
+        const auto second = uchar(text.at(i + 1));
         result += isBigEndian ? QChar(second, first) : QChar(first, second);
     }
     return result;

@@ -10,7 +10,7 @@
 
 namespace
 {
-const QStringList s_help{QStringLiteral("h"), QStringLiteral("help")};
+const QString s_help = QStringLiteral("help");
 const QString s_version = QStringLiteral("version");
 const QString s_format = QStringLiteral("format");
 
@@ -44,12 +44,13 @@ QString mistakeIn(const QCommandLineParser &parser, const CommandSyntax &syntax)
 std::optional<int> parseCommandLine(QCommandLineParser *parser, const CommandSyntax &syntax,
                                     const QStringList &arguments)
 {
-    parser->addOptions({QCommandLineOption(s_help), QCommandLineOption(s_version)});
+    parser->addOptions(
+        {QCommandLineOption(QStringList{QStringLiteral("h"), s_help}), QCommandLineOption(s_version)});
     if (!syntax.formats.isEmpty()) {
         parser->addOption({s_format, {}, QStringLiteral("FORMAT"), syntax.formats.first()});
     }
     const bool isParsed = parser->parse(QStringList{QLatin1String(syntax.name)} + arguments);
-    if (isParsed && parser->isSet(s_help.constFirst())) {
+    if (isParsed && parser->isSet(s_help)) {
         std::fputs(syntax.help, stdout);
         return Commands::Success;
     }

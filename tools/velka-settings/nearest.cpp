@@ -73,7 +73,7 @@ QString nearest(const QString &name, const QStringList &known)
     for (const QString &candidate : known) {
         const QString other = simplified(candidate);
         const bool isOtherWord = simple.size() <= ShortName
-                                 && simple.left(1) != other.left(1); // "age" is not "page"
+                                 && (simple.isEmpty() || !other.startsWith(simple.at(0))); // "age" is not "page"
         if (isOtherWord || qAbs(candidate.size() - name.size()) > name.size() / 2 + 2) {
             continue;
         }

@@ -46,7 +46,7 @@ public:
         m_offset += int(sizeof(quint32));
         const int available = m_bytes.size() - m_offset;
         const int length = size == UINT32_MAX ? 0 : int(qMin(size, quint32(available)));
-        const QByteArray block = m_bytes.mid(m_offset, length);
+        QByteArray block = m_bytes.mid(m_offset, length);
         m_offset += length;
         return block;
     }
@@ -66,7 +66,7 @@ QByteArray messagesOf(const QByteArray &catalog)
     ByteReader sections(catalog, MagicSize);
     while (!sections.isAtEnd()) {
         const uchar section = sections.readByte();
-        const QByteArray content = sections.readBlock();
+        QByteArray content = sections.readBlock();
         if (section == Messages) {
             return content;
         }

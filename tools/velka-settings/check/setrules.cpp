@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace Check
 {
@@ -79,7 +80,7 @@ DirectoryRules::DirectoryRules(const std::vector<FileSummary> &files, std::vecto
     , m_isReported(int(m_tree.nodes().size()), false)
 {
     for (int i = 0; i < int(findings->size()); ++i) {
-        for (const Finding &finding : (*findings)[std::size_t(i)].findings) {
+        for (const Finding &finding : std::as_const((*findings)[std::size_t(i)].findings)) {
             if (isAboutSpelling(finding.tag)) {
                 m_misspelt.insert({i, finding.offset});
             }

@@ -4,6 +4,7 @@
 #include "rules.h"
 
 #include <algorithm>
+#include <string>
 
 namespace Check
 {
@@ -43,12 +44,12 @@ void checkCharacters(const Written &written, const QString &text, bool (*isBad)(
     if (written.kind != Written::String || hasRawControl(findings->textOf(written))) {
         return; // a raw one has a finding of its own
     }
-    const QVector<uint> characters = text.toUcs4();
+    const std::u32string characters = text.toStdU32String();
     const auto bad = std::find_if(characters.cbegin(), characters.cend(), isBad);
     if (bad != characters.cend()) {
         findings->atValue(Tag::ControlCharacter, written,
                           QStringLiteral("remove the character U+%1, which cannot be seen")
-                              .arg(QString::number(*bad, 16).toUpper().rightJustified(4, QLatin1Char('0'))));
+                              .arg(QString::number(uint(*bad), 16).toUpper().rightJustified(4, QLatin1Char('0'))));
     } else if (text != text.normalized(QString::NormalizationForm_C)) {
         findings->atValue(
             Tag::NotNormalized, written,

@@ -14,9 +14,13 @@ namespace Check
 {
 namespace
 {
-const QStringList s_types{QStringLiteral("action"), QStringLiteral("bool"),    QStringLiteral("custom"),
-                          QStringLiteral("enum"),   QStringLiteral("integer"), QStringLiteral("page"),
-                          QStringLiteral("section")};
+const QStringList &knownTypes()
+{
+    static const QStringList types{QStringLiteral("action"), QStringLiteral("bool"),    QStringLiteral("custom"),
+                                   QStringLiteral("enum"),   QStringLiteral("integer"), QStringLiteral("page"),
+                                   QStringLiteral("section")};
+    return types;
+}
 
 /// Returns the type that other programs call @p type.
 QString typeCalled(const QString &type)
@@ -113,12 +117,12 @@ QVector<EntryRule> typeRules()
 QString meantType(const Entry &entry)
 {
     const QString &type = entry.type;
-    if (type.isEmpty() || s_types.contains(type) || type.contains(QLatin1String("custom"))) {
+    if (type.isEmpty() || knownTypes().contains(type) || type.contains(QLatin1String("custom"))) {
         return {};
     }
     const QString called = typeCalled(type);
     const QString custom = called.isEmpty() ? withCustom(type) : called;
-    return custom.isEmpty() ? nearest(type, s_types) : custom;
+    return custom.isEmpty() ? nearest(type, knownTypes()) : custom;
 }
 
 bool hasUnclearType(const Entry &entry)
