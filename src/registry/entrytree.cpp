@@ -21,6 +21,8 @@
 #include <QLocale>
 #include <QPointer>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -28,6 +30,11 @@ namespace
 /// The largest size of a file, in bytes for each of its nodes, whose text is kept: the rest of it may be anything.
 constexpr qint64 MaxTextOfNode = 4096;
 constexpr int MaxWarningsOfFile = 1000;
+
+QSet<QString> asSet(const QStringList &list)
+{
+    return {list.cbegin(), list.cend()};
+}
 }
 
 EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, LoadObserver *observer)
@@ -62,36 +69,41 @@ bool EntryTree::scan()
     if (isReadLater(listing.shortage)) {
         return isMaskChanged;
     }
-    const QStringList &listed = listing.files;
-    const QSet<QString> present(listed.cbegin(), listed.cend());
-    const QSet<QString> known(m_knownFiles.cbegin(), m_knownFiles.cend());
-    const QSet<QString> vanished = known - present;
-    if (!vanished.isEmpty()) {
-        unload(vanished);
-        const auto isGone = [&vanished](const QString &name) { return vanished.contains(name); };
-        m_knownFiles.erase(std::remove_if(m_knownFiles.begin(), m_knownFiles.end(), isGone), m_knownFiles.end());
+    const bool isAnyUnloaded = unloadVanished(listing.files);
+    return loadAdded(listing.files) || isAnyUnloaded || isMaskChanged;
+}
+
+bool EntryTree::unloadVanished(const QStringList &present)
+{
+    const QSet<QString> vanished = asSet(m_knownFiles) - asSet(present);
+    if (vanished.isEmpty()) {
+        return false;
     }
+    unload(vanished);
+    const auto isGone = [&vanished](const QString &name) { return vanished.contains(name); };
+    m_knownFiles.erase(std::remove_if(m_knownFiles.begin(), m_knownFiles.end(), isGone), m_knownFiles.end());
+    return true;
+}
+
+bool EntryTree::loadAdded(const QStringList &present)
+{
+    const QSet<QString> known = asSet(m_knownFiles);
     QStringList added;
-    for (const QString &name : listed) {
-        if (isRegistrationFile(name) && !known.contains(name)) {
-            added.append(name);
-        }
-    }
+    std::copy_if(present.cbegin(), present.cend(), std::back_inserter(added),
+                 [&known](const QString &name) { return isRegistrationFile(name) && !known.contains(name); });
     if (m_observer) {
         m_observer->scanStarted(added.size());
     }
-    bool isChanged = isMaskChanged || !vanished.isEmpty();
-    for (const QString &name : qAsConst(added)) {
+    for (const QString &name : std::as_const(added)) {
         const FileReport report = read(name);
         if (isReadLater(report.shortage)) {
-            return isChanged; // the others must not be loaded before it
+            return name != added.constFirst(); // the others must not be loaded before it
         }
         m_knownFiles.append(name);
         insert(report);
-        isChanged = true;
     }
     m_isShort = m_postponedMasked.has_value();
-    return isChanged;
+    return !added.isEmpty();
 }
 
 bool EntryTree::isShort() const
@@ -308,18 +320,11 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
 {
     m_postponedMasked.reset();
     const QSet<QString> reload = filesToReload(paths);
-    // In the order of a scan, so that of two files with one path the same one wins.
-    QStringList fileNames = reload.values();
-    fileNames.sort(Qt::CaseInsensitive);
     // Read before the first is unloaded, or what cannot be read now would be lost.
-    QVector<FileReport> reports;
-    reports.reserve(fileNames.size());
-    for (const QString &fileName : qAsConst(fileNames)) {
-        reports.append(read(fileName));
-        if (isReadLater(reports.constLast().shortage)) {
-            m_postponedMasked = paths;
-            return false;
-        }
+    const std::optional<QVector<FileReport>> reports = readAll(reload);
+    if (!reports) {
+        m_postponedMasked = paths;
+        return false;
     }
     m_maskedPaths = paths; // the files are loaded by the new list
     if (reload.isEmpty()) {
@@ -327,12 +332,26 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
     }
     // A node that has outlived its own file stays, because its children are loaded again below.
     removeEntries(reload, reload);
-    for (const FileReport &report : qAsConst(reports)) {
-        insert(report);
-    }
+    std::for_each(reports->cbegin(), reports->cend(), [this](const FileReport &report) { insert(report); });
     prune(m_index->removableWith(m_outlivedFiles), m_outlivedFiles);
     m_outlivedFiles = withNodes(m_outlivedFiles);
     return true;
+}
+
+std::optional<QVector<FileReport>> EntryTree::readAll(const QSet<QString> &files)
+{
+    // In the order of a scan, so that of two files with one path the same one wins.
+    QStringList fileNames = files.values();
+    fileNames.sort(Qt::CaseInsensitive);
+    QVector<FileReport> reports;
+    reports.reserve(fileNames.size());
+    for (const QString &fileName : std::as_const(fileNames)) {
+        reports.append(read(fileName));
+        if (isReadLater(reports.constLast().shortage)) {
+            return std::nullopt;
+        }
+    }
+    return reports;
 }
 
 QSet<QString> EntryTree::filesToReload(const QSet<QString> &masked) const

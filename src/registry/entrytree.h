@@ -53,6 +53,8 @@ public:
     bool changeMasked(const QSet<QString> &paths);
 
 private:
+    bool unloadVanished(const QStringList &present);
+    bool loadAdded(const QStringList &present);
     bool isReadLater(const QString &shortage);
     FileReport read(const QString &fileName) const;
     void insert(const FileReport &report);
@@ -66,6 +68,8 @@ private:
     void prune(const QVector<QPointer<TreeItem>> &items, const QSet<QString> &removable);
     bool isRemovable(const TreeItem *item, const QSet<QString> &removable) const;
     QSet<QString> filesToReload(const QSet<QString> &masked) const;
+    /// Returns nothing if descriptors or memory are short.
+    std::optional<QVector<FileReport>> readAll(const QSet<QString> &files);
     template<typename Load>
     void installCatalog(const QString &name, const Load &load);
 

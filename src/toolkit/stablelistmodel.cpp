@@ -5,7 +5,6 @@
 
 #include "common/logging.h"
 #include "common/messages.h"
-#include "toolkit/listdifference.h"
 
 #include <algorithm>
 #include <iterator>
@@ -178,21 +177,29 @@ void StableListModel::applyDifference()
         inserted.append(readRows(range.first, range.last, m_roles));
     }
 
-    if (!announceUpdates(updates)) {
-        return;
+    if (announceUpdates(updates) && announceRemovals(difference.removals) && announceMoves(difference.moves)) {
+        announceInsertions(difference.insertions, inserted);
     }
-    for (const ListDifference::Range &range : difference.removals) {
-        if (!removeRange(range.first, range.last)) {
-            return;
-        }
-    }
-    for (const ListDifference::Move &move : difference.moves) {
-        if (!moveRow(move.from, move.to)) {
-            return;
-        }
-    }
-    for (int i = 0; i < inserted.size(); ++i) {
-        if (!insertRange(difference.insertions.at(i).first, inserted.at(i))) {
+}
+
+bool StableListModel::announceRemovals(const QVector<ListDifference::Range> &removals)
+{
+    return std::all_of(removals.cbegin(), removals.cend(), [this](const ListDifference::Range &range) {
+        return removeRange(range.first, range.last);
+    });
+}
+
+bool StableListModel::announceMoves(const QVector<ListDifference::Move> &moves)
+{
+    return std::all_of(moves.cbegin(), moves.cend(),
+                       [this](const ListDifference::Move &move) { return moveRow(move.from, move.to); });
+}
+
+void StableListModel::announceInsertions(const QVector<ListDifference::Range> &insertions,
+                                         const QVector<Rows> &rows)
+{
+    for (int i = 0; i < rows.size(); ++i) {
+        if (!insertRange(insertions.at(i).first, rows.at(i))) {
             return;
         }
     }

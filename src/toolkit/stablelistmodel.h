@@ -4,6 +4,7 @@
 #pragma once
 
 #include "common/rowchanges.h"
+#include "toolkit/listdifference.h"
 #include "toolkit/listrow.h"
 
 #include <QAbstractListModel>
@@ -69,6 +70,9 @@ private:
     Rows readRows(int first, int last, const ListRoles &roles) const;
     QStringList sourceKeys() const;
     bool announceUpdates(const QVector<Update> &updates);
+    bool announceRemovals(const QVector<ListDifference::Range> &removals);
+    bool announceMoves(const QVector<ListDifference::Move> &moves);
+    void announceInsertions(const QVector<ListDifference::Range> &insertions, const QVector<Rows> &rows);
     bool removeRange(int first, int last);
     bool moveRow(int from, int to);
     bool insertRange(int first, const Rows &rows);
