@@ -5,9 +5,9 @@
 
 #include "actions/quickactionreader.h"
 #include "applications/pendingreply.h"
-#include "common/printable.h"
 #include "messagelog.h"
 #include "models/favoritesmodel.h"
+#include "printable.h"
 #include "quickactions.h"
 #include "registry/pluginregistry.h"
 #include "text.h"

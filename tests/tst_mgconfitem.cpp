@@ -228,8 +228,9 @@ void tst_MGConfItem::invalidKey_data()
     QTest::newRow("root") << QStringLiteral("/");
     QTest::newRow("lone surrogate") << QStringLiteral("/test/") + QChar(0xd800);
     QTest::newRow("too long") << longKey(MaxKeySize + 1);
-    QTest::newRow("too long") << longKey(MaxKeySize + 1);
     QTest::newRow("NUL") << QStringLiteral("/test/key") + QChar(QChar::Null);
+    QTest::newRow("line break") << QStringLiteral("test/\nkey");
+    QTest::newRow("right to left") << QStringLiteral("test/\u202ekey");
 }
 
 namespace
@@ -259,7 +260,11 @@ void tst_MGConfItem::invalidKey()
         QCOMPARE(item.value(2), QVariant(2));
         QCOMPARE(spy.count(), 0);
     }
-    const QString shown = QString::fromUtf8(qUtf8Printable(key.left(MaxKeySize)));
+    QString shown = key.left(MaxKeySize);
+    const QList<QChar> hidden{QChar::Null, QLatin1Char('\n'), QChar(0x202e), QChar(0xd800)};
+    for (const QChar character : hidden) {
+        shown.replace(character, QStringLiteral("\\u{%1}").arg(int(character.unicode()), 0, 16));
+    }
     QCOMPARE(s_warnings, QStringList{QStringLiteral("MGConfItem: invalid key \"%1\"").arg(shown)});
 }
 

@@ -5,6 +5,7 @@
 #include "growth.h"
 #include "mgconfitem.h"
 #include "nextfunction.h"
+#include "nodescriptors.h"
 #include "readonlyconfiguration.h"
 
 #include <QDeadlineTimer>
@@ -14,9 +15,14 @@
 
 #include <dconf.h>
 
+#include <functional>
+#include <optional>
+#include <utility>
+
 namespace
 {
 GVariant *s_outdatedValue = nullptr;
+std::function<void()> s_beforeRead; ///< called once
 bool s_dropsNotification = false; ///< the next one
 bool s_waitsForFailure = false; ///< before the next notification is handled
 
@@ -80,6 +86,9 @@ extern "C" Q_DECL_EXPORT DConfClient *dconf_client_new()
 
 extern "C" Q_DECL_EXPORT GVariant *dconf_client_read(DConfClient *client, const gchar *path)
 {
+    if (s_beforeRead) {
+        std::exchange(s_beforeRead, nullptr)();
+    }
     if (s_outdatedValue) {
         return std::exchange(s_outdatedValue, nullptr);
     }
@@ -95,6 +104,7 @@ private Q_SLOTS:
     void ignoresAnOutdatedValue();
     void notifiesOfAWriteThatDconfDoesNotReport();
     void notifiesOfAWriteThatFailsAtOnce();
+    void keepsTheValueIfDescriptorsRunOutDuringTheRead();
     void longListTakesLinearTime();
 };
 
@@ -144,6 +154,25 @@ void tst_MGConfItemReading::notifiesOfAWriteThatFailsAtOnce()
     QVERIFY(!s_waitsForFailure);
     QTRY_COMPARE(changes.count(), 1);
     QCOMPARE(item.value(), QVariant());
+}
+
+// dconf opens its database again after each change of it, and finds no value if it cannot.
+void tst_MGConfItemReading::keepsTheValueIfDescriptorsRunOutDuringTheRead()
+{
+    const QString otherKey = QStringLiteral("/test/other");
+    MGConfItem item(s_key);
+    item.set(1);
+    MGConfItem(otherKey).set(1); // so that the item reads again
+    settle();
+    std::optional<NoDescriptors> none;
+    s_beforeRead = [&] {
+        store(otherKey, QStringLiteral("2"));
+        none.emplace();
+    };
+    QCOMPARE(item.value(), QVariant(1));
+    QVERIFY(none);
+    none.reset();
+    QCOMPARE(item.value(), QVariant(1));
 }
 
 void tst_MGConfItemReading::longListTakesLinearTime()

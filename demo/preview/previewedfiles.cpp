@@ -5,9 +5,9 @@
 
 #include "applications/filewatcher.h"
 #include "brokenjson.h"
-#include "common/printable.h"
 #include "entriesplace.h"
 #include "pluginregistry.h"
+#include "printable.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>

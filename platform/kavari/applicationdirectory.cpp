@@ -4,6 +4,7 @@
 #include "applicationdirectory.h"
 
 #include "pathwatcher.h"
+#include "printable.h"
 
 #include <utility>
 
@@ -241,5 +242,5 @@ void ApplicationDirectory::warnOfExcess()
     qWarning(
         "LauncherFolderModel: \"%s\" has more than %d directories, %d files or %d MiB of desktop files, or is "
         "deeper than %d directories: not all of its applications are listed",
-        qUtf8Printable(m_path), MaxDirectories, MaxFiles, MaxMebibytes, MaxScanDepth);
+        qUtf8Printable(printable(m_path)), MaxDirectories, MaxFiles, MaxMebibytes, MaxScanDepth);
 }

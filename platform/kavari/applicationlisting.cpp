@@ -3,6 +3,8 @@
 
 #include "applicationlisting.h"
 
+#include "printable.h"
+
 #include <mdesktopentry.h>
 
 #include <QStandardPaths>
@@ -33,7 +35,7 @@ QString readingError(const MDesktopEntry &entry)
 
 void warn(const QString &problem)
 {
-    qWarning("LauncherFolderModel: %s", qUtf8Printable(problem));
+    qWarning("LauncherFolderModel: %s", qUtf8Printable(printable(problem)));
 }
 
 /// Returns what decides on the content of a listing.

@@ -6,6 +6,7 @@
 #include "applicationlisting.h"
 #include "launcherrows.h"
 #include "menulayout.h"
+#include "printable.h"
 #include "regularfile.h"
 
 #include <QFileInfo>
@@ -156,7 +157,7 @@ std::optional<MenuLayout> LauncherFolderModelPrivate::readLayout()
         return layout;
     }
     if (!content.isShortage || !hasWarned) {
-        qWarning("LauncherFolderModel: cannot read \"%s\": %s", qUtf8Printable(path),
+        qWarning("LauncherFolderModel: cannot read \"%s\": %s", qUtf8Printable(printable(path)),
                  qUtf8Printable(content.error));
     }
     return std::nullopt;

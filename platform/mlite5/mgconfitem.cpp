@@ -5,6 +5,7 @@
 
 #include "databaseflag.h"
 #include "dconfvariant.h"
+#include "printable.h"
 
 #include <QDataStream>
 #include <QIODevice>
@@ -30,6 +31,12 @@ constexpr auto RetryDelay = 1000ms;
 constexpr int MaxKeySize = 900;
 // A bus takes twice as much by default. It ends the connection, for all keys, over a larger message.
 constexpr gsize MaxValueSize = gsize(16) * 1024 * 1024;
+
+/// Returns @p utf8 as it is logged.
+QByteArray shown(const QByteArray &utf8)
+{
+    return printable(QString::fromUtf8(utf8)).toUtf8();
+}
 
 // GIO ends the process when the session bus ends, unless the connection, which dconf shares, has this disabled.
 // Connecting can take long, so a thread does it. The connection is never released: the next one would have the default
@@ -166,6 +173,17 @@ bool isReadable()
     databaseFlag().generation();
     return databaseFlag().canOpenDatabase();
 }
+
+/// Returns the value, or nothing if it cannot be read now.
+std::optional<GVariantPointer> readStored(const QByteArray &path)
+{
+    if (!isReadable()) {
+        return std::nullopt;
+    }
+    GVariantPointer value = readKey(path);
+    // The database may have been replaced just before it was read.
+    return isReadable() ? std::optional<GVariantPointer>(std::move(value)) : std::nullopt;
+}
 }
 
 class MGConfItemPrivate
@@ -190,7 +208,7 @@ private:
     void endTurn();
     void updateLater();
     void update();
-    void read();
+    bool read();
 
     MGConfItem *const m_item;
     mutable QVariant m_value; ///< as it was read last; the key's value in that generation
@@ -209,15 +227,13 @@ MGConfItemPrivate::MGConfItemPrivate(MGConfItem *item, const QString &key)
     , m_item(item)
 {
     if (m_path.isEmpty()) {
-        qWarning("MGConfItem: invalid key \"%s\"", qUtf8Printable(key.left(MaxKeySize)));
+        qWarning("MGConfItem: invalid key \"%s\"", qUtf8Printable(printable(key.left(MaxKeySize))));
         return;
     }
     // Watch before the first read. Otherwise a change in between would be lost.
     watch();
-    if (isReadable()) {
-        read();
-    } else {
-        qWarning("MGConfItem: cannot read \"%s\" yet", m_path.constData());
+    if (!read()) {
+        qWarning("MGConfItem: cannot read \"%s\" yet", shown(m_path).constData());
         m_seen = fingerprint({});
         updateLater();
     }
@@ -238,9 +254,13 @@ QVariant MGConfItemPrivate::value() const
         return {};
     }
     const quint64 current = generation();
-    if (m_generation != current && isReadable()) {
-        m_handedOut = readKey(m_path);
-        m_value = fromGVariant(m_handedOut->get());
+    if (m_generation == current) {
+        return m_value;
+    }
+    std::optional<GVariantPointer> stored = readStored(m_path);
+    if (stored) {
+        m_value = fromGVariant(stored->get());
+        m_handedOut = std::move(stored);
         m_generation = current;
     }
     return m_value;
@@ -322,12 +342,11 @@ void MGConfItemPrivate::update()
 {
     const auto written = std::exchange(m_written, std::nullopt);
     watch();
-    if (!isReadable()) {
+    const QByteArray before = m_seen;
+    if (!read()) {
         updateLater();
         return;
     }
-    const QByteArray before = m_seen;
-    read();
     // A caller who read a value that has been replaced by the one before it needs a notification, too.
     const auto handedOut = std::exchange(m_handedOut, std::nullopt);
     if (written && *written != m_seen) {
@@ -340,10 +359,14 @@ void MGConfItemPrivate::update()
     }
 }
 
-void MGConfItemPrivate::read()
+bool MGConfItemPrivate::read()
 {
-    m_value = fromGVariant(readKey(m_path).get());
-    m_seen = fingerprint(m_value);
+    const std::optional<GVariantPointer> stored = readStored(m_path);
+    if (stored) {
+        m_value = fromGVariant(stored->get());
+        m_seen = fingerprint(m_value);
+    }
+    return stored.has_value();
 }
 
 MGConfItem::MGConfItem(const QString &key, QObject *parent)
@@ -377,15 +400,15 @@ void MGConfItem::set(const QVariant &value)
     }
     const GVariantPointer stored = toGVariant(value);
     if (value.isValid() && !stored) {
-        qWarning("MGConfItem: cannot store the value of \"%s\"", d->m_path.constData());
+        qWarning("MGConfItem: cannot store the value of \"%s\"", shown(d->m_path).constData());
         return;
     }
     if (stored && g_variant_get_size(stored.get()) > MaxValueSize) {
-        qWarning("MGConfItem: the value of \"%s\" is too large", d->m_path.constData());
+        qWarning("MGConfItem: the value of \"%s\" is too large", shown(d->m_path).constData());
         return;
     }
     if (!client()) {
-        qWarning("MGConfItem: cannot write \"%s\": no descriptor is free", d->m_path.constData());
+        qWarning("MGConfItem: cannot write \"%s\": no descriptor is free", shown(d->m_path).constData());
         return;
     }
     // Handlers of valueChanged() run before the write returns, and may delete the item.
@@ -396,7 +419,8 @@ void MGConfItem::set(const QVariant &value)
     GError *error = nullptr;
     if (!dconf_client_write_fast(client(), path.constData(), stored.get(), &error)) {
         d->m_written.reset();
-        qWarning("MGConfItem: cannot write \"%s\": %s", path.constData(), error->message);
+        qWarning("MGConfItem: cannot write \"%s\": %s", shown(path).constData(),
+                 shown(error->message).constData());
         g_error_free(error);
     } else if (s_notifications == before) {
         notify(path);

@@ -7,7 +7,7 @@
 #include "common/constants.h"
 #include "common/logtext.h"
 #include "common/messages.h"
-#include "common/printable.h"
+#include "printable.h"
 
 #include <mremoteaction.h>
 

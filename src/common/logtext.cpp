@@ -3,7 +3,7 @@
 
 #include "common/logtext.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 QDebug operator<<(QDebug debug, const LogText &text)
 {

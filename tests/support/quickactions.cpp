@@ -3,7 +3,7 @@
 
 #include "quickactions.h"
 
-#include "common/printable.h"
+#include "printable.h"
 #include "text.h"
 
 #include <QDBusConnection>

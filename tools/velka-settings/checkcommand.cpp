@@ -4,8 +4,8 @@
 #include "checker.h"
 #include "commandline.h"
 #include "commands.h"
-#include "common/printable.h"
 #include "formats.h"
+#include "printable.h"
 #include "progress.h"
 #include "terminal.h"
 

@@ -4,7 +4,7 @@
 #include "commandline.h"
 
 #include "commands.h"
-#include "common/printable.h"
+#include "printable.h"
 
 #include <cstdio>
 

@@ -3,7 +3,7 @@
 
 #include "differenceformats.h"
 
-#include "common/printable.h"
+#include "printable.h"
 #include "terminal.h"
 #include "values.h"
 

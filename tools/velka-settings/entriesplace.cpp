@@ -3,8 +3,8 @@
 
 #include "entriesplace.h"
 
-#include "common/printable.h"
 #include "fileshape.h"
+#include "printable.h"
 
 #include <QDir>
 #include <QFile>

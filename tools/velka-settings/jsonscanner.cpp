@@ -4,8 +4,8 @@
 #include "jsonscanner.h"
 
 #include "blank.h"
-#include "common/printable.h"
 #include "place.h"
+#include "printable.h"
 
 #include <QRegularExpression>
 

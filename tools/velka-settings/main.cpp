@@ -3,8 +3,8 @@
 
 #include "commandline.h"
 #include "commands.h"
-#include "common/printable.h"
 #include "nearest.h"
+#include "printable.h"
 
 #include <QCoreApplication>
 

@@ -3,8 +3,8 @@
 
 #include "namedsources.h"
 
-#include "common/printable.h"
 #include "entriesplace.h"
+#include "printable.h"
 
 #include <QFileInfo>
 #include <QHash>

@@ -3,9 +3,9 @@
 
 #include "commandline.h"
 #include "commands.h"
-#include "common/printable.h"
 #include "entriesplace.h"
 #include "localename.h"
+#include "printable.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -4,8 +4,8 @@
 #include "problems.h"
 
 #include "brokenjson.h"
-#include "common/printable.h"
 #include "loadrecord.h"
+#include "printable.h"
 #include "terminal.h"
 
 namespace

@@ -5,8 +5,8 @@
 
 #include "commands.h"
 #include "common/constants.h"
-#include "common/printable.h"
 #include "localename.h"
+#include "printable.h"
 #include "progress.h"
 
 #include <mgconfitem.h>

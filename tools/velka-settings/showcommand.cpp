@@ -10,7 +10,7 @@
 #include "treelisting.h"
 #include "values.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 namespace
 {

@@ -3,7 +3,7 @@
 
 #include "terminal.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -9,7 +9,7 @@
 #include "terminal.h"
 #include "treelisting.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

@@ -3,7 +3,7 @@
 
 #include "values.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,8 +3,8 @@
 
 #include "whyreport.h"
 
-#include "common/printable.h"
 #include "inspection.h"
+#include "printable.h"
 #include "registry/blacklistfile.h"
 #include "registry/registrationfile.h"
 #include "registry/treeitem.h"

@@ -5,8 +5,8 @@
 
 #include "brokenjson.h"
 #include "common/constants.h"
-#include "common/printable.h"
 #include "knownkeys.h"
+#include "printable.h"
 #include "registry/textfile.h"
 #include "rules.h"
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "common/printable.h"
 #include "pathrules.h"
+#include "printable.h"
 #include "registry/registrationfile.h"
 #include "rules.h"
 #include "valuetext.h"

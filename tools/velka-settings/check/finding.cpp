@@ -3,7 +3,7 @@
 
 #include "finding.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 namespace Check
 {

@@ -3,8 +3,8 @@
 
 #include "formats.h"
 
-#include "common/printable.h"
 #include "excerpt.h"
+#include "printable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,7 +3,7 @@
 
 #include "formats.h"
 
-#include "common/printable.h"
+#include "printable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,8 +3,8 @@
 
 #include "setrules.h"
 
-#include "common/printable.h"
 #include "pathsuggestion.h"
+#include "printable.h"
 #include "registry/registrationfile.h"
 
 #include <QFileInfo>

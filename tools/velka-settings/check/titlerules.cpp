@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "catalogs.h"
-#include "common/printable.h"
 #include "knownkeys.h"
+#include "printable.h"
 #include "rules.h"
 
 #include <algorithm>
