@@ -261,7 +261,8 @@ void tst_MGConfItem::invalidKey()
         QCOMPARE(spy.count(), 0);
     }
     QString shown = key.left(MaxKeySize);
-    const QList<QChar> hidden{QChar::Null, QLatin1Char('\n'), QChar(0x202e), QChar(0xd800)};
+    shown.replace(QChar(0xd800), QChar(QChar::ReplacementCharacter));
+    const QList<QChar> hidden{QChar::Null, QLatin1Char('\n'), QChar(0x202e)};
     for (const QChar character : hidden) {
         shown.replace(character, QStringLiteral("\\u{%1}").arg(int(character.unicode()), 0, 16));
     }
