@@ -112,6 +112,8 @@ void ItemRowsTest::randomChangesMatchList()
         for (TreeItem *item : all) {
             const int row = rows.rowOf(item);
             QVERIFY(row < 0 ? !expected.contains(item) : expected.at(row) == item);
+            QCOMPARE(row, expected.lastIndexOf(item));
+            QCOMPARE(rows.firstRowOf(item), expected.indexOf(item));
         }
     }
 }

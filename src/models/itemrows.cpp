@@ -3,8 +3,6 @@
 
 #include "models/itemrows.h"
 
-#include <algorithm>
-
 namespace
 {
 constexpr int MaxSpareSlots = 64;
@@ -30,18 +28,12 @@ TreeItem *ItemRows::at(int row) const
 
 int ItemRows::rowOf(const QObject *item) const
 {
-    const int slot = m_slotsOf.value(item).first;
-    return slot < 0 ? -1 : slot - removedBefore(slot);
+    return rowOfSlot(m_slotsOf.value(item).last);
 }
 
 int ItemRows::firstRowOf(const QObject *item) const
 {
-    const int slot = m_slotsOf.value(item).first;
-    int first = slot;
-    for (int next = slot; next >= 0; next = m_slots.at(next).next) {
-        first = qMin(first, next);
-    }
-    return first < 0 ? -1 : first - removedBefore(first);
+    return rowOfSlot(m_slotsOf.value(item).first);
 }
 
 int ItemRows::countOf(const QObject *item) const
@@ -115,11 +107,13 @@ void ItemRows::appendSlot(const QPointer<TreeItem> &item, const QObject *key)
 void ItemRows::link(int slot)
 {
     SlotsOfItem &slotsOfItem = m_slotsOf[m_slots.at(slot).key];
-    if (slotsOfItem.first >= 0) {
-        m_slots[slotsOfItem.first].previous = slot;
+    if (slotsOfItem.count == 0) {
+        slotsOfItem.first = slot;
+    } else {
+        m_slots[slotsOfItem.last].next = slot;
+        m_slots[slot].previous = slotsOfItem.last;
     }
-    m_slots[slot].next = slotsOfItem.first;
-    slotsOfItem.first = slot;
+    slotsOfItem.last = slot;
     ++slotsOfItem.count;
 }
 
@@ -134,10 +128,17 @@ void ItemRows::unlink(int slot)
     }
     if (removed.next >= 0) {
         m_slots[removed.next].previous = removed.previous;
+    } else {
+        slotsOfItem->last = removed.previous;
     }
     if (--slotsOfItem->count == 0) {
         m_slotsOf.erase(slotsOfItem);
     }
+}
+
+int ItemRows::rowOfSlot(int slot) const
+{
+    return slot < 0 ? -1 : slot - removedBefore(slot);
 }
 
 int ItemRows::removedBefore(int slot) const

@@ -20,8 +20,8 @@ public:
     void reset(const QList<TreeItem *> &items);
     int count() const;
     TreeItem *at(int row) const; ///< null when there is no such row
-    int rowOf(const QObject *item) const; ///< one of its rows, -1 when it has none; @p item may be deleted
-    int firstRowOf(const QObject *item) const; ///< the same, but linear in the number of its rows
+    int rowOf(const QObject *item) const; ///< the last of its rows, -1 when it has none; @p item may be deleted
+    int firstRowOf(const QObject *item) const; ///< the first of its rows, otherwise the same
     int countOf(const QObject *item) const; ///< the number of its rows; @p item may be deleted
     void append(TreeItem *item);
     void removeAt(int row);
@@ -36,6 +36,7 @@ private:
     };
     struct SlotsOfItem {
         int first = -1;
+        int last = -1;
         int count = 0;
     };
 
@@ -46,6 +47,7 @@ private:
     void link(int slot);
     void unlink(int slot);
     int slotOfRow(int row) const;
+    int rowOfSlot(int slot) const;
     int removedBefore(int slot) const;
 
     QVector<Slot> m_slots; ///< those of removed rows, too, until they are many
