@@ -10,16 +10,20 @@
 
 namespace
 {
-/// Returns @p path with the suffix of catalogs, or as it is. Returns an empty string when neither is a readable file.
+/// Returns the first of @p candidates that is a readable file, an empty string if none is.
+QString firstReadable(const QStringList &candidates)
+{
+    const auto found = std::find_if(candidates.cbegin(), candidates.cend(), [](const QString &candidate) {
+        const QFileInfo file(candidate);
+        return file.isReadable() && file.isFile();
+    });
+    return found == candidates.cend() ? QString() : *found;
+}
+
+/// Returns @p path with the suffix of catalogs, or as it is. Returns an empty string if neither is a readable file.
 QString withOrWithoutSuffix(const QString &path)
 {
-    for (const QString &candidate : {path + QLatin1String(".qm"), path}) {
-        const QFileInfo file(candidate);
-        if (file.isReadable() && file.isFile()) {
-            return candidate;
-        }
-    }
-    return {};
+    return firstReadable({path + QLatin1String(".qm"), path});
 }
 
 QString pathOf(const QString &name, const QString &directory)
@@ -48,8 +52,8 @@ QStringList languagesOf(const QLocale &locale)
 
 QString findCatalog(const QString &name, const QString &directory)
 {
-    const int start = pathOf(name, directory).size() - name.size();
     QString path = pathOf(name, directory);
+    const int start = path.size() - name.size();
     for (;;) {
         QString found = withOrWithoutSuffix(path);
         const int end = std::max(path.lastIndexOf(QLatin1Char('_')), path.lastIndexOf(QLatin1Char('.')));
@@ -74,11 +78,5 @@ QString findCatalog(const QLocale &locale, const QString &name, const QString &p
         }
     }
     // Without a language Qt tries no suffix.
-    for (const QString &candidate : {path + prefix, path}) {
-        const QFileInfo file(candidate);
-        if (file.isReadable() && file.isFile()) {
-            return candidate;
-        }
-    }
-    return {};
+    return firstReadable({path + prefix, path});
 }
