@@ -3,6 +3,8 @@
 
 #include "databaseflag.h"
 
+#include "regularfile.h"
+
 #include <QByteArray>
 
 #include <glib.h>
@@ -16,11 +18,6 @@
 namespace
 {
 constexpr size_t FlagSize = 1;
-
-bool isShortage(int error)
-{
-    return error == EMFILE || error == ENFILE || error == ENOMEM;
-}
 }
 
 DatabaseFlag::~DatabaseFlag()
