@@ -145,7 +145,7 @@ public:
 
 private:
     static constexpr float All = 1;
-    static constexpr float Most = 0.5F;
+    static constexpr float Most = 0.4F;
 
     QVector<Match> mostWords(const QVector<Word> &parts) const
     {
