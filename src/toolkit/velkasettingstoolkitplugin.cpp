@@ -3,6 +3,8 @@
 
 #include "toolkit/velkasettingstoolkitplugin.h"
 
+#include "toolkit/addressrequests.h"
+#include "toolkit/entryaction.h"
 #include "toolkit/settingsentry.h"
 #include "toolkit/stablelistmodel.h"
 
@@ -11,6 +13,8 @@
 void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
 {
     qmlRegisterAnonymousType<QAbstractItemModel>(uri, 1); // the type of a property
+    qmlRegisterType<AddressRequests>(uri, 1, 0, "AddressRequests");
+    qmlRegisterType<EntryAction>(uri, 1, 0, "EntryAction");
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }
