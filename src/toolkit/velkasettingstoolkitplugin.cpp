@@ -5,6 +5,7 @@
 
 #include "toolkit/addressrequests.h"
 #include "toolkit/entryaction.h"
+#include "toolkit/platformservices.h"
 #include "toolkit/settingsentry.h"
 #include "toolkit/stablelistmodel.h"
 
@@ -15,6 +16,11 @@ void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
     qmlRegisterAnonymousType<QAbstractItemModel>(uri, 1); // the type of a property
     qmlRegisterType<AddressRequests>(uri, 1, 0, "AddressRequests");
     qmlRegisterType<EntryAction>(uri, 1, 0, "EntryAction");
+    qmlRegisterUncreatableType<PlatformService>(uri, 1, 0, "PlatformService",
+                                                QStringLiteral("PlatformServices has them"));
+    qmlRegisterSingletonType<PlatformServices>(
+        uri, 1, 0, "PlatformServices",
+        [](QQmlEngine *, QJSEngine *) -> QObject * { return new PlatformServices; });
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }
