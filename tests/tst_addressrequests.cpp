@@ -12,6 +12,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QPointer>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -115,6 +116,7 @@ private Q_SLOTS:
     void handlerMayDeactivate();
     void handlerMayDelete();
     void callersDoNotWaitForHandlers();
+    void toolOpensEntries();
     void wrongNames_data();
     void wrongNames();
     void nameOfAnotherProgram();
@@ -356,6 +358,18 @@ void AddressRequestsTest::callersDoNotWaitForHandlers()
     open({text("velka-settings:/a")});
     QTRY_COMPARE(requests.log(), path("a/b"));
     QTRY_COMPARE(error, QString());
+}
+
+void AddressRequestsTest::toolOpensEntries()
+{
+    Recorded requests;
+    QTRY_VERIFY(requests.isOwned());
+    QProcess tool;
+    QSignalSpy finished(&tool, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
+    tool.start(text(VELKA_TOOL), {text("open"), text("--service"), s_service, QString::fromUtf8("a/ä b")});
+    QVERIFY(finished.wait());
+    QCOMPARE(tool.exitCode(), 0);
+    QTRY_COMPARE(requests.log(), QStringList(QString::fromUtf8("a/ä b")));
 }
 
 void AddressRequestsTest::wrongNames_data()

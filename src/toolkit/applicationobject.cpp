@@ -9,11 +9,11 @@
 #include "common/messages.h"
 #include "printable.h"
 #include "toolkit/address.h"
+#include "toolkit/applicationpath.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QDBusMessage>
-#include <QRegularExpression>
 
 #include <utility>
 
@@ -72,7 +72,7 @@ ApplicationObject::ApplicationObject(const QString &service, const Receiver &rec
 ApplicationObject::~ApplicationObject()
 {
     if (m_isExported) {
-        m_bus.unregisterObject(pathOf(m_service));
+        m_bus.unregisterObject(applicationPath(m_service));
         m_bus.send(callOfBus("ReleaseName", {m_service}));
     }
 }
@@ -80,17 +80,6 @@ ApplicationObject::~ApplicationObject()
 bool ApplicationObject::isOwned() const
 {
     return m_isOwned;
-}
-
-QString ApplicationObject::pathOf(const QString &service)
-{
-    static const QRegularExpression wellKnown(
-        QStringLiteral("\\A(?=.{1,255}\\z)[A-Za-z_-][A-Za-z0-9_-]*(\\.[A-Za-z_-][A-Za-z0-9_-]*)+\\z"));
-    if (!wellKnown.match(service).hasMatch()) {
-        return {};
-    }
-    QString path = QLatin1Char('/') + service;
-    return path.replace(QLatin1Char('.'), QLatin1Char('/')).replace(QLatin1Char('-'), QLatin1Char('_'));
 }
 
 void ApplicationObject::Activate(const QVariantMap &platformData)
@@ -134,7 +123,7 @@ void ApplicationObject::takeDisconnection()
 
 bool ApplicationObject::exportObject()
 {
-    const QString path = pathOf(m_service);
+    const QString path = applicationPath(m_service);
     if (path.isEmpty()) {
         warn(QStringLiteral("it is no well-known name"));
     } else if (!m_bus.isConnected()) {

@@ -38,9 +38,6 @@ public:
 
     bool isOwned() const; ///< true while this program has the name
 
-    /// Returns the path of the object, empty if @p service is no well-known name.
-    static QString pathOf(const QString &service);
-
 public Q_SLOTS:
     // The methods of org.freedesktop.Application
     void Activate(const QVariantMap &platformData);
