@@ -11,6 +11,9 @@
 #include "notificationsconfigproxy.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
+#include "toolkit/addressrequests.h"
+#include "toolkit/entryaction.h"
+#include "toolkit/platformservices.h"
 #include "toolkit/settingsentry.h"
 #include "toolkit/stablelistmodel.h"
 
@@ -239,6 +242,45 @@ void MetaObjectsTest::members_data()
                "signal void contentChanged()",
                "private slot void monitoredDirectoryChanged()",
                "private slot void maskedSettingsChanged()",
+           });
+    addRow("AddressRequests", AddressRequests::staticMetaObject,
+           {
+               "property QString service READ WRITE NOTIFY serviceChanged",
+               "property bool active READ WRITE NOTIFY activeChanged",
+               "property bool owned READ NOTIFY ownedChanged",
+               "signal void openRequested(QString path, QString activationToken)",
+               "signal void activateRequested(QString activationToken)",
+               "signal void serviceChanged()",
+               "signal void activeChanged()",
+               "signal void ownedChanged()",
+           });
+    addRow("EntryAction", EntryAction::staticMetaObject,
+           {
+               "enum State Idle=0 Running=1 Succeeded=2 Failed=3",
+               "property SettingsEntry* entry READ WRITE NOTIFY entryChanged",
+               "property State state READ NOTIFY stateChanged",
+               "property QString errorName READ NOTIFY errorChanged",
+               "property QString errorString READ NOTIFY errorChanged",
+               "property QString requiredPackage READ NOTIFY requiredPackageChanged",
+               "signal void entryChanged()",
+               "signal void stateChanged()",
+               "signal void errorChanged()",
+               "signal void requiredPackageChanged()",
+               "method void run()",
+           });
+    addRow("PlatformService", PlatformService::staticMetaObject,
+           {
+               "enum State Unknown=0 Working=1 Silent=2 Failing=3 Absent=4",
+               "property State state READ NOTIFY changed",
+               "property QString errorName READ NOTIFY changed",
+               "property QString errorString READ NOTIFY changed",
+               "signal void changed()",
+           });
+    addRow("PlatformServices", PlatformServices::staticMetaObject,
+           {
+               "property PlatformService* sandboxing READ",
+               "property PlatformService* autostart READ",
+               "property PlatformService* notifications READ",
            });
     addRow("SettingsEntry", SettingsEntry::staticMetaObject,
            {

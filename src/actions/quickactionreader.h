@@ -12,10 +12,7 @@ class QDBusMessage;
 /**
  * Performs the D-Bus method calls that entries of type "action" describe in their "params", on the session bus and
  * without waiting for an answer. A call that fails is reported with qmlInfo(), as the reader's. When the service is
- * missing, the store client is asked to show the package that the action requires.
- *
- * An action's keys: "remote-service", "remote-path", "remote-interface", "remote-method", "remote-arguments" (a list,
- * sent as the variants that it holds) and "requires-package".
+ * missing, the store client is asked to show the package that the action requires. RemoteCall lists an action's keys.
  */
 class QuickActionReader : public QObject
 {

@@ -10,6 +10,11 @@
 
 #include "autostartinterface.h"
 
+namespace
+{
+constexpr auto s_autostart = PlatformServiceName::Autostart;
+}
+
 AutostartClient::AutostartClient(QObject *parent)
     : QObject(parent)
 {
@@ -17,14 +22,14 @@ AutostartClient::AutostartClient(QObject *parent)
 
 void AutostartClient::fetchEnabled(uint uid, const ListHandler &handler)
 {
-    fetch<QStringList>(proxy()->asyncCall(QStringLiteral("GetEnabled"), int(uid)), parent(),
+    fetch<QStringList>(s_autostart, proxy()->asyncCall(QStringLiteral("GetEnabled"), int(uid)), parent(),
                        QString::fromLatin1(Messages::AutostartListFailed).arg(uid), handler);
 }
 
 void AutostartClient::setEnabled(uint uid, const QString &application, bool enable,
                                  const std::function<void()> &succeeded)
 {
-    whenFinished(proxy()->SetEnabled(int(uid), application, enable), parent(),
+    whenFinished(s_autostart, proxy()->SetEnabled(int(uid), application, enable), parent(),
                  [succeeded](const QDBusPendingCall &reply) {
                      if (!reply.isError()) {
                          succeeded();

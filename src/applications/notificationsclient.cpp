@@ -11,6 +11,11 @@
 
 #include "notificationsconfigproxy.h"
 
+namespace
+{
+constexpr auto s_notifications = PlatformServiceName::Notifications;
+}
+
 NotificationsClient::NotificationsClient(QObject *parent)
     : QObject(parent)
 {
@@ -20,7 +25,7 @@ void NotificationsClient::fetchList(const std::function<void(const std::optional
 {
     const QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("getList"));
     whenFinished(call, parent(), [handler](const QDBusPendingCall &finished) {
-        const auto reply = replyOf<QVariantMap>(finished);
+        const auto reply = replyOf<QVariantMap>(s_notifications, finished);
         if (reply.error.isValid()) {
             // Unlike other errors, by name and message
             qCWarning(lcSettings) << Messages::NotificationsListFailed << quoted(reply.error.name())
@@ -36,7 +41,7 @@ void NotificationsClient::setEnabled(const QString &application, bool enabled,
                                      const std::function<void()> &succeeded)
 {
     whenFinished(
-        proxy()->setEnabled(application, enabled), parent(),
+        s_notifications, proxy()->setEnabled(application, enabled), parent(),
         [application, succeeded](const QDBusPendingCall &reply) {
             if (reply.isError()) {
                 qCWarning(lcSettings).noquote()

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "applications/serviceoutcomes.h"
 #include "common/logging.h"
 #include "common/logtext.h"
 
@@ -60,12 +61,33 @@ void whenFinished(const QDBusPendingCall &call, QObject *owner, Handler handler)
     }
 }
 
-/// Calls @p handler with the value that @p call returns, or with nothing after a warning of @p message and the error.
-template<typename Value, typename Handler>
-void fetch(const QDBusPendingCall &call, QObject *owner, const QString &message, Handler handler)
+/// The same for a call to @p service, whose outcome is recorded.
+template<typename Handler>
+void whenFinished(PlatformServiceName service, const QDBusPendingCall &call, QObject *owner, Handler handler)
 {
-    whenFinished(call, owner, [message, handler](const QDBusPendingCall &finished) {
-        const Reply<Value> reply = replyOf<Value>(finished);
+    whenFinished(call, owner, [service, handler](const QDBusPendingCall &finished) {
+        ServiceOutcomes::instance()->record(service, finished.error());
+        handler(finished);
+    });
+}
+
+/// The same as replyOf() for a call to @p service, whose outcome is recorded.
+template<typename Value>
+Reply<Value> replyOf(PlatformServiceName service, const QDBusPendingCall &call)
+{
+    const Reply<Value> reply = replyOf<Value>(call);
+    ServiceOutcomes::instance()->record(service, reply.error);
+    return reply;
+}
+
+/// Calls @p handler with the value that @p call to @p service returns, or with nothing after a warning of @p message
+/// and the error.
+template<typename Value, typename Handler>
+void fetch(PlatformServiceName service, const QDBusPendingCall &call, QObject *owner, const QString &message,
+           Handler handler)
+{
+    whenFinished(call, owner, [service, message, handler](const QDBusPendingCall &finished) {
+        const Reply<Value> reply = replyOf<Value>(service, finished);
         if (reply.error.isValid()) {
             qCWarning(lcSettings).noquote() << message << unquoted(reply.error);
         }

@@ -16,6 +16,7 @@
 
 namespace
 {
+constexpr auto s_sandboxing = PlatformServiceName::Sandboxing;
 constexpr int LeastTimeout = 1500; ///< in milliseconds: an earlier error is not a time-out
 }
 
@@ -37,26 +38,26 @@ SandboxingClient::SandboxingClient(QObject *parent)
 
 void SandboxingClient::fetchAllowlist(uint uid, const ListHandler &handler)
 {
-    fetch<QStringList>(proxy()->asyncCall(QStringLiteral("GetAllowlist"), uid), parent(),
+    fetch<QStringList>(s_sandboxing, proxy()->asyncCall(QStringLiteral("GetAllowlist"), uid), parent(),
                        QString::fromLatin1(Messages::AllowlistFailed).arg(uid), handler);
 }
 
 void SandboxingClient::fetchAlwaysAllowed(const ListHandler &handler)
 {
-    fetch<QStringList>(proxy()->asyncCall(QStringLiteral("GetAlwaysAllowedApplications")), parent(),
+    fetch<QStringList>(s_sandboxing, proxy()->asyncCall(QStringLiteral("GetAlwaysAllowedApplications")), parent(),
                        QString::fromLatin1(Messages::AlwaysAllowedFailed), handler);
 }
 
 void SandboxingClient::setAllowlist(uint uid, const QStringList &applications,
                                     const std::function<void()> &finished)
 {
-    whenFinished(proxy()->SetAllowlist(uid, applications), parent(),
+    whenFinished(s_sandboxing, proxy()->SetAllowlist(uid, applications), parent(),
                  [finished](const QDBusPendingCall &) { finished(); });
 }
 
 void SandboxingClient::setAllowlistEnabled(uint uid, bool enabled, const std::function<void()> &finished)
 {
-    whenFinished(proxy()->SetAllowlistEnabled(uid, enabled ? 1 : 0), parent(),
+    whenFinished(s_sandboxing, proxy()->SetAllowlistEnabled(uid, enabled ? 1 : 0), parent(),
                  [finished](const QDBusPendingCall &) { finished(); });
 }
 
@@ -65,6 +66,7 @@ bool SandboxingClient::isAllowlistEnabled(uint uid)
     // Not by call(): it deletes what Qt's thread of the bus may still be reading of an error.
     QDBusPendingCall call = proxy()->asyncCall(QStringLiteral("GetAllowlistEnabled"), uid);
     call.waitForFinished(); // BLOCKS: QML reads a property
+    ServiceOutcomes::instance()->record(s_sandboxing, call.error());
     const QDBusMessage reply = call.reply(); // any type of number will do
     return reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toInt() != 0;
 }
@@ -72,7 +74,7 @@ bool SandboxingClient::isAllowlistEnabled(uint uid)
 bool SandboxingClient::needsPermissions(const QString &application)
 {
     // BLOCKS: the next call depends on the reply
-    const auto reply = replyOf<QVariantMap>(callAndWait(QStringLiteral("GetAppInfo"), application));
+    const auto reply = replyOf<QVariantMap>(s_sandboxing, callAndWait(QStringLiteral("GetAppInfo"), application));
     if (reply.error.isValid()) {
         qCWarning(lcSettings) << Messages::AppInfoFailed << quoted(reply.error);
         return false;
@@ -110,6 +112,7 @@ QDBusPendingCall SandboxingClient::callAndWait(const QString &method, const Argu
     timer.start();
     QDBusPendingCall call = proxy()->asyncCall(method, arguments...);
     call.waitForFinished();
+    ServiceOutcomes::instance()->record(s_sandboxing, call.error());
     // A daemon that dies causes the same error at once, and another one may reply to the next call.
     if (m_batch && call.error().type() == QDBusError::NoReply && timer.hasExpired(LeastTimeout)) {
         m_batch->m_timeout = call.error();

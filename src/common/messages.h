@@ -46,5 +46,7 @@ constexpr char NoApplication[] = "Cant find application: %1";
 constexpr char UnknownConfig[] = "Unknown config changed:";
 constexpr char SourceIsUser[] = "UserApplicationsFilterModel: the source model uses this model";
 constexpr char SourceIsOwn[] = "StableListModel: the source model uses this model";
+constexpr char AddressRefused[] = "AddressRequests: refused";
+constexpr char NameNotOwned[] = "AddressRequests: can't get the name";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }

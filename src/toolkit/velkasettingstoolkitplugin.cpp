@@ -3,6 +3,9 @@
 
 #include "toolkit/velkasettingstoolkitplugin.h"
 
+#include "toolkit/addressrequests.h"
+#include "toolkit/entryaction.h"
+#include "toolkit/platformservices.h"
 #include "toolkit/settingsentry.h"
 #include "toolkit/stablelistmodel.h"
 
@@ -11,6 +14,13 @@
 void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
 {
     qmlRegisterAnonymousType<QAbstractItemModel>(uri, 1); // the type of a property
+    qmlRegisterType<AddressRequests>(uri, 1, 0, "AddressRequests");
+    qmlRegisterType<EntryAction>(uri, 1, 0, "EntryAction");
+    qmlRegisterUncreatableType<PlatformService>(uri, 1, 0, "PlatformService",
+                                                QStringLiteral("PlatformServices has them"));
+    qmlRegisterSingletonType<PlatformServices>(
+        uri, 1, 0, "PlatformServices",
+        [](QQmlEngine *, QJSEngine *) -> QObject * { return new PlatformServices; });
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }

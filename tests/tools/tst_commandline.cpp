@@ -43,7 +43,7 @@ void CommandLineTest::helpFitsScreen_data()
 {
     QTest::addColumn<QStringList>("command");
     QTest::newRow("all") << QStringList();
-    for (const char *command : {"check", "tree", "show", "why", "diff", "preview"}) {
+    for (const char *command : {"check", "tree", "show", "why", "diff", "open", "preview"}) {
         QTest::newRow(command) << QStringList{text(command)};
     }
 }
@@ -92,6 +92,14 @@ void CommandLineTest::mistakes_data()
                                 "check --format yaml /",
                                 "check --explain nothing",
                                 "check --override nothing=error /",
+                                "open",
+                                "open x y",
+                                "open --nothing x",
+                                "open /",
+                                "open a/../b",
+                                "open https://example.com/",
+                                "open velka-settings:/%2",
+                                "open --service nothing x",
                                 "preview",
                                 "preview --nothing /",
                                 "preview --page"}) {
@@ -111,7 +119,7 @@ void CommandLineTest::mistakes()
 void CommandLineTest::mistakesNameTheHelp_data()
 {
     QTest::addColumn<QString>("command");
-    for (const char *command : {"check", "tree", "show", "why", "diff", "preview"}) {
+    for (const char *command : {"check", "tree", "show", "why", "diff", "open", "preview"}) {
         QTest::newRow(command) << text(command);
     }
 }

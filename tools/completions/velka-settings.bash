@@ -46,7 +46,7 @@ _velka_settings_value() {
         --group) _velka_settings_offer "$(getent group | cut -d: -f1)" ;;
         --locale) _velka_settings_offer "$(locale -a 2>/dev/null | sed 's/[.@].*//' | sort -u)" ;;
         --explain) _velka_settings_offer "$("${COMP_WORDS[0]}" check --list-tags 2>/dev/null | cut -d" " -f1)" ;;
-        --uid) ;;
+        --uid | --service) ;;
         --override)
             _velka_settings_offer "$("${COMP_WORDS[0]}" check --list-tags 2>/dev/null | sed 's/ .*/=/')" ;;
         --format)
@@ -67,6 +67,7 @@ _velka_settings_options() {
         tree | show | why)
             _velka_settings_words --root --translations --uid --locale --masked --format --help --version ;;
         diff) _velka_settings_words --translations --uid --locale --masked --format --help --version ;;
+        open) _velka_settings_words --service --help --version ;;
         preview)
             _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
                 --smoke-test --help --version ;;
@@ -77,7 +78,7 @@ _velka_settings() {
     local command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _velka_settings_words check tree show why diff preview --help --version
+        _velka_settings_words check tree show why diff open preview --help --version
         return
     fi
     if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then
@@ -88,7 +89,7 @@ _velka_settings() {
         return
     fi
     case $command in
-        show | why) _velka_settings_offer "$(_velka_settings_paths)" ;;
+        open | show | why) _velka_settings_offer "$(_velka_settings_paths)" ;;
         check | diff | preview | tree) _velka_settings_files -f ;;
     esac
 }

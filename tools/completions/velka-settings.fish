@@ -21,10 +21,11 @@ complete --command velka-settings --no-files
 complete --command velka-settings --short-option h --long-option help --description 'Print a short help'
 complete --command velka-settings --long-option version --description 'Print the version'
 
-set --local commands check tree show why diff preview
+set --local commands check tree show why diff open preview
 set --local descriptions 'Report mistakes in registration files' 'Print the tree of entries' \
     'Print all properties of an entry' 'Explain why an entry is in the tree, or why it is not' \
-    'Print what an update of a directory changes' 'Show files in a Settings window'
+    'Print what an update of a directory changes' 'Show an entry in the Settings application' \
+    'Show files in a Settings window'
 for i in (seq (count $commands))
     complete --command velka-settings --condition "not __velka_settings_uses $commands" \
         --arguments $commands[$i] --description $descriptions[$i]
@@ -37,7 +38,8 @@ complete --command velka-settings --condition '__velka_settings_uses tree show w
 complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option uid --exclusive
 complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option masked \
     --exclusive --arguments '(__velka_settings_paths)'
-complete --command velka-settings --condition '__velka_settings_uses show why' --arguments '(__velka_settings_paths)'
+complete --command velka-settings --condition '__velka_settings_uses open' --long-option service --exclusive
+complete --command velka-settings --condition '__velka_settings_uses open show why' --arguments '(__velka_settings_paths)'
 
 complete --command velka-settings --condition '__velka_settings_uses check preview diff tree' --force-files
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive \

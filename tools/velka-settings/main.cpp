@@ -28,6 +28,7 @@ const Command s_commands[] = {
     {"show", "prints all properties of an entry", Commands::show},
     {"why", "explains why an entry is in the tree, or why it is not", Commands::why},
     {"find", "searches the entries for words", Commands::find},
+    {"open", "shows an entry in the Settings application", Commands::open},
     {"diff", "prints what an update of a directory changes", Commands::diff},
 };
 
