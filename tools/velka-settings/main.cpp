@@ -28,6 +28,8 @@ const Command s_commands[] = {
     {"show", "prints all properties of an entry", Commands::show},
     {"why", "explains why an entry is in the tree, or why it is not", Commands::why},
     {"diff", "prints what an update of a directory changes", Commands::diff},
+    {"translate", "makes and updates translations of registration files", Commands::translate},
+    {"install", "gives registration files names with a hash of their content", Commands::install},
 };
 
 QString suggestionFor(const QString &name)
@@ -44,7 +46,7 @@ void printUsage(std::FILE *stream)
 {
     std::fputs("Usage: velka-settings COMMAND [OPTION]... [ARGUMENT]...\n\nCommands:\n", stream);
     for (const Command &command : s_commands) {
-        std::fprintf(stream, "  %-8s %s\n", command.name, command.summary);
+        std::fprintf(stream, "  %-9s %s\n", command.name, command.summary);
     }
     std::fputs("\nFor the options of a command, run velka-settings COMMAND --help.\n", stream);
 }
