@@ -27,8 +27,14 @@ build_watcher() {
 start_watcher() {
     "$work/watcher" >"$work/log" 2>"$work/errors" &
     watcher_process=$!
-    trap 'kill "$watcher_process"' EXIT
+    trap stop_watcher EXIT
     expect_updates "${start[@]}"
+}
+
+stop_watcher() {
+    trap - EXIT
+    kill "$watcher_process"
+    wait "$watcher_process" || true
 }
 
 # expect_updates LINE...  Waits until the watcher has printed as many lines as expected, which must be these.
