@@ -37,11 +37,11 @@ _velka_settings_files() {
 # Offers values of the option $1 of the command $2. Fails when the option has none.
 _velka_settings_value() {
     case $1 in
-        --root | --translations) _velka_settings_files -d ;;
+        --root | --translations | --into) _velka_settings_files -d ;;
         --with)
             _velka_settings_files -d
             _velka_settings_words SYSTEM ;;
-        --screenshot) _velka_settings_files -f ;;
+        --screenshot | --output | -o) _velka_settings_files -f ;;
         --masked | --mask | --page) _velka_settings_offer "$(_velka_settings_paths)" ;;
         --group) _velka_settings_offer "$(getent group | cut -d: -f1)" ;;
         --locale) _velka_settings_offer "$(locale -a 2>/dev/null | sed 's/[.@].*//' | sort -u)" ;;
@@ -71,6 +71,8 @@ _velka_settings_options() {
         preview)
             _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
                 --smoke-test --help --version ;;
+        translate) _velka_settings_words --mirrored --output --help --version ;;
+        install) _velka_settings_words --into --list --help --version ;;
     esac
 }
 
@@ -78,7 +80,7 @@ _velka_settings() {
     local command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _velka_settings_words check tree show why diff open preview --help --version
+        _velka_settings_words check tree show why diff open preview translate install --help --version
         return
     fi
     if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then
@@ -88,9 +90,13 @@ _velka_settings() {
         _velka_settings_options "$command"
         return
     fi
+    if [[ $command == translate ]] && ((COMP_CWORD == 2)); then
+        _velka_settings_words extract update check pseudo
+        return
+    fi
     case $command in
         open | show | why) _velka_settings_offer "$(_velka_settings_paths)" ;;
-        check | diff | preview | tree) _velka_settings_files -f ;;
+        check | diff | install | preview | translate | tree) _velka_settings_files -f ;;
     esac
 }
 

@@ -21,11 +21,12 @@ complete --command velka-settings --no-files
 complete --command velka-settings --short-option h --long-option help --description 'Print a short help'
 complete --command velka-settings --long-option version --description 'Print the version'
 
-set --local commands check tree show why diff open preview
+set --local commands check tree show why diff open preview translate install
 set --local descriptions 'Report mistakes in registration files' 'Print the tree of entries' \
     'Print all properties of an entry' 'Explain why an entry is in the tree, or why it is not' \
     'Print what an update of a directory changes' 'Show an entry in the Settings application' \
-    'Show files in a Settings window'
+    'Show files in a Settings window' 'Make and update translations of registration files' \
+    'Give registration files names by their content'
 for i in (seq (count $commands))
     complete --command velka-settings --condition "not __velka_settings_uses $commands" \
         --arguments $commands[$i] --description $descriptions[$i]
@@ -41,7 +42,7 @@ complete --command velka-settings --condition '__velka_settings_uses tree show w
 complete --command velka-settings --condition '__velka_settings_uses open' --long-option service --exclusive
 complete --command velka-settings --condition '__velka_settings_uses open show why' --arguments '(__velka_settings_paths)'
 
-complete --command velka-settings --condition '__velka_settings_uses check preview diff tree' --force-files
+complete --command velka-settings --condition '__velka_settings_uses check preview diff tree translate install' --force-files
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive \
     --arguments "(velka-settings check --list-tags | string replace --regex ' .*' '')"
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option list-tags
@@ -62,6 +63,15 @@ complete --command velka-settings --condition '__velka_settings_uses preview' --
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option screenshot \
     --require-parameter --force-files
 complete --command velka-settings --condition '__velka_settings_uses preview' --long-option smoke-test
+
+complete --command velka-settings --condition '__velka_settings_uses translate' \
+    --arguments 'extract update check pseudo'
+complete --command velka-settings --condition '__velka_settings_uses translate' --short-option o --long-option output \
+    --require-parameter --force-files
+complete --command velka-settings --condition '__velka_settings_uses translate' --long-option mirrored
+complete --command velka-settings --condition '__velka_settings_uses install' --long-option into --require-parameter \
+    --force-files
+complete --command velka-settings --condition '__velka_settings_uses install' --long-option list
 
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option format --exclusive \
     --arguments 'text json sarif junit'

@@ -16,8 +16,10 @@ int check(const QStringList &arguments);
 int diff(const QStringList &arguments);
 int find(const QStringList &arguments);
 int open(const QStringList &arguments);
+int install(const QStringList &arguments);
 int preview(const QStringList &arguments);
 int show(const QStringList &arguments);
+int translate(const QStringList &arguments);
 int tree(const QStringList &arguments);
 int why(const QStringList &arguments);
 }

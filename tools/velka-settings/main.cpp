@@ -30,6 +30,8 @@ const Command s_commands[] = {
     {"find", "searches the entries for words", Commands::find},
     {"open", "shows an entry in the Settings application", Commands::open},
     {"diff", "prints what an update of a directory changes", Commands::diff},
+    {"translate", "makes and updates translations of registration files", Commands::translate},
+    {"install", "gives registration files names with a hash of their content", Commands::install},
 };
 
 QString suggestionFor(const QString &name)
@@ -46,7 +48,7 @@ void printUsage(std::FILE *stream)
 {
     std::fputs("Usage: velka-settings COMMAND [OPTION]... [ARGUMENT]...\n\nCommands:\n", stream);
     for (const Command &command : s_commands) {
-        std::fprintf(stream, "  %-8s %s\n", command.name, command.summary);
+        std::fprintf(stream, "  %-9s %s\n", command.name, command.summary);
     }
     std::fputs("\nFor the options of a command, run velka-settings COMMAND --help.\n", stream);
 }

@@ -1,0 +1,415 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "text.h"
+#include "tool.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// The commands that package authors build with: install and translate.
+class KitTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void installsUnderContentName();
+    void upgradeReplacesEarlierVersion();
+    void otherFilesStay();
+    void renamesInPackage();
+    void renamesOnce();
+    void listChangesNothing();
+    void refusesTwoFilesOfOneName();
+    void reportsUnwritableDirectory();
+
+    void extractsTexts();
+    void extractsOddTexts_data();
+    void extractsOddTexts();
+    void updateKeepsTranslations();
+    void updateCreatesCatalog();
+    void updateKeepsComments();
+    void checkTellsWhatIsMissing();
+    void pseudo_data();
+    void pseudo();
+    void missingLupdate();
+    void refuses_data();
+    void refuses();
+
+private:
+    QString path(const QString &name) const;
+    void write(const QString &name, const QByteArray &content) const;
+    QByteArray read(const QString &name) const;
+    Tool::Result run(const QStringList &arguments) const;
+
+    QScopedPointer<QTemporaryDir> m_directory;
+};
+
+namespace
+{
+const char s_sound[] = R"({
+    "translation_catalog": "sound",
+    "entries": [
+        {"path": "sound", "translation_id": "sound-he-sound", "title": "Sound",
+         "translation_id_short": "sound-he-snd", "title_short": "Snd"},
+        {"path": "sound/volume", "title": "Volume", "translation_id": "sound-he-volume",
+         "keywords_id": "sound-la-loud", "keywords": ["loud", "quiet"]},
+        {"path": "sound/plain", "title": "No id"}
+    ]
+})";
+const char s_finnish[] = R"(<?xml version="1.0" encoding="utf-8"?>
+<!-- A comment -->
+<!DOCTYPE TS>
+<TS version="2.1" language="fi" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="sound-he-sound">
+        <source>Sound</source>
+        <translation>Ääni</translation>
+    </message>
+    <message id="sound-he-volume">
+        <source>Loudness</source>
+        <translation>Voimakkuus</translation>
+    </message>
+    <message id="sound-he-gone">
+        <source>Gone</source>
+        <translation>Poissa</translation>
+    </message>
+</context>
+</TS>
+)";
+
+QString hashOf(const QByteArray &content)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex().left(6));
+}
+
+QString soundName(const QByteArray &content)
+{
+    return text("sound-") + hashOf(content) + text(".json");
+}
+}
+
+void KitTest::init()
+{
+    m_directory.reset(new QTemporaryDir);
+    write(text("sound.json"), s_sound);
+}
+
+QString KitTest::path(const QString &name) const
+{
+    return m_directory->filePath(name);
+}
+
+void KitTest::write(const QString &name, const QByteArray &content) const
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path(name)).path()));
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+QByteArray KitTest::read(const QString &name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+/// Runs the tool with paths in place of arguments that begin with "@".
+Tool::Result KitTest::run(const QStringList &arguments) const
+{
+    QStringList replaced;
+    for (const QString &argument : arguments) {
+        replaced.append(argument.startsWith(QLatin1Char('@')) ? path(argument.mid(1)) : argument);
+    }
+    return Tool::run(replaced);
+}
+
+void KitTest::installsUnderContentName()
+{
+    const Tool::Result result = run({text("install"), text("--into"), text("@new/entries"), text("@sound.json")});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.output, soundName(s_sound).toUtf8() + '\n');
+    QCOMPARE(QDir(path(text("new/entries"))).entryList(QDir::Files), QStringList(soundName(s_sound)));
+    QCOMPARE(read(text("new/entries/") + soundName(s_sound)), QByteArray(s_sound));
+    QCOMPARE(read(text("sound.json")), QByteArray(s_sound));
+}
+
+void KitTest::upgradeReplacesEarlierVersion()
+{
+    const QStringList install{text("install"), text("--into"), text("@installed"), text("@sound.json")};
+    QCOMPARE(run(install).exitCode, 0);
+    const QByteArray changed = QByteArray(s_sound).replace("Sound", "Audio");
+    write(text("sound.json"), changed);
+    QCOMPARE(run(install).exitCode, 0);
+    QCOMPARE(QDir(path(text("installed"))).entryList(QDir::Files), QStringList(soundName(changed)));
+}
+
+void KitTest::otherFilesStay()
+{
+    const QByteArray other = R"({"entries": []})";
+    const QStringList names{text("sound.json"), text("sound-000000.json"),
+                            text("sounds-") + hashOf(other) + text(".json"),
+                            text("other-") + hashOf(other) + text(".json")};
+    for (const QString &name : names) {
+        write(text("installed/") + name, other);
+    }
+    QCOMPARE(run({text("install"), text("--into"), text("@installed"), text("@sound.json")}).exitCode, 0);
+    QStringList expected = names + QStringList(soundName(s_sound));
+    expected.sort();
+    QCOMPARE(QDir(path(text("installed"))).entryList(QDir::Files), expected);
+}
+
+void KitTest::renamesInPackage()
+{
+    const QString entries = text("root/usr/share/velka-settings/entries");
+    write(entries + text("/sound.json"), s_sound);
+    write(entries + text("/fakesound.json"), s_sound);
+    write(text("root/usr/share/velka-settings/favorites-blacklist.json"), "[]");
+    QCOMPARE(run({text("install"), text("@root")}).exitCode, 0);
+    QCOMPARE(QDir(path(entries)).entryList(QDir::Files),
+             (QStringList{text("fakesound.json"), soundName(s_sound)}));
+    QCOMPARE(read(text("root/usr/share/velka-settings/favorites-blacklist.json")), QByteArray("[]"));
+}
+
+void KitTest::renamesOnce()
+{
+    const QString name = soundName(s_sound);
+    write(name, s_sound);
+    QCOMPARE(run({text("install"), QLatin1Char('@') + name}).output, name.toUtf8() + '\n');
+    QCOMPARE(run({text("install"), text("@sound.json")}).exitCode, 0);
+    QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList(name));
+}
+
+void KitTest::listChangesNothing()
+{
+    const Tool::Result result = run(
+        {text("install"), text("--list"), text("--into"), text("@new"), text("@sound.json")});
+    QCOMPARE(result.output, soundName(s_sound).toUtf8() + '\n');
+    QVERIFY(!QDir(path(text("new"))).exists());
+}
+
+void KitTest::refusesTwoFilesOfOneName()
+{
+    write(text("other/sound.json"), "{}");
+    const Tool::Result result = run(
+        {text("install"), text("--into"), text("@new"), text("@sound.json"), text("@other/sound.json")});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY(result.errors.contains("two files have the name \"sound.json\""));
+    QVERIFY(!QDir(path(text("new"))).exists());
+}
+
+void KitTest::reportsUnwritableDirectory()
+{
+    const Tool::Result result = run({text("install"), text("--into"), text("/proc/new"), text("@sound.json")});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("cannot write \"/proc/new/sound-"), result.errors.constData());
+}
+
+void KitTest::extractsTexts()
+{
+    write(text("entries/sound.json"), s_sound);
+    const Tool::Result result = run(
+        {text("translate"), text("extract"), text("@entries"), text("-o"), text("@sound_eng_en.ts")});
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.exitCode, 0);
+    const QByteArray message = R"(    <message id="%1">
+        <location filename="entries/sound.json" line="%2"/>
+        <source>%3</source>
+        <translation>%3</translation>
+    </message>
+)";
+    const auto expected = [&message](const char *id, const char *line, const char *source) {
+        return QByteArray(message).replace("%1", id).replace("%2", line).replace("%3", source);
+    };
+    const QByteArray catalog = read(text("sound_eng_en.ts"));
+    for (const QByteArray &part :
+         {expected("sound-he-sound", "4", "Sound"), expected("sound-he-snd", "5", "Snd"),
+          expected("sound-he-volume", "6", "Volume"), expected("sound-la-loud", "7", "loud, quiet")}) {
+        QVERIFY2(catalog.contains(part), (part + "is not in\n" + catalog).constData());
+    }
+    QVERIFY(catalog.contains(R"(<TS version="2.1" language="en" sourcelanguage="en">)"));
+    QCOMPARE(catalog.count("<message "), 4);
+}
+
+void KitTest::extractsOddTexts_data()
+{
+    QTest::addColumn<QString>("title");
+    for (const char *title : {"*/ qtTrId(\"x\"); /*", "\"quoted\" \\ back\\n", "100 %", "%1 of %n", "Über ☃ 🎵",
+                              "?\?/ 1//2", "tab\there", "<b>&amp;</b>"}) {
+        QTest::newRow(title) << QString::fromUtf8(title);
+    }
+}
+
+void KitTest::extractsOddTexts()
+{
+    QFETCH(QString, title);
+    const QString escaped = QString(title)
+                                .replace(text("\\"), text("\\\\"))
+                                .replace(text("\""), text("\\\""))
+                                .replace(text("\t"), text("\\t"));
+    write(text("odd.json"), text(R"({"entries": [{"path": "x", "translation_id": "odd-he-x", "title": "%1"}]})")
+                                .arg(escaped)
+                                .toUtf8());
+    QCOMPARE(
+        run({text("translate"), text("extract"), text("@odd.json"), text("-o"), text("@odd_eng_en.ts")}).errors,
+        QByteArray());
+    const QByteArray catalog = read(text("odd_eng_en.ts"));
+    QVERIFY2(catalog.contains("<translation>" + title.toHtmlEscaped().toUtf8() + "</translation>")
+                 || catalog.contains("<translation>" + title.toUtf8() + "</translation>"),
+             catalog.constData());
+    QCOMPARE(catalog.count("<message "), 1);
+}
+
+void KitTest::updateKeepsTranslations()
+{
+    write(text("sound-fi.ts"), s_finnish);
+    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")}).exitCode, 0);
+    const QByteArray catalog = read(text("sound-fi.ts"));
+    const char *const parts[] = {
+        "<source>Sound</source>\n        <translation>Ääni</translation>", // finished
+        "<source>Volume</source>\n        <oldsource>Loudness</oldsource>\n"
+        "        <translation type=\"unfinished\">Voimakkuus</translation>", // its source has changed
+        "<source>Gone</source>\n        <translation type=\"vanished\">Poissa</translation>",
+        "<source>Snd</source>\n        <translation type=\"unfinished\"></translation>", // new
+    };
+    for (const char *part : parts) {
+        QVERIFY2(catalog.contains(part), (QByteArray(part) + "is not in\n" + catalog).constData());
+    }
+    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")}).exitCode, 0);
+    QCOMPARE(read(text("sound-fi.ts")), catalog);
+}
+
+void KitTest::updateCreatesCatalog()
+{
+    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@po/sound-de.ts")}).exitCode, 2);
+    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@sound-de.ts")}).exitCode, 0);
+    QVERIFY(read(text("sound-de.ts")).contains(R"(language="de")"));
+    QCOMPARE(read(text("sound-de.ts")).count(R"(type="unfinished")"), 4);
+}
+
+void KitTest::updateKeepsComments()
+{
+    write(text("sound-fi.ts"), s_finnish);
+    run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
+    QVERIFY(read(text("sound-fi.ts")).contains("?>\n<!-- A comment -->\n<!DOCTYPE TS>"));
+}
+
+void KitTest::checkTellsWhatIsMissing()
+{
+    write(text("sound-fi.ts"), s_finnish);
+    const QStringList check{text("translate"), text("check"), text("@sound.json"), text("@sound-fi.ts"),
+                            text("@sound_eng_en.ts")};
+    run({text("translate"), text("extract"), text("@sound.json"), text("-o"), text("@sound_eng_en.ts")});
+    const QByteArray complete = path(text("sound_eng_en.ts")).toUtf8() + ": 4 of 4 texts are translated into en\n";
+    Tool::Result result = run(check);
+    const QString place = path(text("sound.json"));
+    QCOMPARE(QString::fromUtf8(result.output), text("%1: 1 of 4 texts are translated into fi\n"
+                                                    "  %2:5: \"sound-he-snd\" is missing\n"
+                                                    "  %2:6: \"sound-he-volume\" translates an older text\n"
+                                                    "  %2:7: \"sound-la-loud\" is missing\n")
+                                                       .arg(path(text("sound-fi.ts")), place)
+                                                   + QString::fromUtf8(complete));
+    QCOMPARE(result.exitCode, 1);
+    run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
+    result = run(check);
+    QVERIFY2(result.output.contains("\"sound-he-snd\" is not translated"), result.output.constData());
+    QCOMPARE(run({text("translate"), text("check"), text("@sound.json"), text("@sound_eng_en.ts")}).exitCode, 0);
+}
+
+void KitTest::pseudo_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("language");
+    QTest::addColumn<QString>("translation");
+    QTest::newRow("accented") << QStringList() << QByteArray("en_XA")
+                              << QString::fromUtf8("[%1 óƒ %L2 šóúñđš: %n %3 ~~~~~~~~~]");
+    QTest::newRow("mirrored") << QStringList(text("--mirrored")) << QByteArray("ar_XB")
+                              << QString::fromUtf8("\u202e[%1 óƒ %L2 šóúñđš: %n %3 ~~~~~~~~~]\u202c");
+}
+
+void KitTest::pseudo()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, language);
+    QFETCH(QString, translation);
+    write(text("sound-fi.ts"),
+          QByteArray(s_finnish).replace("<source>Sound<", "<source>%1 of %L2 sounds: %n %3<"));
+    run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
+    write(text("sound-fi.ts"),
+          read(text("sound-fi.ts")).replace("<source>Sound<", "<source>%1 of %L2 sounds: %n %3<"));
+    const Tool::Result result = run(
+        QStringList{text("translate"), text("pseudo"), text("@sound-fi.ts"), text("-o"), text("@sound-x.ts")}
+        + options);
+    QCOMPARE(result.errors, QByteArray());
+    const QByteArray catalog = read(text("sound-x.ts"));
+    QVERIFY2(catalog.contains("<translation>" + translation.toUtf8() + "</translation>"), catalog.constData());
+    QVERIFY(catalog.contains("language=\"" + language + '"'));
+    QVERIFY(catalog.contains("<translation type=\"vanished\">Poissa</translation>"));
+    QVERIFY(!catalog.contains("unfinished"));
+}
+
+/// The program is copied to a place where it finds no tools of Qt.
+void KitTest::missingLupdate()
+{
+    QVERIFY(QFile::copy(text(VELKA_TOOL), path(text("velka-settings"))));
+    write(text("qt.conf"), "[Paths]\nBinaries=" + path(text("nothing")).toUtf8() + '\n');
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(text("PATH"), path(text("nothing")));
+    process.setProcessEnvironment(environment);
+    process.start(path(text("velka-settings")), {text("translate"), text("extract"), path(text("sound.json")),
+                                                 text("-o"), path(text("sound_eng_en.ts"))});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 2);
+    const QByteArray errors = process.readAllStandardError();
+    QVERIFY2(errors.contains("lupdate is missing: install Qt's linguist tools, such as qttools5-dev-tools"),
+             errors.constData());
+    QVERIFY(!QFile::exists(path(text("sound_eng_en.ts"))));
+}
+
+void KitTest::refuses_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("action") << QStringList{text("destroy"), text("@sound.json")}
+                            << QByteArray("there is no action \"destroy\"");
+    QTest::newRow("no output") << QStringList{text("extract"), text("@sound.json")} << QByteArray("-o is needed");
+    QTest::newRow("no catalog") << QStringList{text("update"), text("@sound.json")}
+                                << QByteArray("a catalog (*.ts) is needed");
+    QTest::newRow("no file") << QStringList{text("check"), text("@sound-fi.ts")}
+                             << QByteArray("a registration file is needed");
+    QTest::newRow("missing file") << QStringList{text("update"), text("@nothing.json"), text("@sound-fi.ts")}
+                                  << QByteArray("there is no file or directory");
+    QTest::newRow("broken file") << QStringList{text("extract"), text("@broken.json"), text("-o"), text("@x.ts")}
+                                 << QByteArray("broken.json:2: remove this comma");
+    QTest::newRow("broken catalog") << QStringList{text("check"), text("@sound.json"), text("@broken.ts")}
+                                    << QByteArray("broken.ts:2: ");
+    QTest::newRow("broken source of pseudo")
+        << QStringList{text("pseudo"), text("@broken.ts"), text("-o"), text("@x.ts")}
+        << QByteArray("broken.ts:2: ");
+    QTest::newRow("broken update") << QStringList{text("update"), text("@sound.json"), text("@broken.ts")}
+                                   << QByteArray("lupdate fails: ");
+}
+
+void KitTest::refuses()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const QByteArray broken = "<TS>\n<context>";
+    write(text("broken.json"), "{\"entries\": [\n],}");
+    write(text("broken.ts"), broken);
+    const Tool::Result result = run(QStringList(text("translate")) + arguments);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains(message), result.errors.constData());
+    QCOMPARE(read(text("broken.ts")), broken);
+    QVERIFY(!QFile::exists(path(text("x.ts"))));
+}
+
+QTEST_GUILESS_MAIN(KitTest)
+#include "tst_kit.moc"

@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "commandline.h"
+#include "commands.h"
+#include "contentname.h"
+#include "entriesplace.h"
+#include "printable.h"
+#include "registry/registrationfile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSet>
+
+#include <cstdio>
+
+namespace
+{
+const char s_help[] = R"(Usage: velka-settings install [OPTION]... FILE|DIR...
+
+Gives registration files names with a hash of their content, such as
+sound-3f9a2c.json. Running programs know files by their names only: with these
+names, they follow an upgrade as one removal and one arrival.
+
+  --into DIR         copies the files into DIR, which is created if needed, and
+                     removes the earlier versions there that have such names;
+                     without it, the files are renamed where they are
+  --list             prints the new names and changes nothing
+  -h, --help         prints this; --version prints the version
+
+DIR is a directory of registration files, one with entries/ in it, or the root
+of an unpacked package. Files that the library never loads are left out.
+
+Exit status: 0; 2 when a file cannot be read or written.
+)";
+
+const CommandSyntax s_syntax{"install", s_help, {}, 1, CommandSyntax::Unlimited, "FILE or DIR"};
+
+/// A registration file and its new name.
+struct NamedFile {
+    QString path;
+    QByteArray content;
+    QString name;
+};
+
+QString failed(const char *what, const QString &path, const QFileDevice &file)
+{
+    return QStringLiteral("cannot %1 \"%2\": %3").arg(QLatin1String(what), printable(path), file.errorString());
+}
+
+bool isLoaded(const QString &name)
+{
+    return isRegistrationFile(name) && !name.startsWith(QLatin1Char('.'));
+}
+
+/// Adds the files that @p argument stands for to @p files. Returns what is wrong with it, if anything.
+QString collect(const QString &argument, QVector<NamedFile> *files)
+{
+    QString problem;
+    const std::optional<EntriesPlace> place = EntriesPlace::find(argument, &problem);
+    for (const QString &path : place ? place->files : QStringList()) {
+        const QString name = QFileInfo(path).fileName();
+        QFile file(path);
+        if (!isLoaded(name)) {
+            continue;
+        }
+        if (!file.open(QIODevice::ReadOnly)) {
+            return failed("read", path, file);
+        }
+        const QByteArray content = file.readAll();
+        files->append({path, content, ContentName::of(name, content)});
+    }
+    return problem;
+}
+
+QString rename(const NamedFile &file)
+{
+    const QFileInfo info(file.path);
+    if (info.fileName() == file.name) {
+        return {};
+    }
+    QFile renamed(file.path);
+    const QString path = info.dir().filePath(file.name);
+    QFile::remove(path); // has the same content
+    return renamed.rename(path) ? QString() : failed("rename", file.path, renamed);
+}
+
+void removeOlder(const NamedFile &file, const QDir &directory)
+{
+    const QStringList names = directory.entryList({QStringLiteral("*.json")}, QDir::Files);
+    for (const QString &name : names) {
+        QFile other(directory.filePath(name));
+        if (other.open(QIODevice::ReadOnly) && ContentName::isOlder(name, other.readAll(), file.name)) {
+            other.remove();
+        }
+    }
+}
+
+QString copy(const NamedFile &file, const QDir &directory)
+{
+    QSaveFile copied(directory.filePath(file.name));
+    if (!directory.mkpath(QStringLiteral(".")) || !copied.open(QIODevice::WriteOnly)) {
+        return failed("write", copied.fileName(), copied);
+    }
+    copied.write(file.content);
+    copied.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+    if (!copied.commit()) {
+        return failed("write", copied.fileName(), copied);
+    }
+    removeOlder(file, directory);
+    return {};
+}
+
+/// Returns which of @p files would be taken for earlier versions of others.
+QString problemWith(const QVector<NamedFile> &files)
+{
+    QSet<QString> names;
+    for (const NamedFile &file : files) {
+        const QString name = QFileInfo(file.path).fileName();
+        if (names.contains(name)) {
+            return QStringLiteral("two files have the name \"%1\"").arg(printable(name));
+        }
+        names.insert(name);
+    }
+    return {};
+}
+
+QString install(const QVector<NamedFile> &files, const QCommandLineParser &parser)
+{
+    for (const NamedFile &file : files) {
+        QString problem;
+        if (!parser.isSet(QStringLiteral("list"))) {
+            const QString directory = parser.value(QStringLiteral("into"));
+            problem = directory.isEmpty() ? rename(file) : copy(file, QDir(directory));
+        }
+        if (!problem.isEmpty()) {
+            return problem;
+        }
+        std::puts(qUtf8Printable(printable(file.name)));
+    }
+    return {};
+}
+}
+
+int Commands::install(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.addOptions(
+        {{QStringLiteral("into"), {}, QStringLiteral("DIR")}, QCommandLineOption(QStringLiteral("list"))});
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
+        return *exitStatus;
+    }
+    QVector<NamedFile> files;
+    QString problem;
+    const QStringList named = parser.positionalArguments();
+    for (const QString &argument : named) {
+        problem = problem.isEmpty() ? collect(argument, &files) : problem;
+    }
+    problem = problem.isEmpty() ? problemWith(files) : problem;
+    problem = problem.isEmpty() ? ::install(files, parser) : problem;
+    return problem.isEmpty() ? Success : refuse(s_syntax, problem);
+}

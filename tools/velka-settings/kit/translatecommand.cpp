@@ -1,0 +1,255 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "catalogmerge.h"
+#include "commandline.h"
+#include "commands.h"
+#include "entriesplace.h"
+#include "printable.h"
+#include "pseudotext.h"
+#include "tsfile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <iterator>
+
+#include <cstdio>
+
+namespace
+{
+const char s_translateHelp[] = R"(Usage: velka-settings translate extract FILE|DIR... -o NAME_eng_en.ts
+       velka-settings translate update FILE|DIR... NAME-LANG.ts...
+       velka-settings translate check FILE|DIR... NAME-LANG.ts...
+       velka-settings translate pseudo NAME_eng_en.ts -o NAME-en_XA.ts
+
+Makes and updates the translations (*.ts) of registration files with Qt's
+lupdate. The texts are those of entries that have an id for them. "lrelease
+-idbased" compiles the results.
+
+  extract            writes each id with its engineering English and its place
+  update             merges new and changed texts into translations, and keeps
+                     finished, unfinished and vanished ones
+  check              prints for each language what is missing
+  pseudo             writes longer texts with accents, for tests of pages with
+                     velka-settings preview --locale en_XA
+  --mirrored         lets these texts run from right to left (ar_XB)
+  -o, --output FILE  the file to write
+  -h, --help         prints this; --version prints the version
+
+Exit status: 0; 1 when translations are missing; 2 when a file cannot be read or
+written, or when Qt's tools are missing.
+)";
+
+const CommandSyntax s_syntax{"translate", s_translateHelp, {}, 2, CommandSyntax::Unlimited, "an action and FILE"};
+
+struct TextFile {
+    QString path; ///< of the registration file
+    QVector<IdentifiedText> texts;
+};
+
+/// What the command line names. Functions set the problem, after which nothing else is done.
+struct Work {
+    QVector<TextFile> files;
+    QStringList catalogs;
+    QString output;
+    bool isMirrored;
+    bool isComplete = true; ///< whether all checked translations are
+    QString problem;
+};
+
+void addPlace(const QString &argument, Work *work)
+{
+    const std::optional<EntriesPlace> place = EntriesPlace::find(argument, &work->problem);
+    for (const QString &path : place ? place->files : QStringList()) {
+        const auto texts = identifiedTexts(path, &work->problem);
+        if (!texts) {
+            return;
+        }
+        work->files.append({path, *texts});
+    }
+}
+
+void addArguments(const QStringList &arguments, Work *work)
+{
+    for (const QString &argument : arguments) {
+        if (argument.endsWith(QLatin1String(".ts"))) {
+            work->catalogs.append(argument);
+        } else if (work->problem.isEmpty()) {
+            addPlace(argument, work);
+        }
+    }
+}
+
+/// Returns the content of @p path, which need not exist.
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString &path, const QByteArray &content, Work *work)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
+        work->problem = QStringLiteral("cannot write \"%1\": %2").arg(printable(path), file.errorString());
+    }
+}
+
+/// Merges all texts into the catalog at @p path. Returns its new content, empty if that is not possible.
+QByteArray merged(const QString &path, const QByteArray &content, Work *work)
+{
+    CatalogMerge merge;
+    for (const TextFile &file : std::as_const(work->files)) {
+        merge.add(file.path, file.texts);
+    }
+    return merge.merged(path, content, TsFile::languageOf(path), &work->problem).value_or(QByteArray());
+}
+
+void extract(Work *work)
+{
+    const QByteArray catalog = merged(work->output, {}, work);
+    if (work->problem.isEmpty()) {
+        const auto source = [](const QString &text) { return text; };
+        write(work->output, TsFile::translated(catalog, QStringLiteral("en"), source), work);
+    }
+}
+
+void update(Work *work)
+{
+    for (const QString &path : std::as_const(work->catalogs)) {
+        const QByteArray catalog = merged(path, contentOf(path), work);
+        if (!work->problem.isEmpty()) {
+            return;
+        }
+        write(path, catalog, work);
+    }
+}
+
+void makePseudo(Work *work)
+{
+    const QByteArray catalog = contentOf(work->catalogs.constFirst());
+    TsFile::messagesOf(catalog, &work->problem); // for its errors
+    if (!work->problem.isEmpty()) {
+        work->problem.prepend(printable(work->catalogs.constFirst()) + QLatin1Char(':'));
+        return;
+    }
+    const auto pseudo = [work](const QString &text) { return pseudoText(text, work->isMirrored); };
+    const QString language = work->isMirrored ? QStringLiteral("ar_XB") : QStringLiteral("en_XA");
+    write(work->output, TsFile::translated(catalog, language, pseudo), work);
+}
+
+/// Returns why @p text is not translated in @p messages. Empty if it is.
+QString problemWith(const IdentifiedText &text, const QMap<QString, TsFile::Message> &messages)
+{
+    const auto message = messages.constFind(text.id);
+    if (message == messages.cend()) {
+        return QStringLiteral("is missing");
+    }
+    if (message->source != text.text) {
+        return QStringLiteral("translates an older text");
+    }
+    return message->isFinished ? QString() : QStringLiteral("is not translated");
+}
+
+/// Prints what the catalog at @p path lacks. Returns whether it is complete.
+bool checkCatalog(const QString &path, Work *work)
+{
+    const auto messages = TsFile::messagesOf(contentOf(path), &work->problem);
+    if (!messages) {
+        work->problem.prepend(printable(path) + QLatin1Char(':'));
+        return false;
+    }
+    int all = 0;
+    QStringList lines;
+    for (const TextFile &file : std::as_const(work->files)) {
+        all += file.texts.size();
+        for (const IdentifiedText &text : file.texts) {
+            const QString problem = problemWith(text, *messages);
+            if (!problem.isEmpty()) {
+                lines.append(
+                    QStringLiteral("  %1:%2: \"%3\" %4")
+                        .arg(printable(file.path), QString::number(text.line), printable(text.id), problem));
+            }
+        }
+    }
+    lines.prepend(QStringLiteral("%1: %2 of %3 texts are translated into %4")
+                      .arg(printable(path), QString::number(all - lines.size()), QString::number(all),
+                           TsFile::languageOf(path)));
+    std::puts(qUtf8Printable(lines.join(QLatin1Char('\n'))));
+    return lines.size() == 1;
+}
+
+void check(Work *work)
+{
+    for (const QString &path : std::as_const(work->catalogs)) {
+        work->isComplete = checkCatalog(path, work) && work->isComplete;
+    }
+}
+
+struct Action {
+    const char *name;
+    void (*run)(Work *work);
+    bool readsFiles;
+    bool readsCatalogs;
+    bool writesOutput;
+};
+
+const Action s_actions[] = {
+    {"extract", extract, true, false, true},
+    {"update", update, true, true, false},
+    {"check", check, true, true, false},
+    {"pseudo", makePseudo, false, true, true},
+};
+
+/// Returns what the command line lacks for @p action.
+QString missingFor(const Action &action, const Work &work)
+{
+    if (action.readsFiles && work.files.isEmpty()) {
+        return QStringLiteral("a registration file is needed");
+    }
+    if (action.readsCatalogs && work.catalogs.isEmpty()) {
+        return QStringLiteral("a catalog (*.ts) is needed");
+    }
+    return action.writesOutput && work.output.isEmpty() ? QStringLiteral("-o is needed: the file to write")
+                                                        : QString();
+}
+
+void run(const QString &name, Work *work)
+{
+    const auto *const action = std::find_if(
+        std::begin(s_actions), std::end(s_actions),
+        [&](const Action &candidate) { return name == QLatin1String(candidate.name); });
+    if (action == std::end(s_actions)) {
+        work->problem = QStringLiteral("there is no action \"%1\"").arg(name);
+    }
+    if (work->problem.isEmpty()) {
+        work->problem = missingFor(*action, *work);
+    }
+    if (work->problem.isEmpty()) {
+        action->run(work);
+    }
+}
+}
+
+int Commands::translate(const QStringList &arguments)
+{
+    const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")}, {}, QStringLiteral("FILE"));
+    const QCommandLineOption mirrored(QStringLiteral("mirrored"));
+    QCommandLineParser parser;
+    parser.addOptions({output, mirrored});
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
+        return *exitStatus;
+    }
+    QStringList named = parser.positionalArguments();
+    const QString action = named.takeFirst();
+    Work work{{}, {}, parser.value(output), parser.isSet(mirrored), true, {}};
+    addArguments(named, &work);
+    run(action, &work);
+    if (!work.problem.isEmpty()) {
+        return refuse(s_syntax, work.problem);
+    }
+    return work.isComplete ? Success : Findings;
+}
