@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "dbuspeer.h"
+#include "text.h"
+#include "world.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDomDocument>
+#include <QFile>
+#include <QTest>
+
+#include <utility>
+
+namespace
+{
+const QString s_name = text("org.velkasettings.Search");
+const QString s_shell = text("org.gnome.Shell.SearchProvider2");
+const QString s_runner = text("org.kde.krunner1");
+const QString s_volume = text("system_settings/sound/volume");
+const QString s_alarm = text("system_settings/sound/alarm volume");
+
+QString pathOf(const QString &interface)
+{
+    return text("/org/velkasettings/Search/") + (interface == s_shell ? text("Shell") : text("Runner"));
+}
+
+QDBusMessage call(const QString &interface, const QString &method, const QVariantList &arguments = {})
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(s_name, pathOf(interface), interface, method);
+    message.setArguments(arguments);
+    return QDBusConnection::sessionBus().call(message);
+}
+
+QStringList resultsOf(const QStringList &terms)
+{
+    return call(s_shell, text("GetInitialResultSet"), {terms}).arguments().value(0).toStringList();
+}
+
+QList<QVariantMap> metasOf(const QStringList &ids)
+{
+    const QDBusMessage reply = call(s_shell, text("GetResultMetas"), {ids});
+    return qdbus_cast<QList<QVariantMap>>(reply.arguments().value(0));
+}
+
+/// Returns the matches as their texts and subtexts.
+QStringList matchesOf(const QString &query)
+{
+    const QDBusMessage reply = call(s_runner, text("Match"), {query});
+    const auto matches = reply.arguments().value(0).value<QDBusArgument>();
+    QStringList texts;
+    matches.beginArray();
+    while (!matches.atEnd()) {
+        QString id;
+        QString title;
+        QString icon;
+        int type = 0;
+        double relevance = 0;
+        QVariantMap properties;
+        matches.beginStructure();
+        matches >> id >> title >> icon >> type >> relevance >> properties;
+        matches.endStructure();
+        texts.append(title + text(": ") + properties[text("subtext")].toString());
+    }
+    matches.endArray();
+    return texts;
+}
+
+bool isRunning()
+{
+    return QDBusConnection::sessionBus().interface()->isServiceRegistered(s_name);
+}
+
+/// Returns each method of @p interface in @p xml with the directions and types of its arguments.
+QStringList methodsOf(const QString &interface, const QByteArray &xml)
+{
+    QStringList methods;
+    QDomDocument document;
+    document.setContent(xml);
+    const QDomNodeList interfaces = document.elementsByTagName(text("interface"));
+    for (int i = 0; i < interfaces.size(); ++i) {
+        const QDomElement found = interfaces.at(i).toElement();
+        if (found.attribute(text("name")) != interface) {
+            continue;
+        }
+        for (QDomElement method = found.firstChildElement(text("method")); !method.isNull();
+             method = method.nextSiblingElement(text("method"))) {
+            QString signature = method.attribute(text("name"));
+            for (QDomElement arg = method.firstChildElement(text("arg")); !arg.isNull();
+                 arg = arg.nextSiblingElement(text("arg"))) {
+                signature += text(" ") + arg.attribute(text("direction"), text("in")) + text(" ")
+                             + arg.attribute(text("type"));
+            }
+            methods.append(signature);
+        }
+    }
+    methods.sort();
+    return methods;
+}
+
+QByteArray publishedXml(const QString &interface)
+{
+    QFile file(QStringLiteral(PUBLISHED_INTERFACES "/") + interface + text(".xml"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+}
+
+/// The program that launchers ask, as the session bus starts it.
+class SearchProviderTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void interfacesAreThePublishedOnes_data();
+    void interfacesAreThePublishedOnes();
+    void shellFindsEntries();
+    void subsearchOnlyShrinks();
+    void metasDescribeResults();
+    void unknownResultsAreLeftOut();
+    void runnerFindsEntries();
+    void onlyStrictMatchesAreFound();
+    void resultIsOpened();
+    void hostileTermsDoNoHarm_data();
+    void hostileTermsDoNoHarm();
+    void programEndsAfterItsRest();
+
+private:
+    std::unique_ptr<DBusPeer> m_application;
+};
+
+void SearchProviderTest::initTestCase()
+{
+    World::reset();
+    World::writeEntries(text("sound.json"), R"({"entries": [
+        {"path": "system_settings", "title": "Settings"},
+        {"path": "system_settings/sound", "title": "Sound", "icon": "audio-volume-high"},
+        {"path": "system_settings/sound/volume", "title": "Volume", "icon": "audio-volume-high"},
+        {"path": "system_settings/sound/alarm volume", "title": "Alarm volume", "icon": "/etc/passwd"}
+    ]})");
+    World::writeFile(qEnvironmentVariable("XDG_RUNTIME_DIR") + text("/services/org.velkasettings.Search.service"),
+                     "[D-BUS Service]\nName=org.velkasettings.Search\nExec=" SEARCH_PROVIDER " --rest 3000\n");
+    QVERIFY(QDBusReply<void>(QDBusConnection::sessionBus().interface()->call(text("ReloadConfig"))).isValid());
+    m_application = std::make_unique<DBusPeer>(QDBusConnection::SessionBus, text("org.velkasettings.Demo"),
+                                               text("/org/velkasettings/Demo"),
+                                               text("org.freedesktop.Application"));
+    m_application->addMethod(text("Open"), text("asa{sv}"));
+    m_application->addMethod(text("Activate"), text("a{sv}"));
+}
+
+void SearchProviderTest::interfacesAreThePublishedOnes_data()
+{
+    QTest::addColumn<QString>("interface");
+    QTest::addColumn<QString>("optional");
+    QTest::newRow("GNOME Shell") << s_shell << QString();
+    // Only runners of another version of the interface have it.
+    QTest::newRow("KRunner") << s_runner << text("Config out {sv}");
+}
+
+void SearchProviderTest::interfacesAreThePublishedOnes()
+{
+    QFETCH(QString, interface);
+    QFETCH(QString, optional);
+    const QDBusMessage reply = QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
+        s_name, pathOf(interface), text("org.freedesktop.DBus.Introspectable"), text("Introspect")));
+    QStringList published = methodsOf(interface, publishedXml(interface));
+    published.removeAll(optional);
+    QVERIFY(!published.isEmpty());
+    QCOMPARE(methodsOf(interface, reply.arguments().value(0).toString().toUtf8()), published);
+}
+
+void SearchProviderTest::shellFindsEntries()
+{
+    QCOMPARE(resultsOf({text("volume")}), QStringList({s_volume, s_alarm}));
+    QCOMPARE(resultsOf({text("Vol"), text("AL")}), QStringList(s_alarm));
+    QCOMPARE(resultsOf({text("umbrella")}), QStringList());
+    QCOMPARE(resultsOf({}), QStringList());
+}
+
+void SearchProviderTest::subsearchOnlyShrinks()
+{
+    const auto subsearch = [](const QStringList &previous, const QStringList &terms) {
+        const QDBusMessage reply = call(s_shell, text("GetSubsearchResultSet"), {previous, terms});
+        return reply.arguments().value(0).toStringList();
+    };
+    QCOMPARE(subsearch({s_volume}, {text("volume")}), QStringList(s_volume));
+    QCOMPARE(subsearch({s_volume, s_alarm}, {text("volume"), text("alarm")}), QStringList(s_alarm));
+    QCOMPARE(subsearch({}, {text("volume")}), QStringList());
+}
+
+void SearchProviderTest::metasDescribeResults()
+{
+    const QDBusMessage reply = call(s_shell, text("GetResultMetas"), {QStringList({s_volume, s_alarm})});
+    QCOMPARE(reply.signature(), text("aa{sv}"));
+    const QList<QVariantMap> metas = metasOf({s_volume, s_alarm});
+    QCOMPARE(metas.size(), 2);
+    const QVariantMap volume = metas[0];
+    QCOMPARE(volume[text("id")].toString(), s_volume);
+    QCOMPARE(volume[text("name")].toString(), text("Volume"));
+    QCOMPARE(volume[text("description")].toString(), QStringLiteral("Settings › Sound"));
+    const auto icon = volume[text("icon")].value<QDBusArgument>();
+    QCOMPARE(icon.currentSignature(), text("(sv)"));
+    // A file of the machine is no icon of the theme.
+    QVERIFY(!metas[1].contains(text("icon")));
+}
+
+void SearchProviderTest::unknownResultsAreLeftOut()
+{
+    QCOMPARE(metasOf({text("system_settings/none"), s_volume, QString()}).size(), 1);
+}
+
+void SearchProviderTest::runnerFindsEntries()
+{
+    QCOMPARE(call(s_runner, text("Match"), {text("volume")}).signature(), text("a(sssida{sv})"));
+    QCOMPARE(call(s_runner, text("Actions")).signature(), text("a(sss)"));
+    QCOMPARE(call(s_runner, text("Teardown")).type(), QDBusMessage::ReplyMessage);
+    QCOMPARE(matchesOf(text("volume")), QStringList({QStringLiteral("Volume: Settings › Sound"),
+                                                     QStringLiteral("Alarm volume: Settings › Sound")}));
+    QCOMPARE(matchesOf(text("umbrella")), QStringList());
+}
+
+void SearchProviderTest::onlyStrictMatchesAreFound()
+{
+    QCOMPARE(resultsOf({text("volmue")}), QStringList());
+    QCOMPARE(matchesOf(text("volume umbrella")), QStringList());
+}
+
+void SearchProviderTest::resultIsOpened()
+{
+    call(s_shell, text("ActivateResult"), {s_alarm, QStringList(text("alarm")), 4711U});
+    QTRY_COMPARE(m_application->calls(text("Open")).size(), 1);
+    const QVariantList opened = m_application->calls(text("Open")).first();
+    QCOMPARE(opened[0].toString(), text("asa{sv}"));
+    QCOMPARE(unwrapped(opened[1]).toStringList(),
+             QStringList(text("velka-settings:/system_settings/sound/alarm%20volume")));
+    QCOMPARE(unwrapped(opened[2]).toMap(), QVariantMap({{text("desktop-startup-id"), text("_TIME4711")}}));
+
+    call(s_runner, text("Run"), {s_volume, QString()});
+    QTRY_COMPARE(m_application->calls(text("Open")).size(), 2);
+    call(s_shell, text("LaunchSearch"), {QStringList(text("alarm")), 0U});
+    QTRY_COMPARE(m_application->calls(text("Activate")).size(), 1);
+}
+
+void SearchProviderTest::hostileTermsDoNoHarm_data()
+{
+    QTest::addColumn<QStringList>("terms");
+    QTest::newRow("quotes") << QStringList(text("\"'`\\%q*[](?.)"));
+    QTest::newRow("markup") << QStringList(text("<b>&amp;"));
+    QTest::newRow("controls") << QStringList(text("\x01\x1b\u202e\ufeff"));
+    QTest::newRow("half a letter") << QStringList(QString(QChar(0xd800)));
+    QTest::newRow("four megabytes") << QStringList(QString(4 << 20, QLatin1Char('x')));
+    QStringList many;
+    for (int i = 0; i < 10000; ++i) {
+        many.append(QString::number(i));
+    }
+    QTest::newRow("ten thousand") << many;
+    QTest::newRow("empty ones") << QStringList({QString(), text(" "), QString()});
+}
+
+void SearchProviderTest::hostileTermsDoNoHarm()
+{
+    QFETCH(QStringList, terms);
+    QCOMPARE(resultsOf(terms), QStringList());
+    QVERIFY(metasOf(terms).isEmpty());
+    QCOMPARE(matchesOf(terms.join(QLatin1Char(' '))), QStringList());
+    call(s_shell, text("GetSubsearchResultSet"), {terms, terms});
+    QCOMPARE(resultsOf({text("volume")}).size(), 2);
+}
+
+void SearchProviderTest::programEndsAfterItsRest()
+{
+    QCOMPARE(resultsOf({text("volume")}).size(), 2);
+    QVERIFY(isRunning());
+    QTRY_VERIFY_WITH_TIMEOUT(!isRunning(), 30000);
+    // The bus starts it again.
+    QCOMPARE(resultsOf({text("volume")}).size(), 2);
+}
+
+QTEST_GUILESS_MAIN(SearchProviderTest)
+#include "tst_searchprovider.moc"

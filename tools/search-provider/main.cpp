@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "entryfinder.h"
+#include "runner.h"
+#include "runneradaptor.h"
+#include "settingsapplication.h"
+#include "shellprovider.h"
+#include "shellprovideradaptor.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace
+{
+const QCommandLineOption s_application(QStringLiteral("application"),
+                                       QStringLiteral("Name of the Settings application on the session bus."),
+                                       QStringLiteral("NAME"), QStringLiteral(VELKA_SETTINGS_APPLICATION));
+const QCommandLineOption s_rest(QStringLiteral("rest"),
+                                QStringLiteral("Quit when nothing was asked for MS milliseconds."),
+                                QStringLiteral("MS"), QStringLiteral("60000"));
+
+bool publish(QObject *shellProvider, QObject *runner)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.registerObject(QStringLiteral("/org/velkasettings/Search/Shell"), shellProvider)
+           && bus.registerObject(QStringLiteral("/org/velkasettings/Search/Runner"), runner)
+           && bus.registerService(QStringLiteral("org.velkasettings.Search"));
+}
+}
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication program(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Finds settings entries for launchers, on the session bus."));
+    parser.addHelpOption();
+    parser.addOptions({s_application, s_rest});
+    parser.process(program);
+
+    EntryFinder finder;
+    SettingsApplication application(parser.value(s_application));
+    ShellProvider shellProvider(&finder, &application);
+    new ShellProviderAdaptor(&shellProvider);
+    Runner runner(&finder, &application);
+    new RunnerAdaptor(&runner);
+    if (!publish(&shellProvider, &runner)) {
+        std::fprintf(stderr, "Can't search for launchers: %s\n",
+                     qPrintable(QDBusConnection::sessionBus().lastError().message()));
+        return 1;
+    }
+
+    QTimer rest;
+    rest.setSingleShot(true);
+    rest.setInterval(std::max(0, parser.value(s_rest).toInt()));
+    QObject::connect(&finder, &EntryFinder::used, &rest, qOverload<>(&QTimer::start));
+    QObject::connect(&rest, &QTimer::timeout, &program, &QCoreApplication::quit);
+    rest.start();
+    return QCoreApplication::exec();
+}
