@@ -8,7 +8,7 @@ project=$(dirname "$(dirname "$(realpath "${BASH_SOURCE[0]}")")")
 # The Debian packages that the build and the demo need.
 packages=(
     # compiler and build
-    cmake g++ ninja-build pkg-config
+    cmake g++ lld ninja-build pkg-config
     # the library and the platform's stand-ins
     qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools libdbus-1-dev libdconf-dev
     # the sandbox
