@@ -56,6 +56,11 @@ QString CatalogTranslator::error() const
     return m_error;
 }
 
+QList<QByteArray> CatalogTranslator::sourceTexts() const
+{
+    return m_catalog.sourceTexts();
+}
+
 bool CatalogTranslator::isEmpty() const
 {
     return QTranslator::isEmpty() && m_dependencies.empty();

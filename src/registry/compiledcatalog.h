@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QStringList>
 
 #include <optional>
@@ -12,6 +13,8 @@
 struct CompiledCatalog {
     /// Returns whether QTranslator looks for the texts of @p context that are not here in the dependencies.
     bool leavesToDependencies(const char *context) const;
+    /// Returns the source text or the id of each message, null if the catalog was compiled without them.
+    QList<QByteArray> sourceTexts() const;
 
     QByteArray image; ///< for QTranslator::load(), without the dependencies
     QByteArray contexts; ///< a hash table of the contexts, empty in most catalogs
