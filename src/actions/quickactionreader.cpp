@@ -45,6 +45,14 @@ QDBusMessage methodCall(const QVariantMap &action)
     return call;
 }
 
+QDBusMessage storeCall(const QString &packageName)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(Constants::StoreService, Constants::StorePath,
+                                                       Constants::StoreInterface, QStringLiteral("showApp"));
+    call.setArguments({packageName});
+    return call;
+}
+
 bool describes(const QVariantMap &action, const QDBusMessage &call)
 {
     return action.value(s_service).toString() == call.service() && action.value(s_path).toString() == call.path()
@@ -94,9 +102,7 @@ void QuickActionReader::sendRemoteCall(const QVariantMap &action, const char *er
 
 void QuickActionReader::showStorePage(const QString &packageName)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(Constants::StoreService, Constants::StorePath,
-                                                       Constants::StoreInterface, QStringLiteral("showApp"));
-    call.setArguments({packageName});
+    const QDBusMessage call = storeCall(packageName);
     QDBusConnection bus = QDBusConnection::sessionBus();
     QDBusError error = errorBeforeSending(call, bus);
     if (!error.isValid() && bus.call(call, QDBus::NoBlock, -1).type() == QDBusMessage::ErrorMessage) {
@@ -123,12 +129,16 @@ void QuickActionReader::triggerActionError(const QDBusError &error, const QDBusM
     qmlInfo(this) << QString::fromLatin1(Messages::CallFailed)
                          .arg(printable(msg.service()), printable(msg.path()), printable(msg.interface()),
                               printable(msg.member()), printable(error.name()), printable(error.message()));
-    if (error.type() != QDBusError::ServiceUnknown) {
-        return;
+    if (error.type() == QDBusError::ServiceUnknown) {
+        showPackageOf(msg);
     }
+}
+
+void QuickActionReader::showPackageOf(const QDBusMessage &call)
+{
     for (const QVariantMap &action : std::as_const(m_triggeredActions)) {
         const QString package = action.value(s_package).toString();
-        if (!package.isEmpty() && describes(action, msg)) {
+        if (!package.isEmpty() && describes(action, call)) {
             showStorePage(package);
             return;
         }

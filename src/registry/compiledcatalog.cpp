@@ -259,24 +259,32 @@ int operandCount(quint8 opcode)
     return comparison == EqualOperator || comparison == LessOperator || comparison == LessOrEqualOperator ? 1 : 0;
 }
 
+/// Returns whether there is a sound condition at @p cursor, which is skipped.
+bool skipCondition(Cursor *cursor)
+{
+    const int operands = operandCount(cursor->number<quint8>());
+    cursor->skip(operands);
+    return operands > 0 && cursor->isValid();
+}
+
 /// Returns whether @p rules are conditions with something between each two of them.
 bool areNumerusRules(const QByteArray &rules)
 {
-    Cursor cursor(rules);
-    while (!cursor.atEnd()) {
-        const int operands = operandCount(cursor.number<quint8>());
-        cursor.skip(operands);
-        if (operands == 0 || !cursor.isValid()) {
-            return false;
-        }
-        if (cursor.atEnd()) {
-            return true;
-        }
-        if (cursor.number<quint8>() < FirstJoint) {
-            return false;
-        }
+    if (rules.isEmpty()) {
+        return true;
     }
-    return rules.isEmpty();
+    Cursor cursor(rules);
+    bool areSound = skipCondition(&cursor);
+    while (areSound && !cursor.atEnd()) {
+        areSound = cursor.number<quint8>() >= FirstJoint && skipCondition(&cursor);
+    }
+    return areSound;
+}
+
+bool areSound(const Sections &sections)
+{
+    return areMessages(sections.value(HashesTag), sections.value(MessagesTag))
+           && areContexts(sections.value(ContextsTag)) && areNumerusRules(sections.value(NumerusRulesTag));
 }
 
 /// Returns whether @p context is among the names in the bucket at @p names.
@@ -339,8 +347,7 @@ QList<QByteArray> CompiledCatalog::sourceTexts() const
 std::optional<CompiledCatalog> parseCompiledCatalog(const QByteArray &file)
 {
     std::optional<Sections> sections = readSections(file);
-    if (!sections || !areMessages(sections->value(HashesTag), sections->value(MessagesTag))
-        || !areContexts(sections->value(ContextsTag)) || !areNumerusRules(sections->value(NumerusRulesTag))) {
+    if (!sections || !areSound(*sections)) {
         return {};
     }
     const std::optional<QStringList> dependencies = readDependencies(sections->take(DependenciesTag));
