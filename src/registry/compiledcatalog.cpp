@@ -173,11 +173,8 @@ bool skipMessage(Cursor cursor, QBitArray *visited)
     while (!cursor.atEnd() && !visited->testBit(int(cursor.position()))) {
         visited->setBit(int(cursor.position()));
         const auto tag = cursor.number<quint8>();
-        if (tag == EndTag) {
-            return true;
-        }
-        if (!skipPart(&cursor, tag)) {
-            return false;
+        if (tag == EndTag || !skipPart(&cursor, tag)) {
+            return tag == EndTag;
         }
     }
     return false;
