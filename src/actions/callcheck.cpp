@@ -16,8 +16,8 @@
 
 namespace
 {
-// D-Bus allows 64 containers in each other. In a list each level is an array and a variant, in a map a dictionary
-// entry besides.
+// D-Bus allows 64 containers in each other. In a list each level is an array and a variant; in a map it also is
+// a dictionary entry.
 constexpr int MaxContainers = 64;
 constexpr int ContainersOfList = 2;
 constexpr int ContainersOfMap = 3;
@@ -43,7 +43,7 @@ const char *signatureOf(const QVariant &value)
     return QDBusMetaType::typeToSignature(value.userType());
 }
 
-/// Walks all that lists and maps hold, in the order in which it is written, and measures it.
+/// Measures all values of a call, also those in lists and maps, in the order in which they are written.
 class CallSize
 {
 public:

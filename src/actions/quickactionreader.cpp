@@ -63,8 +63,8 @@ bool describes(const QVariantMap &action, const QDBusMessage &call)
 /// Returns why @p call must not be sent over @p bus; an invalid error when it may be.
 QDBusError errorBeforeSending(const QDBusMessage &call, const QDBusConnection &bus)
 {
-    // Without a connection Qt sends nothing, and that is the error. One that has ended is no protection: Qt still
-    // lets libdbus write the message.
+    // Without a connection Qt sends nothing and reports that. After a connection has ended, however, Qt still lets
+    // libdbus write the message.
     const bool wasConnected = !bus.baseService().isEmpty();
     return wasConnected ? validateCall(call) : QDBusError();
 }

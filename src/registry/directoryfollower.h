@@ -16,7 +16,7 @@ struct inotify_event;
 
 /**
  * Keeps a QFileSystemWatcher on the directory that is at a path, also when it or one above it is replaced, which that
- * class does not notice. Watches the names in the directories above. If a watch cannot be had, looks every few seconds.
+ * class does not notice. Watches the names in the directories above. Without a watch it checks every few seconds.
  */
 class DirectoryFollower : public QObject
 {

@@ -188,7 +188,7 @@ void EntryTree::insertEach(const NodeData::Entries &entries, const FileReport &r
     }
 }
 
-/// Where few nodes are left of a file, lets them keep their entries alone.
+/// Releases the text of files of which few nodes are left: these then keep only their own entries.
 void EntryTree::dropTexts(const QSet<QString> &fileNames)
 {
     for (const QString &fileName : fileNames) {
