@@ -13,7 +13,7 @@
 
 namespace
 {
-// The largest catalogs of large programs are a tenth of it. Of what depends on them as well.
+// Of a catalog and its dependencies. The largest catalogs of large programs have a tenth of it.
 constexpr qint64 MaxCatalogSize = 16 << 20;
 constexpr int MaxCatalogFiles = 64;
 

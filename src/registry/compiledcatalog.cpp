@@ -222,7 +222,7 @@ bool isBucket(Cursor cursor, QBitArray *visited)
     return !cursor.atEnd();
 }
 
-/// Returns where the bucket of the table @p contexts begins that @p table refers to, 0 when that is empty.
+/// Returns the offset of the bucket that @p table refers to, 0 if that is empty.
 int readBucket(Cursor *table, int buckets)
 {
     const int offset = table->number<quint16>();
@@ -246,7 +246,7 @@ bool areContexts(const QByteArray &contexts)
     return buckets > 0;
 }
 
-/// Returns how many operands follow @p opcode, 0 when it is none.
+/// Returns how many operands follow @p opcode, 0 if it is not an operator.
 int operandCount(quint8 opcode)
 {
     const int comparison = opcode & NoOperator ? 0 : opcode & OperatorMask;

@@ -27,7 +27,7 @@
 
 namespace
 {
-/// The largest size of a file, in bytes for each of its nodes, whose text is kept: the rest of it may be anything.
+/// The text of a file is kept up to this size, in bytes for each of its nodes: most of a larger one is something else.
 constexpr qint64 MaxTextOfNode = 4096;
 constexpr int MaxWarningsOfFile = 1000;
 

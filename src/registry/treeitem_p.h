@@ -14,7 +14,7 @@
 class FileIndex;
 class NodeObserver;
 
-/// The inside of a TreeItem, and what the registry alone does with a node.
+/// The private data of a TreeItem, and the functions of a node that only the registry uses.
 class TreeItemPrivate
 {
 public:
