@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "catalogbytes.h"
+#include "catalogs.h"
 #include "checker.h"
 #include "schema.h"
 #include "tags.h"
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void longPathIsWhole();
     void unlikelyCatalogNames_data();
     void unlikelyCatalogNames();
+    void catalogsWithoutIds_data();
+    void catalogsWithoutIds();
     void explainsEachTag();
     void listsEachTag();
     void json();
@@ -295,6 +299,34 @@ void CheckTest::unlikelyCatalogNames()
     const Finished finished = check({file.fileName()});
     QCOMPARE(finished.errors, QByteArray());
     QVERIFY2(finished.output.contains(" [missing-catalog]\n"), finished.output.constData());
+}
+
+void CheckTest::catalogsWithoutIds_data()
+{
+    using namespace CatalogBytes;
+    QTest::addColumn<QByteArray>("message");
+    QTest::addColumn<bool>("isFound");
+    const QByteArray oldHash = '\5' + number32(0x0badcafe);
+    QTest::newRow("source text") << translation("A") + source("a b") + end() << true;
+    QTest::newRow("id") << translation("A") + source("test-a") + end() << false;
+    QTest::newRow("source text behind an old hash") << oldHash + source("a b") + translation("A") + end() << true;
+    QTest::newRow("id behind an old hash") << oldHash + source("test-a") + translation("A") + end() << false;
+    QTest::newRow("source text behind a null translation")
+        << part(3, NullText, {}) + translation("A") + source("a b") + end() << true;
+    QTest::newRow("no source text") << translation("A") + end() << false;
+}
+
+void CheckTest::catalogsWithoutIds()
+{
+    QFETCH(QByteArray, message);
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("a-fi.qm")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(CatalogBytes::withMessage(message));
+    file.close();
+    const Catalog catalog(QStringLiteral("a"), directory.path());
+    QCOMPARE(catalog.locales(), QStringList(QStringLiteral("fi")));
+    QTEST(!catalog.filesWithoutIds().isEmpty(), "isFound");
 }
 
 void CheckTest::explainsEachTag()

@@ -8,7 +8,7 @@
 
 #include <limits>
 
-class tst_DConfVariant : public QObject
+class DConfVariantTest : public QObject
 {
     Q_OBJECT
 
@@ -68,7 +68,7 @@ GVariantPointer parse(const QByteArray &text)
 }
 }
 
-void tst_DConfVariant::bothWays_data()
+void DConfVariantTest::bothWays_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QByteArray>("stored");
@@ -103,7 +103,7 @@ void tst_DConfVariant::bothWays_data()
     QTest::newRow("empty map") << QVariant(QVariantMap()) << QByteArrayLiteral("@a{sv} {}");
 }
 
-void tst_DConfVariant::bothWays()
+void DConfVariantTest::bothWays()
 {
     QFETCH(QVariant, value);
     QFETCH(QByteArray, stored);
@@ -120,7 +120,7 @@ void tst_DConfVariant::bothWays()
     QCOMPARE(read, value);
 }
 
-void tst_DConfVariant::reads_data()
+void DConfVariantTest::reads_data()
 {
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<QVariant>("value");
@@ -150,7 +150,7 @@ void tst_DConfVariant::reads_data()
                           << QVariant(QVariantList{QVariantMap{{a, 1}}, QVariantMap()});
 }
 
-void tst_DConfVariant::reads()
+void DConfVariantTest::reads()
 {
     QFETCH(QByteArray, stored);
     QFETCH(QVariant, value);
@@ -161,7 +161,7 @@ void tst_DConfVariant::reads()
     QCOMPARE(read, value);
 }
 
-void tst_DConfVariant::readsNothing_data()
+void DConfVariantTest::readsNothing_data()
 {
     QTest::addColumn<QByteArray>("stored");
 
@@ -170,13 +170,13 @@ void tst_DConfVariant::readsNothing_data()
     QTest::newRow("handle") << QByteArrayLiteral("handle 1");
 }
 
-void tst_DConfVariant::readsNothing()
+void DConfVariantTest::readsNothing()
 {
     QFETCH(QByteArray, stored);
     QVERIFY(!fromGVariant(parse(stored).get()).isValid());
 }
 
-void tst_DConfVariant::text_data()
+void DConfVariantTest::text_data()
 {
     QTest::addColumn<QString>("text");
 
@@ -188,7 +188,7 @@ void tst_DConfVariant::text_data()
     QTest::newRow("long") << QString(1000000, QChar(0xe9));
 }
 
-void tst_DConfVariant::text()
+void DConfVariantTest::text()
 {
     QFETCH(QString, text);
     const QVariantMap value{{text, QVariantList{text, QStringList{text}}}};
@@ -197,7 +197,7 @@ void tst_DConfVariant::text()
     QCOMPARE(fromGVariant(reread(variant.get()).get()).toMap(), value);
 }
 
-void tst_DConfVariant::refuses_data()
+void DConfVariantTest::refuses_data()
 {
     QTest::addColumn<QVariant>("value");
 
@@ -216,13 +216,13 @@ void tst_DConfVariant::refuses_data()
     QTest::newRow("deep in lists and maps") << mapsAround(listsAround(QVariant(), 3), 3);
 }
 
-void tst_DConfVariant::refuses()
+void DConfVariantTest::refuses()
 {
     QFETCH(QVariant, value);
     QVERIFY(!toGVariant(value));
 }
 
-void tst_DConfVariant::deepLists()
+void DConfVariantTest::deepLists()
 {
     const QVariant deepest = listsAround(1, 40);
     const GVariantPointer variant = toGVariant(deepest);
@@ -234,7 +234,7 @@ void tst_DConfVariant::deepLists()
     QVERIFY(!toGVariant(listsAround(1, 400)));
 }
 
-void tst_DConfVariant::deepMaps()
+void DConfVariantTest::deepMaps()
 {
     const QVariant deepest = mapsAround(1, 40);
     const GVariantPointer variant = toGVariant(deepest);
@@ -247,7 +247,7 @@ void tst_DConfVariant::deepMaps()
 }
 
 // A variant consists of the bytes of its value, a zero and the type of the value.
-void tst_DConfVariant::deepBytes()
+void DConfVariantTest::deepBytes()
 {
     QByteArray bytes = QByteArrayLiteral("\x01");
     bytes += QByteArray("\0y", 2);
@@ -257,13 +257,13 @@ void tst_DConfVariant::deepBytes()
     QVERIFY(fromGVariant(fromBytes("v", bytes).get()) != QVariant::fromValue<uchar>(1));
 }
 
-void tst_DConfVariant::deepType()
+void DConfVariantTest::deepType()
 {
     const QByteArray bytes = QByteArray(1000, '\0') + QByteArray("\0", 1) + QByteArray(100000, 'a') + 'y';
     const QVariant read = fromGVariant(fromBytes("v", bytes).get());
     QCOMPARE(read, QVariant(QVariantList()));
 }
 
-QTEST_APPLESS_MAIN(tst_DConfVariant)
+QTEST_APPLESS_MAIN(DConfVariantTest)
 
 #include "tst_dconfvariant.moc"

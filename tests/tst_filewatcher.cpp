@@ -17,7 +17,7 @@
 
 #include <optional>
 
-class tst_FileWatcher : public QObject
+class FileWatcherTest : public QObject
 {
     Q_OBJECT
 
@@ -40,24 +40,24 @@ namespace
 enum Shortage { None, Instances, Watches };
 }
 
-void tst_FileWatcher::init()
+void FileWatcherTest::init()
 {
     m_directory.emplace();
 }
 
-QString tst_FileWatcher::file() const
+QString FileWatcherTest::file() const
 {
     return m_directory->filePath(text("file"));
 }
 
-void tst_FileWatcher::write(const QByteArray &content) const
+void FileWatcherTest::write(const QByteArray &content) const
 {
     QFile target(file());
     QVERIFY(target.open(QIODevice::WriteOnly));
     QCOMPARE(target.write(content), content.size());
 }
 
-void tst_FileWatcher::replace(const QByteArray &content) const
+void FileWatcherTest::replace(const QByteArray &content) const
 {
     QSaveFile target(file());
     QVERIFY(target.open(QIODevice::WriteOnly));
@@ -65,7 +65,7 @@ void tst_FileWatcher::replace(const QByteArray &content) const
     QVERIFY(target.commit());
 }
 
-void tst_FileWatcher::follows_data()
+void FileWatcherTest::follows_data()
 {
     QTest::addColumn<int>("shortage");
     QTest::newRow("inotify") << int(None);
@@ -73,7 +73,7 @@ void tst_FileWatcher::follows_data()
     QTest::newRow("no watch") << int(Watches);
 }
 
-void tst_FileWatcher::follows()
+void FileWatcherTest::follows()
 {
     QFETCH(int, shortage);
     const MessageLog log; // Qt reports each watch that it cannot have
@@ -96,7 +96,7 @@ void tst_FileWatcher::follows()
     QTRY_VERIFY(changes.count() > 0);
 }
 
-void tst_FileWatcher::watchesAgain()
+void FileWatcherTest::watchesAgain()
 {
     const MessageLog log;
     write("first");
@@ -112,5 +112,5 @@ void tst_FileWatcher::watchesAgain()
     QCOMPARE(watched->files() + watched->directories(), (QStringList{file(), m_directory->path()}));
 }
 
-QTEST_GUILESS_MAIN(tst_FileWatcher)
+QTEST_GUILESS_MAIN(FileWatcherTest)
 #include "tst_filewatcher.moc"

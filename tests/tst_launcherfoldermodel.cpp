@@ -14,7 +14,7 @@
 #include <QTest>
 
 // The rows of a new model and their order. tst_launcherfollowing tests changes of the files.
-class tst_LauncherFolderModel : public QObject
+class LauncherFolderModelTest : public QObject
 {
     Q_OBJECT
 
@@ -42,12 +42,12 @@ private Q_SLOTS:
     void loadsAnEqualMenuWithoutReset();
 };
 
-void tst_LauncherFolderModel::init()
+void LauncherFolderModelTest::init()
 {
     qputenv("LANGUAGE", "C");
 }
 
-void tst_LauncherFolderModel::listsApplications_data()
+void LauncherFolderModelTest::listsApplications_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("listed");
@@ -62,7 +62,7 @@ void tst_LauncherFolderModel::listsApplications_data()
     QTest::newRow("empty") << QByteArray() << text("");
 }
 
-void tst_LauncherFolderModel::listsApplications()
+void LauncherFolderModelTest::listsApplications()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, listed);
@@ -72,7 +72,7 @@ void tst_LauncherFolderModel::listsApplications()
     QCOMPARE(rows(LauncherFolderModel()), listed);
 }
 
-void tst_LauncherFolderModel::readsAnItem()
+void LauncherFolderModelTest::readsAnItem()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("Plain", "Name[de]=Deutsch\nIcon=picture\n"
@@ -92,7 +92,7 @@ void tst_LauncherFolderModel::readsAnItem()
     QVERIFY(item->readValue(text("Other"), text("X-Zephra-Application")).isEmpty());
 }
 
-void tst_LauncherFolderModel::isSandboxed_data()
+void LauncherFolderModelTest::isSandboxed_data()
 {
     QTest::addColumn<QByteArray>("lines");
     QTest::addColumn<bool>("sandboxed");
@@ -111,7 +111,7 @@ void tst_LauncherFolderModel::isSandboxed_data()
                                   << true;
 }
 
-void tst_LauncherFolderModel::isSandboxed()
+void LauncherFolderModelTest::isSandboxed()
 {
     QFETCH(QByteArray, lines);
     QFETCH(bool, sandboxed);
@@ -121,7 +121,7 @@ void tst_LauncherFolderModel::isSandboxed()
     QCOMPARE(itemAt(model, 0)->isSandboxed(), sandboxed);
 }
 
-void tst_LauncherFolderModel::dBusServiceName_data()
+void LauncherFolderModelTest::dBusServiceName_data()
 {
     QTest::addColumn<QByteArray>("lines");
     QTest::addColumn<QString>("name");
@@ -133,7 +133,7 @@ void tst_LauncherFolderModel::dBusServiceName_data()
     QTest::newRow("both") << QByteArrayLiteral("DBusActivatable=true\nX-DBus-ServiceName=b.b\n") << text("b.b");
 }
 
-void tst_LauncherFolderModel::dBusServiceName()
+void LauncherFolderModelTest::dBusServiceName()
 {
     QFETCH(QByteArray, lines);
     QFETCH(QString, name);
@@ -143,7 +143,7 @@ void tst_LauncherFolderModel::dBusServiceName()
     QCOMPARE(itemAt(model, 0)->dBusServiceName(), name);
 }
 
-void tst_LauncherFolderModel::namesFilesByTheirPath()
+void LauncherFolderModelTest::namesFilesByTheirPath()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -159,7 +159,7 @@ void tst_LauncherFolderModel::namesFilesByTheirPath()
                           text("d.desktop-d.desktop"), text("e-e.desktop")}));
 }
 
-void tst_LauncherFolderModel::prefersTheFirstDirectory()
+void LauncherFolderModelTest::prefersTheFirstDirectory()
 {
     const Applications applications;
     applications.write("user/a.desktop", application("User"));
@@ -171,7 +171,7 @@ void tst_LauncherFolderModel::prefersTheFirstDirectory()
     QCOMPARE(rows(LauncherFolderModel()), text("FirstB SecondC User"));
 }
 
-void tst_LauncherFolderModel::hidesLaterFiles_data()
+void LauncherFolderModelTest::hidesLaterFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("Hidden") << QByteArrayLiteral("[Desktop Entry]\nHidden=true\n");
@@ -180,7 +180,7 @@ void tst_LauncherFolderModel::hidesLaterFiles_data()
     QTest::newRow("empty") << QByteArray();
 }
 
-void tst_LauncherFolderModel::hidesLaterFiles()
+void LauncherFolderModelTest::hidesLaterFiles()
 {
     QFETCH(QByteArray, content);
     const Applications applications;
@@ -194,7 +194,7 @@ void tst_LauncherFolderModel::hidesLaterFiles()
     QTRY_COMPARE(rows(model), text(""));
 }
 
-void tst_LauncherFolderModel::sorts_data()
+void LauncherFolderModelTest::sorts_data()
 {
     QTest::addColumn<QByteArrayList>("names");
     QTest::addColumn<QStringList>("order");
@@ -206,7 +206,7 @@ void tst_LauncherFolderModel::sorts_data()
     QTest::newRow("prefix") << QByteArrayList{"aa", "a"} << QStringList{text("1"), text("0")};
 }
 
-void tst_LauncherFolderModel::sorts()
+void LauncherFolderModelTest::sorts()
 {
     QFETCH(QByteArrayList, names);
     QFETCH(QStringList, order);
@@ -218,7 +218,7 @@ void tst_LauncherFolderModel::sorts()
     QCOMPARE(fileIds(LauncherFolderModel()), order);
 }
 
-void tst_LauncherFolderModel::returnsNothingForOtherRows()
+void LauncherFolderModelTest::returnsNothingForOtherRows()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -237,7 +237,7 @@ void tst_LauncherFolderModel::returnsNothingForOtherRows()
     }
 }
 
-void tst_LauncherFolderModel::followsTheOrderOfTheMenu_data()
+void LauncherFolderModelTest::followsTheOrderOfTheMenu_data()
 {
     QTest::addColumn<QByteArray>("menu");
     QTest::addColumn<QString>("arranged");
@@ -271,7 +271,7 @@ void tst_LauncherFolderModel::followsTheOrderOfTheMenu_data()
         "C A B");
 }
 
-void tst_LauncherFolderModel::followsTheOrderOfTheMenu()
+void LauncherFolderModelTest::followsTheOrderOfTheMenu()
 {
     QFETCH(QByteArray, menu);
     QFETCH(QString, arranged);
@@ -292,7 +292,7 @@ void tst_LauncherFolderModel::followsTheOrderOfTheMenu()
     QCOMPARE(rows(model), arranged);
 }
 
-void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu_data()
+void LauncherFolderModelTest::keepsTheOrderOfABrokenMenu_data()
 {
     QTest::addColumn<QByteArray>("menu");
     QTest::addColumn<QString>("reason");
@@ -319,7 +319,7 @@ void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu_data()
                           << text("larger than 65536 bytes");
 }
 
-void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu()
+void LauncherFolderModelTest::keepsTheOrderOfABrokenMenu()
 {
     QFETCH(QByteArray, menu);
     QFETCH(QString, reason);
@@ -338,7 +338,7 @@ void tst_LauncherFolderModel::keepsTheOrderOfABrokenMenu()
     QCOMPARE(resets.count(), 0);
 }
 
-void tst_LauncherFolderModel::loadsTheMenuAgain()
+void LauncherFolderModelTest::loadsTheMenuAgain()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -360,7 +360,7 @@ void tst_LauncherFolderModel::loadsTheMenuAgain()
     QCOMPARE(itemAt(*newFolder, 0), a.data());
 }
 
-void tst_LauncherFolderModel::loadsAnEqualMenuWithoutReset()
+void LauncherFolderModelTest::loadsAnEqualMenuWithoutReset()
 {
     const Applications applications;
     applications.writeMenu("<Menu><Menu><Name>F</Name><Filename>b.desktop</Filename></Menu></Menu>");
@@ -370,5 +370,5 @@ void tst_LauncherFolderModel::loadsAnEqualMenuWithoutReset()
     QCOMPARE(resets.count(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherFolderModel)
+QTEST_GUILESS_MAIN(LauncherFolderModelTest)
 #include "tst_launcherfoldermodel.moc"

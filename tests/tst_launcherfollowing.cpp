@@ -23,7 +23,7 @@ using Change = std::function<void(const Applications &)>;
 Q_DECLARE_METATYPE(Change)
 
 // A model follows its files row by row, and emits signals only for what changed.
-class tst_LauncherFollowing : public QObject
+class LauncherFollowingTest : public QObject
 {
     Q_OBJECT
 
@@ -55,7 +55,7 @@ void writeBasics(const Applications &applications)
 }
 }
 
-void tst_LauncherFollowing::followsOneFile_data()
+void LauncherFollowingTest::followsOneFile_data()
 {
     QTest::addColumn<Change>("change");
     QTest::addColumn<QString>("rows");
@@ -103,7 +103,7 @@ void tst_LauncherFollowing::followsOneFile_data()
         [](A a) { a.write("user/d.desktop", "[Desktop Entry]\nHidden=true\n"); });
 }
 
-void tst_LauncherFollowing::followsOneFile()
+void LauncherFollowingTest::followsOneFile()
 {
     QFETCH(Change, change);
     QFETCH(QString, rows);
@@ -125,7 +125,7 @@ void tst_LauncherFollowing::followsOneFile()
     QCOMPARE(itemChanges.count(), expected.filter(text("dataChanged")).size());
 }
 
-void tst_LauncherFollowing::followsDirectories_data()
+void LauncherFollowingTest::followsDirectories_data()
 {
     QTest::addColumn<Change>("change");
     QTest::addColumn<QString>("rows");
@@ -166,7 +166,7 @@ void tst_LauncherFollowing::followsDirectories_data()
     });
 }
 
-void tst_LauncherFollowing::followsDirectories()
+void LauncherFollowingTest::followsDirectories()
 {
     QFETCH(Change, change);
     QFETCH(QString, rows);
@@ -190,7 +190,7 @@ void tst_LauncherFollowing::followsDirectories()
     QCOMPARE(resets.count(), 0);
 }
 
-void tst_LauncherFollowing::keepsAChangedItem()
+void LauncherFollowingTest::keepsAChangedItem()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -215,7 +215,7 @@ void tst_LauncherFollowing::keepsAChangedItem()
     QVERIFY(!item->isSandboxed());
 }
 
-void tst_LauncherFollowing::deletesTheItemOfARemovedFile()
+void LauncherFollowingTest::deletesTheItemOfARemovedFile()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -228,7 +228,7 @@ void tst_LauncherFollowing::deletesTheItemOfARemovedFile()
     QTRY_COMPARE(model.itemCount(), 1);
 }
 
-void tst_LauncherFollowing::followsInAFolder()
+void LauncherFollowingTest::followsInAFolder()
 {
     const Applications applications;
     applications.writeMenu("<Menu><Menu><Name>Folder</Name><Filename>b.desktop</Filename>"
@@ -253,7 +253,7 @@ void tst_LauncherFollowing::followsInAFolder()
     QCOMPARE(rootLog.take(), QStringList());
 }
 
-void tst_LauncherFollowing::followsALinksTarget()
+void LauncherFollowingTest::followsALinksTarget()
 {
     const Applications applications;
     applications.write("elsewhere/a", application("A"));
@@ -269,7 +269,7 @@ void tst_LauncherFollowing::followsALinksTarget()
     QTRY_COMPARE(rows(model), text("D D"));
 }
 
-void tst_LauncherFollowing::followsFurtherWriting()
+void LauncherFollowingTest::followsFurtherWriting()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("0"));
@@ -280,7 +280,7 @@ void tst_LauncherFollowing::followsFurtherWriting()
     }
 }
 
-void tst_LauncherFollowing::emitsNothingForHiddenFiles()
+void LauncherFollowingTest::emitsNothingForHiddenFiles()
 {
     const Applications applications;
     applications.write("user/a.desktop", application("A"));
@@ -297,7 +297,7 @@ void tst_LauncherFollowing::emitsNothingForHiddenFiles()
     QCOMPARE(log.take(), QStringList{text("rowsInserted 1-1")});
 }
 
-void tst_LauncherFollowing::combinesChanges()
+void LauncherFollowingTest::combinesChanges()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -310,7 +310,7 @@ void tst_LauncherFollowing::combinesChanges()
     QCOMPARE(log.take(), QStringList{text("dataChanged 0-0")});
 }
 
-void tst_LauncherFollowing::keepsUpWithSteadyChanges()
+void LauncherFollowingTest::keepsUpWithSteadyChanges()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -323,7 +323,7 @@ void tst_LauncherFollowing::keepsUpWithSteadyChanges()
     QVERIFY(changes.wait());
 }
 
-void tst_LauncherFollowing::loadsInAHandler()
+void LauncherFollowingTest::loadsInAHandler()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -352,7 +352,7 @@ void tst_LauncherFollowing::loadsInAHandler()
     QVERIFY(replica.isEqual());
 }
 
-void tst_LauncherFollowing::supportsTwoModels()
+void LauncherFollowingTest::supportsTwoModels()
 {
     const Applications applications;
     auto first = std::make_unique<LauncherFolderModel>();
@@ -420,7 +420,7 @@ void changeSomething(const Applications &applications, QRandomGenerator *random)
 }
 }
 
-void tst_LauncherFollowing::randomOperations()
+void LauncherFollowingTest::randomOperations()
 {
     const Applications applications;
     applications.writeMenu("<Menu><Menu><Name>F</Name><Filename>x-a.desktop</Filename></Menu>"
@@ -442,5 +442,5 @@ void tst_LauncherFollowing::randomOperations()
     QCOMPARE(resets.count(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherFollowing)
+QTEST_GUILESS_MAIN(LauncherFollowingTest)
 #include "tst_launcherfollowing.moc"

@@ -26,7 +26,7 @@ Q_DECLARE_METATYPE(Handler)
 Q_DECLARE_METATYPE(Connector)
 
 // Items and folders are deleted by others than the model that owns them.
-class tst_LauncherItemDeletion : public QObject
+class LauncherItemDeletionTest : public QObject
 {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ private:
     std::unique_ptr<Applications> m_applications;
 };
 
-void tst_LauncherItemDeletion::init()
+void LauncherItemDeletionTest::init()
 {
     m_applications = std::make_unique<Applications>();
     for (const char *name : {"B", "D", "F"}) {
@@ -54,7 +54,7 @@ void tst_LauncherItemDeletion::init()
     }
 }
 
-void tst_LauncherItemDeletion::isRefusedToQml()
+void LauncherItemDeletionTest::isRefusedToQml()
 {
     m_applications->writeMenu("<Menu><Menu><Name>F</Name><Filename>b.desktop</Filename></Menu></Menu>");
     LauncherFolderModel model;
@@ -72,7 +72,7 @@ void tst_LauncherItemDeletion::isRefusedToQml()
     QCOMPARE(rows(model), text("F{B} D F"));
 }
 
-void tst_LauncherItemDeletion::removesTheRow()
+void LauncherItemDeletionTest::removesTheRow()
 {
     LauncherFolderModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -104,7 +104,7 @@ void tst_LauncherItemDeletion::removesTheRow()
     QVERIFY(replica.isEqual());
 }
 
-void tst_LauncherItemDeletion::removesTheRowInAFolder()
+void LauncherItemDeletionTest::removesTheRowInAFolder()
 {
     m_applications->writeMenu("<Menu><Menu><Name>F</Name><Filename>b.desktop</Filename>"
                               "<Filename>d.desktop</Filename></Menu></Menu>");
@@ -125,7 +125,7 @@ void tst_LauncherItemDeletion::removesTheRowInAFolder()
     QCOMPARE(rows(model), text("F"));
 }
 
-void tst_LauncherItemDeletion::createsADeletedFolderAgain()
+void LauncherItemDeletionTest::createsADeletedFolderAgain()
 {
     m_applications->writeMenu("<Menu><Menu><Name>F</Name><Menu><Name>G</Name><Filename>b.desktop</Filename></Menu>"
                               "<Filename>d.desktop</Filename></Menu></Menu>");
@@ -146,7 +146,7 @@ void tst_LauncherItemDeletion::createsADeletedFolderAgain()
     QTRY_COMPARE(rows(model), text("F{G{Z} D} F"));
 }
 
-void tst_LauncherItemDeletion::happensInAHandler_data()
+void LauncherItemDeletionTest::happensInAHandler_data()
 {
     QTest::addColumn<Connector>("signal");
     QTest::addColumn<Handler>("handler");
@@ -184,7 +184,7 @@ void tst_LauncherItemDeletion::happensInAHandler_data()
     }
 }
 
-void tst_LauncherItemDeletion::happensInAHandler()
+void LauncherItemDeletionTest::happensInAHandler()
 {
     QFETCH(Connector, signal);
     QFETCH(Handler, handler);
@@ -212,7 +212,7 @@ void tst_LauncherItemDeletion::happensInAHandler()
     QVERIFY(replica.isEqual());
 }
 
-void tst_LauncherItemDeletion::happensToTheModelInAHandler_data()
+void LauncherItemDeletionTest::happensToTheModelInAHandler_data()
 {
     QTest::addColumn<Connector>("signal");
     const auto row = [](const char *name, auto signal) {
@@ -227,7 +227,7 @@ void tst_LauncherItemDeletion::happensToTheModelInAHandler_data()
     row("itemChanged", &LauncherFolderItem::itemChanged);
 }
 
-void tst_LauncherItemDeletion::happensToTheModelInAHandler()
+void LauncherItemDeletionTest::happensToTheModelInAHandler()
 {
     QFETCH(Connector, signal);
     QPointer<LauncherFolderModel> model = new LauncherFolderModel;
@@ -240,7 +240,7 @@ void tst_LauncherItemDeletion::happensToTheModelInAHandler()
     QTRY_VERIFY(!model);
 }
 
-void tst_LauncherItemDeletion::happensAtRandom()
+void LauncherItemDeletionTest::happensAtRandom()
 {
     const QByteArray menu = "<Menu><Menu><Name>F</Name><Filename>b.desktop</Filename><Menu><Name>G</Name>"
                             "<Filename>0.desktop</Filename></Menu></Menu><Filename>5.desktop</Filename></Menu>";
@@ -284,5 +284,5 @@ void tst_LauncherItemDeletion::happensAtRandom()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherItemDeletion)
+QTEST_GUILESS_MAIN(LauncherItemDeletionTest)
 #include "tst_launcheritemdeletion.moc"

@@ -24,7 +24,7 @@
 #include <cstring>
 
 // Untrusted files, large numbers of files, and limits of the system
-class tst_LauncherLimits : public QObject
+class LauncherLimitsTest : public QObject
 {
     Q_OBJECT
 
@@ -70,18 +70,18 @@ void makeSocket(const QString &path)
 }
 }
 
-void tst_LauncherLimits::initTestCase()
+void LauncherLimitsTest::initTestCase()
 {
     // The sandbox has put the home into memory, where many files are made faster.
     qputenv("TMPDIR", QFile::encodeName(QDir::homePath()));
 }
 
-void tst_LauncherLimits::init()
+void LauncherLimitsTest::init()
 {
     qputenv("LANGUAGE", "C");
 }
 
-void tst_LauncherLimits::opensOnlyRegularFiles()
+void LauncherLimitsTest::opensOnlyRegularFiles()
 {
     const MessageLog log;
     const Applications applications;
@@ -107,7 +107,7 @@ void tst_LauncherLimits::opensOnlyRegularFiles()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::warnsAboutBrokenFiles_data()
+void LauncherLimitsTest::warnsAboutBrokenFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("reason"); // its start
@@ -120,7 +120,7 @@ void tst_LauncherLimits::warnsAboutBrokenFiles_data()
                           << text("larger than 1048576 bytes");
 }
 
-void tst_LauncherLimits::warnsAboutBrokenFiles()
+void LauncherLimitsTest::warnsAboutBrokenFiles()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, reason);
@@ -144,7 +144,7 @@ void tst_LauncherLimits::warnsAboutBrokenFiles()
     QCOMPARE(MessageLog::take().size(), 1);
 }
 
-void tst_LauncherLimits::readsAFileThatBecomesReadable()
+void LauncherLimitsTest::readsAFileThatBecomesReadable()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -160,7 +160,7 @@ void tst_LauncherLimits::readsAFileThatBecomesReadable()
     QTRY_COMPARE(rows(model), text("A"));
 }
 
-void tst_LauncherLimits::acceptsNamesThatAreNotText()
+void LauncherLimitsTest::acceptsNamesThatAreNotText()
 {
     const MessageLog log;
     const Applications applications;
@@ -177,7 +177,7 @@ void tst_LauncherLimits::acceptsNamesThatAreNotText()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::ignoresLoopsOfLinks()
+void LauncherLimitsTest::ignoresLoopsOfLinks()
 {
     const Applications applications;
     applications.write("first/sub/a.desktop", application("A"));
@@ -197,7 +197,7 @@ static QString excess(const Applications &applications)
         .arg(QFileInfo(applications.path("first/x")).path());
 }
 
-void tst_LauncherLimits::limitsTheDepthOfDirectories()
+void LauncherLimitsTest::limitsTheDepthOfDirectories()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -216,7 +216,7 @@ void tst_LauncherLimits::limitsTheDepthOfDirectories()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::limitsTheNumberOfDirectories()
+void LauncherLimitsTest::limitsTheNumberOfDirectories()
 {
     constexpr int Most = 1000; // with the application directory itself
     const MessageLog log;
@@ -247,7 +247,7 @@ void tst_LauncherLimits::limitsTheNumberOfDirectories()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::limitsTheNumberOfFiles()
+void LauncherLimitsTest::limitsTheNumberOfFiles()
 {
     const MessageLog log;
     const Applications applications;
@@ -264,7 +264,7 @@ void tst_LauncherLimits::limitsTheNumberOfFiles()
     QCOMPARE(MessageLog::take(), QStringList{excess(applications)});
 }
 
-void tst_LauncherLimits::limitsTheBytesOfFiles()
+void LauncherLimitsTest::limitsTheBytesOfFiles()
 {
     const MessageLog log;
     const Applications applications;
@@ -284,7 +284,7 @@ void tst_LauncherLimits::limitsTheBytesOfFiles()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherLimits::followsALinkToTheRoot()
+void LauncherLimitsTest::followsALinkToTheRoot()
 {
     const MessageLog log;
     const Applications applications;
@@ -314,7 +314,7 @@ int depthOf(const LauncherFolderItem *folder)
 }
 }
 
-void tst_LauncherLimits::limitsTheDepthOfMenus()
+void LauncherLimitsTest::limitsTheDepthOfMenus()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -333,7 +333,7 @@ void tst_LauncherLimits::limitsTheDepthOfMenus()
     }
 }
 
-void tst_LauncherLimits::acceptsLongMenus()
+void LauncherLimitsTest::acceptsLongMenus()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -343,14 +343,14 @@ void tst_LauncherLimits::acceptsLongMenus()
     QCOMPARE(model.itemCount(), 4001);
 }
 
-void tst_LauncherLimits::readsOnlyWhatChanged_data()
+void LauncherLimitsTest::readsOnlyWhatChanged_data()
 {
     QTest::addColumn<int>("size");
     QTest::newRow("few") << 10;
     QTest::newRow("many") << 1000;
 }
 
-void tst_LauncherLimits::readsOnlyWhatChanged()
+void LauncherLimitsTest::readsOnlyWhatChanged()
 {
     QFETCH(int, size);
     const Applications applications;
@@ -385,7 +385,7 @@ int eventLimit()
 }
 }
 
-void tst_LauncherLimits::readsAllFilesAgainAfterLostEvents()
+void LauncherLimitsTest::readsAllFilesAgainAfterLostEvents()
 {
     const int limit = eventLimit();
     QVERIFY(limit > 0);
@@ -407,7 +407,7 @@ void tst_LauncherLimits::readsAllFilesAgainAfterLostEvents()
     QCOMPARE(changes.count(), 0);
 }
 
-void tst_LauncherLimits::removesWatchesOfRemovedFiles()
+void LauncherLimitsTest::removesWatchesOfRemovedFiles()
 {
     const Applications applications;
     applications.write("elsewhere/target", application("A"));
@@ -422,5 +422,5 @@ void tst_LauncherLimits::removesWatchesOfRemovedFiles()
     QCOMPARE(inotifyWatches(), before);
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherLimits)
+QTEST_GUILESS_MAIN(LauncherLimitsTest)
 #include "tst_launcherlimits.moc"

@@ -14,7 +14,7 @@
 #include <numeric>
 #include <vector>
 
-class tst_LauncherRows : public QObject
+class LauncherRowsTest : public QObject
 {
     Q_OBJECT
 
@@ -30,12 +30,12 @@ private:
     QCollator m_collator;
 };
 
-LauncherRow tst_LauncherRows::row(int rank)
+LauncherRow LauncherRowsTest::row(int rank)
 {
     return {this, rank, m_collator.sortKey(QString()), QString::number(rank)};
 }
 
-void tst_LauncherRows::sorts()
+void LauncherRowsTest::sorts()
 {
     const auto titled = [this](const char *title, const char *id, int rank = LauncherRow::Unordered) {
         return LauncherRow{this, rank, m_collator.sortKey(text(title)), text(id)};
@@ -56,7 +56,7 @@ void tst_LauncherRows::sorts()
     }
 }
 
-void tst_LauncherRows::equalsAPlainList()
+void LauncherRowsTest::equalsAPlainList()
 {
     std::vector<QObject> objects(2000);
     std::vector<int> plain;
@@ -104,14 +104,14 @@ void tst_LauncherRows::equalsAPlainList()
     QCOMPARE(rows.count(), 0);
 }
 
-void tst_LauncherRows::scales_data()
+void LauncherRowsTest::scales_data()
 {
     QTest::addColumn<bool>("removes");
     QTest::newRow("insert") << false;
     QTest::newRow("remove") << true;
 }
 
-void tst_LauncherRows::scales()
+void LauncherRowsTest::scales()
 {
     QFETCH(bool, removes);
     const auto work = [this, removes](int size) -> qint64 {
@@ -141,5 +141,5 @@ void tst_LauncherRows::scales()
     QVERIFY(Growth::isLinear(work, 2000));
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherRows)
+QTEST_GUILESS_MAIN(LauncherRowsTest)
 #include "tst_launcherrows.moc"

@@ -17,7 +17,7 @@
 #include <vector>
 
 // The models of a process share what they read and watch, and nothing else.
-class tst_LauncherSharing : public QObject
+class LauncherSharingTest : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ static Models createModels(int count)
     return models;
 }
 
-void tst_LauncherSharing::sharesInotify()
+void LauncherSharingTest::sharesInotify()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -65,7 +65,7 @@ void tst_LauncherSharing::sharesInotify()
     QCOMPARE(inotifyWatches(), watches);
 }
 
-void tst_LauncherSharing::readsFilesOnce()
+void LauncherSharingTest::readsFilesOnce()
 {
     constexpr int Size = 1000;
     const Applications applications;
@@ -88,7 +88,7 @@ void tst_LauncherSharing::readsFilesOnce()
     QCOMPARE(opened.take(), QStringList{text("5.desktop")});
 }
 
-void tst_LauncherSharing::isUpToDateWhenCreated()
+void LauncherSharingTest::isUpToDateWhenCreated()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -112,7 +112,7 @@ void tst_LauncherSharing::isUpToDateWhenCreated()
     QCOMPARE(freshLog.take(), QStringList());
 }
 
-void tst_LauncherSharing::readsForTheCurrentLanguage()
+void LauncherSharingTest::readsForTheCurrentLanguage()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("Plain", "Name[de]=Deutsch\n"));
@@ -125,7 +125,7 @@ void tst_LauncherSharing::readsForTheCurrentLanguage()
     QCOMPARE(rows(plain), text("Plain"));
 }
 
-void tst_LauncherSharing::keepsWhatOthersHaveDropped()
+void LauncherSharingTest::keepsWhatOthersHaveDropped()
 {
     const Applications applications;
     applications.write("first/a.desktop", application("A"));
@@ -139,7 +139,7 @@ void tst_LauncherSharing::keepsWhatOthersHaveDropped()
     QCOMPARE(itemAt(second, 0)->title(), text("A"));
 }
 
-void tst_LauncherSharing::createsAModelInAHandler()
+void LauncherSharingTest::createsAModelInAHandler()
 {
     const Applications applications;
     LauncherFolderModel first;
@@ -158,7 +158,7 @@ void tst_LauncherSharing::createsAModelInAHandler()
     QTRY_COMPARE(rows(second), text("A B"));
 }
 
-void tst_LauncherSharing::deletesModelsInAHandler()
+void LauncherSharingTest::deletesModelsInAHandler()
 {
     const Applications applications;
     const int instances = inotifyInstances();
@@ -171,5 +171,5 @@ void tst_LauncherSharing::deletesModelsInAHandler()
     QCOMPARE(inotifyInstances(), instances);
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherSharing)
+QTEST_GUILESS_MAIN(LauncherSharingTest)
 #include "tst_launchersharing.moc"

@@ -18,7 +18,7 @@
 #include <optional>
 
 // Descriptors, instances of inotify and watches run out and come back.
-class tst_LauncherShortage : public QObject
+class LauncherShortageTest : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ static void look(int times)
     }
 }
 
-void tst_LauncherShortage::initTestCase()
+void LauncherShortageTest::initTestCase()
 {
     // The sanitizer opens a pipe when it checks the first object of a class.
     const Applications applications;
@@ -52,7 +52,7 @@ void tst_LauncherShortage::initTestCase()
     QCOMPARE(rows(model), text("F{} A"));
 }
 
-void tst_LauncherShortage::listsWhenDescriptorsAreBack()
+void LauncherShortageTest::listsWhenDescriptorsAreBack()
 {
     const MessageLog log;
     const Applications applications;
@@ -72,7 +72,7 @@ void tst_LauncherShortage::listsWhenDescriptorsAreBack()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherShortage::keepsRowsWithoutDescriptors_data()
+void LauncherShortageTest::keepsRowsWithoutDescriptors_data()
 {
     QTest::addColumn<QString>("changed"); // a directory or a file
     QTest::addColumn<QString>("after");
@@ -81,7 +81,7 @@ void tst_LauncherShortage::keepsRowsWithoutDescriptors_data()
     QTest::newRow("new directory") << text("second") << text("A B Z");
 }
 
-void tst_LauncherShortage::keepsRowsWithoutDescriptors()
+void LauncherShortageTest::keepsRowsWithoutDescriptors()
 {
     QFETCH(QString, changed);
     QFETCH(QString, after);
@@ -118,7 +118,7 @@ void tst_LauncherShortage::keepsRowsWithoutDescriptors()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_LauncherShortage::arrangesWhenDescriptorsAreBack()
+void LauncherShortageTest::arrangesWhenDescriptorsAreBack()
 {
     const MessageLog log;
     const Applications applications;
@@ -141,7 +141,7 @@ void tst_LauncherShortage::arrangesWhenDescriptorsAreBack()
     QTRY_COMPARE(rows(other), text("B A"));
 }
 
-void tst_LauncherShortage::followsWithoutInotify_data()
+void LauncherShortageTest::followsWithoutInotify_data()
 {
     QTest::addColumn<bool>("instances");
     QTest::addColumn<QString>("warning");
@@ -149,7 +149,7 @@ void tst_LauncherShortage::followsWithoutInotify_data()
     QTest::newRow("no watch") << false << text("cannot follow \"/\": too many watches");
 }
 
-void tst_LauncherShortage::followsWithoutInotify()
+void LauncherShortageTest::followsWithoutInotify()
 {
     QFETCH(bool, instances);
     QFETCH(QString, warning);
@@ -188,5 +188,5 @@ void tst_LauncherShortage::followsWithoutInotify()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_LauncherShortage)
+QTEST_GUILESS_MAIN(LauncherShortageTest)
 #include "tst_launchershortage.moc"

@@ -12,7 +12,7 @@
 
 #include <sys/stat.h>
 
-class tst_MDesktopEntry : public QObject
+class MDesktopEntryTest : public QObject
 {
     Q_OBJECT
 
@@ -47,12 +47,12 @@ QByteArray entry(const QByteArray &lines)
 }
 }
 
-void tst_MDesktopEntry::init()
+void MDesktopEntryTest::init()
 {
     qputenv("LANGUAGE", "C");
 }
 
-QString tst_MDesktopEntry::write(const QByteArray &content) const
+QString MDesktopEntryTest::write(const QByteArray &content) const
 {
     QFile file(m_directory.filePath(text("test.desktop")));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
@@ -61,7 +61,7 @@ QString tst_MDesktopEntry::write(const QByteArray &content) const
     return file.fileName();
 }
 
-void tst_MDesktopEntry::isValid_data()
+void MDesktopEntryTest::isValid_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<bool>("valid");
@@ -83,7 +83,7 @@ void tst_MDesktopEntry::isValid_data()
                            << false << false;
 }
 
-void tst_MDesktopEntry::isValid()
+void MDesktopEntryTest::isValid()
 {
     QFETCH(QByteArray, content);
     QFETCH(bool, valid);
@@ -94,7 +94,7 @@ void tst_MDesktopEntry::isValid()
     QVERIFY(read || !entry.containsGroup(text("Desktop Entry")));
 }
 
-void tst_MDesktopEntry::findsKeys_data()
+void MDesktopEntryTest::findsKeys_data()
 {
     QTest::addColumn<QString>("group");
     QTest::addColumn<QString>("key");
@@ -113,7 +113,7 @@ void tst_MDesktopEntry::findsKeys_data()
     QTest::newRow("nothing") << QString() << QString() << QString();
 }
 
-void tst_MDesktopEntry::findsKeys()
+void MDesktopEntryTest::findsKeys()
 {
     QFETCH(QString, group);
     QFETCH(QString, key);
@@ -129,7 +129,7 @@ void tst_MDesktopEntry::findsKeys()
     QCOMPARE(entry.localizedValue(group, key), value);
 }
 
-void tst_MDesktopEntry::resolvesEscapes_data()
+void MDesktopEntryTest::resolvesEscapes_data()
 {
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QString>("value");
@@ -146,7 +146,7 @@ void tst_MDesktopEntry::resolvesEscapes_data()
     QTest::newRow("not UTF-8") << QByteArrayLiteral("gr\xfcn") << QString::fromUtf8("gr\xfcn");
 }
 
-void tst_MDesktopEntry::resolvesEscapes()
+void MDesktopEntryTest::resolvesEscapes()
 {
     QFETCH(QByteArray, written);
     QFETCH(QString, value);
@@ -156,7 +156,7 @@ void tst_MDesktopEntry::resolvesEscapes()
     QCOMPARE(entry.localizedValue(text("Desktop Entry"), text("Comment")), value);
 }
 
-void tst_MDesktopEntry::translates_data()
+void MDesktopEntryTest::translates_data()
 {
     QTest::addColumn<QByteArray>("language");
     QTest::addColumn<QString>("name");
@@ -171,7 +171,7 @@ void tst_MDesktopEntry::translates_data()
     QTest::newRow("untranslated") << QByteArrayLiteral("fi") << text("Plain");
 }
 
-void tst_MDesktopEntry::translates()
+void MDesktopEntryTest::translates()
 {
     QFETCH(QByteArray, language);
     QFETCH(QString, name);
@@ -194,7 +194,7 @@ void tst_MDesktopEntry::translates()
     QCOMPARE(read, name);
 }
 
-void tst_MDesktopEntry::keepsItsContent()
+void MDesktopEntryTest::keepsItsContent()
 {
     const QString path = write(entry("Icon=first\n"));
     const MDesktopEntry before(path);
@@ -205,7 +205,7 @@ void tst_MDesktopEntry::keepsItsContent()
     QCOMPARE(after.fileName(), path);
 }
 
-void tst_MDesktopEntry::reportsUnreadableFiles_data()
+void MDesktopEntryTest::reportsUnreadableFiles_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("error");
@@ -224,7 +224,7 @@ void tst_MDesktopEntry::reportsUnreadableFiles_data()
     QTest::newRow("loop of links") << loop << text("Too many levels of symbolic links");
 }
 
-void tst_MDesktopEntry::reportsUnreadableFiles()
+void MDesktopEntryTest::reportsUnreadableFiles()
 {
     QFETCH(QString, path);
     QFETCH(QString, error);
@@ -234,7 +234,7 @@ void tst_MDesktopEntry::reportsUnreadableFiles()
     QVERIFY(!entry.isErrorTemporary());
 }
 
-void tst_MDesktopEntry::reportsMissingDescriptors()
+void MDesktopEntryTest::reportsMissingDescriptors()
 {
     const QString path = write(entry(""));
     const NoDescriptors shortage;
@@ -244,7 +244,7 @@ void tst_MDesktopEntry::reportsMissingDescriptors()
     QVERIFY(unread.isErrorTemporary());
 }
 
-void tst_MDesktopEntry::limitsTheSize_data()
+void MDesktopEntryTest::limitsTheSize_data()
 {
     QTest::addColumn<int>("size");
     QTest::addColumn<bool>("valid");
@@ -252,7 +252,7 @@ void tst_MDesktopEntry::limitsTheSize_data()
     QTest::newRow("more") << 1024 * 1024 + 1 << false;
 }
 
-void tst_MDesktopEntry::limitsTheSize()
+void MDesktopEntryTest::limitsTheSize()
 {
     QFETCH(int, size);
     QFETCH(bool, valid);
@@ -261,5 +261,5 @@ void tst_MDesktopEntry::limitsTheSize()
     QCOMPARE(read.errorString(), valid ? QString() : text("larger than 1048576 bytes"));
 }
 
-QTEST_GUILESS_MAIN(tst_MDesktopEntry)
+QTEST_GUILESS_MAIN(MDesktopEntryTest)
 #include "tst_mdesktopentry.moc"

@@ -10,7 +10,7 @@
 #include <QTest>
 
 /// The values of MGConfItem: what is stored, and what is read.
-class tst_MGConfItem : public QObject
+class MGConfItemTest : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ QString longKey(int size)
 }
 }
 
-void tst_MGConfItem::keepsValueAndType_data()
+void MGConfItemTest::keepsValueAndType_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QByteArray>("text");
@@ -67,7 +67,7 @@ void tst_MGConfItem::keepsValueAndType_data()
     QTest::newRow("empty map") << QVariant(QVariantMap()) << QByteArrayLiteral("@a{sv} {}");
 }
 
-void tst_MGConfItem::keepsValueAndType()
+void MGConfItemTest::keepsValueAndType()
 {
     QFETCH(QVariant, value);
     QFETCH(QByteArray, text);
@@ -87,7 +87,7 @@ void tst_MGConfItem::keepsValueAndType()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItem::readsValuesOfOtherPrograms_data()
+void MGConfItemTest::readsValuesOfOtherPrograms_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QVariant>("value");
@@ -101,7 +101,7 @@ void tst_MGConfItem::readsValuesOfOtherPrograms_data()
     QTest::newRow("tuple") << QStringLiteral("('a', 1)") << QVariant(QVariantList{a, 1});
 }
 
-void tst_MGConfItem::readsValuesOfOtherPrograms()
+void MGConfItemTest::readsValuesOfOtherPrograms()
 {
     QFETCH(QString, text);
     QFETCH(QVariant, value);
@@ -122,7 +122,7 @@ QVariant mapsAround(QVariant value, int levels)
 }
 }
 
-void tst_MGConfItem::keepsTheDeepestValue()
+void MGConfItemTest::keepsTheDeepestValue()
 {
     const QVariant deepest = mapsAround(QStringLiteral("here"), 40);
     MGConfItem item(testKey());
@@ -133,7 +133,7 @@ void tst_MGConfItem::keepsTheDeepestValue()
     QCOMPARE(item.value(), deepest);
 }
 
-void tst_MGConfItem::ignoresValuesThatCannotBeStored_data()
+void MGConfItemTest::ignoresValuesThatCannotBeStored_data()
 {
     QTest::addColumn<QVariant>("value");
 
@@ -145,7 +145,7 @@ void tst_MGConfItem::ignoresValuesThatCannotBeStored_data()
     QTest::newRow("too deep") << mapsAround(1, 400);
 }
 
-void tst_MGConfItem::ignoresValuesThatCannotBeStored()
+void MGConfItemTest::ignoresValuesThatCannotBeStored()
 {
     QFETCH(QVariant, value);
     MGConfItem item(testKey());
@@ -160,7 +160,7 @@ void tst_MGConfItem::ignoresValuesThatCannotBeStored()
 }
 
 // The bus ends the connection of a process that sends more than it takes.
-void tst_MGConfItem::largeValues()
+void MGConfItemTest::largeValues()
 {
     constexpr int MaxSize = 16 * 1024 * 1024;
     MGConfItem item(testKey());
@@ -181,7 +181,7 @@ void tst_MGConfItem::largeValues()
     waitForWrites();
 }
 
-void tst_MGConfItem::defaultValue()
+void MGConfItemTest::defaultValue()
 {
     MGConfItem item(testKey());
     QCOMPARE(item.value(QStringLiteral("default")), QVariant(QStringLiteral("default")));
@@ -189,7 +189,7 @@ void tst_MGConfItem::defaultValue()
     QCOMPARE(item.value(QStringLiteral("default")), QVariant(QString()));
 }
 
-void tst_MGConfItem::strangeKeys_data()
+void MGConfItemTest::strangeKeys_data()
 {
     QTest::addColumn<QString>("key");
 
@@ -201,7 +201,7 @@ void tst_MGConfItem::strangeKeys_data()
     QTest::newRow("long") << longKey(MaxKeySize);
 }
 
-void tst_MGConfItem::strangeKeys()
+void MGConfItemTest::strangeKeys()
 {
     QFETCH(QString, key);
     MGConfItem item(key);
@@ -215,7 +215,7 @@ void tst_MGConfItem::strangeKeys()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItem::invalidKey_data()
+void MGConfItemTest::invalidKey_data()
 {
     QTest::addColumn<QString>("key");
 
@@ -243,7 +243,7 @@ void collectWarnings(QtMsgType, const QMessageLogContext &, const QString &text)
 }
 }
 
-void tst_MGConfItem::invalidKey()
+void MGConfItemTest::invalidKey()
 {
     QFETCH(QString, key);
     s_warnings.clear();
@@ -269,6 +269,6 @@ void tst_MGConfItem::invalidKey()
     QCOMPARE(s_warnings, QStringList{QStringLiteral("MGConfItem: invalid key \"%1\"").arg(shown)});
 }
 
-QTEST_GUILESS_MAIN(tst_MGConfItem)
+QTEST_GUILESS_MAIN(MGConfItemTest)
 
 #include "tst_mgconfitem.moc"

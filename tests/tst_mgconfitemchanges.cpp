@@ -14,7 +14,7 @@
 #include <vector>
 
 /// The notifications of MGConfItem: one for each change of its value, wherever it comes from.
-class tst_MGConfItemChanges : public QObject
+class MGConfItemChangesTest : public QObject
 {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void unwatchesUnusedKeys();
 };
 
-void tst_MGConfItemChanges::resetNotifiesOnce()
+void MGConfItemChangesTest::resetNotifiesOnce()
 {
     MGConfItem item(testKey());
     item.set(1);
@@ -56,7 +56,7 @@ void tst_MGConfItemChanges::resetNotifiesOnce()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItemChanges::resetOfADirectoryNotifies()
+void MGConfItemChangesTest::resetOfADirectoryNotifies()
 {
     MGConfItem item(testKey() + QStringLiteral("/directory/key"));
     MGConfItem sibling(testKey() + QStringLiteral("/directory2/key"));
@@ -74,7 +74,7 @@ void tst_MGConfItemChanges::resetOfADirectoryNotifies()
     QCOMPARE(sibling.value(), QVariant(1));
 }
 
-void tst_MGConfItemChanges::changeFromAnotherProcess()
+void MGConfItemChangesTest::changeFromAnotherProcess()
 {
     MGConfItem item(testKey());
     MGConfItem other(testKey());
@@ -96,7 +96,7 @@ void tst_MGConfItemChanges::changeFromAnotherProcess()
     QCOMPARE(otherSpy.count(), 2);
 }
 
-void tst_MGConfItemChanges::changeFromTheSameProcess()
+void MGConfItemChangesTest::changeFromTheSameProcess()
 {
     MGConfItem item(testKey());
     MGConfItem other(testKey());
@@ -114,7 +114,7 @@ void tst_MGConfItemChanges::changeFromTheSameProcess()
     QCOMPARE(otherSpy.count(), 20);
 }
 
-void tst_MGConfItemChanges::changeBeforeTheWatchIsActive()
+void MGConfItemChangesTest::changeBeforeTheWatchIsActive()
 {
     MGConfItem item(testKey());
     QSignalSpy spy(&item, &MGConfItem::valueChanged);
@@ -124,7 +124,7 @@ void tst_MGConfItemChanges::changeBeforeTheWatchIsActive()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItemChanges::changeOfTheTypeOnly()
+void MGConfItemChangesTest::changeOfTheTypeOnly()
 {
     MGConfItem item(testKey());
     item.set(QVariantList{1});
@@ -133,7 +133,7 @@ void tst_MGConfItemChanges::changeOfTheTypeOnly()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItemChanges::equalValueDoesNotNotify()
+void MGConfItemChangesTest::equalValueDoesNotNotify()
 {
     MGConfItem item(testKey());
     store(item.key(), QStringLiteral("{'b': 2.5, 'a': nan}"));
@@ -149,7 +149,7 @@ void tst_MGConfItemChanges::equalValueDoesNotNotify()
     QCOMPARE(spy.count(), 0);
 }
 
-void tst_MGConfItemChanges::notifiesWhenAReadValueChangesBack()
+void MGConfItemChangesTest::notifiesWhenAReadValueChangesBack()
 {
     MGConfItem item(testKey());
     for (const QString &start : {QStringLiteral("1"), QString()}) {
@@ -167,7 +167,7 @@ void tst_MGConfItemChanges::notifiesWhenAReadValueChangesBack()
     }
 }
 
-void tst_MGConfItemChanges::otherKeysDoNotNotify()
+void MGConfItemChangesTest::otherKeysDoNotNotify()
 {
     MGConfItem item(testKey());
     item.set(1);
@@ -179,7 +179,7 @@ void tst_MGConfItemChanges::otherKeysDoNotNotify()
     QCOMPARE(item.value(), QVariant(1));
 }
 
-void tst_MGConfItemChanges::handlerDeletesTheItem()
+void MGConfItemChangesTest::handlerDeletesTheItem()
 {
     QPointer<MGConfItem> item = new MGConfItem(testKey());
     MGConfItem other(testKey());
@@ -197,7 +197,7 @@ void tst_MGConfItemChanges::handlerDeletesTheItem()
     QTRY_COMPARE(spy.count(), 2);
 }
 
-void tst_MGConfItemChanges::handlerDeletesAnotherItem()
+void MGConfItemChangesTest::handlerDeletesAnotherItem()
 {
     MGConfItem item(testKey());
     auto earlier = std::make_unique<MGConfItem>(testKey());
@@ -216,7 +216,7 @@ void tst_MGConfItemChanges::handlerDeletesAnotherItem()
     QCOMPARE(item.value(), QVariant(1));
 }
 
-void tst_MGConfItemChanges::handlerSetsAgain()
+void MGConfItemChangesTest::handlerSetsAgain()
 {
     MGConfItem item(testKey());
     MGConfItem other(testKey());
@@ -237,7 +237,7 @@ void tst_MGConfItemChanges::handlerSetsAgain()
     QVERIFY(spy.count() >= 1);
 }
 
-void tst_MGConfItemChanges::handlerCreatesAnItem()
+void MGConfItemChangesTest::handlerCreatesAnItem()
 {
     MGConfItem item(testKey());
     std::vector<std::unique_ptr<MGConfItem>> created;
@@ -255,7 +255,7 @@ void tst_MGConfItemChanges::handlerCreatesAnItem()
 }
 
 // Each handler finds that another process has written once more, with many notifications to come.
-void tst_MGConfItemChanges::otherProcessesNotifyOnceInATurn()
+void MGConfItemChangesTest::otherProcessesNotifyOnceInATurn()
 {
     MGConfItem item(testKey());
     settle();
@@ -284,7 +284,7 @@ void tst_MGConfItemChanges::otherProcessesNotifyOnceInATurn()
     QVERIFY(allNotifications > Pending);
 }
 
-void tst_MGConfItemChanges::itemsShareAKey()
+void MGConfItemChangesTest::itemsShareAKey()
 {
     MGConfItem item(testKey());
     auto other = std::make_unique<MGConfItem>(testKey());
@@ -297,7 +297,7 @@ void tst_MGConfItemChanges::itemsShareAKey()
     QTRY_COMPARE(spy.count(), 1);
 }
 
-void tst_MGConfItemChanges::unwatchesUnusedKeys()
+void MGConfItemChangesTest::unwatchesUnusedKeys()
 {
     auto item = std::make_unique<MGConfItem>(testKey());
     auto other = std::make_unique<MGConfItem>(testKey());
@@ -316,6 +316,6 @@ void tst_MGConfItemChanges::unwatchesUnusedKeys()
     QTRY_VERIFY(!isWatched(testKey()));
 }
 
-QTEST_GUILESS_MAIN(tst_MGConfItemChanges)
+QTEST_GUILESS_MAIN(MGConfItemChangesTest)
 
 #include "tst_mgconfitemchanges.moc"

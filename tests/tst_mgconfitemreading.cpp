@@ -96,7 +96,7 @@ extern "C" Q_DECL_EXPORT GVariant *dconf_client_read(DConfClient *client, const 
 }
 
 // MGConfItem returns the current value even if dconf returns an outdated one.
-class tst_MGConfItemReading : public QObject
+class MGConfItemReadingTest : public QObject
 {
     Q_OBJECT
 
@@ -108,7 +108,7 @@ private Q_SLOTS:
     void longListTakesLinearTime();
 };
 
-void tst_MGConfItemReading::ignoresAnOutdatedValue()
+void MGConfItemReadingTest::ignoresAnOutdatedValue()
 {
     MGConfItem item(s_key);
     item.set(1);
@@ -122,7 +122,7 @@ void tst_MGConfItemReading::ignoresAnOutdatedValue()
 }
 
 // dconf does not notify of a write that equals the value that it reads, which may be the previous one.
-void tst_MGConfItemReading::notifiesOfAWriteThatDconfDoesNotReport()
+void MGConfItemReadingTest::notifiesOfAWriteThatDconfDoesNotReport()
 {
     MGConfItem item(s_key);
     MGConfItem other(s_key);
@@ -142,7 +142,7 @@ void tst_MGConfItemReading::notifiesOfAWriteThatDconfDoesNotReport()
 }
 
 // The service may refuse a write before the writing process has handled its own notification.
-void tst_MGConfItemReading::notifiesOfAWriteThatFailsAtOnce()
+void MGConfItemReadingTest::notifiesOfAWriteThatFailsAtOnce()
 {
     MGConfItem item(s_key);
     item.set(QVariant());
@@ -157,7 +157,7 @@ void tst_MGConfItemReading::notifiesOfAWriteThatFailsAtOnce()
 }
 
 // dconf opens its database again after each change of it, and finds no value if it cannot.
-void tst_MGConfItemReading::keepsTheValueIfDescriptorsRunOutDuringTheRead()
+void MGConfItemReadingTest::keepsTheValueIfDescriptorsRunOutDuringTheRead()
 {
     const QString otherKey = QStringLiteral("/test/other");
     MGConfItem item(s_key);
@@ -175,11 +175,11 @@ void tst_MGConfItemReading::keepsTheValueIfDescriptorsRunOutDuringTheRead()
     QCOMPARE(item.value(), QVariant(1));
 }
 
-void tst_MGConfItemReading::longListTakesLinearTime()
+void MGConfItemReadingTest::longListTakesLinearTime()
 {
     QVERIFY(Growth::isBelow(30, measureReading, 2000, 20000));
 }
 
-QTEST_GUILESS_MAIN(tst_MGConfItemReading)
+QTEST_GUILESS_MAIN(MGConfItemReadingTest)
 
 #include "tst_mgconfitemreading.moc"

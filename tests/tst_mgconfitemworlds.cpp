@@ -33,7 +33,7 @@ private Q_SLOTS:
     void busNeverAnswers();
 };
 
-class tst_MGConfItemWorlds : public QObject
+class MGConfItemWorldsTest : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private Q_SLOTS:
     void worlds();
 };
 
-void tst_MGConfItemWorlds::worlds_data()
+void MGConfItemWorldsTest::worlds_data()
 {
     QTest::addColumn<QString>("world");
 
@@ -52,7 +52,7 @@ void tst_MGConfItemWorlds::worlds_data()
     }
 }
 
-void tst_MGConfItemWorlds::worlds()
+void MGConfItemWorldsTest::worlds()
 {
     QFETCH(QString, world);
     const QTemporaryDir directory;
@@ -217,7 +217,7 @@ void World::busNeverAnswers()
 
 int main(int argc, char *argv[])
 {
-    tst_MGConfItemWorlds test;
+    MGConfItemWorldsTest test;
     World world;
     return runTest(argc, argv, &test, &world);
 }

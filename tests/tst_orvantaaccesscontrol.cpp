@@ -34,7 +34,7 @@ bool hasGroup(uid_t uid, const QString &group)
 }
 }
 
-class tst_OrvantaAccessControl : public QObject
+class OrvantaAccessControlTest : public QObject
 {
     Q_OBJECT
 
@@ -47,7 +47,7 @@ private Q_SLOTS:
     void unknownGroup();
 };
 
-void tst_OrvantaAccessControl::agreesWithTheDatabase_data()
+void OrvantaAccessControlTest::agreesWithTheDatabase_data()
 {
     QTest::addColumn<QString>("user");
     QTest::addColumn<uint>("uid");
@@ -58,7 +58,7 @@ void tst_OrvantaAccessControl::agreesWithTheDatabase_data()
     }
 }
 
-void tst_OrvantaAccessControl::agreesWithTheDatabase()
+void OrvantaAccessControlTest::agreesWithTheDatabase()
 {
     QFETCH(QString, user);
     QFETCH(uint, uid);
@@ -75,14 +75,14 @@ void tst_OrvantaAccessControl::agreesWithTheDatabase()
     QCOMPARE(found, expected.size());
 }
 
-void tst_OrvantaAccessControl::currentUser()
+void OrvantaAccessControlTest::currentUser()
 {
     const QStringList group = databaseLines({QStringLiteral("group"), QString::number(getegid())});
     QCOMPARE(group.size(), 1);
     QVERIFY(hasGroup(geteuid(), field(group.first(), 0)));
 }
 
-void tst_OrvantaAccessControl::unknownUser()
+void OrvantaAccessControlTest::unknownUser()
 {
     constexpr uint unknown = 3999999999;
     QVERIFY(databaseLines({QStringLiteral("passwd"), QString::number(unknown)}).isEmpty());
@@ -90,7 +90,7 @@ void tst_OrvantaAccessControl::unknownUser()
     QVERIFY(!hasGroup(unknown, QStringLiteral("nogroup")));
 }
 
-void tst_OrvantaAccessControl::unknownGroup_data()
+void OrvantaAccessControlTest::unknownGroup_data()
 {
     QTest::addColumn<QByteArray>("group");
 
@@ -104,7 +104,7 @@ void tst_OrvantaAccessControl::unknownGroup_data()
     QTest::newRow("long") << QByteArray(1000000, 'a');
 }
 
-void tst_OrvantaAccessControl::unknownGroup()
+void OrvantaAccessControlTest::unknownGroup()
 {
     QFETCH(QByteArray, group);
     const char *const name = group.isNull() ? nullptr : group.constData();
@@ -112,6 +112,6 @@ void tst_OrvantaAccessControl::unknownGroup()
     QCOMPARE(orvanta_access_control_hasgroup(geteuid(), name), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_OrvantaAccessControl)
+QTEST_GUILESS_MAIN(OrvantaAccessControlTest)
 
 #include "tst_orvantaaccesscontrol.moc"

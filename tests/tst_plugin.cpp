@@ -4,6 +4,7 @@
 #include "catalogs.h"
 #include "filetrace.h"
 #include "messagelog.h"
+#include "text.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -132,10 +133,8 @@ private Q_SLOTS:
     void engineCreatedAgain();
     void translatorsHaveTheirOwnMetaObject();
     void deletedTranslatorLeavesTheApplication();
-    void localeWinsOverEngineeringEnglish();
-    void localeWithoutEngineeringEnglish();
-    void engineeringEnglishWithoutLocale();
-    void noCatalogs();
+    void catalogsTakePrecedence_data();
+    void catalogsTakePrecedence();
     void damagedCatalogs();
     void localeOfTheImportCounts();
     void regionPrecedesLanguage();
@@ -170,18 +169,14 @@ void PluginTest::metadata()
 void PluginTest::namesAreAvailable_data()
 {
     QTest::addColumn<QString>("document");
-    QTest::newRow("SettingsModel") << QStringLiteral("import com.velka.settings 1.0\nSettingsModel {}");
-    QTest::newRow("FavoritesModel") << QStringLiteral("import com.velka.settings 1.0\nFavoritesModel {}");
-    QTest::newRow("ApplicationSettingsModel")
-        << QStringLiteral("import com.velka.settings 1.0\nApplicationSettingsModel {}");
-    QTest::newRow("UserApplicationsFilterModel")
-        << QStringLiteral("import com.velka.settings 1.0\nUserApplicationsFilterModel {}");
-    QTest::newRow("ApplicationsModel") << QStringLiteral(
-        "import com.velka.settings 1.0\nimport QtQml 2.15\n"
-        "QtObject { property int count: ApplicationsModel.count }");
+    for (const char *model :
+         {"SettingsModel", "FavoritesModel", "ApplicationSettingsModel", "UserApplicationsFilterModel"}) {
+        QTest::newRow(model) << s_import + text(model) + text(" {}");
+    }
+    QTest::newRow("ApplicationsModel") << s_import
+                                              + text("QtObject { property int count: ApplicationsModel.count }");
     QTest::newRow("SettingsControlError")
-        << QStringLiteral("import com.velka.settings 1.0\nimport QtQml 2.15\n"
-                          "QtObject { property int error: SettingsControlError.InProgress }");
+        << s_import + text("QtObject { property int error: SettingsControlError.InProgress }");
     QTest::newRow("qualified") << QStringLiteral(
         "import com.velka.settings 1.0 as Settings\nSettings.SettingsModel {\n"
         "depth: Settings.SettingsControlError.InProgress }");
@@ -277,18 +272,12 @@ void PluginTest::enumValues_data()
     for (const char *applications : {"ApplicationSettingsModel", "ApplicationsModel"}) {
         QTest::addRow("%s.AllowedOnly", applications) << 0;
         QTest::addRow("%s.AutostartedOnly", applications) << 1;
-        QTest::addRow("%s.SectionRole", applications) << 257;
-        QTest::addRow("%s.IconIdRole", applications) << 258;
-        QTest::addRow("%s.IconModeRole", applications) << 259;
-        QTest::addRow("%s.NameRole", applications) << 260;
-        QTest::addRow("%s.FilePathRole", applications) << 261;
-        QTest::addRow("%s.SandboxedRole", applications) << 262;
-        QTest::addRow("%s.FileIdRole", applications) << 263;
-        QTest::addRow("%s.AllowedRole", applications) << 264;
-        QTest::addRow("%s.AlwaysAllowedRole", applications) << 265;
-        QTest::addRow("%s.AutostartedRole", applications) << 266;
-        QTest::addRow("%s.ApplicationIdRole", applications) << 267;
-        QTest::addRow("%s.NotificationsEnabledRole", applications) << 268;
+        int role = 257;
+        for (const char *name :
+             {"Section", "IconId", "IconMode", "Name", "FilePath", "Sandboxed", "FileId", "Allowed",
+              "AlwaysAllowed", "Autostarted", "ApplicationId", "NotificationsEnabled"}) {
+            QTest::addRow("%s.%sRole", applications, name) << role++;
+        }
     }
 }
 
@@ -387,43 +376,34 @@ void PluginTest::deletedTranslatorLeavesTheApplication()
     QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
 }
 
-void PluginTest::localeWinsOverEngineeringEnglish()
+void PluginTest::catalogsTakePrecedence_data()
 {
-    Catalogs::install("sample_eng_en", "settings_eng_en");
-    Catalogs::install("sample-fi", "settings-fi");
-    const auto engine = makeEngineWithModule();
-    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
-    QCOMPARE(qtTrId("test-locale"), QStringLiteral("Kieli"));
-    QCOMPARE(qtTrId("test-engineering"), QStringLiteral("Engineering"));
+    QTest::addColumn<QStringList>("suffixes");
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("both") << QStringList{text("_eng_en"), text("-fi")}
+                          << QStringList{text("Molemmat"), text("Kieli"), text("Engineering")};
+    QTest::newRow("only the locale") << QStringList{text("-fi")}
+                                     << QStringList{text("Molemmat"), text("Kieli"), text("test-engineering")};
+    QTest::newRow("not the locale") << QStringList{text("_eng_en"), text("-de")}
+                                    << QStringList{text("Both"), text("test-locale"), text("Engineering")};
+    QTest::newRow("none") << QStringList()
+                          << QStringList{text("test-both"), text("test-locale"), text("test-engineering")};
 }
 
-void PluginTest::localeWithoutEngineeringEnglish()
+void PluginTest::catalogsTakePrecedence()
 {
-    Catalogs::install("sample-fi", "settings-fi");
-    const auto engine = makeEngineWithModule();
-    QCOMPARE(translatorCount(*engine), 2);
-    QCOMPARE(qtTrId("test-both"), QStringLiteral("Molemmat"));
-    QCOMPARE(qtTrId("test-engineering"), QStringLiteral("test-engineering"));
-}
-
-void PluginTest::engineeringEnglishWithoutLocale()
-{
-    Catalogs::install("sample_eng_en", "settings_eng_en");
-    Catalogs::install("sample-de", "settings-de");
-    const auto engine = makeEngineWithModule();
-    QCOMPARE(translatorCount(*engine), 2);
-    QCOMPARE(qtTrId("test-both"), QStringLiteral("Both"));
-    QCOMPARE(qtTrId("test-locale"), QStringLiteral("test-locale"));
-}
-
-void PluginTest::noCatalogs()
-{
+    QFETCH(QStringList, suffixes);
+    for (const QString &suffix : qAsConst(suffixes)) {
+        Catalogs::install(qPrintable(QLatin1String("sample") + suffix),
+                          qPrintable(QLatin1String("settings") + suffix));
+    }
     const auto engine = makeEngineWithModule();
     const QList<QTranslator *> translators = engine->findChildren<QTranslator *>();
     QCOMPARE(translators.size(), 2);
-    QVERIFY(translators.first()->isEmpty());
-    QVERIFY(translators.last()->isEmpty());
-    QCOMPARE(qtTrId("test-both"), QStringLiteral("test-both"));
+    QCOMPARE(translators.first()->isEmpty(), !suffixes.contains(QLatin1String("_eng_en")));
+    QCOMPARE(translators.last()->isEmpty(), !suffixes.contains(QLatin1String("-fi")));
+    const QStringList found{qtTrId("test-both"), qtTrId("test-locale"), qtTrId("test-engineering")};
+    QTEST(found, "texts");
 }
 
 void PluginTest::damagedCatalogs()

@@ -21,6 +21,7 @@ class PreviewedFilesTest : public QObject
 private Q_SLOTS:
     void followsWhatIsSaved();
     void followsDirectories();
+    void followsFilesThatAreStillEmpty();
     void namesProblems();
     void followsCatalogs();
 };
@@ -76,6 +77,27 @@ void PreviewedFilesTest::followsDirectories()
     QTRY_VERIFY(registry->getItem({text("d3")}));
     QVERIFY(QFile::remove(directory.filePath(text("d2.json"))));
     QTRY_VERIFY(!registry->getItem({text("d3")}));
+}
+
+void PreviewedFilesTest::followsFilesThatAreStillEmpty()
+{
+    World::reset();
+    const QTemporaryDir directory;
+    const QString empty = directory.filePath(text("e.json"));
+    World::writeFile(directory.filePath(text("package.json")), R"({"name": "a program"})");
+    World::writeFile(directory.filePath(text("e1.json")), R"({"entries": [{"path": "e1"}]})");
+    PreviewedFiles files({directory.filePath(text("e1.json"))}, {directory.path()});
+    files.follow();
+    PluginRegistry *const registry = PluginRegistry::instance();
+    const MessageLog log; // a part of a file may be read
+    World::writeFile(empty, {});
+    World::writeFile(directory.filePath(text("e2.json")), R"({"entries": [{"path": "e2"}]})");
+    QTRY_VERIFY(registry->getItem({text("e2")})); // so the empty file was seen, too
+    World::writeFile(empty, R"({"entries": [{"path": "e3"}]})");
+    QTRY_VERIFY(registry->getItem({text("e3")}));
+    World::writeFile(empty, R"({"entries": [{"path": "e4"}]})");
+    QTRY_VERIFY(registry->getItem({text("e4")}));
+    QVERIFY(!registry->getItem({text("e3")}));
 }
 
 void PreviewedFilesTest::namesProblems()

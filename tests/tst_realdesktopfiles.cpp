@@ -16,7 +16,7 @@
 #include <QTest>
 
 // Compares the desktop files in desktopfiles/, which are from packages of Debian, with a second, plain reader.
-class tst_RealDesktopFiles : public QObject
+class RealDesktopFilesTest : public QObject
 {
     Q_OBJECT
 
@@ -94,7 +94,7 @@ QStringList applicationNames()
 }
 }
 
-void tst_RealDesktopFiles::readsThem_data()
+void RealDesktopFilesTest::readsThem_data()
 {
     QTest::addColumn<QByteArray>("language");
     QTest::newRow("untranslated") << QByteArrayLiteral("C");
@@ -102,7 +102,7 @@ void tst_RealDesktopFiles::readsThem_data()
     QTest::newRow("Japanese") << QByteArrayLiteral("ja");
 }
 
-void tst_RealDesktopFiles::readsThem()
+void RealDesktopFilesTest::readsThem()
 {
     QFETCH(QByteArray, language);
     qputenv("LANGUAGE", language);
@@ -132,7 +132,7 @@ void tst_RealDesktopFiles::readsThem()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-void tst_RealDesktopFiles::listsThem()
+void RealDesktopFilesTest::listsThem()
 {
     qputenv("LANGUAGE", "C");
     const MessageLog log;
@@ -149,5 +149,5 @@ void tst_RealDesktopFiles::listsThem()
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_RealDesktopFiles)
+QTEST_GUILESS_MAIN(RealDesktopFilesTest)
 #include "tst_realdesktopfiles.moc"

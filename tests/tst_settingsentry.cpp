@@ -3,19 +3,15 @@
 
 #include "catalogs.h"
 #include "common/constants.h"
+#include "entryfiles.h"
 #include "messagelog.h"
-#include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "testsize.h"
 #include "text.h"
-#include "toolkit/settingsentry.h"
-#include "world.h"
-
-#include <mgconfitem.h>
+#include "watchedentry.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QMetaProperty>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
@@ -23,7 +19,6 @@
 
 #include <array>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace
@@ -33,90 +28,6 @@ const QByteArray s_sound = R"({"path": "system_settings/sound", "title": "Sound"
 const QByteArray s_volume
     = R"({"path": "system_settings/sound/volume", "type": "control", "title": "Volume", "title_short": "Vol.",
           "icon": "audio", "controlIcon": "audio-active", "params": {"source": "/usr/share/volume.qml"}})";
-
-PluginRegistry *registry()
-{
-    return PluginRegistry::instance();
-}
-
-QByteArray fileWith(const QByteArrayList &entries)
-{
-    return "{\"entries\": [" + entries.join(", ") + "]}";
-}
-
-void install(const QString &file, const QByteArrayList &entries)
-{
-    World::writeEntries(file, fileWith(entries));
-    World::rescan(registry());
-}
-
-void uninstall(const QString &file)
-{
-    World::removeEntries(file);
-    World::rescan(registry());
-}
-
-/// Loads another version of a file in one batch, as a change of the masked entries does.
-void reload(const QString &file, const QByteArrayList &entries)
-{
-    registry()->removeEntriesForFile(file);
-    World::writeEntries(file, fileWith(entries));
-    registry()->addEntriesForFile(file);
-    Q_EMIT registry()->contentChanged();
-}
-
-/// An entry with the values that its signals have announced.
-class WatchedEntry : public SettingsEntry
-{
-    Q_OBJECT
-
-public:
-    explicit WatchedEntry(const char *path = "")
-    {
-        setPath(text(path));
-        const int slot = staticMetaObject.indexOfSlot("record()");
-        for (int i = SettingsEntry::staticMetaObject.propertyOffset();
-             i < SettingsEntry::staticMetaObject.propertyCount(); ++i) {
-            const QMetaProperty property = SettingsEntry::staticMetaObject.property(i);
-            connect(this, property.notifySignal(), this, staticMetaObject.method(slot));
-            m_values.insert(QLatin1String(property.name()), property.read(this));
-        }
-    }
-
-    /// The names of the properties whose change was announced since the last call, sorted.
-    QStringList takeChanges()
-    {
-        QStringList changes = std::exchange(m_changes, {});
-        changes.sort();
-        return changes;
-    }
-
-    /// Whether each property has the value that was announced last, and none was announced without a change.
-    bool isAsAnnounced() const
-    {
-        bool isEqual = m_announcesOnlyChanges;
-        for (auto it = m_values.cbegin(); it != m_values.cend(); ++it) {
-            isEqual = isEqual && property(it.key().toLatin1().constData()) == it.value();
-        }
-        return isEqual;
-    }
-
-private Q_SLOTS:
-    void record()
-    {
-        const QByteArray signal = metaObject()->method(senderSignalIndex()).name();
-        const QByteArray name = signal.left(signal.size() - int(qstrlen("Changed")));
-        QVariant &value = m_values[QLatin1String(name)];
-        m_announcesOnlyChanges = m_announcesOnlyChanges && value != property(name.constData());
-        value = property(name.constData());
-        m_changes.append(QLatin1String(name));
-    }
-
-private:
-    QVariantMap m_values;
-    QStringList m_changes;
-    bool m_announcesOnlyChanges = true;
-};
 
 QStringList names(const char *names)
 {
@@ -128,14 +39,9 @@ QVariantMap step(const char *title, const char *path)
     return {{text("title"), text(title)}, {text("path"), text(path)}};
 }
 
-QStringList stored(const QString &key)
-{
-    return MGConfItem(key).value().toStringList();
 }
 
-const QString s_key = QStringLiteral("/apps/velka-settings/favorites");
-const QString s_flag = QStringLiteral("/test/userModified");
-}
+using namespace EntryFiles;
 
 class SettingsEntryTest : public QObject
 {
@@ -157,17 +63,10 @@ private Q_SLOTS:
     void countsChildren();
     void followsChangesOutsideABatch();
     void followsTheLanguage();
-    void announcesTitlesThatNobodyRead();
+    void announcesTitlesThatWereNotRead();
     void handlerMayDeleteEntries();
     void handlerMaySetAnotherPath();
     void twoEntriesOfOnePath();
-
-    void favoriteIsWhatTheListNames();
-    void favoriteEditsTheList();
-    void favoriteSetsTheFlag();
-    void favoriteOfAnotherKey();
-    void favoriteFollowsOtherEntries();
-    void favoriteWithoutAPathIsRefused();
 
     void randomChanges();
 };
@@ -182,8 +81,6 @@ void SettingsEntryTest::init()
     }
     World::rescan(registry());
     World::reset();
-    MGConfItem(s_key).set({});
-    MGConfItem(s_flag).set({});
 }
 
 void SettingsEntryTest::hasTheValuesOfItsNode()
@@ -410,7 +307,7 @@ void SettingsEntryTest::followsTheLanguage()
     QVERIFY(balance.isAsAnnounced());
 }
 
-void SettingsEntryTest::announcesTitlesThatNobodyRead()
+void SettingsEntryTest::announcesTitlesThatWereNotRead()
 {
     install(s_file, {R"({"path": "volume", "translation_id": "test-locale"})",
                      R"({"path": "balance", "title": "Balance"})"});
@@ -446,7 +343,7 @@ void SettingsEntryTest::handlerMayDeleteEntries()
     for (const auto &entry : entries) {
         QVERIFY(!entry);
     }
-    install(s_file, {s_volume}); // nobody is left to be notified
+    install(s_file, {s_volume}); // notifies none of them
 }
 
 void SettingsEntryTest::handlerMaySetAnotherPath()
@@ -470,95 +367,6 @@ void SettingsEntryTest::twoEntriesOfOnePath()
     uninstall(s_file);
     QVERIFY(first.isAsAnnounced());
     QVERIFY(!first.exists());
-}
-
-void SettingsEntryTest::favoriteIsWhatTheListNames()
-{
-    MGConfItem(s_key).set(QStringList{text("a/b")});
-    WatchedEntry entry("a/b");
-    QCOMPARE(entry.favorite(), true);
-    MGConfItem(s_key).set(QStringList{text("a"), text("/a/b")});
-    QTRY_COMPARE(entry.favorite(), false); // compared as it is written
-    MGConfItem(s_key).set(QStringList{text("c"), text("a/b")});
-    QTRY_COMPARE(entry.favorite(), true);
-    MGConfItem(s_key).set(QStringList{text("a/b")});
-    entry.setPath(text("a"));
-    QCOMPARE(entry.favorite(), false);
-    QCOMPARE(entry.takeChanges().count(text("favorite")), 3);
-    QVERIFY(entry.isAsAnnounced());
-}
-
-void SettingsEntryTest::favoriteEditsTheList()
-{
-    MGConfItem(s_key).set(QStringList{text("x"), text("y")});
-    WatchedEntry entry("/a/b");
-    entry.setFavorite(true);
-    QCOMPARE(entry.favorite(), true);
-    QCOMPARE(stored(s_key), names("x y a/b"));
-    entry.setFavorite(true);
-    QCOMPARE(stored(s_key), names("x y a/b"));
-    QCOMPARE(entry.takeChanges(), names("favorite"));
-    MGConfItem(s_key).set(names("a/b x a/b y"));
-    entry.setFavorite(false);
-    QCOMPARE(stored(s_key), names("x y"));
-    QCOMPARE(entry.takeChanges(), names("favorite"));
-    QVERIFY(entry.isAsAnnounced());
-}
-
-void SettingsEntryTest::favoriteSetsTheFlag()
-{
-    WatchedEntry entry("a");
-    entry.setFavorite(true);
-    QCOMPARE(MGConfItem(s_flag).value(), QVariant());
-    entry.setUserModifiedKey(s_flag);
-    entry.setFavorite(true); // it is
-    QCOMPARE(MGConfItem(s_flag).value(), QVariant());
-    entry.setFavorite(false);
-    QCOMPARE(MGConfItem(s_flag).value(), QVariant(true));
-    entry.setFavorite(true);
-    QCOMPARE(MGConfItem(s_flag).value(), QVariant(true));
-    QCOMPARE(entry.takeChanges(), names("favorite favorite favorite userModifiedKey"));
-}
-
-void SettingsEntryTest::favoriteOfAnotherKey()
-{
-    const QString other = text("/test/otherFavorites");
-    MGConfItem(other).set(names("a"));
-    WatchedEntry entry("a");
-    entry.setFavoritesKey(other);
-    QCOMPARE(entry.takeChanges(), names("favorite favoritesKey"));
-    entry.setFavorite(false);
-    QCOMPARE(stored(other), QStringList());
-    QCOMPARE(stored(s_key), QStringList());
-    entry.setFavoritesKey({});
-    entry.setFavorite(true);
-    QCOMPARE(entry.favorite(), false);
-    QVERIFY(entry.isAsAnnounced());
-}
-
-void SettingsEntryTest::favoriteFollowsOtherEntries()
-{
-    WatchedEntry first("a");
-    WatchedEntry second("a");
-    WatchedEntry other("b");
-    first.setFavorite(true);
-    QTRY_COMPARE(second.favorite(), true);
-    QCOMPARE(second.takeChanges(), names("favorite"));
-    QCOMPARE(other.takeChanges(), QStringList());
-    auto third = std::make_unique<SettingsEntry>();
-    third->setPath(text("a"));
-    connect(&first, &SettingsEntry::favoriteChanged, this, [&third] { third.reset(); });
-    first.setFavorite(false);
-    QVERIFY(!third);
-    QTRY_COMPARE(second.favorite(), false);
-}
-
-void SettingsEntryTest::favoriteWithoutAPathIsRefused()
-{
-    WatchedEntry entry("//");
-    entry.setFavorite(true);
-    QCOMPARE(entry.favorite(), false);
-    QCOMPARE(stored(s_key), QStringList());
 }
 
 void SettingsEntryTest::randomChanges()

@@ -1,18 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "toolkit/stablelistmodel.h"
-
 #include "applications.h"
 #include "applications/applicationssettingsmodel.h"
 #include "common/messages.h"
 #include "messagelog.h"
-#include "modelreplica.h"
 #include "models/favoritesmodel.h"
 #include "models/settingsmodel.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
-#include "signallog.h"
+#include "stablelist.h"
 #include "testsize.h"
 #include "text.h"
 #include "watchedfavorites.h"
@@ -20,7 +17,6 @@
 
 #include <mgconfitem.h>
 
-#include <QAbstractItemModelTester>
 #include <QIdentityProxyModel>
 #include <QPointer>
 #include <QRandomGenerator>
@@ -35,149 +31,8 @@
 
 namespace
 {
-enum Role { KeyRole = Qt::UserRole + 1, ValueRole, ObjectRole };
-
-struct Row {
-    QString key;
-    int value = 0;
-    QObject *object = nullptr;
-};
-using Rows = QVector<Row>;
-
-/// A source whose rows change as they are told.
-class Source : public QAbstractListModel
-{
-    Q_OBJECT
-
-public:
-    int rowCount(const QModelIndex &parent = {}) const override
-    {
-        return parent.isValid() ? 0 : m_rows.size();
-    }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        const Row &row = m_rows.at(index.row());
-        switch (role) {
-        case KeyRole:
-            return row.key;
-        case ValueRole:
-            return row.value;
-        default:
-            return QVariant::fromValue(row.object);
-        }
-    }
-
-    QHash<int, QByteArray> roleNames() const override
-    {
-        return m_names;
-    }
-
-    void reset(const Rows &rows)
-    {
-        beginResetModel();
-        m_rows = rows;
-        endResetModel();
-    }
-
-    void insert(int row, const Row &value)
-    {
-        beginInsertRows({}, row, row);
-        m_rows.insert(row, value);
-        endInsertRows();
-    }
-
-    void remove(int row)
-    {
-        beginRemoveRows({}, row, row);
-        m_rows.removeAt(row);
-        endRemoveRows();
-    }
-
-    void move(int from, int to)
-    {
-        beginMoveRows({}, from, from, {}, from < to ? to + 1 : to);
-        m_rows.move(from, to);
-        endMoveRows();
-    }
-
-    void change(int row, const Row &value)
-    {
-        m_rows[row] = value;
-        Q_EMIT dataChanged(index(row), index(row));
-    }
-
-    void sort()
-    {
-        Q_EMIT layoutAboutToBeChanged();
-        std::sort(m_rows.begin(), m_rows.end(), [](const Row &a, const Row &b) { return a.key < b.key; });
-        Q_EMIT layoutChanged();
-    }
-
-    QHash<int, QByteArray> m_names{{KeyRole, "key"}, {ValueRole, "value"}, {ObjectRole, "object"}};
-
-private:
-    Rows m_rows;
-};
-
-/// Rows with the letters as keys.
-Rows rows(const QByteArray &letters)
-{
-    Rows rows;
-    for (const char letter : letters) {
-        rows.append({QString(QLatin1Char(letter)), 0, nullptr});
-    }
-    return rows;
-}
-
-/// A model over @p source under the eyes of all that watch a model.
-class WatchedModel
-{
-public:
-    explicit WatchedModel(QAbstractItemModel *source, const char *keyRole = "key")
-    {
-        m_model.setKeyRole(text(keyRole));
-        m_model.setSourceModel(source);
-        m_log.take();
-    }
-
-    StableListModel *operator->()
-    {
-        return &m_model;
-    }
-
-    /// The signals since the last call, without those that come before a change.
-    QStringList takeSignals()
-    {
-        QStringList signalLog = m_log.take();
-        for (const QString &before : signalLog.filter(text("AboutToBe"))) {
-            signalLog.removeAll(before);
-        }
-        return signalLog;
-    }
-
-    /// Whether the rows are those of the source, and what was announced is what happened.
-    bool isConsistent() const
-    {
-        const QAbstractItemModel *source = m_model.sourceModel();
-        bool isEqual = m_keys.isEqual() && m_values.isEqual() && m_objects.isEqual()
-                       && m_model.rowCount() == (source ? source->rowCount() : 0);
-        for (int row = 0; isEqual && row < m_model.rowCount(); ++row) {
-            for (const int role : source->roleNames().keys()) {
-                isEqual = isEqual && m_model.data(m_model.index(row), role) == source->index(row, 0).data(role);
-            }
-        }
-        return isEqual;
-    }
-
-private:
-    StableListModel m_model;
-    const QAbstractItemModelTester m_tester{&m_model, QAbstractItemModelTester::FailureReportingMode::QtTest};
-    const ModelReplica m_keys{&m_model, KeyRole};
-    const ModelReplica m_values{&m_model, ValueRole};
-    const ModelReplica m_objects{&m_model, ObjectRole};
-    SignalLog m_log{&m_model};
-};
+using Row = ListSource::Row;
+using Rows = ListSource::Rows;
 
 using Connect = std::function<void(StableListModel *, const std::function<void()> &)>;
 
@@ -251,10 +106,10 @@ void StableListModelTest::resetsAreSteps()
 {
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
-    Source source;
-    source.reset(rows(before));
-    WatchedModel model(&source);
-    source.reset(rows(after));
+    ListSource source;
+    source.reset(ListSource::rows(before));
+    StableList model(&source);
+    source.reset(ListSource::rows(after));
     QTEST(model.takeSignals(), "signals");
     QVERIFY(model.isConsistent());
 }
@@ -265,9 +120,9 @@ void StableListModelTest::manyMovesAreAReset()
     for (int i = 0; i <= StableListModel::MaxMoves; ++i) {
         many.append({QString::number(i)});
     }
-    Source source;
+    ListSource source;
     source.reset(many);
-    WatchedModel model(&source);
+    StableList model(&source);
     std::reverse(many.begin(), many.end());
     source.reset(many);
     QVERIFY(model.takeSignals().filter(text("modelReset")).isEmpty());
@@ -283,28 +138,28 @@ void StableListModelTest::manyMovesAreAReset()
 
 void StableListModelTest::eachRowChangesOnce()
 {
-    Source source;
-    source.reset(rows("abcd"));
-    WatchedModel model(&source);
+    ListSource source;
+    source.reset(ListSource::rows("abcd"));
+    StableList model(&source);
     const QSignalSpy changes(model.operator->(), &QAbstractItemModel::dataChanged);
     QObject object;
-    Rows other = rows("bxda");
+    Rows other = ListSource::rows("bxda");
     other[0].value = 1;
     other[2].value = 1;
     other[2].object = &object;
     source.reset(other);
     QCOMPARE(changes.count(), 2);
-    QCOMPARE(changes.at(0).at(2).value<QVector<int>>(), QVector<int>{ValueRole});
+    QCOMPARE(changes.at(0).at(2).value<QVector<int>>(), QVector<int>{ListSource::ValueRole});
     const auto roles = changes.at(1).at(2).value<QVector<int>>();
-    QCOMPARE(QSet<int>(roles.cbegin(), roles.cend()), (QSet<int>{ValueRole, ObjectRole}));
+    QCOMPARE(QSet<int>(roles.cbegin(), roles.cend()), (QSet<int>{ListSource::ValueRole, ListSource::ObjectRole}));
     QVERIFY(model.isConsistent());
 }
 
 void StableListModelTest::forwardsSingleChanges()
 {
-    Source source;
-    source.reset(rows("abc"));
-    WatchedModel model(&source);
+    ListSource source;
+    source.reset(ListSource::rows("abc"));
+    StableList model(&source);
     source.insert(1, {text("x")});
     QCOMPARE(model.takeSignals(), steps("rowsInserted 1-1, countChanged"));
     source.remove(0);
@@ -324,9 +179,9 @@ void StableListModelTest::forwardsSingleChanges()
 
 void StableListModelTest::otherRolesAreAReset()
 {
-    Source source;
-    source.reset(rows("a"));
-    WatchedModel model(&source);
+    ListSource source;
+    source.reset(ListSource::rows("a"));
+    StableList model(&source);
     source.m_names.insert(Qt::UserRole, "new");
     source.insert(0, {text("x")});
     QCOMPARE(model.takeSignals(), steps("modelReset, countChanged"));
@@ -338,15 +193,15 @@ void StableListModelTest::otherRolesAreAReset()
 
 void StableListModelTest::otherSources()
 {
-    auto first = std::make_unique<Source>();
-    Source second;
-    first->reset(rows("ab"));
-    second.reset(rows("bc"));
-    WatchedModel model(first.get());
+    auto first = std::make_unique<ListSource>();
+    ListSource second;
+    first->reset(ListSource::rows("ab"));
+    second.reset(ListSource::rows("bc"));
+    StableList model(first.get());
     const QSignalSpy sources(model.operator->(), &StableListModel::sourceModelChanged);
     model->setSourceModel(&second);
     QVERIFY(model.isConsistent());
-    first->reset(rows("x")); // nobody follows it
+    first->reset(ListSource::rows("x")); // it is not followed any more
     QVERIFY(model.isConsistent());
     model->setSourceModel(nullptr);
     QCOMPARE(model->count(), 0);
@@ -361,9 +216,9 @@ void StableListModelTest::otherSources()
 
 void StableListModelTest::ownSourceIsRefused()
 {
-    Source source;
-    source.reset(rows("a"));
-    WatchedModel model(&source);
+    ListSource source;
+    source.reset(ListSource::rows("a"));
+    StableList model(&source);
     QIdentityProxyModel proxy;
     proxy.setSourceModel(model.operator->());
     StableListModel other;
@@ -375,19 +230,19 @@ void StableListModelTest::ownSourceIsRefused()
         model->setSourceModel(own);
         QCOMPARE(model->sourceModel(), &source);
     }
-    source.reset(rows("ab"));
+    source.reset(ListSource::rows("ab"));
     QCOMPARE(other.count(), 2);
 }
 
 void StableListModelTest::objectsThatDie()
 {
     auto object = std::make_unique<QObject>();
-    Source source;
+    ListSource source;
     source.reset({{text("a"), 0, object.get()}});
-    WatchedModel model(&source);
-    QCOMPARE(model->data(model->index(0), ObjectRole).value<QObject *>(), object.get());
+    StableList model(&source);
+    QCOMPARE(model->data(model->index(0), ListSource::ObjectRole).value<QObject *>(), object.get());
     object.reset();
-    QCOMPARE(model->data(model->index(0), ObjectRole).value<QObject *>(), nullptr);
+    QCOMPARE(model->data(model->index(0), ListSource::ObjectRole).value<QObject *>(), nullptr);
     source.reset({{text("a"), 0, nullptr}});
     QVERIFY(model.isConsistent());
 }
@@ -401,9 +256,9 @@ void StableListModelTest::keysOfObjects()
     file.setProperty("filePath", text("/a.desktop"));
     QObject sameFile;
     sameFile.setProperty("filePath", text("/a.desktop"));
-    Source source;
+    ListSource source;
     source.reset({{{}, 0, &a}, {{}, 0, &b}, {{}, 0, &file}});
-    WatchedModel model(&source, "object");
+    StableList model(&source, "object");
     source.reset({{{}, 0, &b}, {{}, 0, &sameFile}});
     QCOMPARE(model.takeSignals(), steps("dataChanged of roles 2-2, rowsRemoved 0-0, countChanged"));
     QVERIFY(model.isConsistent());
@@ -417,7 +272,7 @@ void StableListModelTest::nodesWithOtherData()
     SettingsModel source;
     source.setPath(path("page"));
     source.setDepth(1);
-    WatchedModel model(&source, "object");
+    StableList model(&source, "object");
     registry->getItem({})->insertItem(path("page/a"), {{text("title"), text("Other")}});
     QCOMPARE(registry->getItem(path("page/a")), node);
     Q_EMIT registry->contentChanged();
@@ -428,23 +283,23 @@ void StableListModelTest::nodesWithOtherData()
 
 void StableListModelTest::handlerMayChangeTheSource()
 {
-    Source source;
-    source.reset(rows("abc"));
-    WatchedModel model(&source);
+    ListSource source;
+    source.reset(ListSource::rows("abc"));
+    StableList model(&source);
     bool isFirst = true;
     connect(model.operator->(), &QAbstractItemModel::rowsRemoved, this, [&] {
         if (std::exchange(isFirst, false)) {
-            source.reset(rows("zc"));
+            source.reset(ListSource::rows("zc"));
             source.remove(1);
             source.insert(0, {text("y")});
         }
     });
-    source.reset(rows("cb"));
+    source.reset(ListSource::rows("cb"));
     QVERIFY(!isFirst);
     QCOMPARE(model->count(), 2);
     QVERIFY(model.isConsistent());
     // The same with a handler of the source that runs before the model's
-    Source other;
+    ListSource other;
     bool isThird = true;
     connect(&other, &QAbstractItemModel::rowsInserted, this, [&](const QModelIndex &, int first) {
         if (other.rowCount() == 3 && std::exchange(isThird, false)) {
@@ -452,7 +307,7 @@ void StableListModelTest::handlerMayChangeTheSource()
             other.insert(first, {text("nested")});
         }
     });
-    WatchedModel late(&other);
+    StableList late(&other);
     other.insert(0, {text("a")});
     other.insert(1, {text("b")});
     other.insert(2, {text("c")});
@@ -472,15 +327,15 @@ void StableListModelTest::handlerMayDeleteTheModel_data()
 void StableListModelTest::handlerMayDeleteTheModel()
 {
     QFETCH(Connect, connectTo);
-    Source source;
-    source.reset(rows("abcd"));
+    ListSource source;
+    source.reset(ListSource::rows("abcd"));
     const QPointer<StableListModel> model = new StableListModel;
     model->setKeyRole(text("key"));
     model->setSourceModel(&source);
     connectTo(model, [&model] { delete model; });
-    Rows other = rows("xyda");
+    Rows other = ListSource::rows("xyda");
     other[3].value = 1;
-    other.append(rows("z"));
+    other.append(ListSource::rows("z"));
     source.reset(other);
     QVERIFY(!model);
 }
@@ -492,9 +347,9 @@ void StableListModelTest::randomResets()
     const auto randomRow = [&random, &objects] {
         return Row{QString(QChar(u'a' + random.bounded(10))), random.bounded(2), &objects[random.bounded(3)]};
     };
-    Source source;
-    WatchedModel byKey(&source);
-    WatchedModel byObject(&source, "object");
+    ListSource source;
+    StableList byKey(&source);
+    StableList byObject(&source, "object");
     for (int step = testSize(10000); step > 0; --step) {
         Rows other;
         for (int count = random.bounded(12); count > 0; --count) {
@@ -510,7 +365,7 @@ void StableListModelTest::randomResets()
 void StableListModelTest::randomHandlers()
 {
     QRandomGenerator random(19);
-    Source source;
+    ListSource source;
     int depth = 0;
     const auto changeSource = [&] {
         const Row row{QString(QChar(u'a' + random.bounded(10))), random.bounded(2)};
@@ -553,7 +408,7 @@ void StableListModelTest::randomHandlers()
     const QObject early;
     connect(&source, &QAbstractItemModel::rowsInserted, &early, handler);
     connect(&source, &QAbstractItemModel::rowsRemoved, &early, handler);
-    WatchedModel model(&source);
+    StableList model(&source);
     connect(model.operator->(), &QAbstractItemModel::rowsInserted, &early, handler);
     connect(model.operator->(), &QAbstractItemModel::rowsAboutToBeRemoved, &early, handler);
     connect(model.operator->(), &QAbstractItemModel::rowsMoved, &early, handler);
@@ -578,9 +433,9 @@ void StableListModelTest::realModels()
     World::rescan(PluginRegistry::instance());
     ApplicationsSettingsModel applicationRows;
     applicationRows.componentComplete();
-    WatchedModel stableSettings(&settings, "object");
-    WatchedModel stableFavorites(&favorites, "object");
-    WatchedModel stableApplications(&applicationRows, "object");
+    StableList stableSettings(&settings, "object");
+    StableList stableFavorites(&favorites, "object");
+    StableList stableApplications(&applicationRows, "object");
     const auto areConsistent = [&] {
         return stableSettings.isConsistent() && stableFavorites.isConsistent()
                && stableApplications.isConsistent();

@@ -42,8 +42,11 @@ void PreviewedFiles::follow()
         followFile(path);
     }
     connect(&m_directoryWatcher, &QFileSystemWatcher::directoryChanged, this, &PreviewedFiles::readDirectory);
-    if (!m_directories.isEmpty()) {
-        m_directoryWatcher.addPaths(m_directories);
+    connect(&m_directoryWatcher, &QFileSystemWatcher::fileChanged, this,
+            [this](const QString &path) { readDirectory(QFileInfo(path).path()); });
+    for (const QString &directory : m_directories) {
+        m_directoryWatcher.addPath(directory);
+        readDirectory(directory);
     }
 }
 
@@ -92,6 +95,7 @@ void PreviewedFiles::followFile(const QString &path)
 /// Loads the files that have appeared in @p directory. Those that are gone are followed one by one.
 void PreviewedFiles::readDirectory(const QString &directory)
 {
+    followOtherFiles(directory);
     QString problem;
     const std::optional<EntriesPlace> place = EntriesPlace::find(directory, &problem);
     const QStringList present = place ? place->files : QStringList();
@@ -100,8 +104,20 @@ void PreviewedFiles::readDirectory(const QString &directory)
                            && !m_paths.contains(path);
         if (isNew) {
             m_paths.append(path);
+            m_directoryWatcher.removePath(path);
             followFile(path);
             reload(path);
+        }
+    }
+}
+
+/// Follows the other JSON files of @p directory: one that is still empty may become a registration file.
+void PreviewedFiles::followOtherFiles(const QString &directory)
+{
+    const QFileInfoList files = QDir(directory).entryInfoList({QStringLiteral("*.json")}, QDir::Files);
+    for (const QFileInfo &file : files) {
+        if (!m_paths.contains(file.filePath())) {
+            m_directoryWatcher.addPath(file.filePath());
         }
     }
 }

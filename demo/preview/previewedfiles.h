@@ -36,6 +36,7 @@ private:
     void reload(const QString &path);
     void followFile(const QString &path);
     void readDirectory(const QString &directory);
+    void followOtherFiles(const QString &directory);
     void setProblem(const QString &name, const QString &problem);
 
     QStringList m_paths;

@@ -30,7 +30,7 @@ struct FoundFile {
     qint64 cost() const;
 };
 
-/// How much may still be found.
+/// The numbers of directories and files that may still be found.
 struct ScanRoom {
     int directories;
     int files; ///< of any name

@@ -70,7 +70,7 @@ private:
     bool m_menuIsUnread = false;
     MenuLayout m_layout;
     QVector<QPointer<LauncherFolderItem>> m_folders; ///< as in the layout
-    /// The items are no children: a QObject searches its children for each one that is deleted.
+    /// The items are not children: a QObject searches its children for each one that is deleted.
     QHash<QString, Known> m_known;
     QObject m_removed; ///< parent of the removed items until they are deleted
     QVector<std::function<void()>> m_deferred;

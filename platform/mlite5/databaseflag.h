@@ -19,9 +19,9 @@ public:
     DatabaseFlag(const DatabaseFlag &) = delete;
     DatabaseFlag &operator=(const DatabaseFlag &) = delete;
 
-    /// Returns a number that is another one after each write. It is always another one when there is no shared memory.
+    /// Returns a number that changes with each write. Without shared memory it changes with each call.
     quint64 generation();
-    /// Returns whether dconf could open the database that generation() stands for: descriptors and memory may be used up.
+    /// Returns whether dconf could open the database of generation(): descriptors and memory may be used up.
     bool canOpenDatabase() const;
 
 private:

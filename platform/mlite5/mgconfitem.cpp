@@ -350,7 +350,7 @@ void MGConfItemPrivate::update()
     // A caller who read a value that has been replaced by the one before it needs a notification, too.
     const auto handedOut = std::exchange(m_handedOut, std::nullopt);
     if (written && *written != m_seen) {
-        // The write has failed already, which dconf notifies of next: the writer has to learn which value remains.
+        // The write has already failed, and dconf notifies of that next: the writer must find out which value remains.
         m_seen = *written;
         return;
     }

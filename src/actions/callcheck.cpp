@@ -16,8 +16,8 @@
 
 namespace
 {
-// D-Bus allows 64 containers in each other. In a list each level is an array and a variant, in a map a dictionary
-// entry besides.
+// D-Bus allows 64 containers in each other. In a list each level is an array and a variant; in a map it also is
+// a dictionary entry.
 constexpr int MaxContainers = 64;
 constexpr int ContainersOfList = 2;
 constexpr int ContainersOfMap = 3;
@@ -43,7 +43,7 @@ const char *signatureOf(const QVariant &value)
     return QDBusMetaType::typeToSignature(value.userType());
 }
 
-/// Walks all that lists and maps hold, in the order in which it is written, and measures it.
+/// Measures all values of a call, also those in lists and maps, in the order in which they are written.
 class CallSize
 {
 public:
@@ -106,18 +106,22 @@ private:
 
     void add(const Value &value)
     {
-        const char *const signature = signatureOf(value.value);
         m_containers = qMax(m_containers, value.containers);
         if (value.place == Place::Map) {
-            align(8);
-            addText(value.key);
-            // Qt would write the key alone, at which libdbus ends the process.
-            m_isUnsendable = m_isUnsendable || !signature;
+            addKey(value);
         }
         if (value.place != Place::Argument) {
-            m_bytes += 1 + qstrlen(signature) + 1; // a variant begins with the type
+            m_bytes += 1 + qstrlen(signatureOf(value.value)) + 1; // a variant begins with the type
         }
         addContent(value);
+    }
+
+    void addKey(const Value &value)
+    {
+        align(8);
+        addText(value.key);
+        // Qt would write the key alone, at which libdbus ends the process.
+        m_isUnsendable = m_isUnsendable || !signatureOf(value.value);
     }
 
     void addContent(const Value &value)
@@ -133,6 +137,14 @@ private:
             align(8);
             push(value.value.toMap(), value.containers + ContainersOfMap);
             break;
+        default:
+            addScalar(value.value);
+        }
+    }
+
+    void addScalar(const QVariant &value)
+    {
+        switch (value.userType()) {
         case QMetaType::Bool:
             addNumber(4);
             break;
@@ -144,7 +156,7 @@ private:
             m_holdsNull = true;
             break;
         default:
-            addText(value.value.toString());
+            addText(value.toString());
         }
     }
 

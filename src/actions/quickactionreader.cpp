@@ -62,12 +62,16 @@ void QuickActionReader::triggerActionError(const QDBusError &error, const QDBusM
     qmlInfo(this) << QString::fromLatin1(Messages::CallFailed)
                          .arg(printable(msg.service()), printable(msg.path()), printable(msg.interface()),
                               printable(msg.member()), printable(error.name()), printable(error.message()));
-    if (error.type() != QDBusError::ServiceUnknown) {
-        return;
+    if (error.type() == QDBusError::ServiceUnknown) {
+        showPackageOf(msg);
     }
+}
+
+void QuickActionReader::showPackageOf(const QDBusMessage &call)
+{
     for (const QVariantMap &action : std::as_const(m_triggeredActions)) {
         const QString package = RemoteCall::requiredPackage(action);
-        if (!package.isEmpty() && RemoteCall::isOf(action, msg)) {
+        if (!package.isEmpty() && RemoteCall::isOf(action, call)) {
             showStorePage(package);
             return;
         }

@@ -32,5 +32,8 @@ private Q_SLOTS:
     void triggerActionError(const QDBusError &error, const QDBusMessage &msg);
 
 private:
+    /// Shows the package of the triggered action that made @p call, if it has one.
+    void showPackageOf(const QDBusMessage &call);
+
     QList<QVariantMap> m_triggeredActions; ///< each once; what an error is traced back to
 };

@@ -12,7 +12,7 @@ class ApplicationsUser;
 /**
  * The applications that the sandboxing daemon allows to a user, if the user is restricted at all.
  *
- * A change is in the list at once and is announced when the daemon has answered, whatever it has answered. Nothing is
+ * A change is in the list at once and is announced when the daemon has replied, also with an error. Nothing is
  * fetched or set for an invalid user.
  */
 class Allowlist : public Selection

@@ -17,7 +17,7 @@ class TreeItem;
  * One installed application: the values of its launcher entry, and the settings page of its own that packages may have
  * declared for it below the "applications" section, under the name of its desktop file.
  *
- * The texts are read from the launcher entry each time; they are empty once that is gone.
+ * The texts are read from the launcher entry each time; they are empty once the entry is deleted.
  */
 class ApplicationItem : public QObject
 {

@@ -24,7 +24,6 @@
 #include <mgconfitem.h>
 #include <orvantaaccesscontrol.h>
 
-#include <QMap>
 #include <QQmlEngine>
 #include <QTimer>
 
@@ -45,37 +44,40 @@ TreeItem *applicationsSection()
 }
 }
 
+template<auto Getter>
+QVariant ApplicationsSettingsModel::valueOf(const ApplicationsSettingsModel &model, const ApplicationItem &item)
+{
+    Q_UNUSED(model)
+    return (item.*Getter)();
+}
+
+template<auto List>
+QVariant ApplicationsSettingsModel::isIn(const ApplicationsSettingsModel &model, const ApplicationItem &item)
+{
+    return (model.*List)->contains(applicationId(item.fileId()));
+}
+
+QVariant ApplicationsSettingsModel::mayNotify(const ApplicationsSettingsModel &model, const ApplicationItem &item)
+{
+    return model.m_notifications->isEnabled(item.dBusServiceName());
+}
+
 const ApplicationsSettingsModel::Roles &ApplicationsSettingsModel::roles()
 {
+    using Self = ApplicationsSettingsModel;
     static const Roles roles{
-        {SectionRole, "section", [](const auto &, const ApplicationItem &item) { return item.section(); }},
-        {IconIdRole, "iconId", [](const auto &, const ApplicationItem &item) { return QVariant(item.iconId()); }},
-        {IconModeRole, "iconMode",
-         [](const auto &, const ApplicationItem &item) { return QVariant(item.iconMode()); }},
-        {NameRole, "name", [](const auto &, const ApplicationItem &item) { return QVariant(item.name()); }},
-        {FilePathRole, "filePath",
-         [](const auto &, const ApplicationItem &item) { return QVariant(item.fileName()); }},
-        {SandboxedRole, "sandboxed",
-         [](const auto &, const ApplicationItem &item) { return QVariant(item.sandboxed()); }},
-        {FileIdRole, "fileId", [](const auto &, const ApplicationItem &item) { return QVariant(item.fileId()); }},
-        {AllowedRole, "allowed",
-         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-             return QVariant(model.m_allowlist->contains(applicationId(item.fileId())));
-         }},
-        {AlwaysAllowedRole, "alwaysAllowed",
-         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-             return QVariant(model.m_alwaysAllowed->contains(applicationId(item.fileId())));
-         }},
-        {AutostartedRole, "autostarted",
-         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-             return QVariant(model.m_autostartList->contains(applicationId(item.fileId())));
-         }},
-        {ApplicationIdRole, "applicationId",
-         [](const auto &, const ApplicationItem &item) { return QVariant(item.dBusServiceName()); }},
-        {NotificationsEnabledRole, "notificationsEnabled",
-         [](const ApplicationsSettingsModel &model, const ApplicationItem &item) {
-             return QVariant(model.m_notifications->isEnabled(item.dBusServiceName()));
-         }},
+        {SectionRole, "section", valueOf<&ApplicationItem::section>},
+        {IconIdRole, "iconId", valueOf<&ApplicationItem::iconId>},
+        {IconModeRole, "iconMode", valueOf<&ApplicationItem::iconMode>},
+        {NameRole, "name", valueOf<&ApplicationItem::name>},
+        {FilePathRole, "filePath", valueOf<&ApplicationItem::fileName>},
+        {SandboxedRole, "sandboxed", valueOf<&ApplicationItem::sandboxed>},
+        {FileIdRole, "fileId", valueOf<&ApplicationItem::fileId>},
+        {AllowedRole, "allowed", isIn<&Self::m_allowlist>},
+        {AlwaysAllowedRole, "alwaysAllowed", isIn<&Self::m_alwaysAllowed>},
+        {AutostartedRole, "autostarted", isIn<&Self::m_autostartList>},
+        {ApplicationIdRole, "applicationId", valueOf<&ApplicationItem::dBusServiceName>},
+        {NotificationsEnabledRole, "notificationsEnabled", mayNotify},
     };
     return roles;
 }
@@ -99,12 +101,28 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
     if (!applicationsSection()) {
         qCCritical(lcSettings) << Messages::NoApplicationsSection;
     }
+    followSources();
+    forwardSignals();
+}
+
+ApplicationsSettingsModel::~ApplicationsSettingsModel() = default;
+
+/// Connects what the rows are made of.
+void ApplicationsSettingsModel::followSources()
+{
     using Self = ApplicationsSettingsModel;
     connect(m_maskedItem, &MGConfItem::valueChanged, this, &Self::scheduleUpdate);
     connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, this, &Self::updateSections);
     connect(m_launcher, &LauncherListing::changed, this, &Self::scheduleUpdate);
     connect(m_launcher, &LauncherListing::reset, this, &Self::launcherModelReset);
     connect(m_updateTimer, &QTimer::timeout, this, &Self::launcherModelReset);
+}
+
+/// Connects the changes of the lists and of the notifications.
+void ApplicationsSettingsModel::forwardSignals()
+{
+    using Self = ApplicationsSettingsModel;
+    using Notifications = ApplicationNotifications;
     connect(this, &Self::allowlistEnabledChanged, this, &Self::filterModeEnabledChanged);
     connect(this, &Self::autostartEnabledChanged, this, &Self::filterModeEnabledChanged);
     connect(m_allowlist, &Allowlist::listChanged, this, &Self::allowlistChanged);
@@ -117,13 +135,10 @@ ApplicationsSettingsModel::ApplicationsSettingsModel(QObject *parent)
         connect(list, &ApplicationList::selectionChanged, this, &Self::selectedAppsChanged);
         connect(list, &ApplicationList::membersChanged, this, &Self::notifyAllRows);
     }
-    using Notifications = ApplicationNotifications;
     connect(m_notifications, &Notifications::rowChanged, this, &Self::notifyRow);
     connect(m_notifications, &Notifications::changed, this, &Self::allowedNotificationsChanged);
     connect(m_notifications, &Notifications::changed, this, &Self::selectedAppsChanged);
 }
-
-ApplicationsSettingsModel::~ApplicationsSettingsModel() = default;
 
 QObject *ApplicationsSettingsModel::applications() const
 {
@@ -136,21 +151,26 @@ void ApplicationsSettingsModel::setApplications(QObject *applications)
     if (launcher == m_applications) {
         return;
     }
-    // With any other user the launcher's order is not followed.
-    const bool followsConfigFile = uid() == 0;
-    if (m_applications && followsConfigFile) {
-        disconnect(m_configWatcher, &FileWatcher::fileChanged, m_applications, &LauncherFolderModel::load);
+    if (uid() == 0) { // with any other user the launcher's order is not followed
+        moveConfigWatcher(m_applications, launcher);
     }
     m_applications = launcher;
-    if (launcher && followsConfigFile) {
-        connect(m_configWatcher, &FileWatcher::fileChanged, launcher, &LauncherFolderModel::load);
-    }
     const QPointer<ApplicationsSettingsModel> self(this);
     if (m_complete) {
         launcherModelReset();
     }
     if (self) {
         Q_EMIT applicationsChanged();
+    }
+}
+
+void ApplicationsSettingsModel::moveConfigWatcher(LauncherFolderModel *from, LauncherFolderModel *to)
+{
+    if (from) {
+        disconnect(m_configWatcher, &FileWatcher::fileChanged, from, &LauncherFolderModel::load);
+    }
+    if (to) {
+        connect(m_configWatcher, &FileWatcher::fileChanged, to, &LauncherFolderModel::load);
     }
 }
 
@@ -354,6 +374,17 @@ void ApplicationsSettingsModel::rebuild()
 
 void ApplicationsSettingsModel::updateSections()
 {
+    const QMap<int, QPointer<ApplicationItem>> changed = rowsWithOtherSection();
+    for (auto it = changed.cbegin(); it != changed.cend(); ++it) {
+        if (it.value()) { // a handler may have reset or deleted the model
+            notifyRow(it.key());
+        }
+    }
+}
+
+/// Lets each item look up its section. Returns those for which that is another one than before.
+QMap<int, QPointer<ApplicationItem>> ApplicationsSettingsModel::rowsWithOtherSection()
+{
     TreeItem *section = applicationsSection();
     QMap<int, QPointer<ApplicationItem>> changed;
     for (int row = 0; row < count(); ++row) {
@@ -362,11 +393,7 @@ void ApplicationsSettingsModel::updateSections()
             changed.insert(row, item);
         }
     }
-    for (auto it = changed.cbegin(); it != changed.cend(); ++it) {
-        if (it.value()) { // a handler may have reset or deleted the model
-            notifyRow(it.key());
-        }
-    }
+    return changed;
 }
 
 bool ApplicationsSettingsModel::isListed(const LauncherItem &item, const QSet<QString> &masked) const

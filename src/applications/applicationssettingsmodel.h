@@ -8,6 +8,7 @@
 #include "common/rowchanges.h"
 
 #include <QAbstractListModel>
+#include <QMap>
 #include <QPointer>
 #include <QQmlParserStatus>
 #include <QSet>
@@ -133,11 +134,20 @@ public:
 private:
     using Roles = RoleTable<ApplicationsSettingsModel, const ApplicationItem>;
 
+    template<auto Getter>
+    static QVariant valueOf(const ApplicationsSettingsModel &model, const ApplicationItem &item);
+    template<auto List>
+    static QVariant isIn(const ApplicationsSettingsModel &model, const ApplicationItem &item);
+    static QVariant mayNotify(const ApplicationsSettingsModel &model, const ApplicationItem &item);
     static const Roles &roles();
 
+    void followSources();
+    void forwardSignals();
+    void moveConfigWatcher(LauncherFolderModel *from, LauncherFolderModel *to);
     void reset();
     void rebuild();
     void updateSections();
+    QMap<int, QPointer<ApplicationItem>> rowsWithOtherSection();
     Selection *selection() const;
     bool isListed(const LauncherItem &item, const QSet<QString> &masked) const;
     void addItem(ApplicationItem *item);

@@ -14,7 +14,7 @@ class ApplicationsUser;
  * restricted to what it holds.
  *
  * Each change is one call, and is in the list when the call has succeeded. Before it, an application that needs
- * permissions is granted them, for which the sandboxing daemon is asked and waited for.
+ * permissions is granted them, which waits for the sandboxing daemon.
  */
 class AutostartList : public Selection
 {

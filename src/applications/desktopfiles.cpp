@@ -48,28 +48,36 @@ QString locateBelow(const QString &folder, const QString &name)
     }
     return {};
 }
+
+QString locateInSubfolders(const QString &file)
+{
+    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
+    for (const QString &folder : folders) {
+        QString path = locateBelow(folder, file);
+        if (!path.isEmpty()) {
+            return path;
+        }
+    }
+    return {};
+}
+
+/// Returns whether @p applicationId, which is untrusted, cannot lead out of the application directories.
+bool isSafe(const QString &applicationId)
+{
+    return !applicationId.contains(QChar(QChar::Null))
+           && !applicationId.split(QLatin1Char('/')).contains(QLatin1String(".."));
+}
 }
 
 QString locateDesktopFile(const QString &applicationId)
 {
-    // Ids are untrusted: none may lead out of the application directories.
-    if (applicationId.contains(QChar(QChar::Null))
-        || applicationId.split(QLatin1Char('/')).contains(QLatin1String(".."))) {
+    if (!isSafe(applicationId)) {
         return {};
     }
     const QString file = applicationId + Constants::DesktopSuffix;
-    QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
-    if (!path.isEmpty() || applicationId.contains(QLatin1Char('/'))) {
-        return path;
-    }
-    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
-    for (const QString &folder : folders) {
-        path = locateBelow(folder, file);
-        if (!path.isEmpty()) {
-            break;
-        }
-    }
-    return path;
+    const QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
+    const bool isFound = !path.isEmpty() || applicationId.contains(QLatin1Char('/'));
+    return isFound ? path : locateInSubfolders(file);
 }
 
 std::optional<QStringList> requestedPermissions(const QString &applicationId)

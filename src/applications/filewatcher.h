@@ -13,7 +13,7 @@ class QFileSystemWatcher;
 /**
  * Follows one file, also if it is replaced by another one, or is created later in an existing directory.
  *
- * If it cannot be watched, because the user has too many watches, it is looked at every few seconds.
+ * If it cannot be watched, because the user has too many watches, it is checked every few seconds.
  */
 class FileWatcher : public QObject
 {

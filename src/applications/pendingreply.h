@@ -21,9 +21,9 @@ struct Reply {
 };
 
 /**
- * The answer to @p call, which is finished. An answer of another type is an error.
+ * Returns the reply to @p call, which is finished. A reply of another type is an error.
  *
- * QDBusPendingReply would put an error in the place of such an answer, which the thread of the bus may be reading.
+ * QDBusPendingReply would replace such a reply by an error, while the thread of the bus may be reading it.
  */
 template<typename Value>
 Reply<Value> replyOf(const QDBusPendingCall &call)

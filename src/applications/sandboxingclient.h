@@ -17,7 +17,7 @@ class QDBusPendingCall;
  * The application sandboxing daemon on the system bus: each user's allow-list, what is always allowed, and granted
  * permissions. Handlers get nothing when a call has failed, which is logged.
  *
- * Its proxy, which is made on first use, and the watchers of its calls are children of its parent, as it is itself.
+ * Its proxy, which is created on first use, and the watchers of its calls are children of its parent, as it is itself.
  */
 class SandboxingClient : public QObject
 {

@@ -7,7 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-// What strangers name or write, as it is logged: on one line, and without characters that would change how it is shown.
+// Untrusted texts as they are logged: on one line, and without characters that would change how they are shown.
 
 /// A text that QDebug prints as it is.
 struct LogText {

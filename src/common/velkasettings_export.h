@@ -12,6 +12,6 @@
 #define VELKASETTINGS_EXPORT Q_DECL_IMPORT
 #endif
 
-/// Marks what only the modules above the library use, which are built and installed with it. It is no stable API: its
+/// Marks what only the modules above the library use, which are built and installed with it. It is not a stable API: its
 /// headers are not installed, and its symbols may change or disappear in any release.
 #define VELKASETTINGS_PRIVATE_EXPORT VELKASETTINGS_EXPORT

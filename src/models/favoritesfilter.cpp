@@ -16,6 +16,12 @@ const QString s_list = QStringLiteral("list_favorites");
 const QString s_simpleGrid = QStringLiteral("grid_favorites_simple");
 const QString s_pages = QStringLiteral("grid_favorites_page");
 const QString s_actions = QStringLiteral("action");
+
+FavoritesRule ruleForSimpleGrid(const QVariantMap &params)
+{
+    const bool isSimple = params.value(QStringLiteral("simpleGrid"), true).toBool();
+    return isSimple ? FavoritesRule::CustomForSimpleGrid : FavoritesRule::CustomNotSimple;
+}
 }
 
 FavoritesFilter::FavoritesFilter(const QStringList &kinds, const QSet<QString> &blacklist)
@@ -103,9 +109,5 @@ FavoritesRule FavoritesFilter::ruleForCustom(const TreeItem *item) const
     if (type != QLatin1String("grid") || !(m_grid || m_simpleGrid)) {
         return FavoritesRule::CustomElsewhere;
     }
-    if (m_grid) {
-        return FavoritesRule::CustomForGrid;
-    }
-    const bool isSimple = itemParams.value(QStringLiteral("simpleGrid"), true).toBool();
-    return isSimple ? FavoritesRule::CustomForSimpleGrid : FavoritesRule::CustomNotSimple;
+    return m_grid ? FavoritesRule::CustomForGrid : ruleForSimpleGrid(itemParams);
 }

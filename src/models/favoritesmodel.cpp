@@ -273,12 +273,7 @@ void FavoritesModel::updateItems(bool notifyChanges)
         return;
     }
     const int before = m_rows.count();
-    m_changes.run([this, notifyChanges] { rebuild(notifyChanges); },
-                  [this, before] {
-                      if (m_rows.count() != before) {
-                          Q_EMIT countChanged();
-                      }
-                  });
+    m_changes.run([this, notifyChanges] { rebuild(notifyChanges); }, [this, before] { notifyCount(before); });
 }
 
 void FavoritesModel::addItem(TreeItem *item, bool notifyChanges)
@@ -349,23 +344,25 @@ void FavoritesModel::favoritesUpdated()
 void FavoritesModel::resetModel()
 {
     const int before = m_rows.count();
-    m_changes.run(
-        [this] {
-            m_root = m_registry->getItem(m_path);
-            updatePotentialItems();
-            beginResetModel();
-            clearRows();
-            rebuild(false);
-            if (m_rows.count() > 0) {
-                Q_EMIT countChanged(); // as updateItems() does, from no row
-            }
-            endResetModel();
-        },
-        [this, before] {
-            if (m_rows.count() != before) {
-                Q_EMIT countChanged();
-            }
-        });
+    m_changes.run([this] { reset(); }, [this, before] { notifyCount(before); });
+}
+
+void FavoritesModel::reset()
+{
+    m_root = m_registry->getItem(m_path);
+    updatePotentialItems();
+    beginResetModel();
+    clearRows();
+    rebuild(false);
+    notifyCount(0); // as updateItems() does, from no row
+    endResetModel();
+}
+
+void FavoritesModel::notifyCount(int before)
+{
+    if (m_rows.count() != before) {
+        Q_EMIT countChanged();
+    }
 }
 
 void FavoritesModel::clearRows()
@@ -404,15 +401,21 @@ void FavoritesModel::updatePotentialItems()
 
 QList<TreeItem *> FavoritesModel::wantedItems() const
 {
+    if (!m_showPotential) {
+        return storedItems();
+    }
     QList<TreeItem *> items;
-    if (m_showPotential) {
-        std::copy_if(m_potentialItems.cbegin(), m_potentialItems.cend(), std::back_inserter(items),
-                     [](const TreeItem *item) { return item; });
-        return items;
-    }
+    std::copy_if(m_potentialItems.cbegin(), m_potentialItems.cend(), std::back_inserter(items),
+                 [](const TreeItem *item) { return item; });
+    return items;
+}
+
+QList<TreeItem *> FavoritesModel::storedItems() const
+{
     if (!m_root) {
-        return items;
+        return {};
     }
+    QList<TreeItem *> items;
     const FavoritesFilter filter(m_filter, m_blacklist->paths());
     const QStringList paths = m_favorites->read();
     for (const QString &path : paths) {

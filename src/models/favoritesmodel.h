@@ -122,6 +122,9 @@ private:
     void openFavorites();
     void updatePotentialItems();
     QList<TreeItem *> wantedItems() const;
+    QList<TreeItem *> storedItems() const;
+    void reset();
+    void notifyCount(int before);
     void rebuild(bool notifyChanges);
     void clearRows();
     bool edit(const Edit &edit, Apply apply = &StoredFavorites::apply);

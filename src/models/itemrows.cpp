@@ -121,16 +121,10 @@ void ItemRows::unlink(int slot)
 {
     const Slot removed = m_slots.at(slot);
     const auto slotsOfItem = m_slotsOf.find(removed.key);
-    if (removed.previous >= 0) {
-        m_slots[removed.previous].next = removed.next;
-    } else {
-        slotsOfItem->first = removed.next;
-    }
-    if (removed.next >= 0) {
-        m_slots[removed.next].previous = removed.previous;
-    } else {
-        slotsOfItem->last = removed.previous;
-    }
+    int &toNext = removed.previous >= 0 ? m_slots[removed.previous].next : slotsOfItem->first;
+    int &toPrevious = removed.next >= 0 ? m_slots[removed.next].previous : slotsOfItem->last;
+    toNext = removed.next;
+    toPrevious = removed.previous;
     if (--slotsOfItem->count == 0) {
         m_slotsOf.erase(slotsOfItem);
     }

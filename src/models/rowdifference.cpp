@@ -4,28 +4,43 @@
 #include "models/rowdifference.h"
 
 #include <algorithm>
+#include <iterator>
+
+namespace
+{
+using Counts = QHash<const TreeItem *, int>;
+
+Counts countsOf(const QList<TreeItem *> &items)
+{
+    Counts counts;
+    for (const TreeItem *item : items) {
+        ++counts[item];
+    }
+    return counts;
+}
+
+/// Subtracts one from the count of @p item. Returns false if it is not above zero.
+bool takeOne(Counts *counts, const TreeItem *item)
+{
+    const auto found = counts->find(item);
+    if (found == counts->end() || *found == 0) {
+        return false;
+    }
+    --*found;
+    return true;
+}
+}
 
 RowDifference::RowDifference(const ItemRows &rows, const QList<TreeItem *> &wanted)
 {
-    QHash<const TreeItem *, int> lacking; // how many rows of an item are still to be found
-    for (const TreeItem *item : wanted) {
-        ++lacking[item];
-    }
+    Counts lacking = countsOf(wanted); // how many rows of an item are still to be found
     for (int row = rows.count() - 1; row >= 0; --row) {
-        const auto found = lacking.find(rows.at(row));
-        if (found == lacking.end() || *found == 0) {
+        if (!takeOne(&lacking, rows.at(row))) {
             obsolete.append(row);
-        } else {
-            --*found;
         }
     }
-    for (auto it = wanted.crbegin(); it != wanted.crend(); ++it) {
-        int &count = lacking[*it];
-        if (count > 0) {
-            --count;
-            missing.append(*it);
-        }
-    }
+    std::copy_if(wanted.crbegin(), wanted.crend(), std::back_inserter(missing),
+                 [&lacking](const TreeItem *item) { return takeOne(&lacking, item); });
     std::reverse(missing.begin(), missing.end());
 }
 

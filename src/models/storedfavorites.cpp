@@ -16,8 +16,8 @@
 
 namespace
 {
-/// Returns why no file can be opened now, empty if one can. dconf must open its database after each change of it, and
-/// finds no value without.
+/// Returns why no file can be opened now, empty if one can. dconf must open its database after each change, and finds no
+/// value if it cannot.
 QString openingError()
 {
     const int descriptor = open("/", O_PATH | O_CLOEXEC);

@@ -11,6 +11,25 @@
 #include <QLocale>
 #include <QSet>
 
+namespace
+{
+AppTranslator *installTranslator(QObject *parent)
+{
+    auto *translator = new AppTranslator(parent);
+    QCoreApplication::installTranslator(translator);
+    return translator;
+}
+
+void logErrors(const QSet<QString> &errors)
+{
+    for (const QString &error : errors) {
+        if (!error.isEmpty()) {
+            qCWarning(lcSettings) << Messages::CannotUseCatalog << qUtf8Printable(error);
+        }
+    }
+}
+}
+
 AppTranslator::~AppTranslator()
 {
     QCoreApplication::removeTranslator(this);
@@ -19,18 +38,10 @@ AppTranslator::~AppTranslator()
 FrameworkCatalog installFrameworkCatalog(QObject *parent, const QString &directory)
 {
     // The translator installed last takes precedence, so the locale's texts win over the engineering English ones.
-    auto *engineeringEnglish = new AppTranslator(parent);
-    QCoreApplication::installTranslator(engineeringEnglish);
-    auto *localized = new AppTranslator(parent);
-    QCoreApplication::installTranslator(localized);
-
+    AppTranslator *engineeringEnglish = installTranslator(parent);
+    AppTranslator *localized = installTranslator(parent);
     engineeringEnglish->load(QStringLiteral("settings_eng_en"), directory);
     localized->load(QLocale(), QStringLiteral("settings"), QStringLiteral("-"), directory);
-    const QSet<QString> errors{engineeringEnglish->error(), localized->error()};
-    for (const QString &error : errors) {
-        if (!error.isEmpty()) {
-            qCWarning(lcSettings) << Messages::CannotUseCatalog << qUtf8Printable(error);
-        }
-    }
+    logErrors({engineeringEnglish->error(), localized->error()});
     return {engineeringEnglish, localized};
 }

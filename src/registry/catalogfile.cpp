@@ -13,7 +13,7 @@
 
 namespace
 {
-// The largest catalogs of large programs are a tenth of it. Of what depends on them as well.
+// Of a catalog and its dependencies. The largest catalogs of large programs have a tenth of it.
 constexpr qint64 MaxCatalogSize = 16 << 20;
 constexpr int MaxCatalogFiles = 64;
 
@@ -35,6 +35,18 @@ public:
         if (++m_files > MaxCatalogFiles) {
             return {path, QStringLiteral("is one of too many dependencies")};
         }
+        CatalogFault fault = parse(path, file);
+        if (fault.reason.isEmpty()) {
+            m_open.append(path);
+            fault = readDependencies(file);
+            m_open.removeLast();
+        }
+        return fault;
+    }
+
+private:
+    CatalogFault parse(const QString &path, CatalogFile *file)
+    {
         const FileContent content = contentOf(path);
         if (!content.error.isEmpty()) {
             return {path, QStringLiteral("cannot be read: ") + content.error};
@@ -46,30 +58,31 @@ public:
         }
         file->path = path;
         file->catalog = *catalog;
-        m_open.append(path);
-        CatalogFault fault = readDependencies(file);
-        m_open.removeLast();
-        return fault;
+        return {};
     }
 
-private:
     CatalogFault readDependencies(CatalogFile *file)
     {
         for (const QString &name : qAsConst(file->catalog.dependencies)) {
-            const QString path = isFileName(name) ? findCatalog(name, m_directory) : QString();
-            if (path.isEmpty()) {
-                return {name, QStringLiteral("is missing")};
-            }
-            if (!QDir::cleanPath(path).startsWith(QDir::cleanPath(m_directory) + QLatin1Char('/'))) {
-                return {path, QStringLiteral("is in another directory")};
-            }
             file->dependencies.emplace_back();
-            CatalogFault fault = read(path, &file->dependencies.back());
+            CatalogFault fault = readDependency(name, &file->dependencies.back());
             if (!fault.reason.isEmpty()) {
                 return fault;
             }
         }
         return {};
+    }
+
+    CatalogFault readDependency(const QString &name, CatalogFile *file)
+    {
+        const QString path = isFileName(name) ? findCatalog(name, m_directory) : QString();
+        if (path.isEmpty()) {
+            return {name, QStringLiteral("is missing")};
+        }
+        if (!QDir::cleanPath(path).startsWith(QDir::cleanPath(m_directory) + QLatin1Char('/'))) {
+            return {path, QStringLiteral("is in another directory")};
+        }
+        return read(path, file);
     }
 
     FileContent contentOf(const QString &path) const

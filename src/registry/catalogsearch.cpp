@@ -48,6 +48,19 @@ QStringList languagesOf(const QLocale &locale)
     }
     return languages.replaceInStrings(QStringLiteral("-"), QStringLiteral("_"));
 }
+
+/// Returns the catalog of @p language, or of the most similar one that is less specific.
+QString findForLanguage(const QString &path, QString language)
+{
+    for (int end = language.size(); end > 0; end = language.lastIndexOf(QLatin1Char('_'))) {
+        language.truncate(end);
+        QString found = withOrWithoutSuffix(path + language);
+        if (!found.isEmpty()) {
+            return found;
+        }
+    }
+    return {};
+}
 }
 
 QString findCatalog(const QString &name, const QString &directory)
@@ -68,13 +81,10 @@ QString findCatalog(const QLocale &locale, const QString &name, const QString &p
 {
     const QString path = pathOf(name, directory);
     const QStringList languages = languagesOf(locale);
-    for (QString language : languages) {
-        for (int end = language.size(); end > 0; end = language.lastIndexOf(QLatin1Char('_'))) {
-            language.truncate(end);
-            QString found = withOrWithoutSuffix(path + prefix + language);
-            if (!found.isEmpty()) {
-                return found;
-            }
+    for (const QString &language : languages) {
+        QString found = findForLanguage(path + prefix, language);
+        if (!found.isEmpty()) {
+            return found;
         }
     }
     // Without a language Qt tries no suffix.

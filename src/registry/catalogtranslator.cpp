@@ -11,7 +11,7 @@
 
 namespace
 {
-/// Returns what @p fault is to the catalog at @p path.
+/// Returns why the catalog at @p path cannot be used because of @p fault.
 QString describe(const CatalogFault &fault, const QString &path)
 {
     QString text;
@@ -29,7 +29,7 @@ QString describe(const CatalogFault &fault, const QString &path)
 
 CatalogTranslator::~CatalogTranslator()
 {
-    // QTranslator does so too late, when the catalog is gone.
+    // QTranslator removes itself too late, after the catalog is deleted.
     if (QCoreApplication::instance()) {
         QCoreApplication::removeTranslator(this);
     }
@@ -56,6 +56,11 @@ QString CatalogTranslator::error() const
     return m_error;
 }
 
+QList<QByteArray> CatalogTranslator::sourceTexts() const
+{
+    return m_catalog.sourceTexts();
+}
+
 bool CatalogTranslator::isEmpty() const
 {
     return QTranslator::isEmpty() && m_dependencies.empty();
@@ -68,7 +73,7 @@ QString CatalogTranslator::translate(const char *context, const char *sourceText
     if (!own.isNull() || m_dependencies.empty() || !m_catalog.leavesToDependencies(context ? context : "")) {
         return own;
     }
-    // As QTranslator does: the last thing that it looks for among its messages has no disambiguation.
+    // As in QTranslator: its last look-up among its own messages drops the disambiguation, also for the dependencies.
     const char *remaining = m_catalog.hasMessages ? nullptr : disambiguation;
     for (const auto &dependency : m_dependencies) {
         QString text = dependency->translate(context, sourceText, remaining, n);

@@ -30,6 +30,8 @@ public:
     QString filePath() const;
     /// Returns the path of the catalog that was found and cannot be used, and the reason. Otherwise it is empty.
     QString error() const;
+    /// Returns the source text or the id of each message, without those of dependencies.
+    QList<QByteArray> sourceTexts() const;
 
     bool isEmpty() const override;
     QString translate(const char *context, const char *sourceText, const char *disambiguation = nullptr,

@@ -137,36 +137,58 @@ std::optional<QStringList> readDependencies(const QByteArray &section)
     return stream.status() == QDataStream::Ok ? std::make_optional(names) : std::nullopt;
 }
 
+bool skipTranslation(Cursor *cursor)
+{
+    const auto length = cursor->number<quint32>();
+    if (length == NullText) {
+        return true;
+    }
+    cursor->skip(length);
+    return length % sizeof(QChar) == 0;
+}
+
+/// Skips what follows @p tag in a message. Returns whether that is sound.
+bool skipPart(Cursor *cursor, quint8 tag)
+{
+    switch (tag) {
+    case TranslationTag:
+        return skipTranslation(cursor);
+    case HashTag:
+        cursor->skip(sizeof(quint32));
+        return true;
+    case SourceTextTag:
+    case ContextTag:
+    case CommentTag:
+        cursor->skip(cursor->number<quint32>());
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Skips the message at @p cursor, and marks its parts in @p visited. Returns whether it is sound and all of it is new:
 /// if messages could overlap, small catalogs could have huge ones.
 bool skipMessage(Cursor cursor, QBitArray *visited)
 {
     while (!cursor.atEnd() && !visited->testBit(int(cursor.position()))) {
         visited->setBit(int(cursor.position()));
-        switch (cursor.number<quint8>()) {
-        case EndTag:
-            return true;
-        case TranslationTag: {
-            const auto length = cursor.number<quint32>();
-            if (length != NullText && length % sizeof(QChar) != 0) {
-                return false;
-            }
-            cursor.skip(length != NullText ? length : 0);
-            break;
-        }
-        case HashTag:
-            cursor.skip(sizeof(quint32));
-            break;
-        case SourceTextTag:
-        case ContextTag:
-        case CommentTag:
-            cursor.skip(cursor.number<quint32>());
-            break;
-        default:
-            return false;
+        const auto tag = cursor.number<quint8>();
+        if (tag == EndTag || !skipPart(&cursor, tag)) {
+            return tag == EndTag;
         }
     }
     return false;
+}
+
+/// Returns the source text of the sound message at @p cursor, null if it has none.
+QByteArray sourceTextOf(Cursor cursor)
+{
+    auto tag = cursor.number<quint8>();
+    while (tag != EndTag && tag != SourceTextTag) {
+        skipPart(&cursor, tag);
+        tag = cursor.number<quint8>();
+    }
+    return tag == SourceTextTag ? cursor.take(cursor.number<quint32>()) : QByteArray();
 }
 
 /// Returns whether @p hashes is sorted, as a binary search needs it, and refers to sound messages.
@@ -200,7 +222,7 @@ bool isBucket(Cursor cursor, QBitArray *visited)
     return !cursor.atEnd();
 }
 
-/// Returns where the bucket of the table @p contexts begins that @p table refers to, 0 when that is empty.
+/// Returns the offset of the bucket that @p table refers to, 0 if that is empty.
 int readBucket(Cursor *table, int buckets)
 {
     const int offset = table->number<quint16>();
@@ -224,42 +246,59 @@ bool areContexts(const QByteArray &contexts)
     return buckets > 0;
 }
 
-/// Returns how many operands follow @p opcode, 0 when it is none.
+/// Returns how many operands follow @p opcode, 0 if it is not an operator.
 int operandCount(quint8 opcode)
 {
-    if (opcode & NoOperator) {
-        return 0;
-    }
-    switch (opcode & OperatorMask) {
-    case EqualOperator:
-    case LessOperator:
-    case LessOrEqualOperator:
-        return 1;
-    case BetweenOperator:
+    const int comparison = opcode & NoOperator ? 0 : opcode & OperatorMask;
+    if (comparison == BetweenOperator) {
         return 2;
-    default:
-        return 0;
     }
+    return comparison == EqualOperator || comparison == LessOperator || comparison == LessOrEqualOperator ? 1 : 0;
+}
+
+/// Returns whether there is a sound condition at @p cursor, which is skipped.
+bool skipCondition(Cursor *cursor)
+{
+    const int operands = operandCount(cursor->number<quint8>());
+    cursor->skip(operands);
+    return operands > 0 && cursor->isValid();
 }
 
 /// Returns whether @p rules are conditions with something between each two of them.
 bool areNumerusRules(const QByteArray &rules)
 {
+    if (rules.isEmpty()) {
+        return true;
+    }
     Cursor cursor(rules);
-    while (!cursor.atEnd()) {
-        const int operands = operandCount(cursor.number<quint8>());
-        cursor.skip(operands);
-        if (operands == 0 || !cursor.isValid()) {
+    bool areSound = skipCondition(&cursor);
+    while (areSound && !cursor.atEnd()) {
+        areSound = cursor.number<quint8>() >= FirstJoint && skipCondition(&cursor);
+    }
+    return areSound;
+}
+
+bool areSound(const Sections &sections)
+{
+    return areMessages(sections.value(HashesTag), sections.value(MessagesTag))
+           && areContexts(sections.value(ContextsTag)) && areNumerusRules(sections.value(NumerusRulesTag));
+}
+
+/// Returns whether @p context is among the names in the bucket at @p names.
+bool bucketHas(Cursor names, const char *context)
+{
+    for (;;) {
+        QByteArray name = names.take(names.number<quint8>());
+        if (name.isEmpty()) {
             return false;
         }
-        if (cursor.atEnd()) {
+        if (name.endsWith('\0')) {
+            name.chop(1);
+        }
+        if (name == context) {
             return true;
         }
-        if (cursor.number<quint8>() < FirstJoint) {
-            return false;
-        }
     }
-    return rules.isEmpty();
 }
 
 /// The hash of ELF symbol tables
@@ -286,27 +325,26 @@ bool CompiledCatalog::leavesToDependencies(const char *context) const
     const int buckets = table.number<quint16>();
     table.skip(qint64(sizeof(quint16)) * (elfHash(context) % quint32(buckets)));
     const int start = readBucket(&table, buckets);
-    Cursor names(contexts, start);
-    while (start != 0) {
-        QByteArray name = names.take(names.number<quint8>());
-        if (name.isEmpty()) {
-            return false;
-        }
-        if (name.endsWith('\0')) {
-            name.chop(1);
-        }
-        if (name == context) {
-            return true;
-        }
+    return start != 0 && bucketHas(Cursor(contexts, start), context);
+}
+
+QList<QByteArray> CompiledCatalog::sourceTexts() const
+{
+    const Sections sections = readSections(image).value_or(Sections());
+    const QByteArray messages = sections.value(MessagesTag);
+    const QByteArray hashes = sections.value(HashesTag);
+    QList<QByteArray> texts;
+    for (Cursor cursor(hashes); !cursor.atEnd();) {
+        cursor.skip(sizeof(quint32)); // the hash
+        texts.append(sourceTextOf(Cursor(messages, cursor.number<quint32>())));
     }
-    return false;
+    return texts;
 }
 
 std::optional<CompiledCatalog> parseCompiledCatalog(const QByteArray &file)
 {
     std::optional<Sections> sections = readSections(file);
-    if (!sections || !areMessages(sections->value(HashesTag), sections->value(MessagesTag))
-        || !areContexts(sections->value(ContextsTag)) || !areNumerusRules(sections->value(NumerusRulesTag))) {
+    if (!sections || !areSound(*sections)) {
         return {};
     }
     const std::optional<QStringList> dependencies = readDependencies(sections->take(DependenciesTag));

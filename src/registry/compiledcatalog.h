@@ -4,14 +4,17 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QStringList>
 
 #include <optional>
 
 /// A compiled catalog (.qm) whose structure is sound: QTranslator reads its image without leaving it.
 struct CompiledCatalog {
-    /// Returns whether QTranslator looks for the texts of @p context that are not here in the dependencies.
+    /// Returns whether QTranslator searches the dependencies for the texts of @p context that this catalog lacks.
     bool leavesToDependencies(const char *context) const;
+    /// Returns the source text or the id of each message, null if the catalog was compiled without them.
+    QList<QByteArray> sourceTexts() const;
 
     QByteArray image; ///< for QTranslator::load(), without the dependencies
     QByteArray contexts; ///< a hash table of the contexts, empty in most catalogs

@@ -83,16 +83,20 @@ void DirectoryFollower::readEvents()
 {
     alignas(inotify_event) std::array<char, 65536> buffer;
     const ssize_t length = read(m_inotify, buffer.data(), buffer.size());
-    bool concernsPath = false;
+    bool isConcerned = false;
     for (ssize_t offset = 0; offset < length;) {
         const auto *event = reinterpret_cast<const inotify_event *>(buffer.data() + offset);
-        concernsPath |= (event->mask & IN_Q_OVERFLOW) != 0
-                        || (event->len > 0 && m_names.contains(QFile::decodeName(event->name)));
+        isConcerned = isConcerned || concernsPath(*event);
         offset += ssize_t(sizeof(inotify_event)) + event->len;
     }
-    if (concernsPath) {
+    if (isConcerned) {
         look();
     }
+}
+
+bool DirectoryFollower::concernsPath(const inotify_event &event) const
+{
+    return (event.mask & IN_Q_OVERFLOW) != 0 || (event.len > 0 && m_names.contains(QFile::decodeName(event.name)));
 }
 
 void DirectoryFollower::look()
@@ -100,23 +104,40 @@ void DirectoryFollower::look()
     // Before the directory itself, so that no replacement in between is lost.
     const bool areParentsWatched = watchParents();
     const State state = stateOf(m_path);
-    const bool isOther = std::tie(state.exists, state.device, state.inode)
-                         != std::tie(m_state.exists, m_state.device, m_state.inode);
-    if (isOther || !m_watcher->directories().contains(m_path)) {
+    const bool isOther = !isSameDirectory(state, m_state);
+    if (isOther || !isDirectoryWatched()) {
         watchDirectory(state);
     }
-    const bool isWatched = !state.exists || m_watcher->directories().contains(m_path);
-    const bool isChanged = std::tie(state.changed.tv_sec, state.changed.tv_nsec)
-                           != std::tie(m_state.changed.tv_sec, m_state.changed.tv_nsec);
-    const bool wasSettled = m_state.isSettled;
+    const bool isFollowed = !state.exists || isDirectoryWatched();
+    const bool mayHaveChanged = !isFollowed && (!isSameTime(state, m_state) || !m_state.isSettled);
     m_state = state;
-    if (areParentsWatched && isWatched) {
-        m_timer.stop();
-    } else {
-        m_timer.start();
-    }
-    if (isOther || (!isWatched && (isChanged || !wasSettled))) {
+    setPolling(!areParentsWatched || !isFollowed);
+    if (isOther || mayHaveChanged) {
         Q_EMIT changed();
+    }
+}
+
+bool DirectoryFollower::isSameDirectory(const State &a, const State &b)
+{
+    return std::tie(a.exists, a.device, a.inode) == std::tie(b.exists, b.device, b.inode);
+}
+
+bool DirectoryFollower::isSameTime(const State &a, const State &b)
+{
+    return std::tie(a.changed.tv_sec, a.changed.tv_nsec) == std::tie(b.changed.tv_sec, b.changed.tv_nsec);
+}
+
+bool DirectoryFollower::isDirectoryWatched() const
+{
+    return m_watcher->directories().contains(m_path);
+}
+
+void DirectoryFollower::setPolling(bool isPolling)
+{
+    if (isPolling) {
+        m_timer.start();
+    } else {
+        m_timer.stop();
     }
 }
 
@@ -135,20 +156,30 @@ bool DirectoryFollower::watchParents()
     QVector<int> watches;
     bool areWatched = m_inotify >= 0;
     for (const QString &parent : qAsConst(parents)) {
-        const int watch = inotify_add_watch(m_inotify, QFile::encodeName(parent).constData(), NameEvents);
-        if (watch >= 0) {
-            watches.append(watch);
-        } else if (errno != ENOENT && errno != ENOTDIR) {
-            areWatched = false;
-        }
+        areWatched = watchNames(parent, &watches) && areWatched;
     }
+    replaceWatches(watches);
+    return areWatched;
+}
+
+/// Appends the watch of @p directory to @p watches. Returns false if there is a directory that cannot be watched.
+bool DirectoryFollower::watchNames(const QString &directory, QVector<int> *watches) const
+{
+    const int watch = inotify_add_watch(m_inotify, QFile::encodeName(directory).constData(), NameEvents);
+    if (watch >= 0) {
+        watches->append(watch);
+    }
+    return watch >= 0 || errno == ENOENT || errno == ENOTDIR;
+}
+
+void DirectoryFollower::replaceWatches(const QVector<int> &watches)
+{
     for (const int watch : qAsConst(m_watches)) {
         if (!watches.contains(watch)) {
             inotify_rm_watch(m_inotify, watch);
         }
     }
     m_watches = watches;
-    return areWatched;
 }
 
 void DirectoryFollower::watchDirectory(const State &state)

@@ -12,10 +12,11 @@
 #include <sys/stat.h>
 
 class QFileSystemWatcher;
+struct inotify_event;
 
 /**
  * Keeps a QFileSystemWatcher on the directory that is at a path, also when it or one above it is replaced, which that
- * class does not notice. Watches the names in the directories above. If a watch cannot be had, looks every few seconds.
+ * class does not notice. Watches the names in the directories above. Without a watch it checks every few seconds.
  */
 class DirectoryFollower : public QObject
 {
@@ -40,10 +41,17 @@ private:
     };
 
     static State stateOf(const QString &path);
+    static bool isSameDirectory(const State &a, const State &b);
+    static bool isSameTime(const State &a, const State &b);
     void readEvents();
+    bool concernsPath(const inotify_event &event) const;
     void look();
     bool watchParents();
+    bool watchNames(const QString &directory, QVector<int> *watches) const;
+    void replaceWatches(const QVector<int> &watches);
+    bool isDirectoryWatched() const;
     void watchDirectory(const State &state);
+    void setPolling(bool isPolling); ///< while something cannot be watched
 
     const QString m_path;
     QFileSystemWatcher *const m_watcher;

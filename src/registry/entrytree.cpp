@@ -27,7 +27,7 @@
 
 namespace
 {
-/// The largest size of a file, in bytes for each of its nodes, whose text is kept: the rest of it may be anything.
+/// The text of a file is kept up to this size, in bytes for each of its nodes: most of a larger one is something else.
 constexpr qint64 MaxTextOfNode = 4096;
 constexpr int MaxWarningsOfFile = 1000;
 constexpr QLatin1String EngineeringEnglish("_eng_en");
@@ -86,16 +86,22 @@ bool EntryTree::unloadVanished(const QStringList &present)
     return true;
 }
 
-bool EntryTree::loadAdded(const QStringList &present)
+QStringList EntryTree::unknownFiles(const QStringList &present) const
 {
     const QSet<QString> known = asSet(m_knownFiles);
-    QStringList added;
-    std::copy_if(present.cbegin(), present.cend(), std::back_inserter(added),
+    QStringList unknown;
+    std::copy_if(present.cbegin(), present.cend(), std::back_inserter(unknown),
                  [&known](const QString &name) { return isRegistrationFile(name) && !known.contains(name); });
+    return unknown;
+}
+
+bool EntryTree::loadAdded(const QStringList &present)
+{
+    const QStringList added = unknownFiles(present);
     if (m_observer) {
         m_observer->scanStarted(added.size());
     }
-    for (const QString &name : std::as_const(added)) {
+    for (const QString &name : added) {
         const FileReport report = read(name);
         if (isReadLater(report.shortage)) {
             return name != added.constFirst(); // the others must not be loaded before it
@@ -157,6 +163,17 @@ void EntryTree::insertEntries(const FileReport &report)
 {
     const NodeData::Entries entries(
         new FileEntries(report.file->entries, report.content, catalogsOf(*report.file)));
+    insertEach(entries, report);
+    if (m_root->fromFile() == report.name) {
+        TreeItemPrivate::of(m_root.get())->keepEntryAlone(); // it is never unloaded
+    }
+    m_textSizes.insert(report.name, report.content.size());
+    dropTexts(m_index->takeReplaced() + QSet<QString>{report.name});
+    entries->forget();
+}
+
+void EntryTree::insertEach(const NodeData::Entries &entries, const FileReport &report)
+{
     int pathless = 0;
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
@@ -171,15 +188,9 @@ void EntryTree::insertEntries(const FileReport &report)
     if (pathless > MaxWarningsOfFile) {
         qCWarning(lcSettings) << pathless - MaxWarningsOfFile << Messages::MorePathsMissing << quoted(report.name);
     }
-    if (m_root->fromFile() == report.name) {
-        TreeItemPrivate::of(m_root.get())->keepEntryAlone(); // it is never unloaded
-    }
-    m_textSizes.insert(report.name, report.content.size());
-    dropTexts(m_index->takeReplaced() + QSet<QString>{report.name});
-    entries->forget();
 }
 
-/// Where few nodes are left of a file, lets them keep their entries alone.
+/// Releases the text of files of which few nodes are left: these then keep only their own entries.
 void EntryTree::dropTexts(const QSet<QString> &fileNames)
 {
     for (const QString &fileName : fileNames) {
@@ -228,12 +239,7 @@ void EntryTree::unload(const QSet<QString> &fileNames)
 /// declared. Nodes with children keep their data.
 void EntryTree::removeEntries(const QSet<QString> &fileNames, const QSet<QString> &removable)
 {
-    for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
-        it = fileNames.contains(it.value()) ? m_maskedEntries.erase(it) : std::next(it);
-    }
-    for (const QString &fileName : fileNames) {
-        m_textSizes.remove(fileName);
-    }
+    forgetFiles(fileNames);
     const QVector<QPointer<TreeItem>> items = m_index->removableWith(fileNames);
     prune(items, removable);
     for (const QPointer<TreeItem> &item : items) {
@@ -243,6 +249,16 @@ void EntryTree::removeEntries(const QSet<QString> &fileNames, const QSet<QString
     }
     m_outlivedFiles = withNodes(m_outlivedFiles + (fileNames & m_loadedFiles));
     m_loadedFiles -= fileNames;
+}
+
+void EntryTree::forgetFiles(const QSet<QString> &fileNames)
+{
+    for (auto it = m_maskedEntries.begin(); it != m_maskedEntries.end();) {
+        it = fileNames.contains(it.value()) ? m_maskedEntries.erase(it) : std::next(it);
+    }
+    for (const QString &fileName : fileNames) {
+        m_textSizes.remove(fileName);
+    }
 }
 
 QSet<QString> EntryTree::withNodes(const QSet<QString> &fileNames) const
@@ -309,15 +325,19 @@ void EntryTree::installCatalog(const QString &name, const Load &load)
     if (isFileName(name)) {
         load(translator, name);
     }
-    // A file without a suffix can be found under several names.
-    const QString error = translator->error();
-    if (!error.isEmpty() && !m_catalogErrors.contains(error)) {
-        m_catalogErrors.insert(error);
-        qCWarning(lcSettings) << Messages::CannotUseCatalog << qUtf8Printable(error);
-    }
+    logCatalogError(translator->error());
     QCoreApplication::installTranslator(translator);
     if (m_observer) {
         m_observer->catalogInstalled(name, translator);
+    }
+}
+
+/// Logs each error once: a file without a suffix can be found under several names.
+void EntryTree::logCatalogError(const QString &error)
+{
+    if (!error.isEmpty() && !m_catalogErrors.contains(error)) {
+        m_catalogErrors.insert(error);
+        qCWarning(lcSettings) << Messages::CannotUseCatalog << qUtf8Printable(error);
     }
 }
 
@@ -340,12 +360,17 @@ bool EntryTree::changeMasked(const QSet<QString> &paths)
     if (reload.isEmpty()) {
         return false;
     }
+    replaceEntries(reload, *reports);
+    return true;
+}
+
+void EntryTree::replaceEntries(const QSet<QString> &fileNames, const QVector<FileReport> &reports)
+{
     // A node that has outlived its own file stays, because its children are loaded again below.
-    removeEntries(reload, reload);
-    std::for_each(reports->cbegin(), reports->cend(), [this](const FileReport &report) { insert(report); });
+    removeEntries(fileNames, fileNames);
+    std::for_each(reports.cbegin(), reports.cend(), [this](const FileReport &report) { insert(report); });
     prune(m_index->removableWith(m_outlivedFiles), m_outlivedFiles);
     m_outlivedFiles = withNodes(m_outlivedFiles);
-    return true;
 }
 
 std::optional<QVector<FileReport>> EntryTree::readAll(const QSet<QString> &files)

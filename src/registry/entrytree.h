@@ -55,16 +55,20 @@ public:
 
 private:
     bool unloadVanished(const QStringList &present);
+    QStringList unknownFiles(const QStringList &present) const;
     bool loadAdded(const QStringList &present);
     bool isReadLater(const QString &shortage);
     FileReport read(const QString &fileName) const;
     void insert(const FileReport &report);
     void insertEntries(const FileReport &report);
+    void insertEach(const NodeData::Entries &entries, const FileReport &report);
     void dropTexts(const QSet<QString> &fileNames);
     EntryStatus insertEntry(const NodeData::Entries &entries, int index, const QString &fileName,
                             const TreeItem **item);
     void maskEntry(const QString &path, const QString &fileName);
     void removeEntries(const QSet<QString> &fileNames, const QSet<QString> &removable);
+    void replaceEntries(const QSet<QString> &fileNames, const QVector<FileReport> &reports);
+    void forgetFiles(const QSet<QString> &fileNames);
     QSet<QString> withNodes(const QSet<QString> &fileNames) const;
     void prune(const QVector<QPointer<TreeItem>> &items, const QSet<QString> &removable);
     bool isRemovable(const TreeItem *item, const QSet<QString> &removable) const;
@@ -74,6 +78,7 @@ private:
     FileCatalogs catalogsOf(const RegistrationFile &file) const;
     template<typename Load>
     void installCatalog(const QString &name, const Load &load);
+    void logCatalogError(const QString &error);
 
     const EntrySources m_sources;
     QObject *const m_translatorParent;

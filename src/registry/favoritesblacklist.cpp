@@ -13,6 +13,31 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+namespace
+{
+QSet<QString> stringsIn(const QJsonArray &elements)
+{
+    QSet<QString> strings;
+    for (const QJsonValue &element : elements) {
+        if (element.isString()) {
+            strings.insert(element.toString());
+        }
+    }
+    return strings;
+}
+
+QSet<QString> parseBlacklist(const QByteArray &json, const QString &path)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(json);
+    if (document.isNull()) {
+        qWarning() << Messages::CannotParseJson << quoted(path);
+    } else if (!document.isArray()) {
+        qWarning() << Messages::WrongBlacklistFormat << quoted(path);
+    }
+    return stringsIn(document.array());
+}
+}
+
 QSet<QString> readFavoritesBlacklist()
 {
     return readBlacklistFile(Constants::FavoritesBlacklistFile);
@@ -27,21 +52,5 @@ QSet<QString> readBlacklistFile(const QString &path, QString *shortage)
         }
         return {};
     }
-    const QJsonDocument document = QJsonDocument::fromJson(*content);
-    if (document.isNull()) {
-        qWarning() << Messages::CannotParseJson << quoted(path);
-        return {};
-    }
-    if (!document.isArray()) {
-        qWarning() << Messages::WrongBlacklistFormat << quoted(path);
-        return {};
-    }
-    QSet<QString> paths;
-    const QJsonArray elements = document.array();
-    for (const QJsonValue &element : elements) {
-        if (element.isString()) {
-            paths.insert(element.toString());
-        }
-    }
-    return paths;
+    return parseBlacklist(*content, path);
 }

@@ -43,8 +43,13 @@ void FileIndex::remove(TreeItem *item)
     const int position = std::exchange(TreeItemPrivate::of(item)->indexPosition, -1);
     if (position < 0) {
         m_undeclaredLeaves.remove(item);
-        return;
+    } else {
+        removeDeclared(item, position);
     }
+}
+
+void FileIndex::removeDeclared(const TreeItem *item, int position)
+{
     const auto declared = m_declared.find(item->fromFile());
     TreeItem *last = declared->takeLast();
     if (last != item) {

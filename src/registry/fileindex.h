@@ -40,6 +40,8 @@ public:
     QVector<QPointer<TreeItem>> removableWith(const QSet<QString> &files) const;
 
 private:
+    void removeDeclared(const TreeItem *item, int position);
+
     QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
     QSet<TreeItem *> m_undeclaredLeaves;
     QSet<QString> m_replaced;

@@ -13,28 +13,34 @@
 
 #include <cerrno>
 
+namespace
+{
+void parse(const EntrySources &sources, FileReport *report)
+{
+    report->file = parseRegistrationFile(report->content, report->name, &report->error);
+    if (!report->file) {
+        const bool isJson = report->error.error == QJsonParseError::NoError;
+        report->status = isJson ? FileStatus::NotAnObject : FileStatus::NotJson;
+        return;
+    }
+    errno = 0;
+    report->status = statusByGroups(sources, *report->file);
+    // The access-control library does not report why it finds no group.
+    report->shortage = isShortage(errno) ? qt_error_string(errno) : QString();
+}
+}
+
 FileReport readRegistrationFile(const EntrySources &sources, const QString &fileName)
 {
     FileReport report;
     report.name = fileName;
     const std::optional<QByteArray> content = readTextFile(sources.entriesDirectory + QLatin1Char('/') + fileName,
                                                            &report.shortage);
-    if (!content) {
-        if (report.shortage.isEmpty()) {
-            qCWarning(lcSettings) << Messages::CannotReadEntries << quoted(fileName);
-        }
-        return report;
-    }
-    report.content = *content;
-    report.file = parseRegistrationFile(report.content, fileName, &report.error);
-    if (report.file) {
-        errno = 0;
-        report.status = statusByGroups(sources, *report.file);
-        // The access-control library does not report why it finds no group.
-        report.shortage = isShortage(errno) ? qt_error_string(errno) : QString();
-    } else {
-        const bool isJson = report.error.error == QJsonParseError::NoError;
-        report.status = isJson ? FileStatus::NotAnObject : FileStatus::NotJson;
+    if (content) {
+        report.content = *content;
+        parse(sources, &report);
+    } else if (report.shortage.isEmpty()) {
+        qCWarning(lcSettings) << Messages::CannotReadEntries << quoted(fileName);
     }
     return report;
 }

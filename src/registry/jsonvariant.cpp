@@ -6,6 +6,19 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+namespace
+{
+QVariantList jsonToVariantList(const QJsonArray &array)
+{
+    QVariantList list;
+    list.reserve(array.size());
+    for (const QJsonValue &element : array) {
+        list.append(jsonToVariant(element));
+    }
+    return list;
+}
+}
+
 QVariant jsonToVariant(const QJsonValue &value)
 {
     switch (value.type()) {
@@ -13,15 +26,8 @@ QVariant jsonToVariant(const QJsonValue &value)
         return value.toDouble();
     case QJsonValue::Object:
         return jsonToVariantMap(value.toObject());
-    case QJsonValue::Array: {
-        QVariantList list;
-        const QJsonArray array = value.toArray();
-        list.reserve(array.size());
-        for (const QJsonValue &element : array) {
-            list.append(jsonToVariant(element));
-        }
-        return list;
-    }
+    case QJsonValue::Array:
+        return jsonToVariantList(value.toArray());
     default:
         return value.toVariant();
     }

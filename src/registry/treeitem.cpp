@@ -11,6 +11,19 @@
 
 #include <algorithm>
 
+namespace
+{
+QVector<const TreeItem *> childrenOf(const QVector<const TreeItem *> &items)
+{
+    QVector<const TreeItem *> children;
+    for (const TreeItem *item : items) {
+        const QVector<TreeItem *> &own = TreeItemPrivate::of(item)->children;
+        std::copy(own.cbegin(), own.cend(), std::back_inserter(children));
+    }
+    return children;
+}
+}
+
 TreeItem::TreeItem(const QString &name, const QVariantMap &data)
     : d(std::make_unique<TreeItemPrivate>(this, name, NodeData(data)))
 {
@@ -61,12 +74,8 @@ int TreeItem::count(int depth) const
     int total = 0;
     QVector<const TreeItem *> level{this};
     for (; depth != 0 && !level.isEmpty(); --depth) {
-        QVector<const TreeItem *> below;
-        for (const TreeItem *item : qAsConst(level)) {
-            std::copy(item->d->children.cbegin(), item->d->children.cend(), std::back_inserter(below));
-        }
-        total += below.size();
-        level.swap(below);
+        level = childrenOf(level);
+        total += level.size();
     }
     return total;
 }
@@ -136,8 +145,8 @@ TreeItem *TreeItem::lookup(const QStringList &path)
     TreeItem *item = this;
     for (int level = 0; item && level < path.size(); ++level) {
         qCInfo(lcSettings) << "lookup item path:" << quoted(path.mid(level))
-                           << "child keys:" << quoted(QStringList(item->d->childrenByName.keys()));
-        item = item->d->childrenByName.value(path.at(level));
+                           << "child keys:" << quoted(item->d->childNames());
+        item = item->d->child(path.at(level));
     }
     return item;
 }
@@ -148,12 +157,12 @@ void TreeItem::removeItems(const Predicate &predicate)
         TreeItem *item;
         QStringList children; ///< names that are still to be visited
     };
-    QVector<Visit> visits{{this, d->childrenByName.keys()}};
+    QVector<Visit> visits{{this, d->childNames()}};
     for (;;) {
         if (!visits.last().children.isEmpty()) {
             const QString name = visits.last().children.takeLast();
-            if (TreeItem *child = visits.last().item->d->childrenByName.value(name)) {
-                visits.append({child, child->d->childrenByName.keys()});
+            if (TreeItem *child = visits.last().item->d->child(name)) {
+                visits.append({child, child->d->childNames()});
             }
             continue;
         }

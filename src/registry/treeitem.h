@@ -52,7 +52,7 @@ public:
 
     /// The number of descendants down to @p depth levels, of all of them when it is negative.
     Q_INVOKABLE int count(int depth = 1) const;
-    /// The names from just below @p top down to this node; from the root when @p top is no ancestor.
+    /// The names from just below @p top down to this node; from the root if @p top is not an ancestor.
     Q_INVOKABLE QStringList location(TreeItem *top = nullptr) const;
     Q_INVOKABLE QVariantMap data() const;
 
@@ -85,7 +85,7 @@ public:
     /// By "order", then by name.
     static bool orderLessThan(const TreeItem *a, const TreeItem *b);
 
-    /// Parent steps up to @p top, 0 for itself; up to and beyond the root when @p top is no ancestor.
+    /// Parent steps up to @p top, 0 for itself; up to and beyond the root if @p top is not an ancestor.
     int depth(const TreeItem *top) const;
     /// Logs the subtree at info level.
     void dumpTree(int indent) const;

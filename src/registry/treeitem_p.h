@@ -8,12 +8,13 @@
 #include "registry/treeitem.h"
 
 #include <QHash>
+#include <QStringList>
 #include <QVector>
 
 class FileIndex;
 class NodeObserver;
 
-/// The inside of a TreeItem, and what the registry alone does with a node.
+/// The private data of a TreeItem, and the functions of a node that only the registry uses.
 class TreeItemPrivate
 {
 public:
@@ -30,6 +31,8 @@ public:
     /// Releases the other entries of the node's file.
     void keepEntryAlone();
 
+    TreeItem *child(const QString &name) const; ///< null if there is none
+    QStringList childNames() const;
     void addChild(TreeItem *child);
     void removeChild(TreeItem *child);
     void deleteDescendants();
@@ -39,18 +42,22 @@ public:
     TreeItem *const q;
     const QString name;
     NodeData data;
-    QHash<QString, TreeItem *> childrenByName;
-    mutable QVector<TreeItem *> children; ///< quicker to walk than the hash
+    mutable QVector<TreeItem *> children;
     TreeItem *parent = nullptr;
     int position = -1; ///< among the parent's children
     int indexPosition = -1; ///< among the nodes of its file, kept by the index
     int searchPosition = -1; ///< among the nodes that a search has read, kept by that
 
 private:
+    TreeItem *insertChild(const QString &name, const NodeData *data);
+    void appendChild(TreeItem *child);
+    void rememberName(TreeItem *child);
     TreeItem *takeChild(const QString &name);
     void enterIndex();
     void sortChildren() const;
 
+    /// Empty while there are few children, because for a single one it takes 240 bytes.
+    QHash<QString, TreeItem *> m_childrenByName;
     FileIndex *m_index = nullptr;
     mutable bool m_isSorted = true; ///< the children are in the order of TreeItem::orderLessThan()
 };

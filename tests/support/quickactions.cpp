@@ -3,6 +3,8 @@
 
 #include "quickactions.h"
 
+#include "actions/quickactionreader.h"
+#include "messagelog.h"
 #include "printable.h"
 #include "text.h"
 
@@ -113,6 +115,21 @@ Store::Store()
 QList<QVariantList> Store::calls()
 {
     return DBusPeer::calls(text("showApp"));
+}
+
+QStringList messagesOf(const QVector<QVariantMap> &actions, Target *target)
+{
+    const MessageLog log;
+    QuickActionReader reader(nullptr);
+    for (const QVariantMap &action : actions) {
+        reader.trigger(action);
+    }
+    settle();
+    if (target) {
+        target->calls(); // returns when the target has replied to all of them
+    }
+    settleFailures();
+    return log.take();
 }
 
 QList<QVariantList> noCalls()

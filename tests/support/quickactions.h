@@ -8,6 +8,7 @@
 #include <QList>
 #include <QString>
 #include <QVariantMap>
+#include <QVector>
 
 /// Actions, the services that they call, and the messages that QuickActionReader logs.
 namespace QuickActions
@@ -57,6 +58,10 @@ public:
 
     QList<QVariantList> calls();
 };
+
+/// Triggers @p actions with one reader, and returns what it has logged when it has received their errors: those of
+/// @p target, and those of the bus.
+QStringList messagesOf(const QVector<QVariantMap> &actions, Target *target = nullptr);
 
 QList<QVariantList> noCalls();
 QVariantList callFor(const QString &package);

@@ -15,6 +15,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/resource.h>
+
 class TreeCommandTest : public QObject
 {
     Q_OBJECT
@@ -27,6 +29,7 @@ private Q_SLOTS:
     void listsPaths();
     void printsProblems();
     void textHasNoControlCharacters();
+    void deepPathTakesLittleMemory();
     void showsOneEntry();
     void missingDirectory();
     void equalsTheModels(); // the last test: the registry lives until the process ends
@@ -34,6 +37,12 @@ private Q_SLOTS:
 
 namespace
 {
+#ifdef __SANITIZE_ADDRESS__ // which takes many times as much memory
+constexpr int NamesOfDeepPath = 20000;
+#else
+constexpr int NamesOfDeepPath = 200000;
+#endif
+
 /// Returns all properties that a page can read of the entries below @p path, in the order of the models.
 QJsonArray readThroughModels(const QStringList &path)
 {
@@ -128,6 +137,17 @@ void TreeCommandTest::textHasNoControlCharacters()
                         R"({"entries": [{"path": "x\u001b[2J", "title": "\u202eright\u0007", "type": "a\nb"}]})");
     const QByteArray expected = R"(x\u{1b}[2J  "\u{202e}right\u{7}"  (a\u{a}b, 100)  x.json)";
     QCOMPARE(Tool::run({text("tree")}).output, expected + '\n');
+}
+
+void TreeCommandTest::deepPathTakesLittleMemory()
+{
+    const QByteArray path = QByteArray("a/").repeated(NamesOfDeepPath) + "end";
+    World::writeEntries(text("x.json"), R"({"entries": [{"path": ")" + path + "\"}]}");
+    const Tool::Result result = Tool::run({text("tree")});
+    QVERIFY(result.output.endsWith(" end  \"!!end\"  (section, 100)  x.json\n"));
+    rusage used{}; // by the largest of the programs until now
+    QCOMPARE(getrusage(RUSAGE_CHILDREN, &used), 0);
+    QVERIFY2(used.ru_maxrss < 100000, qPrintable(QString::number(used.ru_maxrss)));
 }
 
 void TreeCommandTest::showsOneEntry()

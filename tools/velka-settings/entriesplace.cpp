@@ -56,7 +56,7 @@ QStringList subdirectoriesOf(const QString &directory)
 }
 
 /// Returns the files of @p directory, which may contain other JSON files as well, that look like registration files.
-/// Files that could be anything count when there are no others.
+/// Files whose kind is unclear count only if no file is of another kind.
 QStringList shapedFilesIn(const QString &directory)
 {
     QStringList shaped;

@@ -5,7 +5,7 @@
 
 class QByteArray;
 
-/// What a JSON file seems to be meant for.
+/// The kind of file that a JSON file seems to be.
 enum class FileShape {
     Registration,
     Other, ///< another program

@@ -8,7 +8,7 @@
 class QByteArray;
 struct QJsonParseError;
 
-/// What makes a text no JSON: where to correct it, and how.
+/// A mistake because of which a text is not JSON: its place, and how to correct it.
 struct JsonMistake {
     enum Kind { Syntax, Encoding, Nesting };
     int offset; ///< of a byte in the text

@@ -10,7 +10,7 @@
 int editDistance(const QString &a, const QString &b);
 
 /// Returns whether @p name can be a misspelling of @p other: one mistake in up to five letters, two in more. Case, and
-/// how words are joined, does not count. Equal names are no misspelling.
+/// how words are joined, does not count. Returns false for equal names.
 bool isMisspelling(const QString &name, const QString &other);
 
 /// Returns the one of @p known that is most similar to @p name; empty when none is similar enough.

@@ -26,7 +26,7 @@ private:
     Place m_place;
 };
 
-/// Returns the offset of the first byte of @p text that is no byte order mark.
+/// Returns the offset of the first byte of @p text behind a byte order mark.
 int startOf(const QByteArray &text);
 
 /// Returns the offset of the byte of @p text that Qt's parser rejected. When the text ends too early, that is the last

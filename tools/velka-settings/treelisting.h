@@ -17,8 +17,8 @@ struct ListedItem {
     int depth; ///< 1 for the children of the root
 };
 
-/// Returns each node before its descendants, siblings by "order", then by name. Leaves out the nodes that no entry
-/// declares from a depth on that only a mistake can have, as their number can be that of the letters of a path.
+/// Returns each node before its descendants, siblings by "order", then by name. Leaves out undeclared
+/// nodes at a depth that only a mistake can reach, because a path can have as many nodes as letters.
 QVector<ListedItem> itemsOf(TreeItem *root);
 QString pathOf(TreeItem *item);
 /// Returns the properties of the node that a page can read.

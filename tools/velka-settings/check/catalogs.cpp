@@ -3,7 +3,6 @@
 
 #include "catalogs.h"
 
-#include "catalogids.h"
 #include "localename.h"
 #include "registry/catalogtranslator.h"
 #include "registry/filename.h"
@@ -19,6 +18,25 @@ bool hasText(const QTranslator &translator, const QString &id)
     const QString text = translator.translate("", id.toLatin1().constData());
     return !text.isEmpty() && text != id;
 }
+
+bool looksLikeId(const QByteArray &text)
+{
+    return !text.contains(' ') && (text.contains('-') || text.contains('_'));
+}
+
+/// Returns whether the messages seem to be looked up by their source texts, not by ids.
+bool lacksIds(const CatalogTranslator &translator)
+{
+    int ids = 0;
+    int others = 0;
+    const QList<QByteArray> texts = translator.sourceTexts();
+    for (const QByteArray &text : texts) {
+        ids += looksLikeId(text) ? 1 : 0;
+        others += text.isEmpty() || looksLikeId(text) ? 0 : 1;
+    }
+    return others > ids;
+}
+
 /// Returns whether @p file has the name of the catalog and a language, but not as the library joins them.
 bool isMisnamed(const QString &file, const QString &catalog)
 {
@@ -42,24 +60,29 @@ Catalog::Catalog(const QString &name, const QString &directory)
     if (isFileName(fallback)) {
         load(m_fallback.get(), fallback, directory);
     }
-    const QString prefix = name + QLatin1Char('-');
     const QStringList files = QDir(directory).entryList({QStringLiteral("*.qm")}, QDir::Files); // in any case
     for (const QString &file : files) {
         if (isMisnamed(file, name)) {
             m_misnamedFiles.append(file);
-        } else if (file.startsWith(prefix)) {
-            auto translator = std::make_unique<CatalogTranslator>();
-            if (load(translator.get(), file, directory)) {
-                if (lacksIds(translator->filePath())) {
-                    m_filesWithoutIds.append(file);
-                }
-                m_byLocale.emplace(file.mid(prefix.size()).chopped(3), std::move(translator));
-            }
+        } else if (file.startsWith(name + QLatin1Char('-'))) {
+            addTranslation(file, directory);
         }
     }
 }
 
 Catalog::~Catalog() = default;
+
+void Catalog::addTranslation(const QString &file, const QString &directory)
+{
+    auto translator = std::make_unique<CatalogTranslator>();
+    if (!load(translator.get(), file, directory)) {
+        return;
+    }
+    if (lacksIds(*translator)) {
+        m_filesWithoutIds.append(file);
+    }
+    m_byLocale.emplace(file.mid(m_name.size() + 1).chopped(3), std::move(translator));
+}
 
 bool Catalog::load(CatalogTranslator *translator, const QString &name, const QString &directory)
 {

@@ -34,6 +34,7 @@ public:
     QStringList filesWithoutIds() const; ///< those whose texts are looked up by their source texts
 
 private:
+    void addTranslation(const QString &file, const QString &directory);
     bool load(CatalogTranslator *translator, const QString &name, const QString &directory);
 
     const QString m_name;

@@ -22,7 +22,7 @@ struct Entry {
 
     const Written *written;
     const Written *writtenPath; ///< null when there is none
-    const Written *writtenParams; ///< null when they are no object
+    const Written *writtenParams; ///< null if they are not an object
     QJsonObject read;
     QJsonObject params;
     QString path;

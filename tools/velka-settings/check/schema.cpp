@@ -52,7 +52,7 @@ QString nameOf(const QString &type)
     return (beginsWithVowel ? QStringLiteral("an ") : QStringLiteral("a ")) + type;
 }
 
-/// What the library makes of a value of another type.
+/// The value that the library reads instead of one of another type.
 struct Reading {
     Tag tag;
     QString text;

@@ -10,7 +10,7 @@ namespace Check
 {
 namespace
 {
-/// Returns whether @p character ends or controls the text around it, or is no character at all.
+/// Returns whether @p character ends or controls the text around it, or is not a character at all.
 bool isControl(uint character)
 {
     switch (QChar::category(character)) {
