@@ -40,7 +40,8 @@ void addLike(Scores *scores, MatchKind kind)
     }
 }
 
-/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average.
+/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average, and
+/// a group of letters half of that, because it may be of two words.
 std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
 {
     std::vector<float> weights;
@@ -52,7 +53,12 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
         known += weight > 0 ? 1 : 0;
         weights.push_back(weight);
     }
-    std::replace(weights.begin(), weights.end(), 0.0F, known > 0 ? sum / known : 1);
+    const float average = known > 0 ? sum / known : 1;
+    for (size_t i = 0; i < scores.size(); ++i) {
+        if (scores[i].count() == 0) {
+            weights[i] = scores[i].isOfRun() ? average / 2 : average;
+        }
+    }
     return weights;
 }
 
