@@ -3,8 +3,12 @@
 
 #include "appearance.h"
 #include "demowindow.h"
+#include "qmlcall.h"
 #include "screenshottour.h"
+#include "toolkit/address.h"
 #include "treeprinter.h"
+
+#include <pluginregistry.h>
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -29,6 +33,20 @@ const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
 const QCommandLineOption s_tour(QStringLiteral("tour"), QStringLiteral("Save a few pictures into DIR and quit."),
                                 QStringLiteral("DIR"));
 
+/// Opens the page of the entry that @p text names: a path or a URL.
+void openAddress(QQuickWindow *window, const QString &text)
+{
+    const Address address = Address::of(text);
+    const QStringList names = address.path.split(QLatin1Char('/'));
+    if (!address.error.isEmpty()) {
+        qWarning("Cannot open the address: %s", qUtf8Printable(address.error));
+    } else if (!PluginRegistry::instance()->getItem(names)) {
+        qWarning("Cannot open the address: there is no such entry");
+    } else {
+        callQml(window, "showEntry", names, false);
+    }
+}
+
 int takePictures(QQuickWindow *window, DemoWindow *demo, const QCommandLineParser &parser)
 {
     const bool everyPage = parser.isSet(s_screenshots);
@@ -45,6 +63,8 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("address"), QStringLiteral("Path or URL of the entry to open."),
+                                 QStringLiteral("[PATH|URL]"));
     parser.addOptions({s_packages, s_locale, s_wide, s_tree, s_screenshots, s_tour});
     parser.process(application);
 
@@ -71,6 +91,9 @@ int main(int argc, char *argv[])
     }
     if (takesPictures) {
         return takePictures(window, &demo, parser);
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        openAddress(window, parser.positionalArguments().constFirst());
     }
     return application.exec();
 }

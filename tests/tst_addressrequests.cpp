@@ -6,6 +6,7 @@
 #include "privateworld.h"
 #include "text.h"
 #include "toolkit/addressrequests.h"
+#include "toolkit/applicationobject.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -312,13 +313,13 @@ void AddressRequestsTest::refusesMoreThanCanWait()
         urls.append(url);
     }
     QCOMPARE(errorOf(open(urls)), text("org.freedesktop.DBus.Error.LimitsExceeded"));
-    QCOMPARE(errorOf(open(urls.mid(0, AddressRequests::MaxWaiting - 1))), QString());
+    QCOMPARE(errorOf(open(urls.mid(0, AddressRequest::MaxWaiting - 1))), QString());
     QCOMPARE(errorOf(open({url, url})), text("org.freedesktop.DBus.Error.LimitsExceeded"));
     QCOMPARE(errorOf(open({url})), QString());
     QCOMPARE(errorOf(call(text("Activate"), {QVariantMap()})), text("org.freedesktop.DBus.Error.LimitsExceeded"));
     QCOMPARE(log.take().size(), 3);
     requests.setActive(true);
-    QTRY_COMPARE(requests.log().size(), AddressRequests::MaxWaiting);
+    QTRY_COMPARE(requests.log().size(), AddressRequest::MaxWaiting);
     QCOMPARE(errorOf(open({url})), QString());
 }
 
@@ -443,10 +444,11 @@ void AddressRequestsTest::changedName()
     QVERIFY(!requests.isOwned());
     QCOMPARE(changes.count(), 3);
     QCOMPARE(errorOf(open({text("velka-settings:/a")})), text("org.freedesktop.DBus.Error.ServiceUnknown"));
+    connect(&requests, &AddressRequests::ownedChanged, &requests, [&requests] { requests.setService(s_service); });
     for (int i = 0; i < 10; ++i) {
-        requests.setService(i % 2 == 0 ? text("org.example.Other") : s_service);
+        requests.setService(i % 2 == 0 ? s_service : text("org.example.Other"));
     }
-    QTRY_VERIFY(requests.isOwned());
+    QTRY_VERIFY(requests.isOwned() && requests.service() == s_service);
     open({text("velka-settings:/a")});
     QTRY_COMPARE(requests.log(), QStringList(text("a")));
 }

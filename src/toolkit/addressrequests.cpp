@@ -68,8 +68,8 @@ void AddressRequests::publish()
     const bool wasOwned = isOwned();
     m_object.reset();
     if (!m_service.isEmpty()) {
-        m_object = std::make_unique<ApplicationObject>(
-            m_service, [this](const auto &requests) { return take(requests); }, nullptr);
+        m_object = std::make_unique<ApplicationObject>(m_service,
+                                                       [this](const auto &requests) { return take(requests); });
         connect(m_object.get(), &ApplicationObject::ownedChanged, this, &AddressRequests::ownedChanged);
     }
     if (wasOwned) {
@@ -79,7 +79,7 @@ void AddressRequests::publish()
 
 bool AddressRequests::take(const QVector<AddressRequest> &requests)
 {
-    if (m_waiting.size() + requests.size() > MaxWaiting) {
+    if (m_waiting.size() + requests.size() > AddressRequest::MaxWaiting) {
         return false;
     }
     m_waiting += requests;

@@ -17,7 +17,7 @@ struct AddressRequest;
  * navigates: it runs no action and changes no value.
  *
  * Requests are announced from the event loop, in the order of their arrival, and never before the component is
- * complete. While "active" is false they wait. At most MaxWaiting wait; the callers of others get an error.
+ * complete. While "active" is false they wait. At most AddressRequest::MaxWaiting wait; the callers of others get an error.
  */
 class AddressRequests : public QObject, public QQmlParserStatus
 {
@@ -31,8 +31,6 @@ class AddressRequests : public QObject, public QQmlParserStatus
     Q_PROPERTY(bool owned READ isOwned NOTIFY ownedChanged)
 
 public:
-    static constexpr int MaxWaiting = 16;
-
     explicit AddressRequests(QObject *parent = nullptr);
     ~AddressRequests() override;
 

@@ -55,9 +55,8 @@ QString addressIn(const QVariantList &parameter)
 }
 }
 
-ApplicationObject::ApplicationObject(const QString &service, const Receiver &receiver, QObject *parent)
-    : QObject(parent)
-    , m_service(service)
+ApplicationObject::ApplicationObject(const QString &service, const Receiver &receiver)
+    : m_service(service)
     , m_receiver(receiver)
     , m_bus(QDBusConnection::sessionBus())
 {
@@ -89,6 +88,10 @@ void ApplicationObject::Activate(const QVariantMap &platformData)
 
 void ApplicationObject::Open(const QStringList &uris, const QVariantMap &platformData)
 {
+    if (uris.size() > AddressRequest::MaxWaiting) {
+        refuseMany(uris.constFirst());
+        return;
+    }
     QVector<AddressRequest> requests;
     for (const QString &uri : uris) {
         const Address address = Address::ofUrl(uri);
@@ -146,14 +149,17 @@ void ApplicationObject::requestName()
     m_bus.connect({}, s_localPath, s_localInterface, QStringLiteral("Disconnected"), this,
                   SLOT(takeDisconnection()));
     whenFinished(m_bus.asyncCall(callOfBus("RequestName", {m_service, WaitForName})), this,
-                 [this](const QDBusPendingCall &call) {
-                     const uint reply = call.reply().arguments().value(0).toUInt();
-                     if (call.isError()) {
-                         warn(call.error().message());
-                     } else if (reply == QDBusConnectionInterface::ServiceQueued) {
-                         warn(QStringLiteral("another program has it"));
-                     }
-                 });
+                 [this](const QDBusPendingCall &reply) { takeNameReply(reply); });
+}
+
+void ApplicationObject::takeNameReply(const QDBusPendingCall &reply) const
+{
+    const uint result = reply.reply().arguments().value(0).toUInt();
+    if (reply.isError()) {
+        warn(reply.error().message());
+    } else if (result == QDBusConnectionInterface::ServiceQueued) {
+        warn(QStringLiteral("another program has it"));
+    }
 }
 
 void ApplicationObject::setOwned(const QString &service, bool isOwned)
@@ -168,9 +174,13 @@ void ApplicationObject::pass(const QVector<AddressRequest> &requests)
     if (requests.isEmpty()) {
         refuse({}, QStringLiteral("it names no entry"));
     } else if (!m_receiver(requests)) {
-        refuse(requests.constFirst().path, QStringLiteral("there are too many requests"),
-               QDBusError::LimitsExceeded);
+        refuseMany(requests.constFirst().path);
     }
+}
+
+void ApplicationObject::refuseMany(const QString &address)
+{
+    refuse(address, QStringLiteral("there are too many requests"), QDBusError::LimitsExceeded);
 }
 
 void ApplicationObject::refuse(const QString &address, const QString &reason, QDBusError::ErrorType error)

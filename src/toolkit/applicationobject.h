@@ -12,8 +12,12 @@
 
 #include <functional>
 
+class QDBusPendingCall;
+
 /// What another program asks of this one.
 struct AddressRequest {
+    static constexpr int MaxWaiting = 16; ///< more are refused
+
     QString path; ///< of the entry to open; empty to show the window as it is
     QString activationToken; ///< of the compositor or the window manager; empty for none
 };
@@ -33,7 +37,7 @@ public:
     /// Takes the requests of one call, or returns false if there are too many.
     using Receiver = std::function<bool(const QVector<AddressRequest> &requests)>;
 
-    ApplicationObject(const QString &service, const Receiver &receiver, QObject *parent);
+    ApplicationObject(const QString &service, const Receiver &receiver);
     ~ApplicationObject() override;
 
     bool isOwned() const; ///< true while this program has the name
@@ -53,8 +57,10 @@ private Q_SLOTS:
 private:
     bool exportObject();
     void requestName();
+    void takeNameReply(const QDBusPendingCall &reply) const;
     void setOwned(const QString &service, bool isOwned);
     void pass(const QVector<AddressRequest> &requests);
+    void refuseMany(const QString &address);
     void refuse(const QString &address, const QString &reason,
                 QDBusError::ErrorType error = QDBusError::InvalidArgs);
     void warn(const QString &reason) const;
