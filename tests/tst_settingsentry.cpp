@@ -3,7 +3,9 @@
 
 #include "catalogs.h"
 #include "common/constants.h"
+#include "growth.h"
 #include "messagelog.h"
+#include "propertylog.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "testsize.h"
@@ -15,7 +17,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QMetaProperty>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
@@ -23,7 +24,7 @@
 
 #include <array>
 #include <memory>
-#include <utility>
+#include <optional>
 #include <vector>
 
 namespace
@@ -68,54 +69,28 @@ void reload(const QString &file, const QByteArrayList &entries)
 /// An entry with the values that its signals have announced.
 class WatchedEntry : public SettingsEntry
 {
-    Q_OBJECT
-
 public:
     explicit WatchedEntry(const char *path = "")
     {
         setPath(text(path));
-        const int slot = staticMetaObject.indexOfSlot("record()");
-        for (int i = SettingsEntry::staticMetaObject.propertyOffset();
-             i < SettingsEntry::staticMetaObject.propertyCount(); ++i) {
-            const QMetaProperty property = SettingsEntry::staticMetaObject.property(i);
-            connect(this, property.notifySignal(), this, staticMetaObject.method(slot));
-            m_values.insert(QLatin1String(property.name()), property.read(this));
-        }
+        m_log.emplace(this, staticMetaObject);
     }
 
     /// The names of the properties whose change was announced since the last call, sorted.
     QStringList takeChanges()
     {
-        QStringList changes = std::exchange(m_changes, {});
+        QStringList changes = m_log->take();
         changes.sort();
         return changes;
     }
 
-    /// Whether each property has the value that was announced last, and none was announced without a change.
     bool isAsAnnounced() const
     {
-        bool isEqual = m_announcesOnlyChanges;
-        for (auto it = m_values.cbegin(); it != m_values.cend(); ++it) {
-            isEqual = isEqual && property(it.key().toLatin1().constData()) == it.value();
-        }
-        return isEqual;
-    }
-
-private Q_SLOTS:
-    void record()
-    {
-        const QByteArray signal = metaObject()->method(senderSignalIndex()).name();
-        const QByteArray name = signal.left(signal.size() - int(qstrlen("Changed")));
-        QVariant &value = m_values[QLatin1String(name)];
-        m_announcesOnlyChanges = m_announcesOnlyChanges && value != property(name.constData());
-        value = property(name.constData());
-        m_changes.append(QLatin1String(name));
+        return m_log->isRight();
     }
 
 private:
-    QVariantMap m_values;
-    QStringList m_changes;
-    bool m_announcesOnlyChanges = true;
+    std::optional<PropertyLog> m_log;
 };
 
 QStringList names(const char *names)
@@ -154,6 +129,7 @@ private Q_SLOTS:
     void outlivesAMask();
     void isSilentWhenOthersChange();
     void followsTheTitlesAbove();
+    void vanishesInLinearTime();
     void countsChildren();
     void followsChangesOutsideABatch();
     void followsTheLanguage();
@@ -348,6 +324,20 @@ void SettingsEntryTest::followsTheTitlesAbove()
     reload(s_file, {R"({"path": "system_settings/sound", "title": "Audio"})", s_volume});
     QCOMPARE(entry.takeChanges(), names("breadcrumb"));
     QVERIFY(entry.isAsAnnounced());
+}
+
+void SettingsEntryTest::vanishesInLinearTime()
+{
+    const auto vanish = [](int size) -> qint64 {
+        const QByteArray path = "deep" + QByteArray("/a").repeated(size);
+        install(text("deep.json"), {R"({"path": ")" + path + R"("})"});
+        const WatchedEntry entry(path.constData());
+        CpuTimer timer;
+        timer.start();
+        uninstall(text("deep.json"));
+        return entry.isAsAnnounced() && !entry.exists() ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(Growth::isLinear(vanish, 200));
 }
 
 void SettingsEntryTest::countsChildren()
