@@ -46,5 +46,7 @@ constexpr char NoApplication[] = "Cant find application: %1";
 constexpr char UnknownConfig[] = "Unknown config changed:";
 constexpr char SourceIsUser[] = "UserApplicationsFilterModel: the source model uses this model";
 constexpr char SourceIsOwn[] = "StableListModel: the source model uses this model";
+constexpr char NoPage[] = "SettingsNavigation: there is no page for";
+constexpr char WrongNavigationState[] = "SettingsNavigation: not a saved state";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }

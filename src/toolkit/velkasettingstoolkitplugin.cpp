@@ -4,6 +4,7 @@
 #include "toolkit/velkasettingstoolkitplugin.h"
 
 #include "toolkit/settingsentry.h"
+#include "toolkit/settingsnavigation.h"
 #include "toolkit/stablelistmodel.h"
 
 #include <qqml.h>
@@ -12,5 +13,6 @@ void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
 {
     qmlRegisterAnonymousType<QAbstractItemModel>(uri, 1); // the type of a property
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
+    qmlRegisterType<SettingsNavigation>(uri, 1, 0, "SettingsNavigation");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }
