@@ -14,7 +14,9 @@
 #include "toolkit/addressrequests.h"
 #include "toolkit/entryaction.h"
 #include "toolkit/platformservices.h"
+#include "toolkit/entrypage.h"
 #include "toolkit/settingsentry.h"
+#include "toolkit/settingsnavigation.h"
 #include "toolkit/stablelistmodel.h"
 
 #include <QMetaEnum>
@@ -316,6 +318,41 @@ void MetaObjectsTest::members_data()
                "signal void favoriteChanged()",
                "signal void favoritesKeyChanged()",
                "signal void userModifiedKeyChanged()",
+           });
+    addRow("EntryPage", EntryPage::staticMetaObject,
+           {
+               "enum Status Null=0 Loading=1 Ready=2 Error=3 Gone=4",
+               "property QString path READ WRITE NOTIFY pathChanged",
+               "property SettingsEntry* entry READ",
+               "property Status status READ NOTIFY statusChanged",
+               "property QQuickItem* item READ NOTIFY itemChanged",
+               "property QVariantList errors READ NOTIFY errorsChanged",
+               "signal void pathChanged()",
+               "signal void statusChanged()",
+               "signal void itemChanged()",
+               "signal void errorsChanged()",
+           });
+    addRow("SettingsNavigation", SettingsNavigation::staticMetaObject,
+           {
+               "property QString root READ WRITE NOTIFY rootChanged",
+               "property QStringList pageTypes READ WRITE NOTIFY pageTypesChanged",
+               "property QStringList paths READ NOTIFY pathsChanged",
+               "property QString current READ NOTIFY currentChanged",
+               "property bool canGoBack READ NOTIFY canGoBackChanged",
+               "property QString row READ NOTIFY rowChanged",
+               "property QString state READ WRITE NOTIFY stateChanged",
+               "signal void rootChanged()",
+               "signal void pageTypesChanged()",
+               "signal void pathsChanged()",
+               "signal void currentChanged()",
+               "signal void canGoBackChanged()",
+               "signal void rowChanged()",
+               "signal void stateChanged()",
+               "signal void rowRequested(QString row)",
+               "signal void closed(QString path)",
+               "method bool open(QString path)",
+               "method bool openFrom(QString page, QString path)",
+               "method bool back()",
            });
     addRow("StableListModel", StableListModel::staticMetaObject,
            {

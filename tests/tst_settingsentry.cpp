@@ -4,6 +4,7 @@
 #include "catalogs.h"
 #include "common/constants.h"
 #include "entryfiles.h"
+#include "growth.h"
 #include "messagelog.h"
 #include "registry/treeitem.h"
 #include "testsize.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void outlivesAMask();
     void isSilentWhenOthersChange();
     void followsTheTitlesAbove();
+    void vanishesInLinearTime();
     void countsChildren();
     void followsChangesOutsideABatch();
     void followsTheLanguage();
@@ -245,6 +247,20 @@ void SettingsEntryTest::followsTheTitlesAbove()
     reload(s_file, {R"({"path": "system_settings/sound", "title": "Audio"})", s_volume});
     QCOMPARE(entry.takeChanges(), names("breadcrumb"));
     QVERIFY(entry.isAsAnnounced());
+}
+
+void SettingsEntryTest::vanishesInLinearTime()
+{
+    const auto vanish = [](int size) -> qint64 {
+        const QByteArray path = "deep" + QByteArray("/a").repeated(size);
+        install(text("deep.json"), {R"({"path": ")" + path + R"("})"});
+        const WatchedEntry entry(path.constData());
+        CpuTimer timer;
+        timer.start();
+        uninstall(text("deep.json"));
+        return entry.isAsAnnounced() && !entry.exists() ? timer.nsecsElapsed() : -1;
+    };
+    QVERIFY(Growth::isLinear(vanish, 200));
 }
 
 void SettingsEntryTest::countsChildren()

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QDebug>
 #include <QString>
 #include <QStringList>
@@ -14,10 +16,10 @@ struct LogText {
     QString text;
 };
 
-QDebug operator<<(QDebug debug, const LogText &text);
+VELKASETTINGS_PRIVATE_EXPORT QDebug operator<<(QDebug debug, const LogText &text);
 
 /// Returns @p value as QDebug prints it.
-LogText quoted(const QString &value);
+VELKASETTINGS_PRIVATE_EXPORT LogText quoted(const QString &value);
 /// Returns @p list in the form ("a", "b").
 LogText quoted(const QStringList &list);
 template<typename Value>

@@ -48,5 +48,11 @@ constexpr char SourceIsUser[] = "UserApplicationsFilterModel: the source model u
 constexpr char SourceIsOwn[] = "StableListModel: the source model uses this model";
 constexpr char AddressRefused[] = "AddressRequests: refused";
 constexpr char NameNotOwned[] = "AddressRequests: can't get the name";
+constexpr char CannotShowPage[] = "EntryPage: can't show the page of";
+constexpr char PageIsNoFile[] = "\"source\" is not the absolute path of a file";
+constexpr char PageIsNoItem[] = "the page is not an Item";
+constexpr char PageIsDeleted[] = "the page was deleted";
+constexpr char NoPage[] = "SettingsNavigation: there is no page for";
+constexpr char WrongNavigationState[] = "SettingsNavigation: not a saved state";
 constexpr char NoTree[] = "Cannot resolve object for a path without valid tree";
 }

@@ -217,12 +217,23 @@ void EntryWatcher::refresh(WatchedPath *path, bool isLanguageChanged, Changes *c
     changes->insert(path, change);
     const bool isInBreadcrumb = path->parent; // the root is not
     if (isInBreadcrumb && (change.hasUnknownTitles || hasOtherTitle(change.before, now))) {
-        const QVector<WatchedPath *> paths = subtree(path);
-        for (WatchedPath *below : paths) {
-            if (!changes->contains(below)) {
-                (*changes)[below].before = below->state;
+        markBreadcrumbs(path, changes);
+    }
+}
+
+/// Marks the breadcrumbs of @p top and all below it, but visits none twice: many on one path may have other titles.
+void EntryWatcher::markBreadcrumbs(WatchedPath *top, Changes *changes)
+{
+    QVector<WatchedPath *> paths{top};
+    while (!paths.isEmpty()) {
+        WatchedPath *path = paths.takeLast();
+        if (!changes->contains(path)) {
+            (*changes)[path].before = path->state;
+        }
+        if (!std::exchange((*changes)[path].hasOtherBreadcrumb, true)) {
+            for (WatchedPath *child : qAsConst(path->children)) {
+                paths.append(child);
             }
-            (*changes)[below].hasOtherBreadcrumb = true;
         }
     }
 }

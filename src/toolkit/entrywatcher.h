@@ -74,6 +74,7 @@ private:
     void update();
     QVector<WatchedPath *> takeDirty();
     static void refresh(WatchedPath *path, bool isLanguageChanged, Changes *changes);
+    static void markBreadcrumbs(WatchedPath *top, Changes *changes);
     static void notify(const Changes &changes);
 
     WatchedPath m_root;

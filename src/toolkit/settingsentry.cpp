@@ -4,6 +4,7 @@
 #include "toolkit/settingsentry.h"
 
 #include "common/constants.h"
+#include "toolkit/entrypath.h"
 #include "toolkit/entrywatcher.h"
 #include "toolkit/favoriteslist.h"
 
@@ -16,11 +17,6 @@
 
 namespace
 {
-QStringList namesOf(const QString &path)
-{
-    return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-}
-
 template<auto read>
 bool differs(const EntryChange &change)
 {
@@ -151,11 +147,11 @@ QVariantList SettingsEntry::breadcrumb() const
 
 QString SettingsEntry::parentPath() const
 {
-    QStringList names = namesOf(m_path);
+    QStringList names = EntryPath::names(m_path);
     if (!names.isEmpty()) {
         names.removeLast();
     }
-    return names.join(QLatin1Char('/'));
+    return EntryPath::joined(names);
 }
 
 int SettingsEntry::childCount() const
@@ -273,13 +269,13 @@ const EntryState &SettingsEntry::state() const
 
 QString SettingsEntry::normalizedPath() const
 {
-    return namesOf(m_path).join(QLatin1Char('/'));
+    return EntryPath::normalized(m_path);
 }
 
 /// Follows the path and the keys.
 void SettingsEntry::watch()
 {
-    const QStringList names = namesOf(m_path);
+    const QStringList names = EntryPath::names(m_path);
     const WatchedPath *before = m_watched;
     m_watched = names.isEmpty() ? nullptr : EntryWatcher::instance()->watch(names, this);
     if (before) { // afterwards, so that what both have in common stays

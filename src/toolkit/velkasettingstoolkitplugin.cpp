@@ -6,7 +6,9 @@
 #include "toolkit/addressrequests.h"
 #include "toolkit/entryaction.h"
 #include "toolkit/platformservices.h"
+#include "toolkit/entrypage.h"
 #include "toolkit/settingsentry.h"
+#include "toolkit/settingsnavigation.h"
 #include "toolkit/stablelistmodel.h"
 
 #include <qqml.h>
@@ -21,6 +23,8 @@ void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
     qmlRegisterSingletonType<PlatformServices>(
         uri, 1, 0, "PlatformServices",
         [](QQmlEngine *, QJSEngine *) -> QObject * { return new PlatformServices; });
+    qmlRegisterType<EntryPage>(uri, 1, 0, "EntryPage");
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
+    qmlRegisterType<SettingsNavigation>(uri, 1, 0, "SettingsNavigation");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }

@@ -37,6 +37,7 @@
  *   json NAME file       is not a registration file, but a file like those of cpp.
  *   qml                  is a document that can be created with the entries of all json blocks. It prints its
  *                        console block and no warning. In its output its own path is page.qml.
+ *   qml PATH             is the page of an entry, which qml blocks show. It is written to that path.
  *   cpp NAME, cmake NAME  are files in the directory in which the document's sh blocks run.
  *   sh                   is run. Its output ends with its console block. Commands of the project itself are not run
  *                        (scripts/test would run this test again): their names, options and presets are checked.
@@ -91,6 +92,12 @@ void writeFile(const QString &path, const QString &text)
 bool isBlacklist(const CodeBlock &block)
 {
     return block.name == QFileInfo(s_blacklist).fileName();
+}
+
+/// Returns true if @p block is the file of a page.
+bool isPage(const CodeBlock &block)
+{
+    return block.language == QLatin1String("qml") && !block.name.isEmpty();
 }
 
 /// Returns true if @p block is a file that sh blocks use.
@@ -169,6 +176,9 @@ void DocsTest::initTestCase()
         if (block.language == QLatin1String("json") && !isBlacklist(block) && !isFile(block)) {
             QVERIFY2(!QFile::exists(s_entries + block.name), qPrintable(block.name));
             writeFile(s_entries + block.name, block.text);
+        } else if (isPage(block)) {
+            QVERIFY(QDir().mkpath(QFileInfo(block.name).path()));
+            writeFile(block.name, block.text);
         }
     }
     const MessageLog log; // the messages of each file are checked below
@@ -251,6 +261,10 @@ void DocsTest::checkQml(const CodeBlock &block)
     const QString page = QStringLiteral("page.qml");
     const QUrl place = QUrl::fromLocalFile(QFileInfo(block.document).dir().filePath(page));
     component.setData(block.text.toUtf8(), place);
+    if (isPage(block)) {
+        QVERIFY2(component.isReady(), qPrintable(component.errorString()));
+        return;
+    }
     std::unique_ptr<QObject> object(component.create());
     QVERIFY2(object, qPrintable(component.errorString()));
     const QString expected = block.output.join(QLatin1Char('\n'));

@@ -3,27 +3,36 @@
 
 #pragma once
 
+#include "propertylog.h"
+#include "text.h"
 #include "toolkit/settingsentry.h"
+
+#include <optional>
 
 /// An entry with the values that its signals have announced.
 class WatchedEntry : public SettingsEntry
 {
-    Q_OBJECT
-
 public:
-    explicit WatchedEntry(const char *path = "");
+    explicit WatchedEntry(const char *path = "")
+    {
+        setPath(text(path));
+        m_log.emplace(this, staticMetaObject);
+    }
 
     /// Returns the names of the properties whose change was announced since the last call, sorted.
-    QStringList takeChanges();
+    QStringList takeChanges()
+    {
+        QStringList changes = m_log->take();
+        changes.sort();
+        return changes;
+    }
 
     /// Returns true if each property has the value that was announced last, and none was announced without a change.
-    bool isAsAnnounced() const;
-
-private Q_SLOTS:
-    void record();
+    bool isAsAnnounced() const
+    {
+        return m_log->isRight();
+    }
 
 private:
-    QVariantMap m_values;
-    QStringList m_changes;
-    bool m_announcesOnlyChanges = true;
+    std::optional<PropertyLog> m_log;
 };
