@@ -18,7 +18,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QLocale>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickWindow>
@@ -105,7 +104,7 @@ int main(int argc, char *argv[])
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Registration files."));
     parser.process(application);
     if (parser.isSet(s_locale)) {
-        QLocale::setDefault(QLocale(parser.value(s_locale)));
+        setLocale(parser.value(s_locale));
     }
     MGConfItem masked(QStringLiteral("/apps/velka-settings/maskedSettings"));
     masked.set(parser.values(s_mask));
