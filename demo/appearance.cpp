@@ -79,7 +79,15 @@ public:
 
 QPalette darkPalette()
 {
-    QPalette palette(QColor(0x31, 0x36, 0x3b), QColor(0x2a, 0x2e, 0x32)); // buttons, windows
+    QPalette palette;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor(0xfc, 0xfc, 0xfc));
+        palette.setColor(QPalette::Disabled, role, QColor(0xa1, 0xa9, 0xb1));
+    }
+    for (const auto role : {QPalette::Window, QPalette::ToolTipBase}) {
+        palette.setColor(role, QColor(0x2a, 0x2e, 0x32));
+    }
+    palette.setColor(QPalette::Button, QColor(0x31, 0x36, 0x3b));
     palette.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
     palette.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
     palette.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));

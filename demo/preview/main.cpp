@@ -3,6 +3,7 @@
 
 #include "appearance.h"
 #include "catalogwatcher.h"
+#include "keyboarduse.h"
 #include "maintenanceinterface.h"
 #include "pluginregistry.h"
 #include "previewedfiles.h"
@@ -137,7 +138,9 @@ int main(int argc, char *argv[])
     }
     showProblems(&files, engine.rootObjects().constFirst());
     warnOfMissingIcons();
-    PreviewTour tour(qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst()),
+    auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    new KeyboardUse(window);
+    PreviewTour tour(window,
                      top.value(QStringLiteral("topPath")).toStringList(),
                      PageFiles(parser.values(s_root), parser.positionalArguments()));
     if (!act(&tour, parser)) {
