@@ -7,12 +7,16 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QLocale>
 #include <QMutex>
+#include <QPalette>
 #include <QString>
 #include <QStringList>
+#include <QTranslator>
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 
 namespace
 {
@@ -54,6 +58,44 @@ void countWarnings(QtMsgType type, const QMessageLogContext &context, const QStr
     }
     s_printMessage(type, context, message);
 }
+
+/// Qt looks up the direction of the layout as a text, whenever a translator is installed.
+class DirectionTranslator : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+
+    bool isEmpty() const override
+    {
+        return false;
+    }
+
+    QString translate(const char *, const char *sourceText, const char *, int) const override
+    {
+        const bool isDirection = std::strcmp(sourceText, "QT_LAYOUT_DIRECTION") == 0;
+        return isDirection ? QStringLiteral("RTL") : QString();
+    }
+};
+
+QPalette darkPalette()
+{
+    QPalette palette;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor(0xfc, 0xfc, 0xfc));
+        palette.setColor(QPalette::Disabled, role, QColor(0xa1, 0xa9, 0xb1));
+    }
+    for (const auto role : {QPalette::Window, QPalette::ToolTipBase}) {
+        palette.setColor(role, QColor(0x2a, 0x2e, 0x32));
+    }
+    palette.setColor(QPalette::Button, QColor(0x31, 0x36, 0x3b));
+    palette.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
+    palette.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
+    palette.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x5f, 0xbd, 0xf2));
+    palette.setColor(QPalette::LinkVisited, QColor(0xb8, 0x8f, 0xe0));
+    return palette;
+}
 }
 
 void prepareApplication()
@@ -63,12 +105,24 @@ void prepareApplication()
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
-void setAppearance()
+void setAppearance(const Appearance &appearance)
 {
     // The offscreen platform has no directory of icons.
     QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() << QStringLiteral("/usr/share/icons"));
-    QIcon::setThemeName(QStringLiteral("breeze"));
-    QGuiApplication::setFont(QFont(QStringLiteral("Noto Sans"), 10));
+    QIcon::setThemeName(appearance.dark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
+    QGuiApplication::setFont(QFont(QStringLiteral("Noto Sans"), qRound(10 * appearance.textScale)));
+    if (appearance.dark) {
+        QGuiApplication::setPalette(darkPalette());
+    }
+}
+
+void setLocale(const QString &name)
+{
+    const QLocale locale(name);
+    QLocale::setDefault(locale);
+    if (locale.textDirection() == Qt::RightToLeft) {
+        QCoreApplication::installTranslator(new DirectionTranslator(QCoreApplication::instance()));
+    }
 }
 
 int warningCount()

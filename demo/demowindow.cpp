@@ -3,6 +3,8 @@
 
 #include "demowindow.h"
 
+#include "keyboarduse.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QQmlContext>
@@ -25,7 +27,11 @@ QQuickWindow *DemoWindow::open(const QVariantMap &properties)
     m_engine.setInitialProperties(properties);
     m_engine.load(QStringLiteral("qrc:/qml/Main.qml"));
     const QList<QObject *> windows = m_engine.rootObjects();
-    return windows.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(windows.constFirst());
+    auto *const window = windows.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(windows.constFirst());
+    if (window) {
+        new KeyboardUse(window);
+    }
+    return window;
 }
 
 RegistrationFiles *DemoWindow::files()

@@ -12,7 +12,6 @@
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
-#include <QLocale>
 #include <QQuickWindow>
 #include <QTextStream>
 
@@ -26,6 +25,10 @@ const QCommandLineOption s_locale(QStringLiteral("locale"), QStringLiteral("Loca
                                   QStringLiteral("LOCALE"));
 const QCommandLineOption s_wide(QStringLiteral("wide"),
                                 QStringLiteral("Open a wide window, not a phone-sized one."));
+const QCommandLineOption s_dark(QStringLiteral("dark"), QStringLiteral("Use dark colours."));
+const QCommandLineOption s_textScale(QStringLiteral("text-scale"),
+                                     QStringLiteral("Show the texts FACTOR times as large."),
+                                     QStringLiteral("FACTOR"), QStringLiteral("1"));
 const QCommandLineOption s_tree(QStringLiteral("tree"), QStringLiteral("Print the tree of entries and quit."));
 const QCommandLineOption s_screenshots(QStringLiteral("screenshots"),
                                        QStringLiteral("Save a picture of every page into DIR and quit."),
@@ -65,11 +68,11 @@ int main(int argc, char *argv[])
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("address"), QStringLiteral("Path or URL of the entry to open."),
                                  QStringLiteral("[PATH|URL]"));
-    parser.addOptions({s_packages, s_locale, s_wide, s_tree, s_screenshots, s_tour});
+    parser.addOptions({s_packages, s_locale, s_wide, s_dark, s_textScale, s_tree, s_screenshots, s_tour});
     parser.process(application);
 
     if (parser.isSet(s_locale)) {
-        QLocale::setDefault(QLocale(parser.value(s_locale)));
+        setLocale(parser.value(s_locale));
         // The language of names in desktop files depends on the environment.
         qputenv("LANGUAGE", parser.value(s_locale).toUtf8());
     }
@@ -79,7 +82,7 @@ int main(int argc, char *argv[])
         return 0;
     }
 
-    setAppearance();
+    setAppearance({parser.isSet(s_dark), parser.value(s_textScale).toDouble()});
     const bool takesPictures = parser.isSet(s_screenshots) || parser.isSet(s_tour);
     DemoWindow demo(parser.value(s_packages));
     QQuickWindow *const window = demo.open({

@@ -3,6 +3,7 @@
 
 #include "appearance.h"
 #include "catalogwatcher.h"
+#include "keyboarduse.h"
 #include "maintenanceinterface.h"
 #include "pluginregistry.h"
 #include "previewedfiles.h"
@@ -18,7 +19,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QLocale>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickWindow>
@@ -105,7 +105,7 @@ int main(int argc, char *argv[])
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Registration files."));
     parser.process(application);
     if (parser.isSet(s_locale)) {
-        QLocale::setDefault(QLocale(parser.value(s_locale)));
+        setLocale(parser.value(s_locale));
     }
     MGConfItem masked(QStringLiteral("/apps/velka-settings/maskedSettings"));
     masked.set(parser.values(s_mask));
@@ -138,7 +138,9 @@ int main(int argc, char *argv[])
     }
     showProblems(&files, engine.rootObjects().constFirst());
     warnOfMissingIcons();
-    PreviewTour tour(qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst()),
+    auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    new KeyboardUse(window);
+    PreviewTour tour(window,
                      top.value(QStringLiteral("topPath")).toStringList(),
                      PageFiles(parser.values(s_root), parser.positionalArguments()));
     if (!act(&tour, parser)) {

@@ -67,12 +67,11 @@ Kirigami.ScrollablePage {
         }
     }
 
-    ListView {
+    PageList {
         id: list
         model: page.entries
         cacheBuffer: 4000
-        currentIndex: applicationWindow().openRow(page.entries, page.column)
-        highlightMoveDuration: 0
+        openRow: applicationWindow().openRow(page.entries, page.column)
         section.property: "category"
         bottomMargin: Kirigami.Units.largeSpacing
         header: Column {

@@ -31,15 +31,24 @@ CardRow {
     readonly property bool notifies: notificationChanges >= 0
         && view.model.data(view.model.index(index, 0), ApplicationSettingsModel.NotificationsEnabledRole) === true
 
-    objectName: "application " + fileId
-    textX: label.x
+    readonly property int rowFocusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    readonly property bool containsFocus: activeFocus || notifier.activeFocus || toggle.activeFocus
 
-    function subtitle() {
+    objectName: "application " + fileId
+    focusPolicy: rowFocusPolicy
+    title: name
+    subtitle: {
         if (editsAllowlist && alwaysAllowed) {
             return qsTrId("settings-la-always_allowed")
         }
         return section ? section.shortTitle || section.title : ""
     }
+    onContainsFocusChanged: {
+        if (containsFocus) {
+            view.currentIndex = index
+        }
+    }
+    textItem: label
 
     // A tap removes the binding of a button's state, so it is set again.
     contentItem: RowLayout {
@@ -53,12 +62,16 @@ CardRow {
         }
         EntryLabel {
             id: label
+            inButton: true
             Layout.fillWidth: true
-            title: row.name
-            subtitle: row.subtitle()
+            title: row.title
+            subtitle: row.subtitle
         }
         Controls.ToolButton {
+            id: notifier
             objectName: "notify " + row.fileId
+            focusPolicy: row.rowFocusPolicy
+            Accessible.description: row.name
             visible: row.applicationId !== ""
             icon.name: row.notifies ? "notifications" : "notifications-disabled"
             text: qsTrId("settings-bt-notify")
@@ -72,7 +85,13 @@ CardRow {
             }
         }
         Toggle {
+            id: toggle
             objectName: "selected " + row.fileId
+            focusPolicy: row.rowFocusPolicy
+            Accessible.name: row.editsAllowlist
+                ? qsTrId("settings-bt-allowed_apps")
+                : qsTrId("settings-bt-autostarted_apps")
+            Accessible.description: row.name
             enabled: row.editsAllowlist ? row.restricted && !row.alwaysAllowed : true
             checked: row.selected
             onToggled: {

@@ -56,22 +56,30 @@ Column {
     }
 
     CardRow {
+        id: switchRow
         width: header.width - header.leftPadding - header.rightPadding
+        title: header.autostart
+            ? qsTrId("settings-la-autostarted_only")
+            : qsTrId("settings-la-allowed_only")
+        subtitle: qsTrId("settings-la-selected_apps").arg(header.selectedCount).arg(ApplicationsModel.count)
+        focusPolicy: Qt.NoFocus // its switch has the focus
+        Accessible.ignored: true
 
         contentItem: RowLayout {
             spacing: Kirigami.Units.largeSpacing
 
             EntryLabel {
                 Layout.fillWidth: true
-                title: header.autostart
-                    ? qsTrId("settings-la-autostarted_only")
-                    : qsTrId("settings-la-allowed_only")
-                subtitle: qsTrId("settings-la-selected_apps").arg(header.selectedCount).arg(ApplicationsModel.count)
+                inButton: true
+                title: switchRow.title
+                subtitle: switchRow.subtitle
             }
             Toggle {
                 id: toggle
                 objectName: "restricted"
                 checked: header.restricted
+                Accessible.name: switchRow.title
+                Accessible.description: switchRow.subtitle
                 onToggled: {
                     ApplicationsModel.filterModeEnabled = checked
                     checked = Qt.binding(() => header.restricted)

@@ -100,7 +100,7 @@ Kirigami.ScrollablePage {
         filter: ApplicationsModel.filterMode
     }
 
-    ListView {
+    PageList {
         id: list
         model: page.selectedOnly ? selected : ApplicationsModel
         cacheBuffer: 4000

@@ -9,11 +9,15 @@ import org.kde.kirigami 2.19 as Kirigami
 Controls.AbstractButton {
     id: row
 
+    property string title
+    property string subtitle
     property alias first: background.first
     property alias last: background.last
     property bool current: false
-    property real textX: 0 // the position of the row's text in its content
+    property Item textItem: null // the separator below the row begins where it does
 
+    Accessible.name: title
+    Accessible.description: subtitle
     leftPadding: Kirigami.Units.largeSpacing
     rightPadding: Kirigami.Units.largeSpacing
     topPadding: Kirigami.Units.largeSpacing
@@ -27,15 +31,25 @@ Controls.AbstractButton {
             ? Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor, Kirigami.Theme.highlightColor, 0.2)
             : Kirigami.Theme.backgroundColor
 
+        readonly property real textInset: {
+            if (!row.textItem) {
+                return 0
+            }
+            return row.mirrored ? row.availableWidth - row.textItem.x - row.textItem.width : row.textItem.x
+        }
+
         Kirigami.Separator {
             visible: !row.last
             anchors {
                 left: parent.left
                 right: parent.right
                 bottom: parent.bottom
-                leftMargin: row.leftPadding + row.textX
+                leftMargin: row.leftPadding + background.textInset
             }
             opacity: 0.5
+        }
+        FocusFrame {
+            control: row
         }
     }
 }

@@ -15,11 +15,10 @@ Column {
     visible: repeater.count > 0
     spacing: Kirigami.Units.smallSpacing
 
-    PlainLabel {
+    HeadingLabel {
         id: headingLabel
         x: Kirigami.Units.largeSpacing
-        font.bold: true
-        color: Kirigami.Theme.linkColor
+        width: card.width - 2 * x
     }
 
     Controls.Control {

@@ -12,7 +12,7 @@ Kirigami.OverlayDrawer {
 
     readonly property alias list: list
 
-    edge: Qt.RightEdge
+    edge: Qt.application.layoutDirection === Qt.RightToLeft ? Qt.LeftEdge : Qt.RightEdge
     drawerOpen: false
     handleVisible: false
     leftPadding: 0
@@ -27,6 +27,7 @@ Kirigami.OverlayDrawer {
         ListView {
             id: list
             clip: true
+            cacheBuffer: 4000 // the tabulator key follows the order in which rows are created
             model: registrationFiles
             header: drawerHeader
             footer: drawerFooter
@@ -98,6 +99,7 @@ Kirigami.OverlayDrawer {
                     Controls.ToolButton {
                         icon.name: "view-visible"
                         text: qsTrId("settings-bt-unmask")
+                        Accessible.description: modelData
                         onClicked: registrationFiles.setPathMasked(modelData, false)
                     }
                 }

@@ -9,11 +9,9 @@ import org.kde.kirigami 2.19 as Kirigami
 CardRow {
     id: button
 
-    property string title
-    property string subtitle
     property string iconName
 
-    textX: label.x
+    textItem: label
 
     contentItem: RowLayout {
         spacing: Kirigami.Units.largeSpacing
@@ -23,15 +21,12 @@ CardRow {
         }
         EntryLabel {
             id: label
+            inButton: true
             Layout.fillWidth: true
             title: button.title
             subtitle: button.subtitle
         }
-        Kirigami.Icon {
-            implicitWidth: Kirigami.Units.iconSizes.small
-            implicitHeight: implicitWidth
-            source: "go-next-symbolic"
-            isMask: true
+        NextIcon {
             color: Kirigami.Theme.textColor
             opacity: 0.5
         }

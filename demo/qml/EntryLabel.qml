@@ -4,7 +4,11 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 
+/// A title above a subtitle.
 Item {
+    id: label
+
+    property bool inButton: false // then the button has the texts as its name and its description
     property alias title: titleLabel.text
     property alias subtitle: subtitleLabel.text
 
@@ -17,11 +21,13 @@ Item {
 
         PlainLabel {
             id: titleLabel
+            Accessible.ignored: label.inButton
             width: parent.width
             wrapMode: Text.Wrap
         }
         SecondaryLabel {
             id: subtitleLabel
+            Accessible.ignored: label.inButton
             width: parent.width
             visible: text !== ""
             font: Kirigami.Theme.smallFont

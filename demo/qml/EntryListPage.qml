@@ -44,15 +44,14 @@ Kirigami.ScrollablePage {
         onTriggered: applicationWindow().setDrawerOpen(!applicationWindow().contextDrawer.drawerOpen)
     }
 
-    ListView {
+    PageList {
         id: list
         model: page.entries
         // Creates all rows at once, because the list only estimates the heights of rows that do not exist yet.
         cacheBuffer: 4000
-        currentIndex: applicationWindow().openRow(page.entries, page.column)
-        highlightMoveDuration: 0
+        openRow: applicationWindow().openRow(page.entries, page.column)
         // The tapped row stays visible when its page makes the list narrower.
-        onWidthChanged: positionViewAtIndex(currentIndex, ListView.Center)
+        onWidthChanged: positionViewAtIndex(openRow, ListView.Center)
         section.property: "category"
         topMargin: Kirigami.Units.largeSpacing
         bottomMargin: Kirigami.Units.largeSpacing

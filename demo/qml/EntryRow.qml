@@ -3,14 +3,14 @@
 
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
-import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
 
 /// A row of a list of entries. The name of the category is above its first row.
-Column {
+FocusScope {
     id: row
 
+    required property int index
     required property var object
     required property string category
     property bool showsCategory
@@ -19,54 +19,76 @@ Column {
     readonly property var path: object.location()
     readonly property bool first: ListView.previousSection !== ListView.section
     readonly property bool last: ListView.nextSection !== ListView.section
+    readonly property int focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
 
-    Controls.AbstractButton {
-        visible: row.showsCategory && row.first
-        x: Kirigami.Units.gridUnit
-        topPadding: Kirigami.Units.gridUnit
-        bottomPadding: Kirigami.Units.smallSpacing
-        onClicked: applicationWindow().openEntry(row.path.slice(0, -1), row.column)
-
-        contentItem: RowLayout {
-            spacing: Kirigami.Units.smallSpacing
-
-            PlainLabel {
-                text: row.category
-                font.bold: true
-                color: Kirigami.Theme.linkColor
-            }
-            Kirigami.Icon {
-                implicitWidth: Kirigami.Units.iconSizes.small
-                implicitHeight: implicitWidth
-                source: "go-next-symbolic"
-                isMask: true
-                color: Kirigami.Theme.linkColor
-            }
+    implicitHeight: column.height
+    onActiveFocusChanged: {
+        if (activeFocus) {
+            ListView.view.currentIndex = index
         }
     }
 
-    EntryButton {
-        objectName: "entry " + row.path.join("/")
-        x: Kirigami.Units.largeSpacing
-        width: row.width - 2 * x
-        first: row.first
-        last: row.last
-        current: row.ListView.isCurrentItem
-        iconName: row.object.icon
-        title: row.object.title
-        subtitle: row.object.shortTitle || childTitles.join(", ")
-        onClicked: applicationWindow().openEntry(row.path, row.column)
+    Column {
+        id: column
+        width: parent.width
 
-        readonly property var childTitles: {
-            const titles = []
-            for (let i = 0; i < children.count; ++i) {
-                titles.push(children.objectAt(i).title)
+        Controls.AbstractButton {
+            id: category
+            visible: row.showsCategory && row.first
+            focusPolicy: row.focusPolicy
+            Accessible.name: row.category
+            anchors {
+                left: parent.left
+                leftMargin: Kirigami.Units.gridUnit
             }
-            return titles
+            topPadding: Kirigami.Units.gridUnit
+            bottomPadding: Kirigami.Units.smallSpacing
+            onClicked: applicationWindow().openEntry(row.path.slice(0, -1), row.column)
+
+            background: FocusFrame {
+                control: category
+            }
+            contentItem: Row {
+                spacing: Kirigami.Units.smallSpacing
+
+                HeadingLabel {
+                    id: heading
+                    Accessible.ignored: true
+                    width: Math.min(implicitWidth, row.width - 4 * Kirigami.Units.gridUnit)
+                    text: row.category
+                }
+                NextIcon {
+                    anchors.verticalCenter: heading.verticalCenter
+                    color: heading.color
+                }
+            }
         }
-        readonly property SettingsModel children: SettingsModel {
-            path: row.path
-            depth: 1
+
+        EntryButton {
+            objectName: "entry " + row.path.join("/")
+            x: Kirigami.Units.largeSpacing
+            width: row.width - 2 * x
+            first: row.first
+            last: row.last
+            focus: true
+            focusPolicy: row.focusPolicy
+            current: row.index === row.ListView.view.openRow
+            iconName: row.object.icon
+            title: row.object.title
+            subtitle: row.object.shortTitle || childTitles.join(", ")
+            onClicked: applicationWindow().openEntry(row.path, row.column)
+
+            readonly property var childTitles: {
+                const titles = []
+                for (let i = 0; i < children.count; ++i) {
+                    titles.push(children.objectAt(i).title)
+                }
+                return titles
+            }
+            readonly property SettingsModel children: SettingsModel {
+                path: row.path
+                depth: 1
+            }
         }
     }
 }

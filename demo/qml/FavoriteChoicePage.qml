@@ -31,7 +31,7 @@ Kirigami.ScrollablePage {
         filter: [page.kinds[page.kind].filter]
     }
 
-    ListView {
+    PageList {
         id: list
         model: choices
         bottomMargin: Kirigami.Units.largeSpacing

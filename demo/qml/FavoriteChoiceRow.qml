@@ -6,10 +6,11 @@ import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
-/// An entry with a star, which shows and changes whether it is a favourite.
-Controls.Control {
+/// An entry with a star, which shows whether it is a favourite. A tap changes it.
+Controls.AbstractButton {
     id: row
 
+    required property int index
     required property var object
     required property bool favorite
     property Favorites favorites
@@ -21,6 +22,31 @@ Controls.Control {
     topPadding: Kirigami.Units.smallSpacing
     bottomPadding: Kirigami.Units.smallSpacing
 
+    objectName: "star " + path.join("/")
+    focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: label.title
+    Accessible.description: label.subtitle
+    Accessible.checkable: true
+    Accessible.checked: favorite
+    onActiveFocusChanged: {
+        if (activeFocus) {
+            ListView.view.currentIndex = index
+        }
+    }
+    onClicked: {
+        const path = row.path.join("/")
+        if (row.favorite) {
+            row.favorites.removeFavorite(path)
+        } else {
+            row.favorites.addFavorite(path)
+        }
+    }
+
+    background: FocusFrame {
+        control: row
+    }
+
     contentItem: RowLayout {
         spacing: Kirigami.Units.largeSpacing
 
@@ -28,23 +54,18 @@ Controls.Control {
             name: row.object ? row.object.icon : ""
         }
         EntryLabel {
+            id: label
+            inButton: true
             Layout.fillWidth: true
             title: row.object ? row.object.title : ""
             subtitle: applicationWindow().titlesAbove(row.path)
         }
-        Controls.ToolButton {
-            objectName: "star " + row.path.join("/")
-            icon.name: row.favorite ? "starred-symbolic" : "non-starred-symbolic"
-            text: row.favorite ? qsTrId("settings-bt-remove") : qsTrId("settings-bt-add")
-            display: Controls.AbstractButton.IconOnly
-            onClicked: {
-                const path = row.path.join("/")
-                if (row.favorite) {
-                    row.favorites.removeFavorite(path)
-                } else {
-                    row.favorites.addFavorite(path)
-                }
-            }
+        Kirigami.Icon {
+            implicitWidth: Kirigami.Units.iconSizes.small
+            implicitHeight: implicitWidth
+            source: row.favorite ? "starred-symbolic" : "non-starred-symbolic"
+            isMask: true
+            color: Kirigami.Theme.textColor
         }
     }
 }

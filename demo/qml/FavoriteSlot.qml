@@ -7,7 +7,7 @@ import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 
 /// A cell of a view with its favourite, which the user can drag to another cell while the view is editing.
-Item {
+FocusScope {
     id: slot
 
     required property int index
@@ -26,6 +26,13 @@ Item {
     width: view.cellWidth
     height: view.cellHeight
     z: grip.pressed ? 1 : 0
+    onActiveFocusChanged: {
+        if (activeFocus) {
+            view.currentIndex = index
+        }
+    }
+
+    readonly property int focusPolicy: GridView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
 
     function moveTo(row) {
         if (row >= 0 && row < view.count && row !== index) {
@@ -54,6 +61,10 @@ Item {
     Controls.AbstractButton {
         id: button
 
+        focus: true
+        focusPolicy: slot.focusPolicy
+        Accessible.name: slot.title
+        Accessible.description: place.text
         // In its cell, or below the pointer that drags it.
         x: grip.pressed ? grip.pointer.x - grip.hold.x - slot.x : margin
         y: grip.pressed ? grip.pointer.y - grip.hold.y - slot.y : margin
@@ -74,9 +85,13 @@ Item {
         background: CardBackground {
             Kirigami.Theme.colorSet: Kirigami.Theme.View
             Kirigami.Theme.inherit: false
-            color: button.down || button.visualFocus || grip.pressed
+            color: button.down || grip.pressed
                 ? Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.backgroundColor, Kirigami.Theme.highlightColor, 0.2)
                 : Kirigami.Theme.backgroundColor
+
+            FocusFrame {
+                control: button
+            }
         }
 
         contentItem: GridLayout {
@@ -96,6 +111,7 @@ Item {
                 spacing: 0
 
                 PlainLabel {
+                    Accessible.ignored: true
                     Layout.fillWidth: true
                     Layout.alignment: Qt.AlignTop
                     horizontalAlignment: slot.tile ? Text.AlignHCenter : Text.AlignLeft
@@ -105,6 +121,8 @@ Item {
                     text: slot.title
                 }
                 SecondaryLabel {
+                    id: place
+                    Accessible.ignored: true
                     Layout.fillWidth: true
                     visible: !slot.tile && text !== ""
                     font: Kirigami.Theme.smallFont
@@ -145,6 +163,8 @@ Item {
         id: removal
         objectName: "remove " + slot.path.join("/")
         visible: slot.editing && !grip.pressed
+        focusPolicy: slot.focusPolicy
+        Accessible.description: slot.title
         anchors {
             right: parent.right
             top: slot.tile ? parent.top : undefined

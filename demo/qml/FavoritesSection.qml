@@ -30,11 +30,10 @@ Column {
         return ""
     }
 
-    PlainLabel {
+    HeadingLabel {
         id: headingLabel
         x: Kirigami.Units.largeSpacing
-        font.bold: true
-        color: Kirigami.Theme.linkColor
+        width: section.width - 2 * x
     }
 
     FavoritesView {

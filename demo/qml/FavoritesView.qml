@@ -16,6 +16,8 @@ GridView {
 
     implicitHeight: contentHeight
     interactive: false
+    keyNavigationEnabled: true
+    onWidthChanged: Qt.callLater(positionViewAtBeginning) // which a mirrored view loses
     cellWidth: Math.max(1, Math.floor(width / columns))
     cellHeight: Kirigami.Units.gridUnit * (tiles ? 6.5 : 3.5)
     delegate: FavoriteSlot {

@@ -11,6 +11,7 @@ Kirigami.ApplicationWindow {
 
     property bool wide: false
     property bool animated: true
+    property bool keyboardUsed: false
 
     /// The path and the depth of the model of the top page.
     property var topPath: ["system_settings"]
@@ -28,8 +29,9 @@ Kirigami.ApplicationWindow {
     title: qsTrId("settings-he-settings")
     width: wide ? 1180 : 412
     height: wide ? 760 : 870
-    minimumWidth: Kirigami.Units.gridUnit * 16
-    minimumHeight: Kirigami.Units.gridUnit * 20
+    // Large texts do not make the window larger than the screen of a phone.
+    minimumWidth: Math.min(Kirigami.Units.gridUnit * 16, 360)
+    minimumHeight: Math.min(Kirigami.Units.gridUnit * 20, 480)
 
     pageStack.globalToolBar.style: Kirigami.ApplicationHeaderStyle.ToolBar
     pageStack.globalToolBar.showNavigationButtons: Kirigami.ApplicationHeaderStyle.ShowBackButton
@@ -233,6 +235,10 @@ Kirigami.ApplicationWindow {
                 return
             }
         }
+    }
+
+    PageFocus {
+        window: window
     }
 
     SettingsModel {

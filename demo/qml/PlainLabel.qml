@@ -8,4 +8,6 @@ import QtQuick.Controls 2.15 as Controls
 /// images over the network.
 Controls.Label {
     textFormat: Text.PlainText
+    // An explicit alignment follows the direction of the layout, not that of an untranslated text.
+    horizontalAlignment: Text.AlignLeft
 }

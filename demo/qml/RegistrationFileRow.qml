@@ -48,6 +48,7 @@ Controls.Control {
         EntryLabel {
             Layout.fillWidth: true
             opacity: row.installed ? 1 : 0.6
+            inButton: true
             title: row.fileName
             subtitle: row.status()
         }
@@ -56,6 +57,7 @@ Controls.Control {
             icon.name: row.masked ? "view-hidden" : "view-visible"
             text: row.masked ? qsTrId("settings-bt-unmask") : qsTrId("settings-bt-hide")
             display: Controls.AbstractButton.IconOnly
+            Accessible.description: row.fileName
             checkable: true
             checked: row.masked
             onToggled: {
@@ -65,6 +67,8 @@ Controls.Control {
         }
         Toggle {
             checked: row.installed
+            Accessible.name: row.fileName
+            Accessible.description: row.status()
             onToggled: {
                 registrationFiles.setInstalled(row.index, checked)
                 checked = Qt.binding(() => row.installed)

@@ -16,12 +16,17 @@ RowLayout {
     spacing: Kirigami.Units.smallSpacing
 
     PlainLabel {
+        id: label
+        Accessible.ignored: true // the name of the choice
         Layout.fillWidth: true
+        Layout.preferredWidth: 1 // half of the row for each
         wrapMode: Text.Wrap
         text: applicationWindow().serviceTitle(row.service)
     }
     Controls.ComboBox {
-        Layout.preferredWidth: Kirigami.Units.gridUnit * 9
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        Accessible.name: label.text
         model: row.faults.map(fault => applicationWindow().faultTitle(fault))
         currentIndex: row.faults.indexOf(serviceFaults.faults[row.service])
         // A choice removes the binding, so it is set again.

@@ -10,6 +10,10 @@ Controls.Switch {
 
     opacity: enabled ? 1 : 0.5
 
+    background: FocusFrame {
+        control: toggle
+    }
+
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         x: toggle.leftPadding
@@ -24,7 +28,7 @@ Controls.Switch {
             readonly property int gap: 2
 
             anchors.verticalCenter: parent.verticalCenter
-            x: toggle.checked ? parent.width - width - gap : gap
+            x: toggle.checked !== toggle.mirrored ? parent.width - width - gap : gap
             width: height
             height: parent.height - 2 * gap
             radius: height / 2
