@@ -30,6 +30,7 @@ namespace
 /// The largest size of a file, in bytes for each of its nodes, whose text is kept: the rest of it may be anything.
 constexpr qint64 MaxTextOfNode = 4096;
 constexpr int MaxWarningsOfFile = 1000;
+constexpr QLatin1String EngineeringEnglish("_eng_en");
 
 QSet<QString> asSet(const QStringList &list)
 {
@@ -154,7 +155,8 @@ void EntryTree::insert(const FileReport &report)
 
 void EntryTree::insertEntries(const FileReport &report)
 {
-    const NodeData::Entries entries(new FileEntries(report.file->entries, report.content));
+    const NodeData::Entries entries(
+        new FileEntries(report.file->entries, report.content, catalogsOf(*report.file)));
     int pathless = 0;
     for (int index = 0; index < report.file->entries.size(); ++index) {
         const TreeItem *item = nullptr;
@@ -279,13 +281,21 @@ void EntryTree::loadCatalog(const QString &catalog)
         return;
     }
     const QString &directory = m_sources.translationsDirectory;
-    installCatalog(catalog + QLatin1String("_eng_en"), [&](CatalogTranslator *translator, const QString &name) {
+    installCatalog(catalog + EngineeringEnglish, [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(name, directory);
     });
     // The one installed last takes precedence.
     installCatalog(catalog, [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(QLocale(), name, QStringLiteral("-"), directory);
     });
+}
+
+FileCatalogs EntryTree::catalogsOf(const RegistrationFile &file) const
+{
+    const auto translatorsOf = [this](const QString &name) {
+        return FileCatalogs::Catalog{m_translators.value(name), m_translators.value(name + EngineeringEnglish)};
+    };
+    return {translatorsOf(file.complementaryTranslationCatalog), translatorsOf(file.translationCatalog)};
 }
 
 template<typename Load>

@@ -23,6 +23,7 @@ class QObject;
 class TreeItem;
 enum class EntryStatus;
 struct FileReport;
+struct RegistrationFile;
 
 /// The tree of the entries that the registration files of one directory declare, kept up to date file by file.
 class EntryTree
@@ -70,6 +71,7 @@ private:
     QSet<QString> filesToReload(const QSet<QString> &masked) const;
     /// Returns nothing if descriptors or memory are short.
     std::optional<QVector<FileReport>> readAll(const QSet<QString> &files);
+    FileCatalogs catalogsOf(const RegistrationFile &file) const;
     template<typename Load>
     void installCatalog(const QString &name, const Load &load);
 

@@ -7,19 +7,30 @@
 
 #include <QJsonObject>
 
-FileEntries::FileEntries(const QJsonArray &entries, const QByteArray &text)
+FileEntries::FileEntries(const QJsonArray &entries, const QByteArray &text, const FileCatalogs &catalogs)
     : m_entries(entries)
     , m_text(text)
+    , m_catalogs(catalogs)
 {
 }
 
 QJsonObject FileEntries::at(int index) const
 {
     if (m_entries.isEmpty()) {
-        m_entries = parseRegistrationFile(m_text, QString())->entries;
+        m_entries = parsed();
         m_text.clear();
     }
     return m_entries.at(index).toObject();
+}
+
+QJsonArray FileEntries::parsed() const
+{
+    return m_entries.isEmpty() ? parseRegistrationFile(m_text, QString())->entries : m_entries;
+}
+
+const FileCatalogs &FileEntries::catalogs() const
+{
+    return m_catalogs;
 }
 
 void FileEntries::forget()

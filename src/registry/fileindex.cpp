@@ -8,9 +8,14 @@
 
 #include <utility>
 
-void FileIndex::setObserver(NodeObserver *observer)
+void FileIndex::addObserver(NodeObserver *observer)
 {
-    m_observer = observer;
+    m_observers.append(observer);
+}
+
+void FileIndex::removeObserver(NodeObserver *observer)
+{
+    m_observers.removeOne(observer);
 }
 
 void FileIndex::add(TreeItem *item)
@@ -18,8 +23,8 @@ void FileIndex::add(TreeItem *item)
     if (!item->parentItem()) {
         return;
     }
-    if (m_observer) {
-        m_observer->nodeEntered(item);
+    for (NodeObserver *observer : qAsConst(m_observers)) {
+        observer->nodeEntered(item);
     }
     if (item->isDeclared()) {
         QVector<TreeItem *> &declared = m_declared[item->fromFile()];
@@ -32,8 +37,8 @@ void FileIndex::add(TreeItem *item)
 
 void FileIndex::remove(TreeItem *item)
 {
-    if (m_observer) {
-        m_observer->nodeLeaves(item);
+    for (NodeObserver *observer : qAsConst(m_observers)) {
+        observer->nodeLeaves(item);
     }
     const int position = std::exchange(TreeItemPrivate::of(item)->indexPosition, -1);
     if (position < 0) {
@@ -59,6 +64,11 @@ void FileIndex::replace(const QString &file)
 QSet<QString> FileIndex::takeReplaced()
 {
     return std::exchange(m_replaced, {});
+}
+
+QStringList FileIndex::files() const
+{
+    return m_declared.keys();
 }
 
 bool FileIndex::contains(const QString &file) const

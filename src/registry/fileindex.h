@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QHash>
 #include <QPointer>
 #include <QSet>
+#include <QStringList>
 #include <QVector>
 
 class NodeObserver;
@@ -15,11 +18,12 @@ class TreeItem;
  * Finds the nodes that unloading a file may remove, without walking the tree: the nodes that each file declared, and
  * undeclared leaves. The tree's nodes keep it up to date; the root, which is never removed, is not in it.
  */
-class FileIndex
+class VELKASETTINGS_PRIVATE_EXPORT FileIndex
 {
 public:
-    /// @p observer is notified of what is added and removed from now on. It may be null.
-    void setObserver(NodeObserver *observer);
+    /// Notifies @p observer of what is added and removed from now on.
+    void addObserver(NodeObserver *observer);
+    void removeObserver(NodeObserver *observer);
 
     void add(TreeItem *item);
     void remove(TreeItem *item);
@@ -29,6 +33,7 @@ public:
     /// Returns the files of replaced data since the last call.
     QSet<QString> takeReplaced();
 
+    QStringList files() const; ///< those that declared nodes, in any order
     bool contains(const QString &file) const; ///< it declared nodes that are in the tree
     QVector<TreeItem *> declaredBy(const QString &file) const;
     /// Returns the nodes of @p files and the undeclared leaves. Guarded, because removing one may remove others.
@@ -38,5 +43,5 @@ private:
     QHash<QString, QVector<TreeItem *>> m_declared; ///< in any order; each node knows its position
     QSet<TreeItem *> m_undeclaredLeaves;
     QSet<QString> m_replaced;
-    NodeObserver *m_observer = nullptr;
+    QVector<NodeObserver *> m_observers;
 };

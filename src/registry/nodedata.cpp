@@ -71,6 +71,16 @@ bool NodeData::operator==(const NodeData &other) const
     return isSameEntry || toMap() == other.toMap();
 }
 
+NodeData::Entries NodeData::fileEntries() const
+{
+    return m_entries;
+}
+
+int NodeData::entryIndex() const
+{
+    return m_index;
+}
+
 int NodeData::order() const
 {
     return m_order;
@@ -79,7 +89,7 @@ int NodeData::order() const
 void NodeData::keepEntryAlone()
 {
     if (m_entries) {
-        m_entries = Entries(new FileEntries({m_entries->at(m_index)}));
+        m_entries = Entries(new FileEntries({m_entries->at(m_index)}, {}, m_entries->catalogs()));
         m_index = 0;
     }
 }

@@ -28,6 +28,8 @@ public:
     QVariantMap toMap() const;
     QString fromFile() const; ///< null when no file declared the node
     bool operator==(const NodeData &other) const; ///< compares the values; at once for the same entry
+    Entries fileEntries() const; ///< the entries of the file, null when no file declared the node
+    int entryIndex() const; ///< the place of the node's entry among them
     int order() const; ///< "order" as an int, 100 when it is missing or null
 
     /// Releases the other entries of the file.

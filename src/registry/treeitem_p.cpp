@@ -36,9 +36,9 @@ void TreeItemPrivate::setIndex(FileIndex *index)
     }
 }
 
-void TreeItemPrivate::setObserver(NodeObserver *observer)
+FileIndex *TreeItemPrivate::index() const
 {
-    m_index->setObserver(observer);
+    return m_index;
 }
 
 TreeItem *TreeItemPrivate::insert(const QStringList &path, const NodeData &data)

@@ -22,8 +22,8 @@ public:
 
     /// From now on updates @p index with changes of this subtree. The index must outlive the subtree.
     void setIndex(FileIndex *index);
-    /// Notifies @p observer of the changes of the tree that this node is in, which must have an index.
-    VELKASETTINGS_PRIVATE_EXPORT void setObserver(NodeObserver *observer);
+    /// Returns the index of the tree that this node is in, null without one.
+    VELKASETTINGS_PRIVATE_EXPORT FileIndex *index() const;
     /// Sets the data of the node at @p path, and creates the nodes that are missing on the way. Returns that node.
     TreeItem *insert(const QStringList &path, const NodeData &data);
     void setData(const NodeData &data);
@@ -44,6 +44,7 @@ public:
     TreeItem *parent = nullptr;
     int position = -1; ///< among the parent's children
     int indexPosition = -1; ///< among the nodes of its file, kept by the index
+    int searchPosition = -1; ///< among the nodes that a search has read, kept by that
 
 private:
     TreeItem *takeChild(const QString &name);

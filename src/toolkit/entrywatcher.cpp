@@ -43,7 +43,7 @@ EntryWatcher *EntryWatcher::instance()
 EntryWatcher::EntryWatcher(PluginRegistry *registry)
 {
     setItem(&m_root, registry->getItem({}));
-    TreeItemPrivate::of(m_root.item)->setObserver(this);
+    TreeItemPrivate::of(m_root.item)->index()->addObserver(this);
     connect(registry, &PluginRegistry::contentChanged, this, &EntryWatcher::update);
     QCoreApplication::instance()->installEventFilter(this);
 }

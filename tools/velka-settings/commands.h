@@ -14,6 +14,7 @@ constexpr int CannotRun = 2;
 
 int check(const QStringList &arguments);
 int diff(const QStringList &arguments);
+int find(const QStringList &arguments);
 int preview(const QStringList &arguments);
 int show(const QStringList &arguments);
 int tree(const QStringList &arguments);

@@ -27,6 +27,7 @@ const Command s_commands[] = {
     {"tree", "prints the tree of entries of this system or of a directory", Commands::tree},
     {"show", "prints all properties of an entry", Commands::show},
     {"why", "explains why an entry is in the tree, or why it is not", Commands::why},
+    {"find", "searches the entries for words", Commands::find},
     {"diff", "prints what an update of a directory changes", Commands::diff},
 };
 

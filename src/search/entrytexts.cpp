@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "search/entrytexts.h"
+
+#include "common/constants.h"
+#include "registry/treeitem.h"
+#include "registry/treeitem_p.h"
+
+#include <QTranslator>
+
+namespace
+{
+struct Translation {
+    QString localized; ///< null when no catalog has a text
+    QString english; ///< null when no catalog of engineering English has a text
+};
+
+QString textIn(const QTranslator *translator, const QByteArray &id)
+{
+    const QString text = translator ? translator->translate(nullptr, id.constData()) : QString();
+    return text == QString::fromLocal8Bit(id) ? QString() : text;
+}
+
+QString firstOf(const QString &text, const QString &other)
+{
+    return text.isNull() ? other : text;
+}
+
+/// Asks the catalogs of the file first: the application asks all, which takes long when there are many.
+Translation translationOf(const QString &id, const FileCatalogs &catalogs)
+{
+    if (id.isEmpty()) {
+        return {};
+    }
+    const QByteArray key = id.toLocal8Bit();
+    const QString complementary = textIn(catalogs.complementary.engineeringEnglish, key);
+    const QString english = textIn(catalogs.main.engineeringEnglish, key);
+    QString localized = textIn(catalogs.complementary.localized, key);
+    localized = firstOf(localized, complementary);
+    localized = firstOf(localized, textIn(catalogs.main.localized, key));
+    localized = firstOf(localized, english);
+    if (localized.isNull()) {
+        const QString text = qtTrId(key.constData());
+        localized = text == id ? QString() : text;
+    }
+    return {localized, firstOf(complementary, english)};
+}
+
+QString textOf(const QJsonObject &entry, const char *key)
+{
+    return entry.value(QLatin1String(key)).toString();
+}
+
+QStringList listOf(const QString &text)
+{
+    return text.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+}
+
+QStringList stringsOf(const QJsonValue &value)
+{
+    QStringList strings;
+    const QJsonArray array = value.toArray();
+    for (const QJsonValue &element : array) {
+        if (!element.toString().isEmpty()) {
+            strings.append(element.toString());
+        }
+    }
+    return strings;
+}
+
+void readTitles(const QJsonObject &entry, const FileCatalogs &catalogs, EntryTexts *texts)
+{
+    const Translation translation = translationOf(textOf(entry, "translation_id"), catalogs);
+    const QString plain = textOf(entry, "title");
+    texts->title = firstOf(translation.localized, plain);
+    texts->englishTitle = firstOf(translation.english, plain);
+    if (texts->englishTitle == texts->title) {
+        texts->englishTitle.clear();
+    }
+}
+
+void readKeywords(const QJsonObject &entry, const FileCatalogs &catalogs, EntryTexts *texts)
+{
+    const Translation translation = translationOf(textOf(entry, "keywords_id"), catalogs);
+    const QStringList plain = stringsOf(entry.value(QLatin1String("keywords")));
+    texts->keywords = translation.localized.isNull() ? plain : listOf(translation.localized);
+    texts->englishKeywords = translation.english.isNull() ? plain : listOf(translation.english);
+    if (texts->englishKeywords == texts->keywords) {
+        texts->englishKeywords.clear();
+    }
+}
+}
+
+EntryTexts EntryTextReader::read(const TreeItem *item)
+{
+    const NodeData &data = TreeItemPrivate::of(item)->data;
+    const QJsonObject entry = entryOf(data);
+    const FileCatalogs catalogs = m_file ? m_file->catalogs() : FileCatalogs();
+    EntryTexts texts;
+    readTitles(entry, catalogs, &texts);
+    readKeywords(entry, catalogs, &texts);
+    texts.description = textOf(entry, "description");
+    const QJsonValue type = entry.value(QLatin1String("type"));
+    texts.type = type.isUndefined() || type.isNull() ? Constants::SectionType : type.toVariant().toString();
+    texts.isSearchable = entry.value(QLatin1String("searchable")).toBool(true);
+    return texts;
+}
+
+QJsonObject EntryTextReader::entryOf(const NodeData &data)
+{
+    const NodeData::Entries file = data.fileEntries();
+    if (!file) {
+        m_file = file;
+        return QJsonObject::fromVariantMap(data.toMap());
+    }
+    if (file != m_file) {
+        m_file = file;
+        m_entries = file->parsed();
+    }
+    return m_entries.at(data.entryIndex()).toObject();
+}

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "search/entrywords.h"
+
+#include "search/entrytexts.h"
+#include "search/transliteration.h"
+#include "search/words.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int MaxWordsOfText = 1000; ///< of untrusted files
+
+class Collector
+{
+public:
+    void add(const QString &text, Field field)
+    {
+        const QVector<Word> words = wordsOf(text).mid(0, MaxWordsOfText);
+        for (const Word &word : words) {
+            addWord(word, field);
+        }
+        const QVector<Word> whole = withoutJoints(words);
+        for (const Word &word : whole) {
+            addWord(word, field);
+        }
+    }
+
+    QVector<EntryWord> words;
+
+private:
+    void addWord(const Word &word, Field field)
+    {
+        addForm(word.typed, field, Form::Typed);
+        addForm(word.folded, field, Form::Folded);
+        const QString latin = inLatinLetters(word.typed);
+        const QStringList syllables = latin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        addForm(syllables.join(QString()).left(MaxLetters), field, Form::Latin);
+        if (syllables.size() > 1) {
+            std::for_each(syllables.cbegin(), syllables.cend(), [&](const QString &syllable) {
+                addForm(syllable.left(MaxLetters), field, Form::Latin);
+            });
+        }
+    }
+
+    /// Adds what does not say the same as a word that is there: fields and forms are added in the order of their weight.
+    void addForm(const QString &text, Field field, Form form)
+    {
+        const auto isSame = [&](const EntryWord &word) {
+            return word.text == text && (word.field == field || word.field == Field::Title);
+        };
+        if (!text.isEmpty() && std::none_of(words.cbegin(), words.cend(), isSame)) {
+            words.append({text, field, form});
+        }
+    }
+};
+}
+
+QVector<EntryWord> wordsOfEntry(const EntryTexts &texts)
+{
+    Collector collector;
+    collector.add(texts.title, Field::Title);
+    for (const QString &keyword : texts.keywords) {
+        collector.add(keyword, Field::Keyword);
+    }
+    collector.add(texts.englishTitle, Field::EnglishTitle);
+    for (const QString &keyword : texts.englishKeywords) {
+        collector.add(keyword, Field::EnglishKeyword);
+    }
+    collector.add(texts.description, Field::Description);
+    return collector.words;
+}
+
+int countOfWords(const QString &title)
+{
+    return wordsOf(title).size();
+}

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "search/posting.h"
+
+#include <QString>
+#include <QVector>
+
+struct EntryTexts;
+
+/// A word of an entry in one of its forms.
+struct EntryWord {
+    QString text;
+    Field field;
+    Form form;
+};
+
+/// Returns the words by which an entry with @p texts is found.
+QVector<EntryWord> wordsOfEntry(const EntryTexts &texts);
+/// Returns the number of words of @p title.
+int countOfWords(const QString &title);

@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "search/querymatcher.h"
+
+#include "registry/treeitem.h"
+#include "search/bestmatches.h"
+#include "search/searchindex.h"
+#include "search/words.h"
+#include "search/wordscores.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace
+{
+constexpr int MaxLettersOfQuery = 256;
+constexpr int MaxWordsOfQuery = 8;
+constexpr int MaxParts = 12;
+constexpr float WeightOfAncestors = 0.35F;
+
+using Scores = std::vector<WordScores>;
+
+Scores scoresOf(const QVector<Word> &words, int maxWords, const SearchIndex &index)
+{
+    Scores scores;
+    for (const Word &word : words) {
+        if (int(scores.size()) < maxWords) {
+            scores.emplace_back(word, index);
+        }
+    }
+    return scores;
+}
+
+void addLike(Scores *scores, MatchKind kind)
+{
+    for (WordScores &word : *scores) {
+        word.addLike(kind);
+    }
+}
+
+/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average.
+std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
+{
+    std::vector<float> weights;
+    float sum = 0;
+    int known = 0;
+    for (const WordScores &word : scores) {
+        const float weight = word.count() == 0 ? 0 : std::log1p(float(index.nodes().readCount()) / word.count());
+        sum += weight;
+        known += weight > 0 ? 1 : 0;
+        weights.push_back(weight);
+    }
+    std::replace(weights.begin(), weights.end(), 0.0F, known > 0 ? sum / known : 1);
+    return weights;
+}
+
+/// Returns the best score of the titles above the node at @p position.
+float scoreAbove(const WordScores &word, int position, const SearchNodes &nodes)
+{
+    float score = 0;
+    if (word.hasTitles()) {
+        for (int above = nodes.at(position).parent; above >= 0; above = nodes.at(above).parent) {
+            score = std::max(score, word.ofTitle(above));
+        }
+    }
+    return score;
+}
+
+class Evaluation
+{
+public:
+    Evaluation(const Scores &scores, const SearchIndex &index)
+        : m_scores(scores)
+        , m_nodes(index.nodes())
+        , m_weights(weightsOf(scores, index))
+    {
+        for (const float weight : m_weights) {
+            m_sum += weight;
+        }
+    }
+
+    /// Returns 0 when the words that match the node, of which one must be its own, are less than the share @p required.
+    float scoreOf(int position, float required) const
+    {
+        const bool hasOwn = std::any_of(m_scores.cbegin(), m_scores.cend(),
+                                        [position](const WordScores &word) { return word.own(position) > 0; });
+        if (!hasOwn) {
+            return 0;
+        }
+        float score = 0;
+        float found = 0;
+        for (size_t i = 0; i < m_scores.size(); ++i) {
+            const float own = m_scores[i].own(position);
+            const float best = own > 0 ? own : WeightOfAncestors * scoreAbove(m_scores[i], position, m_nodes);
+            score += best * m_weights[i];
+            found += best > 0 ? m_weights[i] : 0;
+        }
+        constexpr float Rounding = 0.999F;
+        return found < required * m_sum * Rounding ? 0 : score / m_sum * coverage(position);
+    }
+
+private:
+    /// Prefers short titles a little.
+    float coverage(int position) const
+    {
+        return 0.9F + 0.1F / float(std::max<int>(1, m_nodes.at(position).titleWords));
+    }
+
+    const Scores &m_scores;
+    const SearchNodes &m_nodes;
+    const std::vector<float> m_weights;
+    float m_sum = 0;
+};
+
+/// One run of a query, from the strictest stage to the one that finds something.
+class Run
+{
+public:
+    Run(const SearchQuery &query, const SearchIndex &index)
+        : m_query(query)
+        , m_index(index)
+        , m_filter(query, index)
+    {
+    }
+
+    QVector<Match> matches() const
+    {
+        const QVector<Word> parts = wordsOf(m_query.text.left(MaxLettersOfQuery));
+        const QVector<Word> words = withoutJoints(parts);
+        if (words.isEmpty()) {
+            return {};
+        }
+        Scores joined = scoresOf(words, MaxWordsOfQuery, m_index);
+        Scores split = words.size() == parts.size() ? Scores() : scoresOf(parts, MaxWordsOfQuery, m_index);
+        QVector<Match> found = best(joined, split, All);
+        if (found.isEmpty() && !m_query.isStrict) {
+            addLike(&joined, MatchKind::Typo);
+            addLike(&split, MatchKind::Typo);
+            found = best(joined, split, All);
+        }
+        return found.isEmpty() && !m_query.isStrict ? mostWords(parts) : found;
+    }
+
+private:
+    static constexpr float All = 1;
+    static constexpr float Most = 0.5F;
+
+    QVector<Match> mostWords(const QVector<Word> &parts) const
+    {
+        QVector<Word> words;
+        for (const Word &word : parts) {
+            words += word.isRun ? groupsOf(word) : QVector<Word>{word};
+        }
+        Scores scores = scoresOf(words, MaxParts, m_index);
+        addLike(&scores, MatchKind::Typo);
+        addLike(&scores, MatchKind::Similar);
+        return best(scores, Most);
+    }
+
+    QVector<Match> best(const Scores &joined, const Scores &split, float required) const
+    {
+        QVector<Match> found = best(joined, required);
+        return found.isEmpty() ? best(split, required) : found;
+    }
+
+    QVector<Match> best(const Scores &scores, float required) const
+    {
+        const bool isPossible = !scores.empty()
+                                && std::any_of(scores.cbegin(), scores.cend(),
+                                               [](const WordScores &word) { return word.count() > 0; });
+        if (!isPossible) {
+            return {};
+        }
+        const Evaluation evaluation(scores, m_index);
+        BestMatches matches(m_index.nodes(), m_query.limit);
+        for (int position = 0; position < m_index.nodes().size(); ++position) {
+            const float score = evaluation.scoreOf(position, required);
+            if (score > 0 && matches.canAdd(score) && m_filter.accepts(position)) {
+                matches.add({position, score});
+            }
+        }
+        return matches.take();
+    }
+
+    const SearchQuery &m_query;
+    const SearchIndex &m_index;
+    const NodeFilter m_filter;
+};
+}
+
+QVector<Match> matchesOf(const SearchQuery &query, const SearchIndex &index)
+{
+    return index.root() && query.limit > 0 ? Run(query, index).matches() : QVector<Match>();
+}

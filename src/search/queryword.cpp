@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "search/queryword.h"
+
+#include "search/edits.h"
+#include "search/transliteration.h"
+#include "search/vocabulary.h"
+
+#include <QtAlgorithms>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int MinLettersWithEdit = 3;
+constexpr int MinLettersWithEditOfStart = 5;
+constexpr int MinLettersWithOtherFirst = 4;
+constexpr int MinLettersWithTwoEdits = 8;
+constexpr int MinSameLetters = 4; ///< at the beginning of similar words
+
+/// Returns the number of edits with which @p text is still recognized. Numbers and syllables tell things apart.
+int editsOf(const QString &text, int minLettersInside)
+{
+    const bool hasNumber = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.isNumber(); });
+    if (hasNumber || minLettersInside < MinLettersWithEdit || text.size() < MinLettersWithEdit) {
+        return 0;
+    }
+    return text.size() < MinLettersWithTwoEdits ? 1 : 2;
+}
+
+int sameLettersOf(QStringView a, QStringView b)
+{
+    const auto end = std::mismatch(a.begin(), a.begin() + std::min(a.size(), b.size()), b.begin());
+    return int(end.first - a.begin());
+}
+
+float share(qsizetype part, qsizetype whole)
+{
+    return float(part) / float(whole);
+}
+
+float weightOf(Form form)
+{
+    constexpr float Folded = 0.95F;
+    constexpr float Latin = 0.8F;
+    return form == Form::Typed ? 1 : form == Form::Folded ? Folded : Latin;
+}
+}
+
+QueryForm::QueryForm(const QString &text, Form form)
+    : m_text(text)
+    , m_signature(Vocabulary::signatureOf(text))
+    , m_startSignature(Vocabulary::signatureOf(QStringView(text).left(MinSameLetters)))
+    , m_minLettersInside(minLettersInside(text))
+    , m_edits(editsOf(text, m_minLettersInside))
+    , m_weight(weightOf(form))
+{
+}
+
+bool QueryForm::canBeStrict(quint32 signature) const
+{
+    return (m_signature & ~signature) == 0;
+}
+
+bool QueryForm::canBeLike(quint32 signature) const
+{
+    return m_edits > 0 && signature != 0
+           && ((m_startSignature & ~signature) == 0 || int(qPopulationCount(m_signature & ~signature)) <= m_edits);
+}
+
+WordMatch QueryForm::strictMatch(QStringView word) const
+{
+    if (word.startsWith(m_text)) {
+        const bool isEqual = word.size() == m_text.size();
+        return {MatchKind::Strict, isEqual ? 1 : 0.75F + 0.15F * share(m_text.size(), word.size())};
+    }
+    if (m_text.size() >= m_minLettersInside && word.contains(QStringView(m_text))) {
+        return {MatchKind::Strict, 0.5F + 0.1F * share(m_text.size(), word.size())};
+    }
+    return {};
+}
+
+WordMatch QueryForm::match(QStringView word) const
+{
+    if (word.front() == m_text.front()) {
+        const WordMatch match = typo(word);
+        return match.kind == MatchKind::None ? similar(word) : match;
+    }
+    const bool hasOtherFirst = m_text.size() >= MinLettersWithOtherFirst && isWithinEdits(m_text, word, 1);
+    return hasOtherFirst ? WordMatch{MatchKind::Similar, 0.35F} : WordMatch();
+}
+
+float QueryForm::weight() const
+{
+    return m_weight;
+}
+
+WordMatch QueryForm::typo(QStringView word) const
+{
+    for (int edits = 1; edits <= m_edits; ++edits) {
+        if (isWithinEdits(m_text, word, edits)) {
+            return {MatchKind::Typo, edits == 1 ? 0.6F : 0.45F};
+        }
+    }
+    for (int edits = 1; edits <= m_edits && m_text.size() >= MinLettersWithEditOfStart; ++edits) {
+        if (word.size() > m_text.size() && isStartWithinEdits(m_text, word, edits)) {
+            return {MatchKind::Typo, edits == 1 ? 0.4F : 0.3F};
+        }
+    }
+    return {};
+}
+
+/// Inflected words often have the same beginning.
+WordMatch QueryForm::similar(QStringView word) const
+{
+    const int same = sameLettersOf(m_text, word);
+    const qsizetype longer = std::max<qsizetype>(m_text.size(), word.size());
+    if (same < MinSameLetters || same * 3 < longer * 2) {
+        return {};
+    }
+    return {MatchKind::Similar, 0.4F * share(same, longer)};
+}
+
+QVector<QueryForm> formsOf(const Word &word)
+{
+    QVector<QueryForm> forms{{word.typed, Form::Typed}};
+    if (word.folded != word.typed && !word.folded.isEmpty()) {
+        forms.append({word.folded, Form::Folded});
+    }
+    const QString latin = inLatinLetters(word.typed).remove(QLatin1Char(' ')).left(MaxLetters);
+    if (!latin.isEmpty()) {
+        forms.append({latin, Form::Latin});
+    }
+    return forms;
+}

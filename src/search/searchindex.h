@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#pragma once
+
+#include "registry/nodeobserver.h"
+#include "search/entrytexts.h"
+#include "search/searchnodes.h"
+#include "search/vocabulary.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
+#include <QVector>
+
+#include <optional>
+
+class FileIndex;
+class TreeItem;
+
+/**
+ * The words of the entries of a tree: a segment for each registration file, which is read again when one of its nodes
+ * comes or goes. Files are read in slices from the event loop.
+ */
+class SearchIndex : public QObject, private NodeObserver
+{
+    Q_OBJECT
+
+public:
+    static constexpr int SliceTime = 4; ///< ms, for a frame to be drawn in time
+
+    /// There can be one index for the tree below @p root at a time.
+    explicit SearchIndex(TreeItem *root);
+    ~SearchIndex() override;
+
+    TreeItem *root() const; ///< null once the tree is deleted
+    bool isBusy() const; ///< there are files that are still to be read
+    /// Reads all files that are still to be read.
+    void finish();
+
+    const SearchNodes &nodes() const;
+    const Vocabulary &vocabulary() const;
+    QString titleAt(int position) const; ///< as it is displayed, empty for an entry without one
+    size_t memory() const; ///< in bytes, about
+
+Q_SIGNALS:
+    void busyChanged();
+
+private:
+    struct Segment {
+        QVector<int> nodes;
+        QVector<int> words; ///< each once
+        QByteArray titles; ///< of the nodes, each with a null character at its end
+    };
+    struct Task { ///< a file that is being read
+        QString file;
+        QVector<TreeItem *> items;
+        int next = 0;
+        EntryTextReader reader;
+    };
+
+    void nodeEntered(TreeItem *item) override;
+    void nodeLeaves(TreeItem *item) override;
+
+    void readAgain(const QString &file);
+    void readSlice();
+    bool readNext();
+    void readEntry(TreeItem *item, const EntryTexts &texts, Segment *segment);
+    void finishFile();
+    void removeSegment(const QString &file);
+
+    QPointer<TreeItem> m_root;
+    FileIndex *const m_files;
+    SearchNodes m_nodes;
+    Vocabulary m_vocabulary;
+    QHash<QString, Segment> m_segments;
+    QSet<QString> m_pending; ///< files to read
+    std::optional<Task> m_task;
+    QTimer m_timer;
+};

@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "search/settingssearch.h"
+
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+#include "search/querymatcher.h"
+#include "search/searchindex.h"
+
+#include <algorithm>
+
+namespace
+{
+/// Returns the index of the tree below @p root, which all objects share that use it at the time.
+std::shared_ptr<SearchIndex> indexOf(TreeItem *root)
+{
+    static std::vector<std::weak_ptr<SearchIndex>> s_indexes;
+    const auto isUnused = [](const std::weak_ptr<SearchIndex> &index) { return index.expired(); };
+    s_indexes.erase(std::remove_if(s_indexes.begin(), s_indexes.end(), isUnused), s_indexes.end());
+    for (const std::weak_ptr<SearchIndex> &candidate : s_indexes) {
+        if (std::shared_ptr<SearchIndex> index = candidate.lock(); index->root() == root) {
+            return index;
+        }
+    }
+    auto index = std::make_shared<SearchIndex>(root);
+    s_indexes.push_back(index);
+    return index;
+}
+}
+
+SettingsSearch::SettingsSearch(QObject *parent)
+    : SettingsSearch(nullptr, parent)
+{
+}
+
+SettingsSearch::SettingsSearch(TreeItem *root, QObject *parent)
+    : QObject(parent)
+    , m_root(root)
+{
+}
+
+SettingsSearch::~SettingsSearch() = default;
+
+QVector<SearchResult> SettingsSearch::find(const SearchQuery &query)
+{
+    const QVector<Match> matches = matchesOf(query, *index());
+    QVector<SearchResult> results;
+    results.reserve(matches.size());
+    for (const Match &match : matches) {
+        results.append(resultFor(match.position, match.score));
+    }
+    return results;
+}
+
+SearchResult SettingsSearch::resultAt(const QString &location)
+{
+    TreeItem *root = index()->root();
+    const TreeItem *item = root ? root->lookup(location.split(QLatin1Char('/'))) : nullptr;
+    const int position = item ? SearchNodes::positionOf(item) : -1;
+    return position >= 0 && m_index->nodes().at(position).isResult ? resultFor(position, 0) : SearchResult();
+}
+
+bool SettingsSearch::isBusy() const
+{
+    return m_index && m_index->isBusy();
+}
+
+void SettingsSearch::finish()
+{
+    index()->finish();
+}
+
+void SettingsSearch::release()
+{
+    if (m_index) {
+        m_index->disconnect(this);
+        m_index.reset();
+    }
+}
+
+SearchIndex *SettingsSearch::index()
+{
+    if (!m_index) {
+        m_index = indexOf(m_root ? m_root : PluginRegistry::instance()->getItem({}));
+        connect(m_index.get(), &SearchIndex::busyChanged, this, &SettingsSearch::busyChanged);
+    }
+    return m_index.get();
+}
+
+SearchResult SettingsSearch::resultFor(int position, float score) const
+{
+    const SearchNodes &nodes = m_index->nodes();
+    TreeItem *item = nodes.at(position).item;
+    QStringList breadcrumb;
+    for (int above = nodes.at(position).parent; above >= 0; above = nodes.at(above).parent) {
+        const QString title = m_index->titleAt(above);
+        if (!title.isEmpty()) {
+            breadcrumb.prepend(title);
+        }
+    }
+    const QString title = m_index->titleAt(position);
+    return {item,
+            item->location().join(QLatin1Char('/')),
+            title.isEmpty() ? QLatin1String("!!") + item->name() : title,
+            breadcrumb,
+            nodes.typeAt(position),
+            double(score)};
+}

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "search/wordscores.h"
+
+#include "search/searchindex.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr float Full = 0xFFFF; ///< the best score, as a whole number
+
+float weightOf(Field field)
+{
+    switch (field) {
+    case Field::Title:
+        return 1;
+    case Field::Keyword:
+        return 0.8F;
+    case Field::EnglishTitle:
+        return 0.7F;
+    case Field::EnglishKeyword:
+        return 0.55F;
+    case Field::Description:
+        break;
+    }
+    return 0.4F;
+}
+
+float weightOf(Form form)
+{
+    return form == Form::Typed ? 1 : form == Form::Folded ? 0.95F : 0.8F;
+}
+}
+
+WordScores::WordScores(const Word &word, const SearchIndex &index)
+    : m_index(index)
+    , m_forms(formsOf(word))
+    , m_scores(size_t(index.nodes().size()))
+{
+    addStrict();
+}
+
+void WordScores::addLike(MatchKind kind)
+{
+    if (!m_isLikeFound) {
+        m_isLikeFound = true;
+        findLike();
+    }
+    for (const Like &like : m_like) {
+        if (like.match.kind == kind) {
+            add(like.word, like.match.quality);
+        }
+    }
+}
+
+float WordScores::own(int position) const
+{
+    return m_scores[size_t(position)].own / Full;
+}
+
+float WordScores::ofTitle(int position) const
+{
+    return m_scores[size_t(position)].title / Full;
+}
+
+bool WordScores::hasTitles() const
+{
+    return m_hasTitles;
+}
+
+int WordScores::count() const
+{
+    return m_count;
+}
+
+void WordScores::addStrict()
+{
+    const Vocabulary &vocabulary = m_index.vocabulary();
+    for (const QueryForm &form : m_forms) {
+        for (int word = 0; word < vocabulary.size(); ++word) {
+            if (form.canBeStrict(vocabulary.signature(word))) {
+                const WordMatch match = form.strictMatch(vocabulary.word(word));
+                add(word, match.quality * form.weight());
+            }
+        }
+    }
+}
+
+void WordScores::findLike()
+{
+    const Vocabulary &vocabulary = m_index.vocabulary();
+    for (const QueryForm &form : m_forms) {
+        for (int word = 0; word < vocabulary.size(); ++word) {
+            if (!form.canBeLike(vocabulary.signature(word))) {
+                continue;
+            }
+            const WordMatch match = form.match(vocabulary.word(word));
+            if (match.kind != MatchKind::None) {
+                m_like.push_back({word, {match.kind, match.quality * form.weight()}});
+            }
+        }
+    }
+}
+
+/// Adds the nodes with @p word.
+void WordScores::add(int word, float quality)
+{
+    if (quality <= 0) {
+        return;
+    }
+    const Vocabulary &vocabulary = m_index.vocabulary();
+    const quint32 *const end = vocabulary.postingsEnd(word);
+    for (const quint32 *posting = vocabulary.postingsBegin(word); posting != end; ++posting) {
+        Score &score = m_scores[size_t(Posting::nodeOf(*posting))];
+        const float weight = weightOf(Posting::fieldOf(*posting)) * weightOf(Posting::formOf(*posting));
+        const auto value = quint16(Full * quality * weight);
+        m_count += score.own == 0 ? 1 : 0;
+        score.own = std::max(score.own, value);
+        if (Posting::isInTitle(*posting)) {
+            score.title = std::max(score.title, value);
+            m_hasTitles = true;
+        }
+    }
+}
