@@ -46,6 +46,23 @@ constexpr Form formOf(quint32 posting)
     return Form(posting & 3U);
 }
 
+/// Returns the weight of words in @p form: letters as typed are better.
+constexpr float weightOf(Form form)
+{
+    return form == Form::Typed ? 1 : form == Form::Folded ? 0.95F : 0.8F;
+}
+
+constexpr float weightOf(Field field)
+{
+    constexpr float Weights[] = {1, 0.8F, 0.7F, 0.55F, 0.4F};
+    return Weights[int(field)];
+}
+
+constexpr float weightOf(quint32 posting)
+{
+    return weightOf(fieldOf(posting)) * weightOf(formOf(posting));
+}
+
 constexpr bool isInTitle(quint32 posting)
 {
     return fieldOf(posting) == Field::Title || fieldOf(posting) == Field::EnglishTitle;

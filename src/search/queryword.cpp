@@ -39,13 +39,6 @@ float share(qsizetype part, qsizetype whole)
 {
     return float(part) / float(whole);
 }
-
-float weightOf(Form form)
-{
-    constexpr float Folded = 0.95F;
-    constexpr float Latin = 0.8F;
-    return form == Form::Typed ? 1 : form == Form::Folded ? Folded : Latin;
-}
 }
 
 QueryForm::QueryForm(const QString &text, Form form)
@@ -54,7 +47,7 @@ QueryForm::QueryForm(const QString &text, Form form)
     , m_startSignature(Vocabulary::signatureOf(QStringView(text).left(MinSameLetters)))
     , m_minLettersInside(minLettersInside(text))
     , m_edits(editsOf(text, m_minLettersInside))
-    , m_weight(weightOf(form))
+    , m_weight(Posting::weightOf(form))
 {
 }
 

@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr int None = -1;
+constexpr int NoWord = -1;
 constexpr size_t MinSlots = 64;
 constexpr size_t MinUnusedLetters = 4096; ///< that are worth compacting
 
@@ -29,14 +29,14 @@ size_t hashOf(QStringView word)
 }
 
 Vocabulary::Vocabulary()
-    : m_slots(MinSlots, None)
+    : m_slots(MinSlots, NoWord)
 {
 }
 
 int Vocabulary::insert(QStringView word)
 {
     const int known = m_slots.at(slotOf(word));
-    if (known != None) {
+    if (known != NoWord) {
         return known;
     }
     int number = int(m_entries.size());
@@ -109,7 +109,7 @@ size_t Vocabulary::slotOf(QStringView word) const
 {
     const size_t mask = m_slots.size() - 1;
     size_t slot = hashOf(word) & mask;
-    while (m_slots[slot] != None && this->word(m_slots[slot]) != word) {
+    while (m_slots[slot] != NoWord && this->word(m_slots[slot]) != word) {
         slot = (slot + 1) & mask;
     }
     return slot;
@@ -126,10 +126,10 @@ void Vocabulary::insertSlot(int number)
 
 void Vocabulary::growSlots()
 {
-    std::vector<int> numbers(m_slots.size() * 2, None);
+    std::vector<int> numbers(m_slots.size() * 2, NoWord);
     numbers.swap(m_slots);
     for (const int number : numbers) {
-        if (number != None) {
+        if (number != NoWord) {
             m_slots[slotOf(word(number))] = number;
         }
     }
@@ -139,10 +139,10 @@ void Vocabulary::growSlots()
 void Vocabulary::removeSlot(size_t slot)
 {
     const size_t mask = m_slots.size() - 1;
-    m_slots[slot] = None;
-    for (size_t next = (slot + 1) & mask; m_slots[next] != None; next = (next + 1) & mask) {
+    m_slots[slot] = NoWord;
+    for (size_t next = (slot + 1) & mask; m_slots[next] != NoWord; next = (next + 1) & mask) {
         const int number = m_slots[next];
-        m_slots[next] = None;
+        m_slots[next] = NoWord;
         m_slots[slotOf(word(number))] = number;
     }
 }

@@ -10,28 +10,6 @@
 namespace
 {
 constexpr float Full = 0xFFFF; ///< the best score, as a whole number
-
-float weightOf(Field field)
-{
-    switch (field) {
-    case Field::Title:
-        return 1;
-    case Field::Keyword:
-        return 0.8F;
-    case Field::EnglishTitle:
-        return 0.7F;
-    case Field::EnglishKeyword:
-        return 0.55F;
-    case Field::Description:
-        break;
-    }
-    return 0.4F;
-}
-
-float weightOf(Form form)
-{
-    return form == Form::Typed ? 1 : form == Form::Folded ? 0.95F : 0.8F;
-}
 }
 
 WordScores::WordScores(const Word &word, const SearchIndex &index)
@@ -114,7 +92,7 @@ void WordScores::add(int word, float quality)
     const quint32 *const end = vocabulary.postingsEnd(word);
     for (const quint32 *posting = vocabulary.postingsBegin(word); posting != end; ++posting) {
         Score &score = m_scores[size_t(Posting::nodeOf(*posting))];
-        const float weight = weightOf(Posting::fieldOf(*posting)) * weightOf(Posting::formOf(*posting));
+        const float weight = Posting::weightOf(*posting);
         const auto value = quint16(Full * quality * weight);
         m_count += score.own == 0 ? 1 : 0;
         score.own = std::max(score.own, value);
