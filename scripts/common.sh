@@ -27,6 +27,8 @@ test_packages=(dpkg-dev python3 python3-dbusmock qml-module-qttest strace clang-
     zsh fish)
 # More packages for scripts/benchmark.
 benchmark_packages=(python3 python3-matplotlib)
+# More packages for scripts/search-quality.
+search_quality_packages=(icu-devtools python3)
 # More packages for scripts/package.
 package_packages=(debhelper git lintian mmdebstrap rpm rpmlint uidmap)
 # More packages for scripts/fuzz.

@@ -1,0 +1,73 @@
+# SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+# SPDX-License-Identifier: LGPL-2.1-or-later
+
+"""Makes queries of a page's words, as users type them."""
+
+import math
+import random
+import re
+import subprocess
+import unicodedata
+
+def is_latin(text):
+    return all("LATIN" in unicodedata.name(letter, "") for letter in text if letter.isalpha())
+
+
+def transliterated(texts, rules):
+    """Returns the texts as ICU writes them with the rules, by text."""
+    texts = sorted(texts)
+    command = ["uconv", "-f", "utf-8", "-t", "utf-8", "-x", rules]
+    output = subprocess.run(command, input="\n".join(texts), capture_output=True, text=True, check=True)
+    return dict(zip(texts, output.stdout.split("\n")))
+
+
+def typo(text, letters, first, chance):
+    """Returns the text with one mistake: in its first letter or in another one."""
+    position = 0 if first else chance.randrange(1, len(text))
+    before, letter, after = text[:position], text[position], text[position + 1:]
+    mistakes = [
+        before + after,
+        before + chance.choice(letters) + letter + after,
+        before + chance.choice(letters) + after,
+        before + after[:1] + letter + after[1:],
+    ]
+    return chance.choice([mistake for mistake in mistakes if mistake != text])
+
+
+def single_words(texts):
+    return [text for text in texts if re.fullmatch(r"\w{3,}", text)]
+
+
+class QueryMaker:
+    """Makes the queries of one language."""
+
+    def __init__(self, language, pages):
+        self._language = language
+        words = {word for page in pages for word in page.words(language)}
+        self._letters = sorted({letter for word in words for letter in word.lower() if letter.isalpha()})
+        self._latin = transliterated(words, "Any-Latin; Latin-ASCII; Lower")
+
+    def queries(self, page):
+        """Yields pairs of a variant's name and the text to search for."""
+        words = page.words(self._language)
+        for word in words:
+            yield "as is", word
+            yield from self._in_latin_letters(word)
+        for word in single_words(words):
+            yield from self._mistyped(word)
+        for pair in zip(single_words(words), single_words(words)[1:]):
+            yield "two words", " ".join(pair)
+        if self._language != "en":
+            yield from (("English", word) for word in page.words("en"))
+
+    def _in_latin_letters(self, word):
+        if self._latin[word] != word.lower():
+            yield "accents dropped" if is_latin(word) else "Latin letters", self._latin[word]
+
+    def _mistyped(self, word):
+        chance = random.Random(f"{self._language} {word}")
+        if len(word) >= 5:
+            yield "start of the word", word[:math.ceil(len(word) * 2 / 3)]
+        if len(word) >= 4:
+            yield "one typo", typo(word, self._letters, False, chance)
+            yield "typo in the first letter", typo(word, self._letters, True, chance)
