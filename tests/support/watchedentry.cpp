@@ -3,8 +3,6 @@
 
 #include "watchedentry.h"
 
-#include "text.h"
-
 #include <QMetaProperty>
 
 #include <utility>
