@@ -29,6 +29,8 @@ private Q_SLOTS:
 
     void sameTexts_data();
     void sameTexts();
+    void sourceTexts_data();
+    void sourceTexts();
     void unusualCatalogs_data();
     void unusualCatalogs();
     void sameNumerusRules();
@@ -114,6 +116,30 @@ void CatalogTranslatorTest::sameTexts()
     CatalogTranslator translator;
     translator.load(name, m_directory->path());
     QVERIFY(lookUp(translator).contains(text));
+}
+
+void CatalogTranslatorTest::sourceTexts_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("sample-fi") << QStringList{text("test-both"), text("test-locale")}; // ids
+    QTest::newRow("menu-pl") << QStringList{text("%n day(s)"), text("Cancel"), text("Close"),
+                                            text("Open"),      text("Open"),   text("Open")};
+    QTest::newRow("dependent-pl") << QStringList(text("Print"));
+    QTest::newRow("compressed-pl") << QStringList{text("Back"), text("Next"), text("Open")};
+    QTest::newRow("collection-pl") << QStringList();
+    QTest::newRow("missing") << QStringList();
+}
+
+void CatalogTranslatorTest::sourceTexts()
+{
+    CatalogTranslator translator;
+    translator.load(QLatin1String(QTest::currentDataTag()), m_directory->path());
+    QStringList found;
+    for (const QByteArray &sourceText : translator.sourceTexts()) {
+        found.append(QString::fromUtf8(sourceText));
+    }
+    found.sort();
+    QTEST(found, "texts");
 }
 
 void CatalogTranslatorTest::unusualCatalogs_data()

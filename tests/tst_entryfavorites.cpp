@@ -16,11 +16,6 @@ namespace
 const QString s_key = QStringLiteral("/apps/velka-settings/favorites");
 const QString s_flag = QStringLiteral("/test/userModified");
 
-QStringList names(const char *names)
-{
-    return text(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 QStringList stored(const QString &key)
 {
     return MGConfItem(key).value().toStringList();

@@ -30,11 +30,6 @@ const QByteArray s_volume
     = R"({"path": "system_settings/sound/volume", "type": "control", "title": "Volume", "title_short": "Vol.",
           "icon": "audio", "controlIcon": "audio-active", "params": {"source": "/usr/share/volume.qml"}})";
 
-QStringList names(const char *names)
-{
-    return text(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 QVariantMap step(const char *title, const char *path)
 {
     return {{text("title"), text(title)}, {text("path"), text(path)}};
