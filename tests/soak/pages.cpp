@@ -14,6 +14,7 @@
 #include "registry/treeitem.h"
 #include "soak/soakworld.h"
 #include "text.h"
+#include "toolkit/settingsnavigation.h"
 #include "toolkit/stablelistmodel.h"
 
 #include <QQmlComponent>
@@ -109,6 +110,7 @@ public:
         readAllRoles(m_model);
         m_model.objectAt(world->below(20));
         m_model.objectForPath(world->somePath());
+        navigate(world);
         if (world->chance(20)) {
             turn(world);
         }
@@ -132,9 +134,13 @@ public:
         if (!m_stable.areRight()) {
             return text("A stable model does not follow a settings model");
         }
+        const QStringList nodes = world.nodes();
+        const QStringList pages = m_navigation.paths().mid(1);
+        if (std::any_of(pages.begin(), pages.end(), [&](const QString &page) { return !nodes.contains(page); })) {
+            return text("A page is open whose entry does not exist");
+        }
         QStringList wanted;
         const QString above = m_model.path().join(QLatin1Char('/'));
-        const QStringList nodes = world.nodes();
         for (const QString &node : nodes) {
             const bool isBelow = above.isEmpty() || node.startsWith(above + QLatin1Char('/'));
             if (isBelow && node.count(QLatin1Char('/')) + 1 == m_model.path().size() + m_model.depth()) {
@@ -145,6 +151,16 @@ public:
     }
 
 private:
+    void navigate(SoakWorld *world)
+    {
+        const QStringList nodes = world->nodes();
+        if (nodes.isEmpty() || world->chance(30)) {
+            m_navigation.back();
+        } else {
+            m_navigation.open(nodes.at(world->below(nodes.size())));
+        }
+    }
+
     void turn(SoakWorld *world)
     {
         m_model.setPath(world->chance(50) ? QStringList() : QStringList{text("page%1").arg(world->below(6))});
@@ -154,6 +170,7 @@ private:
     SettingsModel m_model;
     ModelReplica m_replica;
     const StableRows m_stable{&m_model, SettingsModel::ObjectRole};
+    SettingsNavigation m_navigation;
 };
 
 class FavoritesPage : public Page
