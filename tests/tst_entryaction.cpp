@@ -54,9 +54,9 @@ struct Fixture {
     {
         entry.setPath(s_entryPath);
         action.setEntry(&entry);
-        QObject::connect(&action, &EntryAction::stateChanged, [this] { changes.append(text("state")); });
-        QObject::connect(&action, &EntryAction::errorChanged, [this] { changes.append(text("error")); });
-        QObject::connect(&action, &EntryAction::requiredPackageChanged,
+        QObject::connect(&action, &EntryAction::stateChanged, &action, [this] { changes.append(text("state")); });
+        QObject::connect(&action, &EntryAction::errorChanged, &action, [this] { changes.append(text("error")); });
+        QObject::connect(&action, &EntryAction::requiredPackageChanged, &action,
                          [this] { changes.append(text("package")); });
     }
 

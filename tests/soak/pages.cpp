@@ -12,6 +12,7 @@
 #include "models/userapplicationsfiltermodel.h"
 #include "plugin/velkasettingsplugin.h"
 #include "registry/treeitem.h"
+#include "soak/linkspage.h"
 #include "soak/soakworld.h"
 #include "text.h"
 #include "toolkit/settingsnavigation.h"
@@ -427,13 +428,15 @@ private:
     std::unique_ptr<QObject> m_page;
 };
 
-constexpr int KindCount = 10; ///< a kind that occurs several times is opened more often
+constexpr int KindCount = 11; ///< a kind that occurs several times is opened more often
 
 std::unique_ptr<Page> openKind(int kind, SoakWorld *world, ApplicationServices *services)
 {
     switch (kind) {
     case 0:
         return std::make_unique<QmlPage>();
+    case 10:
+        return std::make_unique<LinksPage>();
     case 1:
     case 2:
         return std::make_unique<ApplicationsPage>(services);
