@@ -15,8 +15,6 @@
 
 namespace
 {
-constexpr int MaxLettersOfQuery = 256;
-constexpr int MaxWordsOfQuery = 8;
 constexpr int MaxParts = 12;
 constexpr float WeightOfAncestors = 0.35F;
 

@@ -87,6 +87,11 @@ WordMatch QueryForm::match(QStringView word) const
     return hasOtherFirst ? WordMatch{MatchKind::Similar, 0.35F} : WordMatch();
 }
 
+QString QueryForm::text() const
+{
+    return m_text;
+}
+
 float QueryForm::weight() const
 {
     return m_weight;
