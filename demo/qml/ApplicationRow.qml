@@ -71,6 +71,7 @@ CardRow {
             id: notifier
             objectName: "notify " + row.fileId
             focusPolicy: row.rowFocusPolicy
+            Accessible.name: text
             Accessible.description: row.name
             visible: row.applicationId !== ""
             icon.name: row.notifies ? "notifications" : "notifications-disabled"

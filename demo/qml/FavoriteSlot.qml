@@ -165,6 +165,7 @@ FocusScope {
         objectName: "remove " + slot.path.join("/")
         visible: slot.editing && !grip.pressed
         focusPolicy: slot.focusPolicy
+        Accessible.name: text
         Accessible.description: slot.title
         anchors {
             right: parent.right
