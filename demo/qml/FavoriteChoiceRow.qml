@@ -23,7 +23,8 @@ Controls.AbstractButton {
     bottomPadding: Kirigami.Units.smallSpacing
 
     objectName: "star " + path.join("/")
-    focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    focusPolicy: ListView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+    Accessible.focusable: true
     Accessible.role: Accessible.CheckBox
     Accessible.name: label.title
     Accessible.description: label.subtitle
