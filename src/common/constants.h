@@ -33,5 +33,5 @@ extern const QString AutostartPath;
 extern const QString NotificationsService; ///< on the session bus
 extern const QString NotificationsPath;
 
-extern const QString SectionType; ///< the type of an entry that names none
+extern VELKASETTINGS_PRIVATE_EXPORT const QString SectionType; ///< the type of an entry that names none
 }

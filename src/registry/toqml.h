@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 class QObject;
 class TreeItem;
 
 /// Returns @p item, marked so that QML never deletes it.
-QObject *toQml(TreeItem *item);
+VELKASETTINGS_PRIVATE_EXPORT QObject *toQml(TreeItem *item);

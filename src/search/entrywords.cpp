@@ -12,6 +12,7 @@
 namespace
 {
 constexpr int MaxWordsOfText = 1000; ///< of untrusted files
+constexpr int MaxWordsOfKeyword = 3; ///< beyond, it is a description
 
 class Collector
 {
@@ -56,6 +57,12 @@ private:
         }
     }
 };
+
+/// Of the many words of a sentence, each says little.
+bool isSentence(const QString &keyword)
+{
+    return wordsOf(keyword).size() > MaxWordsOfKeyword;
+}
 }
 
 QVector<EntryWord> wordsOfEntry(const EntryTexts &texts)
@@ -63,11 +70,11 @@ QVector<EntryWord> wordsOfEntry(const EntryTexts &texts)
     Collector collector;
     collector.add(texts.title, Field::Title);
     for (const QString &keyword : texts.keywords) {
-        collector.add(keyword, Field::Keyword);
+        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::Keyword);
     }
     collector.add(texts.englishTitle, Field::EnglishTitle);
     for (const QString &keyword : texts.englishKeywords) {
-        collector.add(keyword, Field::EnglishKeyword);
+        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::EnglishKeyword);
     }
     collector.add(texts.description, Field::Description);
     return collector.words;

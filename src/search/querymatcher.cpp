@@ -15,8 +15,6 @@
 
 namespace
 {
-constexpr int MaxLettersOfQuery = 256;
-constexpr int MaxWordsOfQuery = 8;
 constexpr int MaxParts = 12;
 constexpr float WeightOfAncestors = 0.35F;
 
@@ -40,7 +38,8 @@ void addLike(Scores *scores, MatchKind kind)
     }
 }
 
-/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average.
+/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average, and
+/// a group of letters half of that, because it may be of two words.
 std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
 {
     std::vector<float> weights;
@@ -52,7 +51,12 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
         known += weight > 0 ? 1 : 0;
         weights.push_back(weight);
     }
-    std::replace(weights.begin(), weights.end(), 0.0F, known > 0 ? sum / known : 1);
+    const float average = known > 0 ? sum / known : 1;
+    for (size_t i = 0; i < scores.size(); ++i) {
+        if (scores[i].count() == 0) {
+            weights[i] = scores[i].isOfRun() ? average / 2 : average;
+        }
+    }
     return weights;
 }
 
@@ -145,7 +149,7 @@ public:
 
 private:
     static constexpr float All = 1;
-    static constexpr float Most = 0.5F;
+    static constexpr float Most = 0.4F;
 
     QVector<Match> mostWords(const QVector<Word> &parts) const
     {

@@ -18,6 +18,9 @@ constexpr int MinLettersWithEditOfStart = 5;
 constexpr int MinLettersWithOtherFirst = 4;
 constexpr int MinLettersWithTwoEdits = 8;
 constexpr int MinSameLetters = 4; ///< at the beginning of similar words
+constexpr float MinShareOfInflected = 0.6F; ///< of the letters of the longer word
+constexpr int MinLettersOfPart = 5; ///< of a compound
+constexpr float MinShareOfPart = 0.5F;
 
 /// Returns the number of edits with which @p text is still recognized. Numbers and syllables tell things apart.
 int editsOf(const QString &text, int minLettersInside)
@@ -84,6 +87,11 @@ WordMatch QueryForm::match(QStringView word) const
     return hasOtherFirst ? WordMatch{MatchKind::Similar, 0.35F} : WordMatch();
 }
 
+QString QueryForm::text() const
+{
+    return m_text;
+}
+
 float QueryForm::weight() const
 {
     return m_weight;
@@ -104,15 +112,14 @@ WordMatch QueryForm::typo(QStringView word) const
     return {};
 }
 
-/// Inflected words often have the same beginning.
+/// Inflected words often have the same beginning, and a compound that of its first word.
 WordMatch QueryForm::similar(QStringView word) const
 {
     const int same = sameLettersOf(m_text, word);
-    const qsizetype longer = std::max<qsizetype>(m_text.size(), word.size());
-    if (same < MinSameLetters || same * 3 < longer * 2) {
-        return {};
-    }
-    return {MatchKind::Similar, 0.4F * share(same, longer)};
+    const float common = share(same, std::max<qsizetype>(m_text.size(), word.size()));
+    const bool isInflected = same >= MinSameLetters && common >= MinShareOfInflected;
+    const bool isCompound = same >= MinLettersOfPart && same == word.size() && common >= MinShareOfPart;
+    return isInflected || isCompound ? WordMatch{MatchKind::Similar, 0.4F * common} : WordMatch();
 }
 
 QVector<QueryForm> formsOf(const Word &word)

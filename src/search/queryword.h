@@ -33,6 +33,7 @@ public:
     bool canBeLike(quint32 signature) const;
     WordMatch strictMatch(QStringView word) const;
     WordMatch match(QStringView word) const;
+    QString text() const;
     float weight() const;
 
 private:

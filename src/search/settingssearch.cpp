@@ -61,6 +61,24 @@ SearchResult SettingsSearch::resultAt(const QString &location)
     return position >= 0 && m_index->nodes().at(position).isResult ? resultFor(position, 0) : SearchResult();
 }
 
+SearchHighlights SettingsSearch::highlightsOf(const SearchResult &result, const QString &text)
+{
+    SearchHighlights highlights{rangesOf(result.title, text), {}, {}};
+    if (!highlights.titleRanges.isEmpty() || !result.item) {
+        return highlights;
+    }
+    const EntryTexts texts = EntryTextReader().read(result.item);
+    const QStringList others = texts.keywords + QStringList{texts.englishTitle} + texts.englishKeywords
+                               + QStringList{texts.description};
+    for (const QString &other : others) {
+        const QVector<TextRange> ranges = rangesOf(other, text);
+        if (!ranges.isEmpty()) {
+            return {{}, other, ranges};
+        }
+    }
+    return highlights;
+}
+
 bool SettingsSearch::isBusy() const
 {
     return m_index && m_index->isBusy();

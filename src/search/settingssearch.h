@@ -4,6 +4,7 @@
 #pragma once
 
 #include "search/searchquery.h"
+#include "search/textranges.h"
 #include "search/velkasettingssearch_export.h"
 
 #include <QObject>
@@ -22,6 +23,13 @@ struct SearchResult {
     QStringList breadcrumb; ///< the titles of the nodes above it, from the top
     QString kind; ///< the type of the entry
     double score = 0; ///< from 0 to 1, the best; only results of one query can be compared
+};
+
+/// The parts of an entry's texts that match a query.
+struct SearchHighlights {
+    QVector<TextRange> titleRanges;
+    QString matched; ///< a keyword, the English title or the description, when no part of the title matches
+    QVector<TextRange> matchedRanges;
 };
 
 /**
@@ -49,6 +57,9 @@ public:
     QVector<SearchResult> find(const SearchQuery &query);
     /// Returns the entry at @p location, without an item if there is none that can be found.
     SearchResult resultAt(const QString &location);
+
+    /// Returns the matching parts of @p result for the words @p text. It must be valid.
+    static SearchHighlights highlightsOf(const SearchResult &result, const QString &text);
 
     bool isBusy() const; ///< entries are still to be read
     /// Reads all entries now.

@@ -29,3 +29,5 @@ QVector<Word> groupsOf(const Word &run);
 int minLettersInside(const QString &folded);
 
 constexpr int MaxLetters = 64; ///< of a word, in UTF-16 units
+constexpr int MaxLettersOfQuery = 256; ///< what follows is ignored
+constexpr int MaxWordsOfQuery = 8;

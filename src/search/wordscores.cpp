@@ -14,6 +14,7 @@ constexpr float Full = 0xFFFF; ///< the best score, as a whole number
 
 WordScores::WordScores(const Word &word, const SearchIndex &index)
     : m_index(index)
+    , m_isOfRun(word.isRun)
     , m_forms(formsOf(word))
     , m_scores(size_t(index.nodes().size()))
 {
@@ -51,6 +52,11 @@ bool WordScores::hasTitles() const
 int WordScores::count() const
 {
     return m_count;
+}
+
+bool WordScores::isOfRun() const
+{
+    return m_isOfRun;
 }
 
 void WordScores::addStrict()

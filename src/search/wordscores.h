@@ -25,6 +25,7 @@ public:
     /// Returns whether a title matches.
     bool hasTitles() const;
     int count() const; ///< the number of nodes that match by their own texts
+    bool isOfRun() const; ///< the word is from a text that is written without spaces
 
 private:
     struct Score {
@@ -41,6 +42,7 @@ private:
     void add(int word, float quality);
 
     const SearchIndex &m_index;
+    const bool m_isOfRun;
     const QVector<QueryForm> m_forms;
     std::vector<Score> m_scores;
     std::vector<Like> m_like; ///< found only once

@@ -3,6 +3,7 @@
 
 #include "toolkit/entrywatcher.h"
 
+#include "registry/fileindex.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "registry/treeitem_p.h"

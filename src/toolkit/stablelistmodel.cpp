@@ -25,7 +25,7 @@ bool isBuiltOn(const QAbstractItemModel *model, const QAbstractItemModel *source
 }
 
 StableListModel::StableListModel(QObject *parent)
-    : QAbstractListModel(parent)
+    : DifferenceListModel(parent)
     , m_keyRole(QStringLiteral("object"))
     , m_changes(this, [this] { synchronize(); })
 {
@@ -79,11 +79,6 @@ void StableListModel::setKeyRole(const QString &role)
 int StableListModel::count() const
 {
     return m_rows.size();
-}
-
-int StableListModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : m_rows.size();
 }
 
 QVariant StableListModel::data(const QModelIndex &index, int role) const
@@ -177,32 +172,7 @@ void StableListModel::applyDifference()
         inserted.append(readRows(range.first, range.last, m_roles));
     }
 
-    if (announceUpdates(updates) && announceRemovals(difference.removals) && announceMoves(difference.moves)) {
-        announceInsertions(difference.insertions, inserted);
-    }
-}
-
-bool StableListModel::announceRemovals(const QVector<ListDifference::Range> &removals)
-{
-    return std::all_of(removals.cbegin(), removals.cend(), [this](const ListDifference::Range &range) {
-        return removeRange(range.first, range.last);
-    });
-}
-
-bool StableListModel::announceMoves(const QVector<ListDifference::Move> &moves)
-{
-    return std::all_of(moves.cbegin(), moves.cend(),
-                       [this](const ListDifference::Move &move) { return moveRow(move.from, move.to); });
-}
-
-void StableListModel::announceInsertions(const QVector<ListDifference::Range> &insertions,
-                                         const QVector<Rows> &rows)
-{
-    for (int i = 0; i < rows.size(); ++i) {
-        if (!insertRange(insertions.at(i).first, rows.at(i))) {
-            return;
-        }
-    }
+    announce(difference, updates, inserted);
 }
 
 void StableListModel::insertSourceRows(const QModelIndex &parent, int first, int last)
@@ -310,42 +280,4 @@ QStringList StableListModel::sourceKeys() const
         }
     }
     return keys;
-}
-
-/// Returns false, as the functions below do, when a handler has deleted the model.
-bool StableListModel::announceUpdates(const QVector<Update> &updates)
-{
-    const QPointer<StableListModel> self(this);
-    return std::all_of(updates.cbegin(), updates.cend(), [&](const Update &update) {
-        Q_EMIT dataChanged(index(update.row), index(update.row), update.roles);
-        return !self.isNull();
-    });
-}
-
-bool StableListModel::removeRange(int first, int last)
-{
-    const QPointer<StableListModel> self(this);
-    beginRemoveRows({}, first, last);
-    m_rows.erase(m_rows.begin() + first, m_rows.begin() + last + 1);
-    endRemoveRows();
-    return self;
-}
-
-bool StableListModel::moveRow(int from, int to)
-{
-    const QPointer<StableListModel> self(this);
-    beginMoveRows({}, from, from, {}, to);
-    m_rows.move(from, from < to ? to - 1 : to);
-    endMoveRows();
-    return self;
-}
-
-bool StableListModel::insertRange(int first, const Rows &rows)
-{
-    const QPointer<StableListModel> self(this);
-    beginInsertRows({}, first, first + rows.size() - 1);
-    m_rows.insert(first, rows.size(), ListRow::Pointer());
-    std::copy(rows.cbegin(), rows.cend(), m_rows.begin() + first);
-    endInsertRows();
-    return self;
 }

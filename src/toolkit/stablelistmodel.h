@@ -3,11 +3,10 @@
 
 #pragma once
 
+#include "common/differencelistmodel.h"
 #include "common/rowchanges.h"
-#include "toolkit/listdifference.h"
 #include "toolkit/listrow.h"
 
-#include <QAbstractListModel>
 #include <QPointer>
 
 /**
@@ -18,7 +17,7 @@
  * of the value. The rows are copies, so that they are what was announced last, and a change that a handler asks for
  * while rows change is deferred until that is done.
  */
-class StableListModel : public QAbstractListModel
+class StableListModel : public DifferenceListModel<ListRow::Pointer>
 {
     Q_OBJECT
     /// A model that uses this one as its own source is refused with a warning.
@@ -38,7 +37,6 @@ public:
     void setKeyRole(const QString &role);
     int count() const;
 
-    int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QHash<int, QByteArray> roleNames() const override; ///< those of the source
 
@@ -48,12 +46,6 @@ Q_SIGNALS:
     void countChanged();
 
 private:
-    struct Update {
-        int row;
-        QVector<int> roles;
-    };
-    using Rows = QVector<ListRow::Pointer>;
-
     void follow(QAbstractItemModel *source);
     void sourceDestroyed();
     void change(const RowChanges::Change &change);
@@ -69,18 +61,10 @@ private:
     ListRoles sourceRoles() const;
     Rows readRows(int first, int last, const ListRoles &roles) const;
     QStringList sourceKeys() const;
-    bool announceUpdates(const QVector<Update> &updates);
-    bool announceRemovals(const QVector<ListDifference::Range> &removals);
-    bool announceMoves(const QVector<ListDifference::Move> &moves);
-    void announceInsertions(const QVector<ListDifference::Range> &insertions, const QVector<Rows> &rows);
-    bool removeRange(int first, int last);
-    bool moveRow(int from, int to);
-    bool insertRange(int first, const Rows &rows);
 
     QPointer<QAbstractItemModel> m_source;
     QString m_keyRole;
     ListRoles m_roles;
-    Rows m_rows;
     RowChanges m_changes;
     bool m_isOtherList = false; ///< with other keys or roles
 };

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/velkasettings_export.h"
+
 #include <QStringList>
 #include <QVector>
 
@@ -30,7 +32,7 @@ struct ListDifference {
  * equal keys the first one stands for the first one, and so on. A longest increasing sequence of the rows that stay is
  * not moved.
  */
-ListDifference differenceOf(const QStringList &before, const QStringList &after, int maxMoves);
+VELKASETTINGS_PRIVATE_EXPORT ListDifference differenceOf(const QStringList &before, const QStringList &after, int maxMoves);
 
 /// Returns the positions of a longest increasing subsequence of @p values, which are all different.
-QVector<int> longestIncreasingSubsequence(const QVector<int> &values);
+VELKASETTINGS_PRIVATE_EXPORT QVector<int> longestIncreasingSubsequence(const QVector<int> &values);
