@@ -9,6 +9,8 @@ import re
 import subprocess
 import unicodedata
 
+from rules import words_of
+
 def is_latin(text):
     return all("LATIN" in unicodedata.name(letter, "") for letter in text if letter.isalpha())
 
@@ -21,8 +23,13 @@ def transliterated(texts, rules):
     return dict(zip(texts, output.stdout.split("\n")))
 
 
+def script_of(letter):
+    return unicodedata.name(letter, "").partition(" ")[0]
+
+
 def typo(text, letters, first, chance):
     """Returns the text with one mistake: in its first letter or in another one."""
+    letters = [letter for letter in letters if script_of(letter) == script_of(text[0])] or letters
     position = 0 if first else chance.randrange(1, len(text))
     before, letter, after = text[:position], text[position], text[position + 1:]
     mistakes = [
@@ -55,8 +62,7 @@ class QueryMaker:
             yield from self._in_latin_letters(word)
         for word in single_words(words):
             yield from self._mistyped(word)
-        for pair in zip(single_words(words), single_words(words)[1:]):
-            yield "two words", " ".join(pair)
+        yield from self._two_words(page)
         if self._language != "en":
             yield from (("English", word) for word in page.words("en"))
 
@@ -71,3 +77,12 @@ class QueryMaker:
         if len(word) >= 4:
             yield "one typo", typo(word, self._letters, False, chance)
             yield "typo in the first letter", typo(word, self._letters, True, chance)
+
+    def _two_words(self, page):
+        words = single_words(page.words(self._language))
+        for pair in zip(words, words[1:]):
+            yield "two keywords", " ".join(pair)
+        title = max(words_of(page.titles.get(self._language, "")), key=len, default="")
+        for keyword in single_words(page.keywords.get(self._language, [])):
+            if title and keyword.casefold() != title.casefold():
+                yield "title and keyword", f"{title} {keyword}"
