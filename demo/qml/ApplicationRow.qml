@@ -31,7 +31,7 @@ CardRow {
     readonly property bool notifies: notificationChanges >= 0
         && view.model.data(view.model.index(index, 0), ApplicationSettingsModel.NotificationsEnabledRole) === true
 
-    readonly property int rowFocusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    readonly property int rowFocusPolicy: ListView.isCurrentItem || containsFocus ? Qt.StrongFocus : Qt.ClickFocus
     readonly property bool containsFocus: activeFocus || notifier.activeFocus || toggle.activeFocus
 
     objectName: "application " + fileId
@@ -71,6 +71,7 @@ CardRow {
             id: notifier
             objectName: "notify " + row.fileId
             focusPolicy: row.rowFocusPolicy
+            Accessible.name: text
             Accessible.description: row.name
             visible: row.applicationId !== ""
             icon.name: row.notifies ? "notifications" : "notifications-disabled"

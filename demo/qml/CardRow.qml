@@ -16,6 +16,7 @@ Controls.AbstractButton {
     property bool current: false
     property Item textItem: null // the separator below the row begins where it does
 
+    Accessible.focusable: true // also if the tabulator key reaches another row
     Accessible.name: title
     Accessible.description: subtitle
     leftPadding: Kirigami.Units.largeSpacing
@@ -40,6 +41,7 @@ Controls.AbstractButton {
 
         Kirigami.Separator {
             visible: !row.last
+            Accessible.ignored: true
             anchors {
                 left: parent.left
                 right: parent.right

@@ -99,6 +99,7 @@ Kirigami.OverlayDrawer {
                     Controls.ToolButton {
                         icon.name: "view-visible"
                         text: qsTrId("settings-bt-unmask")
+                        Accessible.name: text
                         Accessible.description: modelData
                         onClicked: registrationFiles.setPathMasked(modelData, false)
                     }

@@ -19,7 +19,7 @@ FocusScope {
     readonly property var path: object.location()
     readonly property bool first: ListView.previousSection !== ListView.section
     readonly property bool last: ListView.nextSection !== ListView.section
-    readonly property int focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    readonly property int focusPolicy: ListView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
     implicitHeight: column.height
     onActiveFocusChanged: {
@@ -36,6 +36,7 @@ FocusScope {
             id: category
             visible: row.showsCategory && row.first
             focusPolicy: row.focusPolicy
+            Accessible.focusable: true
             Accessible.name: row.category
             anchors {
                 left: parent.left

@@ -32,7 +32,7 @@ FocusScope {
         }
     }
 
-    readonly property int focusPolicy: GridView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    readonly property int focusPolicy: GridView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
     function moveTo(row) {
         if (row >= 0 && row < view.count && row !== index) {
@@ -63,6 +63,7 @@ FocusScope {
 
         focus: true
         focusPolicy: slot.focusPolicy
+        Accessible.focusable: true
         Accessible.name: slot.title
         Accessible.description: place.text
         // In its cell, or below the pointer that drags it.
@@ -164,6 +165,7 @@ FocusScope {
         objectName: "remove " + slot.path.join("/")
         visible: slot.editing && !grip.pressed
         focusPolicy: slot.focusPolicy
+        Accessible.name: text
         Accessible.description: slot.title
         anchors {
             right: parent.right

@@ -26,6 +26,10 @@ Kirigami.ApplicationWindow {
     readonly property bool settled: !pageStack.columnView.moving && !drawer.animating
                                     && drawer.position === (drawer.drawerOpen ? 1 : 0)
 
+    // The controls have colours of their own, which a dark palette does not change.
+    palette.windowText: Kirigami.Theme.textColor
+    palette.buttonText: Kirigami.Theme.textColor
+
     title: qsTrId("settings-he-settings")
     width: wide ? 1180 : 412
     height: wide ? 760 : 870
@@ -188,6 +192,10 @@ Kirigami.ApplicationWindow {
         return columns * pageStack.defaultColumnWidth
     }
 
+    function scrollTo(item) {
+        pageFocus.scrollTo(item)
+    }
+
     function scrollToBeginning() {
         topPage.flickable.positionViewAtBeginning()
         drawer.list.positionViewAtBeginning()
@@ -238,6 +246,7 @@ Kirigami.ApplicationWindow {
     }
 
     PageFocus {
+        id: pageFocus
         window: window
     }
 

@@ -57,6 +57,7 @@ Controls.Control {
             icon.name: row.masked ? "view-hidden" : "view-visible"
             text: row.masked ? qsTrId("settings-bt-unmask") : qsTrId("settings-bt-hide")
             display: Controls.AbstractButton.IconOnly
+            Accessible.name: text
             Accessible.description: row.fileName
             checkable: true
             checked: row.masked
