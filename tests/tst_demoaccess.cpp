@@ -270,7 +270,7 @@ void DemoAccessTest::pagesAreRead_data()
     QTest::newRow("applications") << path("system_settings") << text("openApplications");
 }
 
-/// Compares what a screen reader finds on a page with the file of the row. VELKA_UPDATE_PAGES=1 writes the files.
+/// Compares what a screen reader finds on a page with the file of the row. scripts/update-demo-pages writes the files.
 void DemoAccessTest::pagesAreRead()
 {
     QFETCH(QStringList, entry);
