@@ -140,8 +140,7 @@ int main(int argc, char *argv[])
     warnOfMissingIcons();
     auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     new KeyboardUse(window);
-    PreviewTour tour(window,
-                     top.value(QStringLiteral("topPath")).toStringList(),
+    PreviewTour tour(window, top.value(QStringLiteral("topPath")).toStringList(),
                      PageFiles(parser.values(s_root), parser.positionalArguments()));
     if (!act(&tour, parser)) {
         return 1;

@@ -25,23 +25,23 @@ Controls.AbstractButton {
     objectName: "star " + path.join("/")
     focusPolicy: ListView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     Accessible.focusable: true
-    Accessible.role: Accessible.CheckBox
     Accessible.name: label.title
     Accessible.description: label.subtitle
-    Accessible.checkable: true
-    Accessible.checked: favorite
+    checkable: true
+    checked: favorite
     onActiveFocusChanged: {
         if (activeFocus) {
             ListView.view.currentIndex = index
         }
     }
-    onClicked: {
+    onToggled: {
         const path = row.path.join("/")
         if (row.favorite) {
             row.favorites.removeFavorite(path)
         } else {
             row.favorites.addFavorite(path)
         }
+        checked = Qt.binding(() => row.favorite) // which the tap has removed
     }
 
     background: FocusFrame {

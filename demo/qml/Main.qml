@@ -192,6 +192,10 @@ Kirigami.ApplicationWindow {
         return columns * pageStack.defaultColumnWidth
     }
 
+    function scrollTo(item) {
+        pageFocus.scrollTo(item)
+    }
+
     function scrollToBeginning() {
         topPage.flickable.positionViewAtBeginning()
         drawer.list.positionViewAtBeginning()
@@ -242,6 +246,7 @@ Kirigami.ApplicationWindow {
     }
 
     PageFocus {
+        id: pageFocus
         window: window
     }
 

@@ -17,6 +17,11 @@ ListView {
             currentIndex = openRow
         }
     }
+    onCountChanged: {
+        if (currentIndex < 0 && count > 0) {
+            currentIndex = 0
+        }
+    }
     // The page makes the list itself a stop of the tabulator key.
     onActiveFocusOnTabChanged: activeFocusOnTab = false
 
