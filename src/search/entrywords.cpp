@@ -17,16 +17,29 @@ constexpr int MaxWordsOfKeyword = 3; ///< beyond, it is a description
 class Collector
 {
 public:
-    void add(const QString &text, Field field)
+    void add(const QVector<Word> &words, Field field)
     {
-        const QVector<Word> words = wordsOf(text).mid(0, MaxWordsOfText);
         for (const Word &word : words) {
             addWord(word, field);
         }
         const QVector<Word> whole = withoutJoints(words);
-        for (const Word &word : whole) {
-            addWord(word, field);
+        for (int i = 0; i < whole.size() && whole.size() < words.size(); ++i) {
+            addWord(whole.at(i), field);
         }
+    }
+
+    /// Of the many words of a long keyword, each says as little as those of a description.
+    void addKeywords(const QStringList &keywords, Field field)
+    {
+        for (const QString &keyword : keywords) {
+            const QVector<Word> words = textWords(keyword);
+            add(words, words.size() > MaxWordsOfKeyword ? Field::Description : field);
+        }
+    }
+
+    static QVector<Word> textWords(const QString &text)
+    {
+        return wordsOf(text).mid(0, MaxWordsOfText);
     }
 
     QVector<EntryWord> words;
@@ -35,7 +48,9 @@ private:
     void addWord(const Word &word, Field field)
     {
         addForm(word.typed, field, Form::Typed);
-        addForm(word.folded, field, Form::Folded);
+        if (word.folded != word.typed) {
+            addForm(word.folded, field, Form::Folded);
+        }
         const QString latin = inLatinLetters(word.typed);
         const QStringList syllables = latin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         addForm(syllables.join(QString()).left(MaxLetters), field, Form::Latin);
@@ -57,30 +72,16 @@ private:
         }
     }
 };
-
-/// Of the many words of a sentence, each says little.
-bool isSentence(const QString &keyword)
-{
-    return wordsOf(keyword).size() > MaxWordsOfKeyword;
-}
 }
 
-QVector<EntryWord> wordsOfEntry(const EntryTexts &texts)
+EntryWords wordsOfEntry(const EntryTexts &texts)
 {
+    const QVector<Word> title = Collector::textWords(texts.title);
     Collector collector;
-    collector.add(texts.title, Field::Title);
-    for (const QString &keyword : texts.keywords) {
-        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::Keyword);
-    }
-    collector.add(texts.englishTitle, Field::EnglishTitle);
-    for (const QString &keyword : texts.englishKeywords) {
-        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::EnglishKeyword);
-    }
-    collector.add(texts.description, Field::Description);
-    return collector.words;
-}
-
-int countOfWords(const QString &title)
-{
-    return wordsOf(title).size();
+    collector.add(title, Field::Title);
+    collector.addKeywords(texts.keywords, Field::Keyword);
+    collector.add(Collector::textWords(texts.englishTitle), Field::EnglishTitle);
+    collector.addKeywords(texts.englishKeywords, Field::EnglishKeyword);
+    collector.add(Collector::textWords(texts.description), Field::Description);
+    return {collector.words, title.size()};
 }

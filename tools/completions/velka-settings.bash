@@ -66,6 +66,8 @@ _velka_settings_options() {
             --version ;;
         tree | show | why)
             _velka_settings_words --root --translations --uid --locale --masked --format --help --version ;;
+        find)
+            _velka_settings_words --strict --root --translations --uid --locale --masked --format --help --version ;;
         diff) _velka_settings_words --translations --uid --locale --masked --format --help --version ;;
         open) _velka_settings_words --service --help --version ;;
         preview)
@@ -80,7 +82,7 @@ _velka_settings() {
     local command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _velka_settings_words check tree show why diff open preview translate install --help --version
+        _velka_settings_words check tree show why find diff open preview translate install --help --version
         return
     fi
     if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then
