@@ -106,10 +106,10 @@ public:
     }
 
 private:
-    /// Prefers short titles a little.
+    /// Prefers short titles.
     float coverage(int position) const
     {
-        return 0.9F + 0.1F / float(std::max<int>(1, m_nodes.at(position).titleWords));
+        return 0.8F + 0.2F / float(std::max<int>(1, m_nodes.at(position).titleWords));
     }
 
     const Scores &m_scores;

@@ -157,7 +157,7 @@ void SearchIndex::readEntry(TreeItem *item, const EntryTexts &texts, Segment *se
     const QVector<EntryWord> words = wordsOfEntry(texts);
     for (const EntryWord &word : words) {
         const int number = m_vocabulary.insert(word.text);
-        m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form));
+        m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form, word.mentions));
         segment->words.append(number);
     }
 }
