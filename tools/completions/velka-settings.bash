@@ -66,6 +66,8 @@ _velka_settings_options() {
             --version ;;
         tree | show | why)
             _velka_settings_words --root --translations --uid --locale --masked --format --help --version ;;
+        find)
+            _velka_settings_words --strict --root --translations --uid --locale --masked --format --help --version ;;
         diff) _velka_settings_words --translations --uid --locale --masked --format --help --version ;;
         preview)
             _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
@@ -77,7 +79,7 @@ _velka_settings() {
     local command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _velka_settings_words check tree show why diff preview --help --version
+        _velka_settings_words check tree show why find diff preview --help --version
         return
     fi
     if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then

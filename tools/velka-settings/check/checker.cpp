@@ -68,7 +68,7 @@ void collectGroups(const Document &document, FileSummary *summary)
 void checkEntries(const Document &document, Findings *findings)
 {
     static const QVector<EntryRule> rules = pathRules() + textRules() + actionRules() + typeRules() + keyRules()
-                                            + favoriteRules();
+                                            + keywordRules() + favoriteRules();
     for (const Entry &entry : document.entries) {
         for (const EntryRule rule : rules) {
             rule(entry, findings);
@@ -82,6 +82,7 @@ void checkRegistration(const Document &document, Catalogs *catalogs, Findings *f
         checkTopLevel(document, findings);
         checkEntries(document, findings);
         checkNumbers(document, findings);
+        checkKeywordLists(document, findings);
     }
     checkRegistrationSchema(document, findings);
     checkTitles(document, catalogs, findings);

@@ -16,6 +16,7 @@ QVector<EntryRule> pathRules();
 QVector<EntryRule> textRules();
 QVector<EntryRule> typeRules();
 QVector<EntryRule> keyRules();
+QVector<EntryRule> keywordRules();
 QVector<EntryRule> favoriteRules();
 QVector<EntryRule> actionRules();
 
@@ -28,6 +29,7 @@ bool hasUnclearType(const Entry &entry);
 void checkFileName(const QString &fileName, Findings *findings);
 void checkTopLevel(const Document &document, Findings *findings);
 void checkNumbers(const Document &document, Findings *findings);
+void checkKeywordLists(const Document &document, Findings *findings);
 void checkTitles(const Document &document, Catalogs *catalogs, Findings *findings);
 
 void checkBlacklist(const Document &document, Findings *findings);

@@ -155,6 +155,18 @@ const QVector<TagInfo> &tags()
          "A key is unknown to the library",
          "At the top level it is ignored. In an entry it is passed on to the programs that show the "
          "entry, which is fine if they read it."},
+        {Tag::KeywordIsTitle, "keyword-is-title", Severity::Warning,
+         "A keyword is the title of the entry",
+         "A search looks into the titles first. Keywords are the other words that people may type."},
+        {Tag::KeywordsEmpty, "keywords-empty", Severity::Warning,
+         "A list of keywords has no keywords",
+         "A search finds the entry by its title only, as without the list."},
+        {Tag::KeywordsIdAlone, "keywords-id-alone", Severity::Warning,
+         "The entry has an id of keywords, but no keywords",
+         "The plain \"keywords\" are searched where the id is not translated."},
+        {Tag::KeywordsRepeated, "keywords-repeated", Severity::Warning,
+         "Two entries have the same keywords",
+         "A search finds both entries or none. Often the list was copied from the other entry."},
         {Tag::MissingCatalog, "missing-catalog", Severity::Note,
          "A catalog was not found",
          "There is no file of this catalog in the directory of translations, so its ids were not "
