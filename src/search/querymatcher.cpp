@@ -149,7 +149,7 @@ public:
 
 private:
     static constexpr float All = 1;
-    static constexpr float Most = 0.4F;
+    static constexpr float Most = 0.3F;
 
     QVector<Match> mostWords(const QVector<Word> &parts) const
     {
