@@ -61,7 +61,7 @@ constexpr float weightOf(Form form)
 
 constexpr float weightOf(Field field)
 {
-    constexpr float Weights[] = {1, 0.8F, 0.7F, 0.55F, 0.5F};
+    constexpr float Weights[] = {1, 0.72F, 0.7F, 0.6F, 0.45F};
     return Weights[int(field)];
 }
 

@@ -73,7 +73,7 @@ WordMatch QueryForm::strictMatch(QStringView word) const
         return {MatchKind::Strict, isEqual ? 1 : 0.75F + 0.15F * share(m_text.size(), word.size())};
     }
     if (m_text.size() >= m_minLettersInside && word.contains(QStringView(m_text))) {
-        return {MatchKind::Strict, 0.5F + 0.1F * share(m_text.size(), word.size())};
+        return {MatchKind::Strict, 0.4F + 0.1F * share(m_text.size(), word.size())};
     }
     return {};
 }
