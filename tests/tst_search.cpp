@@ -58,6 +58,8 @@ const char s_entries[] = R"({"entries": [
     {"path": "s/thai", "type": "page", "title": "การตั้งค่าเสียง"},
     {"path": "s/korean", "type": "page", "title": "배경 화면"},
     {"path": "s/russian", "type": "page", "title": "Клавиатура"},
+    {"path": "s/energy", "type": "page", "title": "Energy", "keywords": ["history"]},
+    {"path": "s/recent", "type": "page", "title": "Recent documents", "keywords": ["clear history", "file history"]},
     {"path": "s/untitled", "type": "page"}
 ]})";
 
@@ -113,6 +115,7 @@ void SearchTest::finds_data()
     addQuery("inside a word", "tooth", {text("s/bluetooth")});
     addQuery("not inside with two letters", "th", {text("s/sound/theme")});
     addQuery("a keyword", "speakers", {text("s/sound")});
+    addQuery("what is mentioned often first", "history", {text("s/recent"), text("s/energy")});
     addQuery("a description", "cable", {text("s/wifi")});
     addQuery("a title above", "sound volume", {text("s/sound/volume")});
     addQuery("joined words", "wifi", {text("s/wifi")});
@@ -143,6 +146,11 @@ void SearchTest::finds_data()
     addQuery("two edits of a short word", "vvlme", {});
     addQuery("a typo and a word above", "sonud volume", {text("s/sound/volume")});
     addQuery("the first letter wrong", "nluetooth", {text("s/bluetooth")});
+    addQuery("the first letter of a short word wrong", "qifi", {});
+    addQuery("a typo in three letters", "fle", {});
+    addQuery("a typo in the start of a word", "bletoo", {text("s/bluetooth")});
+    addQuery("a typo in a short start", "bleto", {});
+    addQuery("one of three words", "lodz foo bar", {text("s/polish")});
     addQuery("most of the words", "bluetooth foobar", {text("s/bluetooth")});
     addQuery("an inflected word", "displaying", {text("s/screen")});
     addQuery("unrelated", "rhubarb", {});

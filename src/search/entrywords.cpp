@@ -14,6 +14,19 @@ namespace
 constexpr int MaxWordsOfText = 1000; ///< of untrusted files
 constexpr int MaxWordsOfKeyword = 3; ///< beyond, it is a description
 
+/// Returns whether a word that is in @p field is found no better when it is in @p weaker, too.
+bool includes(Field field, Field weaker)
+{
+    return field == weaker || field == Field::Title || weaker == Field::Description
+           || (field == Field::EnglishTitle && weaker == Field::EnglishKeyword);
+}
+
+/// Returns whether a text in @p other may be the same as that in @p field, untranslated.
+bool isTranslation(Field field, Field other)
+{
+    return field <= Field::Keyword && (other == Field::EnglishTitle || other == Field::EnglishKeyword);
+}
+
 class Collector
 {
 public:
@@ -22,10 +35,7 @@ public:
         for (const Word &word : words) {
             addWord(word, field);
         }
-        const QVector<Word> whole = withoutJoints(words);
-        for (int i = 0; i < whole.size() && whole.size() < words.size(); ++i) {
-            addWord(whole.at(i), field);
-        }
+        addWhole(withoutJoints(words), words, field);
     }
 
     /// Of the many words of a long keyword, each says as little as those of a description.
@@ -45,6 +55,19 @@ public:
     QVector<EntryWord> words;
 
 private:
+    /// Adds the words that are not among their @p parts.
+    void addWhole(const QVector<Word> &whole, const QVector<Word> &parts, Field field)
+    {
+        for (int i = 0; i < whole.size() && whole.size() < parts.size(); ++i) {
+            const auto isSame = [&word = whole.at(i)](const Word &part) {
+                return part.start == word.start && part.length == word.length;
+            };
+            if (std::none_of(parts.cbegin(), parts.cend(), isSame)) {
+                addWord(whole.at(i), field);
+            }
+        }
+    }
+
     void addWord(const Word &word, Field field)
     {
         addForm(word.typed, field, Form::Typed);
@@ -61,14 +84,20 @@ private:
         }
     }
 
-    /// Adds what does not say the same as a word that is there: fields and forms are added in the order of their weight.
+    /// Adds a word, or a mention of one that says the same: fields and forms are added in the order of their weight.
     void addForm(const QString &text, Field field, Form form)
     {
         const auto isSame = [&](const EntryWord &word) {
-            return word.text == text && (word.field == field || word.field == Field::Title);
+            return word.text == text && includes(word.field, field);
         };
-        if (!text.isEmpty() && std::none_of(words.cbegin(), words.cend(), isSame)) {
-            words.append({text, field, form});
+        const auto known = std::find_if(words.begin(), words.end(), isSame);
+        if (text.isEmpty()) {
+            return;
+        }
+        if (known == words.end()) {
+            words.append({text, field, form, 0});
+        } else if (known->form == form && !isTranslation(known->field, field)) {
+            known->mentions = std::min(known->mentions + 1, Posting::MaxMentions);
         }
     }
 };

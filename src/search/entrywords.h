@@ -15,6 +15,7 @@ struct EntryWord {
     QString text;
     Field field;
     Form form;
+    int mentions; ///< in further texts, Posting::MaxMentions at most
 };
 
 struct EntryWords {

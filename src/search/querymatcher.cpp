@@ -117,10 +117,10 @@ public:
     }
 
 private:
-    /// Prefers short titles a little.
+    /// Prefers short titles.
     float coverage(int position) const
     {
-        return 0.9F + 0.1F / float(std::max<int>(1, m_nodes.at(position).titleWords));
+        return 0.8F + 0.2F / float(std::max<int>(1, m_nodes.at(position).titleWords));
     }
 
     const Scores &m_scores;
@@ -160,7 +160,7 @@ public:
 
 private:
     static constexpr float All = 1;
-    static constexpr float Most = 0.4F;
+    static constexpr float Most = 0.3F;
 
     /// @p scores are those of @p parts, with typos.
     QVector<Match> mostWords(const QVector<Word> &parts, Scores *scores) const

@@ -181,7 +181,7 @@ void SearchIndex::readEntry(TreeItem *item, const EntryTexts &texts, Segment *se
     const int position = SearchNodes::positionOf(item);
     for (const EntryWord &word : entryWords.words) {
         const int number = m_vocabulary.insert(word.text);
-        m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form));
+        m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form, word.mentions));
         segment->words.append(number);
     }
 }
