@@ -16,6 +16,7 @@ int check(const QStringList &arguments);
 int diff(const QStringList &arguments);
 int install(const QStringList &arguments);
 int preview(const QStringList &arguments);
+int schema(const QStringList &arguments);
 int show(const QStringList &arguments);
 int translate(const QStringList &arguments);
 int tree(const QStringList &arguments);

@@ -28,6 +28,7 @@ const Command s_commands[] = {
     {"show", "prints all properties of an entry", Commands::show},
     {"why", "explains why an entry is in the tree, or why it is not", Commands::why},
     {"diff", "prints what an update of a directory changes", Commands::diff},
+    {"schema", "prints the schema of registration files for editors", Commands::schema},
     {"translate", "makes and updates translations of registration files", Commands::translate},
     {"install", "gives registration files names with a hash of their content", Commands::install},
 };
