@@ -128,17 +128,30 @@ void update(Work *work)
     }
 }
 
+/// Returns the messages of the catalog at @p path.
+QMap<QString, TsFile::Message> messagesOf(const QString &path, Work *work)
+{
+    if (!QFileInfo(path).isFile()) {
+        work->problem = QStringLiteral("there is no catalog \"%1\"").arg(printable(path));
+        return {};
+    }
+    const auto messages = TsFile::messagesOf(contentOf(path), &work->problem);
+    if (!messages) {
+        work->problem.prepend(printable(path) + QLatin1Char(':'));
+    }
+    return messages.value_or(QMap<QString, TsFile::Message>());
+}
+
 void makePseudo(Work *work)
 {
-    const QByteArray catalog = contentOf(work->catalogs.constFirst());
-    TsFile::messagesOf(catalog, &work->problem); // for its errors
+    const QString path = work->catalogs.constFirst();
+    messagesOf(path, work); // for its errors
     if (!work->problem.isEmpty()) {
-        work->problem.prepend(printable(work->catalogs.constFirst()) + QLatin1Char(':'));
         return;
     }
     const auto pseudo = [work](const QString &text) { return pseudoText(text, work->isMirrored); };
     const QString language = work->isMirrored ? QStringLiteral("ar_XB") : QStringLiteral("en_XA");
-    write(work->output, TsFile::translated(catalog, language, pseudo), work);
+    write(work->output, TsFile::translated(contentOf(path), language, pseudo), work);
 }
 
 /// Returns why @p text is not translated in @p messages. Empty if it is.
@@ -157,9 +170,8 @@ QString problemWith(const IdentifiedText &text, const QMap<QString, TsFile::Mess
 /// Prints what the catalog at @p path lacks. Returns whether it is complete.
 bool checkCatalog(const QString &path, Work *work)
 {
-    const auto messages = TsFile::messagesOf(contentOf(path), &work->problem);
-    if (!messages) {
-        work->problem.prepend(printable(path) + QLatin1Char(':'));
+    const QMap<QString, TsFile::Message> messages = messagesOf(path, work);
+    if (!work->problem.isEmpty()) {
         return false;
     }
     int all = 0;
@@ -167,7 +179,7 @@ bool checkCatalog(const QString &path, Work *work)
     for (const TextFile &file : std::as_const(work->files)) {
         all += file.texts.size();
         for (const IdentifiedText &text : file.texts) {
-            const QString problem = problemWith(text, *messages);
+            const QString problem = problemWith(text, messages);
             if (!problem.isEmpty()) {
                 lines.append(
                     QStringLiteral("  %1:%2: \"%3\" %4")
@@ -185,6 +197,9 @@ bool checkCatalog(const QString &path, Work *work)
 void check(Work *work)
 {
     for (const QString &path : std::as_const(work->catalogs)) {
+        if (!work->problem.isEmpty()) {
+            return;
+        }
         work->isComplete = checkCatalog(path, work) && work->isComplete;
     }
 }
