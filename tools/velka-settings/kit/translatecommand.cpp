@@ -167,31 +167,39 @@ QString problemWith(const IdentifiedText &text, const QMap<QString, TsFile::Mess
     return message->isFinished ? QString() : QStringLiteral("is not translated");
 }
 
-/// Prints what the catalog at @p path lacks. Returns whether it is complete.
-bool checkCatalog(const QString &path, Work *work)
+/// Returns a line for each text of @p files that is not translated in @p messages.
+QStringList untranslated(const QVector<TextFile> &files, const QMap<QString, TsFile::Message> &messages)
 {
-    const QMap<QString, TsFile::Message> messages = messagesOf(path, work);
-    if (!work->problem.isEmpty()) {
-        return false;
-    }
-    int all = 0;
     QStringList lines;
-    for (const TextFile &file : std::as_const(work->files)) {
-        all += file.texts.size();
+    for (const TextFile &file : files) {
         for (const IdentifiedText &text : file.texts) {
             const QString problem = problemWith(text, messages);
             if (!problem.isEmpty()) {
                 lines.append(
-                    QStringLiteral("  %1:%2: \"%3\" %4")
+                    QStringLiteral("  %1:%2: \"%3\" %4\n")
                         .arg(printable(file.path), QString::number(text.line), printable(text.id), problem));
             }
         }
     }
-    lines.prepend(QStringLiteral("%1: %2 of %3 texts are translated into %4")
-                      .arg(printable(path), QString::number(all - lines.size()), QString::number(all),
-                           TsFile::languageOf(path)));
-    std::puts(qUtf8Printable(lines.join(QLatin1Char('\n'))));
-    return lines.size() == 1;
+    return lines;
+}
+
+/// Prints what the catalog at @p path lacks.
+void checkCatalog(const QString &path, Work *work)
+{
+    const QMap<QString, TsFile::Message> messages = messagesOf(path, work);
+    if (!work->problem.isEmpty()) {
+        return;
+    }
+    int all = 0;
+    for (const TextFile &file : std::as_const(work->files)) {
+        all += file.texts.size();
+    }
+    const QStringList lines = untranslated(work->files, messages);
+    work->isComplete = work->isComplete && lines.isEmpty();
+    std::printf("%s: %d of %d texts are translated into %s\n%s", qUtf8Printable(printable(path)),
+                all - lines.size(), all, qUtf8Printable(TsFile::languageOf(path)),
+                qUtf8Printable(lines.join(QString())));
 }
 
 void check(Work *work)
@@ -200,7 +208,7 @@ void check(Work *work)
         if (!work->problem.isEmpty()) {
             return;
         }
-        work->isComplete = checkCatalog(path, work) && work->isComplete;
+        checkCatalog(path, work);
     }
 }
 
