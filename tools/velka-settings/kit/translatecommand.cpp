@@ -43,7 +43,8 @@ Exit status: 0; 1 when translations are missing; 2 when a file cannot be read or
 written, or when Qt's tools are missing.
 )";
 
-const CommandSyntax s_syntax{"translate", s_translateHelp, {}, 2, CommandSyntax::Unlimited, "an action and FILE"};
+const CommandSyntax s_translateSyntax{"translate", s_translateHelp,          {},
+                                      2,           CommandSyntax::Unlimited, "an action and FILE"};
 
 struct TextFile {
     QString path; ///< of the registration file
@@ -263,7 +264,7 @@ int Commands::translate(const QStringList &arguments)
     const QCommandLineOption mirrored(QStringLiteral("mirrored"));
     QCommandLineParser parser;
     parser.addOptions({output, mirrored});
-    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_translateSyntax, arguments)) {
         return *exitStatus;
     }
     QStringList named = parser.positionalArguments();
@@ -272,7 +273,7 @@ int Commands::translate(const QStringList &arguments)
     addArguments(named, &work);
     run(action, &work);
     if (!work.problem.isEmpty()) {
-        return refuse(s_syntax, work.problem);
+        return refuse(s_translateSyntax, work.problem);
     }
     return work.isComplete ? Success : Findings;
 }
