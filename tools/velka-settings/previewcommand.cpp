@@ -197,7 +197,8 @@ int Commands::preview(const QStringList &arguments)
         parser.addOption(QCommandLineOption(name));
     }
     const QString vocabularyName = QStringLiteral("vocabulary");
-    for (const QString &name : options + QStringList(vocabularyName)) {
+    parser.addOption({vocabularyName, {}, QStringLiteral("VALUE")});
+    for (const QString &name : options) {
         parser.addOption({name, {}, QStringLiteral("VALUE")});
     }
     const CommandSyntax syntax{"preview", s_previewHelp, {}, 1, CommandSyntax::Unlimited, "FILE or DIR"};

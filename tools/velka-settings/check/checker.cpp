@@ -69,13 +69,12 @@ void collectGroups(const Document &document, FileSummary *summary)
 
 void checkEntries(const Document &document, Findings *findings)
 {
-    static const QVector<EntryRule> rules = pathRules() + textRules() + actionRules() + typeRules() + keyRules()
-                                            + favoriteRules();
+    static const QVector<EntryRule> ofTheLibrary = pathRules() + textRules() + actionRules() + typeRules()
+                                                   + keyRules() + favoriteRules();
+    static const QVector<EntryRule> ofTheHost = ofTheLibrary + hostRules();
+    const QVector<EntryRule> &rules = document.vocabulary ? ofTheHost : ofTheLibrary;
     for (const Entry &entry : document.entries) {
         for (const EntryRule rule : rules) {
-            rule(entry, findings);
-        }
-        for (const EntryRule rule : entry.vocabulary ? hostRules() : QVector<EntryRule>()) {
             rule(entry, findings);
         }
     }
