@@ -21,13 +21,14 @@ complete --command velka-settings --no-files
 complete --command velka-settings --short-option h --long-option help --description 'Print a short help'
 complete --command velka-settings --long-option version --description 'Print the version'
 
-set --local commands check tree show why find diff open preview translate install
+set --local commands check tree show why find diff open preview translate install schema
 set --local descriptions 'Report mistakes in registration files' 'Print the tree of entries' \
     'Print all properties of an entry' 'Explain why an entry is in the tree, or why it is not' \
     'Search the entries for words' \
     'Print what an update of a directory changes' 'Show an entry in the Settings application' \
     'Show files in a Settings window' 'Make and update translations of registration files' \
-    'Give registration files names by their content'
+    'Give registration files names by their content' \
+    'Print the schema of registration files'
 for i in (seq (count $commands))
     complete --command velka-settings --condition "not __velka_settings_uses $commands" \
         --arguments $commands[$i] --description $descriptions[$i]
@@ -73,6 +74,8 @@ complete --command velka-settings --condition '__velka_settings_uses translate' 
 complete --command velka-settings --condition '__velka_settings_uses install' --long-option into --require-parameter \
     --force-files
 complete --command velka-settings --condition '__velka_settings_uses install' --long-option list
+complete --command velka-settings --condition '__velka_settings_uses check preview schema' --long-option vocabulary \
+    --require-parameter --force-files
 
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option format --exclusive \
     --arguments 'text json sarif junit'

@@ -19,6 +19,8 @@ QVector<EntryRule> keyRules();
 QVector<EntryRule> keywordRules();
 QVector<EntryRule> favoriteRules();
 QVector<EntryRule> actionRules();
+/// Rules for an entry that a host with a vocabulary shows.
+QVector<EntryRule> hostRules();
 
 /// Returns the known type that the type of @p entry, an unknown one, may be meant as. Empty when there is none.
 QString meantType(const Entry &entry);

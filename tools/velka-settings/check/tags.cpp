@@ -129,6 +129,23 @@ const QVector<TagInfo> &tags()
         {Tag::GroupsContradict, "groups-contradict", Severity::Error,
          "The required and the disabled group are the same",
          "No user can both belong to a group and not belong to it: the file is never used."},
+        {Tag::HostDepth, "host-depth", Severity::Warning,
+         "An entry is deeper than the host shows",
+         "The vocabulary of the host says how many levels below its root it shows. Declare the entry on a higher "
+         "level."},
+        {Tag::HostKey, "host-key", Severity::Note,
+         "The host ignores a key",
+         "The vocabulary of the host lists keys of entries that have no effect there. Other hosts may use them."},
+        {Tag::HostParam, "host-param", Severity::Warning,
+         "The host does not read a param as it is written",
+         "The vocabulary of the host lists the params of each type and their types. Others have no effect there."},
+        {Tag::HostPlace, "host-place", Severity::Warning,
+         "An entry is not below the root of the host",
+         "The vocabulary of the host has the path of its first page. It shows entries below that, and those of "
+         "applications."},
+        {Tag::HostType, "host-type", Severity::Warning,
+         "The host does not show entries of a type",
+         "The vocabulary of the host lists the types that it shows."},
         {Tag::IdNotAscii, "id-not-ascii", Severity::Warning,
          "A translation id is not ASCII",
          "Ids are looked up in the encoding of the user's locale. In some encodings, characters outside "
