@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "catalogs.h"
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "search/searchindex.h"
@@ -10,6 +11,7 @@
 #include "world.h"
 
 #include <QElapsedTimer>
+#include <QLocale>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void finds();
     void strictStopsAtAllWords_data();
     void strictStopsAtAllWords();
+    void readsTheCatalogsOfTheFile();
     void restrictsTheResults();
     void describesAResult();
     void highlights_data();
@@ -177,6 +180,27 @@ void SearchTest::strictStopsAtAllWords()
 {
     QFETCH(QString, query);
     QTEST(found(strictly(query)), "locations");
+}
+
+void SearchTest::readsTheCatalogsOfTheFile()
+{
+    QLocale::setDefault(QLocale(text("fi_FI")));
+    Catalogs::install("sample_eng_en", "sample_eng_en");
+    Catalogs::install("sample-fi", "sample-fi");
+    World::writeEntries(text("translated.json"), R"({"translation_catalog": "sample", "entries": [
+        {"path": "t/title", "title": "Plain", "translation_id": "test-both"},
+        {"path": "t/keywords", "title": "Other", "keywords": ["unused"], "keywords_id": "test-locale"},
+        {"path": "t/unknown", "title": "Fallback", "translation_id": "test-none", "keywords": ["used"],
+         "keywords_id": "test-none"}]})");
+    World::rescan(PluginRegistry::instance());
+    QCOMPARE(found({text("molemmat")}), QStringList{text("t/title")});
+    QCOMPARE(found({text("both")}), QStringList{text("t/title")});
+    QCOMPARE(found({text("plain")}), QStringList());
+    QCOMPARE(found({text("kieli")}), QStringList{text("t/keywords")});
+    QCOMPARE(found({text("fallback used")}), QStringList{text("t/unknown")});
+    SettingsSearch search;
+    search.finish();
+    QCOMPARE(search.resultAt(text("t/title")).title, text("Molemmat"));
 }
 
 void SearchTest::restrictsTheResults()

@@ -27,23 +27,41 @@ bool isTranslation(Field field, Field other)
     return field <= Field::Keyword && (other == Field::EnglishTitle || other == Field::EnglishKeyword);
 }
 
+bool isOneOf(const QVector<Word> &words, const Word &word)
+{
+    return std::any_of(words.cbegin(), words.cend(), [&word](const Word &other) {
+        return other.start == word.start && other.length == word.length;
+    });
+}
+
 class Collector
 {
 public:
-    void add(const QString &text, Field field)
+    void add(const QVector<Word> &words, Field field)
     {
-        const QVector<Word> words = wordsOf(text).mid(0, MaxWordsOfText);
         for (const Word &word : words) {
             addWord(word, field);
         }
         const QVector<Word> whole = withoutJoints(words);
-        for (const Word &word : whole) {
-            if (std::none_of(words.cbegin(), words.cend(), [&](const Word &part) {
-                    return part.start == word.start && part.length == word.length;
-                })) {
-                addWord(word, field);
+        for (int i = 0; i < whole.size() && whole.size() < words.size(); ++i) {
+            if (!isOneOf(words, whole.at(i))) {
+                addWord(whole.at(i), field);
             }
         }
+    }
+
+    /// Of the many words of a long keyword, each says as little as those of a description.
+    void addKeywords(const QStringList &keywords, Field field)
+    {
+        for (const QString &keyword : keywords) {
+            const QVector<Word> words = textWords(keyword);
+            add(words, words.size() > MaxWordsOfKeyword ? Field::Description : field);
+        }
+    }
+
+    static QVector<Word> textWords(const QString &text)
+    {
+        return wordsOf(text).mid(0, MaxWordsOfText);
     }
 
     QVector<EntryWord> words;
@@ -71,10 +89,10 @@ private:
         const auto isSame = [&](const EntryWord &word) {
             return word.text == text && includes(word.field, field);
         };
-        const auto known = std::find_if(words.begin(), words.end(), isSame);
         if (text.isEmpty()) {
             return;
         }
+        const auto known = std::find_if(words.begin(), words.end(), isSame);
         if (known == words.end()) {
             words.append({text, field, form, 0});
         } else if (known->form == form && !isTranslation(known->field, field)) {
@@ -82,30 +100,16 @@ private:
         }
     }
 };
-
-/// Of the many words of a sentence, each says little.
-bool isSentence(const QString &keyword)
-{
-    return wordsOf(keyword).size() > MaxWordsOfKeyword;
-}
 }
 
-QVector<EntryWord> wordsOfEntry(const EntryTexts &texts)
+EntryWords wordsOfEntry(const EntryTexts &texts)
 {
+    const QVector<Word> title = Collector::textWords(texts.title);
     Collector collector;
-    collector.add(texts.title, Field::Title);
-    for (const QString &keyword : texts.keywords) {
-        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::Keyword);
-    }
-    collector.add(texts.englishTitle, Field::EnglishTitle);
-    for (const QString &keyword : texts.englishKeywords) {
-        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::EnglishKeyword);
-    }
-    collector.add(texts.description, Field::Description);
-    return collector.words;
-}
-
-int countOfWords(const QString &title)
-{
-    return wordsOf(title).size();
+    collector.add(title, Field::Title);
+    collector.addKeywords(texts.keywords, Field::Keyword);
+    collector.add(Collector::textWords(texts.englishTitle), Field::EnglishTitle);
+    collector.addKeywords(texts.englishKeywords, Field::EnglishKeyword);
+    collector.add(Collector::textWords(texts.description), Field::Description);
+    return {collector.words, title.size()};
 }
