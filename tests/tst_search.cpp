@@ -146,6 +146,7 @@ void SearchTest::finds_data()
     addQuery("a letter added", "voluume", {text("s/sound/volume")});
     addQuery("two letters swapped", "vloume", {text("s/sound/volume")});
     addQuery("two edits of a long word", "notifcatons", {text("s/notifications")});
+    addQuery("two edits of a long word to a short one", "diiplaay", {});
     addQuery("two edits of a short word", "vvlme", {});
     addQuery("a typo and a word above", "sonud volume", {text("s/sound/volume")});
     addQuery("the first letter wrong", "nluetooth", {text("s/bluetooth")});

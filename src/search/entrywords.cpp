@@ -27,6 +27,13 @@ bool isTranslation(Field field, Field other)
     return field <= Field::Keyword && (other == Field::EnglishTitle || other == Field::EnglishKeyword);
 }
 
+bool isOneOf(const QVector<Word> &words, const Word &word)
+{
+    return std::any_of(words.cbegin(), words.cend(), [&word](const Word &other) {
+        return other.start == word.start && other.length == word.length;
+    });
+}
+
 class Collector
 {
 public:
@@ -35,7 +42,12 @@ public:
         for (const Word &word : words) {
             addWord(word, field);
         }
-        addWhole(withoutJoints(words), words, field);
+        const QVector<Word> whole = withoutJoints(words);
+        for (int i = 0; i < whole.size() && whole.size() < words.size(); ++i) {
+            if (!isOneOf(words, whole.at(i))) {
+                addWord(whole.at(i), field);
+            }
+        }
     }
 
     /// Of the many words of a long keyword, each says as little as those of a description.
@@ -55,19 +67,6 @@ public:
     QVector<EntryWord> words;
 
 private:
-    /// Adds the words that are not among their @p parts.
-    void addWhole(const QVector<Word> &whole, const QVector<Word> &parts, Field field)
-    {
-        for (int i = 0; i < whole.size() && whole.size() < parts.size(); ++i) {
-            const auto isSame = [&word = whole.at(i)](const Word &part) {
-                return part.start == word.start && part.length == word.length;
-            };
-            if (std::none_of(parts.cbegin(), parts.cend(), isSame)) {
-                addWord(whole.at(i), field);
-            }
-        }
-    }
-
     void addWord(const Word &word, Field field)
     {
         addForm(word.typed, field, Form::Typed);
@@ -90,10 +89,10 @@ private:
         const auto isSame = [&](const EntryWord &word) {
             return word.text == text && includes(word.field, field);
         };
-        const auto known = std::find_if(words.begin(), words.end(), isSame);
         if (text.isEmpty()) {
             return;
         }
+        const auto known = std::find_if(words.begin(), words.end(), isSame);
         if (known == words.end()) {
             words.append({text, field, form, 0});
         } else if (known->form == form && !isTranslation(known->field, field)) {

@@ -19,7 +19,7 @@ constexpr int MinLettersWithEditOfStart = 6;
 constexpr int MinLettersWithOtherFirst = 5;
 constexpr int MinLettersWithTwoEdits = 8;
 constexpr int MinSameLetters = 4; ///< at the beginning of similar words
-constexpr float MinShareOfInflected = 0.66F; ///< of the letters of the longer word
+constexpr float MinShareOfInflected = 0.7F; ///< of the letters of the longer word
 constexpr int MinLettersOfPart = 5; ///< of a compound
 constexpr float MinShareOfPart = 0.5F;
 
@@ -100,7 +100,8 @@ float QueryForm::weight() const
 
 WordMatch QueryForm::typo(QStringView word) const
 {
-    for (int edits = 1; edits <= m_edits; ++edits) {
+    const int mostEdits = word.size() < MinLettersWithTwoEdits ? std::min(m_edits, 1) : m_edits;
+    for (int edits = 1; edits <= mostEdits; ++edits) {
         if (isWithinEdits(m_text, word, edits)) {
             return {MatchKind::Typo, edits == 1 ? 0.6F : 0.45F};
         }
