@@ -75,6 +75,11 @@ TestCase {
         return null;
     }
 
+    function isHighlighted(text) {
+        const row = shown(text);
+        return row !== null && row.highlighted;
+    }
+
     function tap(text) {
         tryVerify(() => shown(text) !== null, 5000, text);
         mouseClick(shown(text));
@@ -135,7 +140,7 @@ TestCase {
     function test_otherProgramsOpenAddresses(data) {
         verify(world.open("org.example.Settings", data.path));
         expectShown(data.text);
-        compare(shown("Seconds") !== null && shown("Seconds").highlighted, data.tag === "row");
+        tryVerify(() => isHighlighted("Seconds") === (data.tag === "row"));
     }
 
     function test_rowsAndPagesOfRemovedEntriesDisappear() {
