@@ -4,7 +4,7 @@
 #include "appearance.h"
 #include "catalogwatcher.h"
 #include "keyboarduse.h"
-#include "maintenanceinterface.h"
+#include "pagefiles.h"
 #include "pluginregistry.h"
 #include "previewedfiles.h"
 #include "previewtour.h"
@@ -51,9 +51,9 @@ constexpr int CatalogsChanged = 77;
 /// Returns the page of the settings if there are any, otherwise that of all entries.
 QVariantMap topPage()
 {
-    const QStringList settings{QStringLiteral("system_settings")};
-    const bool hasSettings = PluginRegistry::instance()->getItem(settings);
-    return {{QStringLiteral("topPath"), hasSettings ? settings : QStringList()},
+    const QString settings = QStringLiteral("system_settings");
+    const bool hasSettings = PluginRegistry::instance()->getItem({settings});
+    return {{QStringLiteral("topPath"), hasSettings ? settings : QString()},
             {QStringLiteral("topDepth"), hasSettings ? 2 : 1}};
 }
 
@@ -113,22 +113,22 @@ int main(int argc, char *argv[])
     setAppearance();
     PreviewedFiles files(parser.positionalArguments(), parser.values(s_directory));
     files.follow();
+    const PageFiles pages(parser.values(s_root), parser.positionalArguments());
+    pages.install();
+    QObject::connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, &application,
+                     [&pages] { pages.install(); });
     PluginRegistry::instance()->loadTranslationCatalog(QStringLiteral("settings"));
     RegistrationFiles drawerFiles(QStringLiteral("/usr/share/velka-settings/entries"));
-    OrgExampleMaintenanceInterface maintenance(QStringLiteral("org.example.Maintenance"),
-                                               QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
     ServiceFaults faults;
     QQmlApplicationEngine engine;
     for (const char *modules : {"/" VELKA_TO_QML, "/../../qml"}) { // as installed, and of the build
         engine.addImportPath(QCoreApplication::applicationDirPath() + QLatin1String(modules));
     }
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &drawerFiles);
-    engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
     engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
     engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
     const bool quits = parser.isSet(s_screenshot) || parser.isSet(s_smokeTest);
-    const QVariantMap top = topPage();
-    QVariantMap properties = top;
+    QVariantMap properties = topPage();
     properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));
     properties.insert(QStringLiteral("animated"), !quits);
     engine.setInitialProperties(properties);
@@ -140,9 +140,7 @@ int main(int argc, char *argv[])
     warnOfMissingIcons();
     auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     new KeyboardUse(window);
-    PreviewTour tour(window,
-                     top.value(QStringLiteral("topPath")).toStringList(),
-                     PageFiles(parser.values(s_root), parser.positionalArguments()));
+    PreviewTour tour(window, pages);
     if (!act(&tour, parser)) {
         return 1;
     }
