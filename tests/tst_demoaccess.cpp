@@ -7,6 +7,7 @@
 #include "demowindow.h"
 #include "qmlcall.h"
 #include "text.h"
+#include "windowinput.h"
 #include "windowpictures.h"
 #include "world.h"
 
@@ -76,6 +77,7 @@ private Q_SLOTS:
     void pageWithoutControlsScrolls();
     void pagesOfARemovedEntryClose();
     void addressShowsARow();
+    void searchOpensAnEntry();
     void pagesAreRead_data();
     void pagesAreRead();
 
@@ -293,6 +295,22 @@ void DemoAccessTest::addressShowsARow()
     QCOMPARE(row->property("path").toString(), text("system_settings/look/sounds/do_not_disturb"));
     press(Qt::Key_Return);
     QCOMPARE(page()->property("title").toString(), text("Do not disturb"));
+}
+
+void DemoAccessTest::searchOpensAnEntry()
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(focusedRow(), text("search"));
+    for (const char key : QByteArray("disturb")) {
+        QTest::keyClick(m_window, key);
+    }
+    const QString found = text("found system_settings/look/sounds/do_not_disturb");
+    QTRY_VERIFY(findItem(m_window, found));
+    QCOMPARE(findItem(m_window, found)->property("markup").toString(), text("Do not <b>disturb</b>"));
+    press(Qt::Key_Down);
+    QCOMPARE(focusedRow(), found);
+    press(Qt::Key_Return);
+    QCOMPARE(page()->property("title").toString(), text("Sounds and vibration"));
 }
 
 void DemoAccessTest::pagesAreRead_data()

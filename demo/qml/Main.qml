@@ -195,6 +195,10 @@ Kirigami.ApplicationWindow {
         openPage("FavoritesPage.qml", {}, 0)
     }
 
+    function openSearch() {
+        openPage("SearchPage.qml", {}, 0)
+    }
+
     function openFavoriteChoice(column) {
         openPage("FavoriteChoicePage.qml", {}, column)
     }
@@ -249,6 +253,11 @@ Kirigami.ApplicationWindow {
 
     PageFocus {
         window: window
+    }
+
+    Shortcut {
+        sequence: StandardKey.Find
+        onActivated: window.openSearch()
     }
 
     SettingsModel {

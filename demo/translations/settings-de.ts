@@ -376,6 +376,14 @@
         <source>Nonsense</source>
         <translation>Antwortet Unsinn</translation>
     </message>
+    <message id="settings-bt-search">
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message id="settings-la-nothing_found">
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
     <message id="settings-bt-run">
         <source>Run</source>
         <translation>Ausführen</translation>

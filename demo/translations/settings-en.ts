@@ -376,6 +376,14 @@
         <source>Nonsense</source>
         <translation>Answers nonsense</translation>
     </message>
+    <message id="settings-bt-search">
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message id="settings-la-nothing_found">
+        <source>Nothing found</source>
+        <translation>Nothing found</translation>
+    </message>
     <message id="settings-bt-run">
         <source>Run</source>
         <translation>Run</translation>

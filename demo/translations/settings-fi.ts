@@ -376,6 +376,14 @@
         <source>Nonsense</source>
         <translation>Vastaa mitä sattuu</translation>
     </message>
+    <message id="settings-bt-search">
+        <source>Search</source>
+        <translation>Haku</translation>
+    </message>
+    <message id="settings-la-nothing_found">
+        <source>Nothing found</source>
+        <translation>Ei löytynyt mitään</translation>
+    </message>
     <message id="settings-bt-run">
         <source>Run</source>
         <translation>Suorita</translation>
