@@ -44,6 +44,8 @@ void countWarnings(QtMsgType type, const QMessageLogContext &context, const QStr
         QStringLiteral("This plugin does not support propagateSizeHints()"),
         QStringLiteral("This plugin does not support raise()"),
         QStringLiteral("Failed to find a Kirigami platform plugin"),
+        // Entries of pages that are not installed. Their pages show the message.
+        QStringLiteral("\\\"source\\\" is not the absolute path of a file"),
         // Warnings about a page that is closed before its tool bar is complete, on a busy machine
         QStringLiteral("Could not create delegate for ToolBarLayout"),
         QStringLiteral("ActionToolBar.qml: Object or context destroyed during incubation"),

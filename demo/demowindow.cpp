@@ -12,12 +12,9 @@
 
 DemoWindow::DemoWindow(const QString &packagesDirectory)
     : m_files(packagesDirectory)
-    , m_maintenance(QStringLiteral("org.example.Maintenance"), QStringLiteral("/Maintenance"),
-                    QDBusConnection::sessionBus())
 {
     m_engine.addImportPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../qml")); // in the build
     m_engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &m_files);
-    m_engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &m_maintenance);
     m_engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &m_faults);
     m_engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
 }

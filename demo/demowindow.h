@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "maintenanceinterface.h"
 #include "registrationfiles.h"
 #include "servicefaults.h"
 
@@ -27,7 +26,6 @@ public:
 
 private:
     RegistrationFiles m_files;
-    OrgExampleMaintenanceInterface m_maintenance;
     ServiceFaults m_faults;
     QQmlApplicationEngine m_engine;
 };

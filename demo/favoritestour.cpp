@@ -28,6 +28,9 @@ const QStringList s_rows = {
 const QString s_succeeding = QStringLiteral("system_settings/device/storage/free_space");
 const QString s_failing = QStringLiteral("system_settings/device/storage/format_card");
 const QString s_unanswered = QStringLiteral("system_settings/device/updates/check");
+const QString s_done = QStringLiteral("succeeded");
+const QString s_failed = QStringLiteral("failed");
+const QString s_waiting = QStringLiteral("running");
 const QString s_uninstalled = QStringLiteral("system_settings/connectivity/wlan/add_network");
 
 QStringList stored()
@@ -100,9 +103,9 @@ bool FavoritesTour::walkActions(const QString &form)
 {
     callQml(m_window, "openFavorites");
     if (!m_pictures->save(form + QLatin1String("-favorites-reopened"))
-        || !trigger(s_succeeding, form + QLatin1String("-action-done"))
-        || !trigger(s_failing, form + QLatin1String("-action-failed"))
-        || !trigger(s_unanswered, form + QLatin1String("-action-unanswered"))) {
+        || !trigger(s_succeeding, s_done, form + QLatin1String("-action-done"))
+        || !trigger(s_failing, s_failed, form + QLatin1String("-action-failed"))
+        || !trigger(s_unanswered, s_waiting, form + QLatin1String("-action-unanswered"))) {
         return false;
     }
     const QString picture = m_pictures->file(QStringLiteral("store"));
@@ -142,15 +145,15 @@ bool FavoritesTour::drag(const QString &path, const QString &target)
     return waitForStored(paths);
 }
 
-/// Clicks an action that has a service, and saves a picture of the outcome.
-bool FavoritesTour::trigger(const QString &path, const QString &name)
+/// Clicks an action that has a service, and saves a picture of its outcome.
+bool FavoritesTour::trigger(const QString &path, const QString &outcome, const QString &name)
 {
     if (!click(m_window, s_favorite + path)) {
         return false;
     }
-    const bool answered = m_pictures->waitFor([this] {
-        const QQuickItem *const outcome = findItem(m_window, QStringLiteral("outcome"));
-        return outcome && outcome->isVisible();
+    const bool answered = m_pictures->waitFor([this, &outcome] {
+        const QQuickItem *const message = findItem(m_window, QStringLiteral("outcome"));
+        return message && message->isVisible() && message->property("outcome").toString() == outcome;
     });
     return (answered || fail(QStringLiteral("The service is not called: ") + path)) && m_pictures->save(name);
 }

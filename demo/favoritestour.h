@@ -27,7 +27,7 @@ private:
     bool add(const QString &path);
     bool remove(const QString &path);
     bool drag(const QString &path, const QString &target);
-    bool trigger(const QString &path, const QString &name);
+    bool trigger(const QString &path, const QString &outcome, const QString &name);
     bool waitForStored(const QStringList &paths);
 
     QQuickWindow *const m_window;

@@ -8,8 +8,6 @@
 #include "toolkit/address.h"
 #include "treeprinter.h"
 
-#include <pluginregistry.h>
-
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -40,13 +38,10 @@ const QCommandLineOption s_tour(QStringLiteral("tour"), QStringLiteral("Save a f
 void openAddress(QQuickWindow *window, const QString &text)
 {
     const Address address = Address::of(text);
-    const QStringList names = address.path.split(QLatin1Char('/'));
-    if (!address.error.isEmpty()) {
-        qWarning("Cannot open the address: %s", qUtf8Printable(address.error));
-    } else if (!PluginRegistry::instance()->getItem(names)) {
-        qWarning("Cannot open the address: there is no such entry");
+    if (address.error.isEmpty()) {
+        callQml(window, "showEntry", address.path.split(QLatin1Char('/')), false);
     } else {
-        callQml(window, "showEntry", names, false);
+        qWarning("Cannot open the address: %s", qUtf8Printable(address.error));
     }
 }
 
@@ -88,6 +83,7 @@ int main(int argc, char *argv[])
     QQuickWindow *const window = demo.open({
         {QStringLiteral("wide"), parser.isSet(s_wide)},
         {QStringLiteral("animated"), !takesPictures},
+        {QStringLiteral("service"), QStringLiteral("org.velkasettings.Demo")},
     });
     if (!window) {
         return 1;

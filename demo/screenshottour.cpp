@@ -104,7 +104,8 @@ bool ScreenshotTour::walkPages(const QString &form, int depth)
         if (!showEntry(path, false, name)) {
             return false;
         }
-        if (item->count() > 0 && !showEntry(path, true, name + QLatin1String("-details"))) {
+        const bool isPageWithoutEntries = item->type() == QLatin1String("page") && item->count() == 0;
+        if (!isPageWithoutEntries && !showEntry(path, true, name + QLatin1String("-details"))) {
             return false;
         }
     }

@@ -7,6 +7,8 @@
 #include "demowindow.h"
 #include "qmlcall.h"
 #include "text.h"
+#include "windowinput.h"
+#include "windowpictures.h"
 #include "world.h"
 
 #include <mgconfitem.h>
@@ -73,6 +75,9 @@ private Q_SLOTS:
     void spaceChangesAFavorite();
     void favoritesAreMovedAndRemoved();
     void pageWithoutControlsScrolls();
+    void pagesOfARemovedEntryClose();
+    void addressShowsARow();
+    void searchOpensAnEntry();
     void pagesAreRead_data();
     void pagesAreRead();
 
@@ -80,6 +85,7 @@ private:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     bool tabTo(const char *name);
     bool isAtRest() const;
+    bool waitForRest();
     QString focused() const;
     QString focusedRow() const;
     QQuickItem *page() const;
@@ -129,6 +135,12 @@ bool DemoAccessTest::isAtRest() const
 {
     const QQmlIncubationController *const incubation = qmlEngine(m_window)->incubationController();
     return m_window->property("settled").toBool() && incubation->incubatingObjectCount() == 0;
+}
+
+/// Waits until the window shows the same in two frames: rows and the buttons of tool bars are created late.
+bool DemoAccessTest::waitForRest()
+{
+    return WindowPictures(m_window, m_packages.path(), [this] { return isAtRest(); }).save(text("page"));
 }
 
 /// Returns what a screen reader says of the control that has the focus.
@@ -259,6 +271,48 @@ void DemoAccessTest::favoritesAreMovedAndRemoved()
     QTRY_COMPARE(focused(), text(R"(Button "Display and sound" focusable)"));
 }
 
+void DemoAccessTest::pagesOfARemovedEntryClose()
+{
+    const int rows = m_window->property("topRows").toInt();
+    callQml(m_window, "showEntry", path("system_settings/connectivity/bluetooth"), true);
+    QTRY_VERIFY(isAtRest());
+    QCOMPARE(m_window->property("openPages").toInt(), 3);
+    World::removeEntries(text("bluetooth.json"));
+    QTRY_COMPARE(m_window->property("openPages").toInt(), 1);
+    QVERIFY(copyFiles(text(DEMO_ENTRIES), text("bluetooth.json"), text("/usr/share/velka-settings/entries")));
+    QTRY_COMPARE(m_window->property("topRows").toInt(), rows);
+}
+
+/// The address of a control opens the page around it, whose current row it becomes.
+void DemoAccessTest::addressShowsARow()
+{
+    callQml(m_window, "showEntry", path("system_settings/look/sounds/do_not_disturb"), false);
+    QVERIFY(waitForRest());
+    QCOMPARE(page()->property("title").toString(), text("Sounds and vibration"));
+    const auto *const list = page()->property("flickable").value<QQuickItem *>();
+    const auto *const row = list->property("currentItem").value<QQuickItem *>();
+    QVERIFY(row);
+    QCOMPARE(row->property("path").toString(), text("system_settings/look/sounds/do_not_disturb"));
+    press(Qt::Key_Return);
+    QCOMPARE(page()->property("title").toString(), text("Do not disturb"));
+}
+
+void DemoAccessTest::searchOpensAnEntry()
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(focusedRow(), text("search"));
+    for (const char key : QByteArray("disturb")) {
+        QTest::keyClick(m_window, key);
+    }
+    const QString found = text("found system_settings/look/sounds/do_not_disturb");
+    QTRY_VERIFY(findItem(m_window, found));
+    QCOMPARE(findItem(m_window, found)->property("markup").toString(), text("Do not <b>disturb</b>"));
+    press(Qt::Key_Down);
+    QCOMPARE(focusedRow(), found);
+    press(Qt::Key_Return);
+    QCOMPARE(page()->property("title").toString(), text("Sounds and vibration"));
+}
+
 void DemoAccessTest::pagesAreRead_data()
 {
     QTest::addColumn<QStringList>("entry");
@@ -275,7 +329,8 @@ void DemoAccessTest::pagesAreRead()
 {
     QFETCH(QStringList, entry);
     QFETCH(QString, function);
-    callQml(m_window, "showEntry", entry, false);
+    const bool isAction = entry.size() == 4;
+    callQml(m_window, "showEntry", entry, isAction);
     if (function == text("openApplications")) { // there are no services
         for (const char *warning : {"Failed to get allowlist", "Failed to get notifications configs list"}) {
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text(warning)));
@@ -285,7 +340,7 @@ void DemoAccessTest::pagesAreRead()
         callQml(m_window, qPrintable(function));
         waitForServices();
     }
-    QTRY_VERIFY(isAtRest());
+    QVERIFY(waitForRest());
     QAccessible::setActive(true);
     QQuickItem *const content = page()->property("flickable").value<QQuickItem *>()->parentItem();
     const QString tree = accessibleTree(*QAccessible::queryAccessibleInterface(content));

@@ -7,7 +7,7 @@
 #include "registry/pluginregistry.h"
 #include "testsize.h"
 #include "text.h"
-#include "toolkit/entrypage.h"
+#include "toolkit/entrypagecontent.h"
 #include "world.h"
 
 #include <QPointer>
@@ -15,6 +15,7 @@
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlIncubationController>
+#include <QQuickItem>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -89,7 +90,7 @@ class EntryPageTest : public QObject
 public:
     Q_INVOKABLE void setPath(const QString &path)
     {
-        m_page->setPath(path);
+        m_page->setProperty("path", path);
     }
 
 public Q_SLOTS:
@@ -131,16 +132,21 @@ private Q_SLOTS:
 private:
     QString write(const QString &name, const QByteArray &qml) const;
     void open(const QString &path = s_path);
+    EntryPageContent *content() const;
+    EntryPageContent::Status status() const;
+    QQuickItem *item() const;
+    QVariantList errors() const;
 
     std::unique_ptr<QTemporaryDir> m_directory;
     std::unique_ptr<QQmlEngine> m_engine;
     QQmlIncubationController m_controller;
-    std::unique_ptr<EntryPage> m_page;
+    std::unique_ptr<QQuickItem> m_page;
 };
 
 void EntryPageTest::initTestCase()
 {
-    qmlRegisterType<EntryPage>(s_uri, 1, 0, "EntryPage");
+    qmlRegisterType<EntryPageContent>(s_uri, 1, 0, "EntryPageContent");
+    qmlRegisterType(QUrl::fromLocalFile(text(ENTRYPAGE_QML)), s_uri, 1, 0, "EntryPage");
     qmlRegisterType<SettingsEntry>(s_uri, 1, 0, "SettingsEntry");
     World::writeBlacklist("[]");
 }
@@ -175,28 +181,48 @@ void EntryPageTest::open(const QString &path)
     component.setData("import QtQuick 2.15\nimport com.velka.settings.toolkit 1.0\n"
                       "EntryPage { id: hostPage; width: 200; height: 100 }",
                       QUrl());
-    m_page.reset(qobject_cast<EntryPage *>(component.create()));
+    m_page.reset(qobject_cast<QQuickItem *>(component.create()));
     QVERIFY2(m_page, qPrintable(component.errorString()));
-    m_page->setPath(path);
+    setPath(path);
+}
+
+EntryPageContent *EntryPageTest::content() const
+{
+    return m_page->findChild<EntryPageContent *>();
+}
+
+EntryPageContent::Status EntryPageTest::status() const
+{
+    return EntryPageContent::Status(m_page->property("status").toInt());
+}
+
+QQuickItem *EntryPageTest::item() const
+{
+    return qobject_cast<QQuickItem *>(m_page->property("item").value<QObject *>());
+}
+
+QVariantList EntryPageTest::errors() const
+{
+    return m_page->property("errors").toList();
 }
 
 void EntryPageTest::loadsThePage()
 {
     install(s_file, entry(write(text("page.qml"), "import QtQuick 2.15\nItem { objectName: 'page' }")));
     open(QString());
-    PropertyLog log(m_page.get(), EntryPage::staticMetaObject);
-    m_page->setPath(s_path);
-    QCOMPARE(m_page->status(), EntryPage::Loading);
-    QVERIFY(!m_page->item());
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QCOMPARE(m_page->item()->objectName(), text("page"));
-    QCOMPARE(m_page->item()->parentItem(), m_page.get());
-    QCOMPARE(m_page->entry()->title(), text("Volume"));
-    QCOMPARE(m_page->errors(), QVariantList());
+    PropertyLog log(content(), EntryPageContent::staticMetaObject);
+    setPath(s_path);
+    QCOMPARE(status(), EntryPageContent::Loading);
+    QVERIFY(!item());
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QCOMPARE(item()->objectName(), text("page"));
+    QCOMPARE(item()->parentItem(), m_page.get());
+    QCOMPARE(content()->entry()->title(), text("Volume"));
+    QCOMPARE(errors(), QVariantList());
     QVERIFY(m_page->isFocusScope());
     QCOMPARE(log.take(), QStringList({text("path"), text("status"), text("item"), text("status")}));
-    m_page->setPath(s_path);
-    m_page->setPath(text("/sound//volume"));
+    setPath(s_path);
+    setPath(text("/sound//volume"));
     QCOMPARE(log.take(), QStringList{text("path")});
     QVERIFY(log.isRight());
 }
@@ -227,10 +253,10 @@ void EntryPageTest::givesTheEntry()
             entry(write(text("page.qml"), "import QtQuick 2.15\nimport com.velka.settings.toolkit 1.0\nItem {"
                                               + declaration + "}")));
     open(QString());
-    m_page->entry()->setFavoritesKey(text("/test/favorites"));
-    m_page->setPath(s_path);
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QCOMPARE(m_page->item()->property("shown").toString(), shown);
+    content()->entry()->setFavoritesKey(text("/test/favorites"));
+    setPath(s_path);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QCOMPARE(item()->property("shown").toString(), shown);
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
@@ -239,8 +265,8 @@ void EntryPageTest::pageSeesNothingOfTheHost()
     install(s_file, entry(write(text("page.qml"),
                                 "import QtQuick 2.15\nItem { property string shown: typeof hostPage }")));
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QCOMPARE(m_page->item()->property("shown").toString(), text("undefined"));
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QCOMPARE(item()->property("shown").toString(), text("undefined"));
 }
 
 void EntryPageTest::pageIsAsLargeAsItsHost()
@@ -255,13 +281,13 @@ void EntryPageTest::pageIsAsLargeAsItsHost()
             Component.onCompleted: firstWidth = width
         })")));
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QQuickItem *item = m_page->item();
-    QCOMPARE(item->size(), QSizeF(200, 100));
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QQuickItem *const shown = item();
+    QCOMPARE(shown->size(), QSizeF(200, 100));
     m_page->setWidth(500);
-    QCOMPARE(item->size(), QSizeF(500, 100));
+    QCOMPARE(shown->size(), QSizeF(500, 100));
     QCOMPARE(m_page->implicitWidth(), 30.0);
-    item->setImplicitHeight(25);
+    shown->setImplicitHeight(25);
     QCOMPARE(m_page->implicitHeight(), 25.0);
 }
 
@@ -281,7 +307,7 @@ void EntryPageTest::takesAnyFileName()
     QFETCH(QString, name);
     install(s_file, entry(prefix + write(name, "import QtQuick 2.15\nItem {}")));
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
 }
 
 void EntryPageTest::refusesOtherSources_data()
@@ -313,12 +339,12 @@ void EntryPageTest::refusesOtherSources()
     install(s_file, R"({"path": "sound/volume", "params": )" + params + "}");
     const MessageLog log;
     open();
-    QCOMPARE(m_page->status(), EntryPage::Error);
+    QCOMPARE(status(), EntryPageContent::Error);
     const QVariantMap refusal = error(QLatin1String(Messages::PageIsNoFile), source, 0, 0);
-    QCOMPARE(m_page->errors(), QVariantList{refusal});
+    QCOMPARE(errors(), QVariantList{refusal});
     QCOMPARE(MessageLog::take(), QStringList{warning(refusal)});
     World::setMasked({text("unrelated")});
-    m_page->setPath(text("/sound/volume"));
+    setPath(text("/sound/volume"));
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
@@ -356,16 +382,16 @@ void EntryPageTest::reportsErrors()
     install(s_file, entry(file));
     const MessageLog log;
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Error);
-    QVERIFY(!m_page->item());
-    const QVariantMap first = m_page->errors().value(0).toMap();
+    QTRY_COMPARE(status(), EntryPageContent::Error);
+    QVERIFY(!item());
+    const QVariantMap first = errors().value(0).toMap();
     QVERIFY2(first.value(text("text")).toString().startsWith(description),
              qPrintable(first.value(text("text")).toString()));
     QCOMPARE(first, error(first.value(text("text")).toString(), file, line, column));
     QCOMPARE(MessageLog::take(), QStringList{warning(first)});
     reload(s_file, entry(write(text("right.qml"), "import QtQuick 2.15\nItem {}")));
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QCOMPARE(m_page->errors(), QVariantList());
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QCOMPARE(errors(), QVariantList());
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
@@ -375,24 +401,24 @@ void EntryPageTest::followsTheEntry()
     const QString second = write(text("second.qml"), "import QtQuick 2.15\nItem { objectName: 'second' }");
     install(s_file, entry(first));
     open();
-    PropertyLog log(m_page.get(), EntryPage::staticMetaObject);
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    const QPointer<QQuickItem> item = m_page->item();
+    PropertyLog log(content(), EntryPageContent::staticMetaObject);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    const QPointer<QQuickItem> shown = item();
     uninstall(s_file);
-    QCOMPARE(m_page->status(), EntryPage::Gone);
-    QVERIFY(!m_page->item());
-    QTRY_VERIFY(!item);
+    QCOMPARE(status(), EntryPageContent::Gone);
+    QVERIFY(!item());
+    QTRY_VERIFY(!shown);
     install(s_file, entry(second));
-    QCOMPARE(m_page->status(), EntryPage::Loading);
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QCOMPARE(m_page->item()->objectName(), text("second"));
+    QCOMPARE(status(), EntryPageContent::Loading);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QCOMPARE(item()->objectName(), text("second"));
     World::setMasked({s_path});
-    QCOMPARE(m_page->status(), EntryPage::Gone);
+    QCOMPARE(status(), EntryPageContent::Gone);
     World::setMasked({});
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
     reload(s_file, entry(first));
-    QCOMPARE(m_page->status(), EntryPage::Loading);
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
+    QCOMPARE(status(), EntryPageContent::Loading);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
     QVERIFY(log.isRight());
 }
 
@@ -401,13 +427,13 @@ void EntryPageTest::keepsThePageWhileItsFileIsTheSame()
     const QString file = write(text("page.qml"), "import QtQuick 2.15\nItem { property var entry }");
     install(s_file, entry(file));
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    PropertyLog log(m_page.get(), EntryPage::staticMetaObject);
-    const QPointer<QQuickItem> item = m_page->item();
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    PropertyLog log(content(), EntryPageContent::staticMetaObject);
+    const QPointer<QQuickItem> shown = item();
     reload(s_file, entry(file, "Loudness"));
     QCoreApplication::processEvents();
-    QCOMPARE(m_page->item(), item.data());
-    QCOMPARE(item->property("entry").value<SettingsEntry *>()->title(), text("Loudness"));
+    QCOMPARE(item(), shown.data());
+    QCOMPARE(shown->property("entry").value<SettingsEntry *>()->title(), text("Loudness"));
     QCOMPARE(log.take(), QStringList());
 }
 
@@ -415,11 +441,11 @@ void EntryPageTest::hasNothingToShow()
 {
     const MessageLog log;
     open(QString());
-    QCOMPARE(m_page->status(), EntryPage::Null);
-    m_page->setPath(text("sound/none"));
-    QCOMPARE(m_page->status(), EntryPage::Gone);
-    m_page->setPath(text("/"));
-    QCOMPARE(m_page->status(), EntryPage::Null);
+    QCOMPARE(status(), EntryPageContent::Null);
+    setPath(text("sound/none"));
+    QCOMPARE(status(), EntryPageContent::Gone);
+    setPath(text("/"));
+    QCOMPARE(status(), EntryPageContent::Null);
     QCOMPARE(MessageLog::take(), QStringList());
 }
 
@@ -428,13 +454,13 @@ void EntryPageTest::otherPathLoadsAnotherPage()
     const QString file = write(text("page.qml"), "import QtQuick 2.15\nItem { property var entry }");
     install(s_file, entry(file) + R"(, {"path": "other", "params": {"source": ")" + file.toUtf8() + "\"}}");
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    const QPointer<QQuickItem> item = m_page->item();
-    m_page->setPath(text("other"));
-    QCOMPARE(item->property("entry").value<SettingsEntry *>()->path(), s_path); // while it is being deleted
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
-    QCOMPARE(m_page->item()->property("entry").value<SettingsEntry *>()->path(), text("other"));
-    QTRY_VERIFY(!item);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    const QPointer<QQuickItem> shown = item();
+    setPath(text("other"));
+    QCOMPARE(shown->property("entry").value<SettingsEntry *>()->path(), s_path); // while it is being deleted
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    QCOMPARE(item()->property("entry").value<SettingsEntry *>()->path(), text("other"));
+    QTRY_VERIFY(!shown);
 }
 
 void EntryPageTest::pageMayThrow()
@@ -445,9 +471,9 @@ void EntryPageTest::pageMayThrow()
                 "import QtQuick 2.15\nItem { width: none; Component.onCompleted: { throw new Error('x') } }")));
     const MessageLog log;
     open();
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
     QCOMPARE(MessageLog::take().size(), 2); // Qt reports each
-    QCOMPARE(m_page->item()->size(), QSizeF(200, 100));
+    QCOMPARE(item()->size(), QSizeF(200, 100));
 }
 
 void EntryPageTest::pageMayBeDeleted()
@@ -455,20 +481,20 @@ void EntryPageTest::pageMayBeDeleted()
     const QString file = write(text("page.qml"), "import QtQuick 2.15\nItem {}");
     install(s_file, entry(file));
     open();
-    PropertyLog properties(m_page.get(), EntryPage::staticMetaObject);
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
+    PropertyLog properties(content(), EntryPageContent::staticMetaObject);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
     const MessageLog log;
-    delete m_page->item();
-    QCOMPARE(m_page->status(), EntryPage::Error);
-    QVERIFY(!m_page->item());
+    delete item();
+    QCOMPARE(status(), EntryPageContent::Error);
+    QVERIFY(!item());
     const QVariantMap deletion = error(text(Messages::PageIsDeleted), file, 0, 0);
-    QCOMPARE(m_page->errors(), QVariantList{deletion});
+    QCOMPARE(errors(), QVariantList{deletion});
     QCOMPARE(MessageLog::take(), QStringList{warning(deletion)});
     QVERIFY(properties.isRight());
     m_page->setWidth(10);
     uninstall(s_file);
     install(s_file, entry(file));
-    QTRY_COMPARE(m_page->status(), EntryPage::Ready);
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
 }
 
 void EntryPageTest::mayBeDeletedWhileLoading_data()
@@ -493,7 +519,7 @@ void EntryPageTest::mayBeDeletedWhileLoading()
     for (int i = 0; i < steps; ++i) {
         m_controller.incubateWhile(&goesOn);
     }
-    QCOMPARE(m_page->status(), EntryPage::Loading);
+    QCOMPARE(status(), EntryPageContent::Loading);
     m_page.reset();
     QTRY_COMPARE(m_controller.incubatingObjectCount(), 0);
     m_engine->setIncubationController(nullptr);
@@ -525,8 +551,8 @@ void EntryPageTest::pageMayChangeItsHost()
     open();
     const auto isDone = [this] {
         m_controller.incubateFor(1000);
-        const bool isOther = m_page && m_page->item() && m_page->item()->objectName() == text("other");
-        return !m_page || m_page->status() == EntryPage::Null || isOther;
+        const bool isOther = m_page && item() && item()->objectName() == text("other");
+        return !m_page || status() == EntryPageContent::Null || isOther;
     };
     QTRY_VERIFY(isDone());
     m_engine->setIncubationController(nullptr);
@@ -546,9 +572,9 @@ void EntryPageTest::handlersMayDeleteIt()
     QFETCH(QByteArray, signal);
     install(s_file, entry(write(text("page.qml"), "import QtQuick 2.15\nItem {}")));
     open(QString());
-    QVERIFY(connect(m_page.get(), signal.constData(), this, SLOT(deletePage())));
-    m_page->setPath(s_path);
-    QTRY_VERIFY(!m_page || m_page->status() == EntryPage::Ready);
+    QVERIFY(connect(content(), signal.constData(), this, SLOT(deletePage())));
+    setPath(s_path);
+    QTRY_VERIFY(!m_page || status() == EntryPageContent::Ready);
     if (m_page) {
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text(Messages::CannotShowPage)));
         reload(s_file, entry(text("none")));
@@ -566,22 +592,22 @@ void EntryPageTest::randomUse()
     const MessageLog log;
     QRandomGenerator random(5);
     open();
-    PropertyLog properties(m_page.get(), EntryPage::staticMetaObject);
+    PropertyLog properties(content(), EntryPageContent::staticMetaObject);
     const auto source = [&] { return sources.at(random.bounded(sources.size())); };
     const std::function<void()> steps[] = {
         [&] { uninstall(s_file); },
         [&] { install(s_file, entry(source())); },
         [&] { reload(s_file, entry(source())); },
-        [&] { m_page->setPath(paths.at(random.bounded(paths.size()))); },
-        [&] { delete m_page->item(); },
+        [&] { setPath(paths.at(random.bounded(paths.size()))); },
+        [&] { delete item(); },
         [&] { QCoreApplication::processEvents(); },
         [&] { m_controller.incubateFor(1); },
     };
     for (int i = 0; i < testSize(20000); ++i) {
         steps[random.bounded(int(std::size(steps)))]();
         QVERIFY(properties.isRight());
-        QCOMPARE(m_page->item() != nullptr, m_page->status() == EntryPage::Ready);
-        QCOMPARE(m_page->errors().isEmpty(), m_page->status() != EntryPage::Error);
+        QCOMPARE(item() != nullptr, status() == EntryPageContent::Ready);
+        QCOMPARE(errors().isEmpty(), status() != EntryPageContent::Error);
     }
     m_engine->setIncubationController(nullptr);
 }

@@ -13,8 +13,8 @@
 #include "registry/treeitem.h"
 #include "toolkit/addressrequests.h"
 #include "toolkit/entryaction.h"
+#include "toolkit/entrypagecontent.h"
 #include "toolkit/platformservices.h"
-#include "toolkit/entrypage.h"
 #include "toolkit/settingsentry.h"
 #include "toolkit/settingsnavigation.h"
 #include "toolkit/stablelistmodel.h"
@@ -319,14 +319,16 @@ void MetaObjectsTest::members_data()
                "signal void favoritesKeyChanged()",
                "signal void userModifiedKeyChanged()",
            });
-    addRow("EntryPage", EntryPage::staticMetaObject,
+    addRow("EntryPageContent", EntryPageContent::staticMetaObject,
            {
                "enum Status Null=0 Loading=1 Ready=2 Error=3 Gone=4",
+               "property QSizeF size READ WRITE NOTIFY sizeChanged",
                "property QString path READ WRITE NOTIFY pathChanged",
                "property SettingsEntry* entry READ",
                "property Status status READ NOTIFY statusChanged",
-               "property QQuickItem* item READ NOTIFY itemChanged",
+               "property QObject* item READ NOTIFY itemChanged",
                "property QVariantList errors READ NOTIFY errorsChanged",
+               "signal void sizeChanged()",
                "signal void pathChanged()",
                "signal void statusChanged()",
                "signal void itemChanged()",

@@ -7,6 +7,7 @@
 #include "demowindow.h"
 #include "qmlcall.h"
 #include "text.h"
+#include "windowinput.h"
 #include "windowpictures.h"
 #include "world.h"
 
@@ -17,8 +18,8 @@
 #include <QGuiApplication>
 #include <QProcess>
 #include <QQmlComponent>
-#include <QQmlContext>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -178,9 +179,11 @@ void UntrustedTextTest::demoLoadsNothing()
     QVERIFY(show("showEntry", s_sectionPath, false));
     QVERIFY(show("showEntry", s_pagePath, true));
     QVERIFY(show("openFavorites"));
-    auto *maintenance = qmlContext(m_window)->contextProperty(text("maintenance")).value<QObject *>();
-    QVERIFY(QMetaObject::invokeMethod(maintenance, "called", Q_ARG(QString, text("method")),
-                                      Q_ARG(QString, text("done"))));
+    QQuickItem *const outcome = findItem(m_window, text("outcome"));
+    QVERIFY(outcome);
+    outcome->property("entry").value<QObject *>()->setProperty("path", s_actionPath.join(s_slash));
+    callQml(outcome, "run");
+    QTRY_COMPARE(outcome->property("outcome").toString(), text("failed"));
     QVERIFY(waitForRest());
     QVERIFY(show("openFavoriteChoice", 1));
     for (const char *warning : {"Failed to get allowlist", "Failed to get notifications configs list"}) {

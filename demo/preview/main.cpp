@@ -4,7 +4,7 @@
 #include "appearance.h"
 #include "catalogwatcher.h"
 #include "keyboarduse.h"
-#include "maintenanceinterface.h"
+#include "pagefiles.h"
 #include "pluginregistry.h"
 #include "previewedfiles.h"
 #include "previewtour.h"
@@ -57,12 +57,12 @@ QVariantMap topPage(const std::optional<Vocabulary> &vocabulary)
 {
     constexpr int Depth = 2;
     if (vocabulary) {
-        return {{QStringLiteral("topPath"), vocabulary->root()},
+        return {{QStringLiteral("topPath"), vocabulary->root().join(QLatin1Char('/'))},
                 {QStringLiteral("topDepth"), vocabulary->depth() == 1 ? 1 : Depth}};
     }
-    const QStringList settings{QStringLiteral("system_settings")};
-    const bool hasSettings = PluginRegistry::instance()->getItem(settings);
-    return {{QStringLiteral("topPath"), hasSettings ? settings : QStringList()},
+    const QString settings = QStringLiteral("system_settings");
+    const bool hasSettings = PluginRegistry::instance()->getItem({settings});
+    return {{QStringLiteral("topPath"), hasSettings ? settings : QString()},
             {QStringLiteral("topDepth"), hasSettings ? Depth : 1}};
 }
 
@@ -137,17 +137,18 @@ int main(int argc, char *argv[])
     setAppearance();
     PreviewedFiles files(parser.positionalArguments(), parser.values(s_directory));
     files.follow();
+    const PageFiles pages(parser.values(s_root), parser.positionalArguments());
+    pages.install();
+    QObject::connect(PluginRegistry::instance(), &PluginRegistry::contentChanged, &application,
+                     [&pages] { pages.install(); });
     PluginRegistry::instance()->loadTranslationCatalog(QStringLiteral("settings"));
     RegistrationFiles drawerFiles(QStringLiteral("/usr/share/velka-settings/entries"));
-    OrgExampleMaintenanceInterface maintenance(QStringLiteral("org.example.Maintenance"),
-                                               QStringLiteral("/Maintenance"), QDBusConnection::sessionBus());
     ServiceFaults faults;
     QQmlApplicationEngine engine;
     for (const char *modules : {"/" VELKA_TO_QML, "/../../qml"}) { // as installed, and of the build
         engine.addImportPath(QCoreApplication::applicationDirPath() + QLatin1String(modules));
     }
     engine.rootContext()->setContextProperty(QStringLiteral("registrationFiles"), &drawerFiles);
-    engine.rootContext()->setContextProperty(QStringLiteral("maintenance"), &maintenance);
     engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
     engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
     const bool quits = parser.isSet(s_screenshot) || parser.isSet(s_smokeTest);
@@ -155,8 +156,7 @@ int main(int argc, char *argv[])
     const std::optional<Vocabulary> vocabulary = parser.isSet(s_vocabulary)
                                                      ? Vocabulary::read(parser.value(s_vocabulary), &problem)
                                                      : std::nullopt;
-    const QVariantMap top = topPage(vocabulary);
-    QVariantMap properties = top;
+    QVariantMap properties = topPage(vocabulary);
     properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));
     properties.insert(QStringLiteral("animated"), !quits);
     engine.setInitialProperties(properties);
@@ -171,8 +171,7 @@ int main(int argc, char *argv[])
     }
     auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     new KeyboardUse(window);
-    PreviewTour tour(window, top.value(QStringLiteral("topPath")).toStringList(),
-                     PageFiles(parser.values(s_root), parser.positionalArguments()));
+    PreviewTour tour(window, pages);
     if (!act(&tour, parser)) {
         return 1;
     }

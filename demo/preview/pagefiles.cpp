@@ -3,6 +3,7 @@
 
 #include "pagefiles.h"
 
+#include "pluginregistry.h"
 #include "treeitem.h"
 
 #include <QDir>
@@ -36,6 +37,18 @@ int commonNames(const QString &a, const QString &b)
         ++common;
     }
     return common;
+}
+
+/// Links the directory of @p source to that of @p file, because the page may import what is beside it.
+void link(const QString &source, const QString &file)
+{
+    const QString directory = QFileInfo(source).path();
+    if (QFileInfo::exists(directory)) {
+        QFile::link(file, source); // fails if the file is there, too
+    } else {
+        QDir().mkpath(QFileInfo(directory).path());
+        QFile::link(QFileInfo(file).absolutePath(), directory);
+    }
 }
 
 QString errorsOf(const QQmlComponent &component)
@@ -81,18 +94,40 @@ PageFiles::PageFiles(const QStringList &roots, const QStringList &entries)
 {
 }
 
-QString PageFiles::load(const TreeItem *item, QQmlEngine *engine) const
+QString PageFiles::sourceOf(const TreeItem *item)
 {
     const QString source
         = item->value(QStringLiteral("params")).toMap().value(QStringLiteral("source")).toString();
-    if (!source.endsWith(QLatin1String(".qml"))) {
+    return source.endsWith(QLatin1String(".qml")) ? source : QString();
+}
+
+void PageFiles::install() const
+{
+    const QList<TreeItem *> items = PluginRegistry::instance()->getItem({})->getSubitems(
+        TreeItem::orderLessThan, [](const TreeItem *item) { return !sourceOf(item).isEmpty(); }, -1);
+    for (const TreeItem *item : items) {
+        const QString source = sourceOf(item);
+        const QString file = find(source);
+        if (!file.isEmpty() && QDir::isAbsolutePath(source)) {
+            link(source, file);
+        }
+    }
+}
+
+QString PageFiles::missing(const TreeItem *item) const
+{
+    const QString source = sourceOf(item);
+    const bool isMissing = !source.isEmpty() && find(source).isEmpty();
+    return isMissing ? QStringLiteral("There is no page %1").arg(source) : QString();
+}
+
+QString PageFiles::load(const TreeItem *item, QQmlEngine *engine) const
+{
+    const QString source = sourceOf(item);
+    if (source.isEmpty()) {
         return {};
     }
-    const QString file = find(source);
-    if (file.isEmpty()) {
-        return QStringLiteral("There is no page %1").arg(source);
-    }
-    QQmlComponent component(engine, QUrl::fromLocalFile(file));
+    QQmlComponent component(engine, QUrl::fromLocalFile(find(source)));
     if (QObject *const page = createPage(&component, item, engine)) {
         page->setParent(engine); // its bindings may warn later
     }

@@ -6,9 +6,11 @@
 #include "pluginregistry.h"
 #include "qmlcall.h"
 #include "treeitem.h"
+#include "windowinput.h"
 
 #include <QFile>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 
 #include <algorithm>
@@ -16,11 +18,16 @@
 namespace
 {
 const QString s_name = QStringLiteral("preview");
+
+/// Returns the beginning of a message about @p item.
+QString nameOf(const TreeItem *item)
+{
+    return item->location().join(QLatin1Char('/')) + QStringLiteral(": ");
+}
 }
 
-PreviewTour::PreviewTour(QQuickWindow *window, const QStringList &topPath, const PageFiles &pages)
+PreviewTour::PreviewTour(QQuickWindow *window, const PageFiles &pages)
     : m_window(window)
-    , m_topPath(topPath)
     , m_pages(pages)
     , m_pictures(window, m_directory.path(), [window] { return window->property("settled").toBool(); })
 {
@@ -49,17 +56,37 @@ bool PreviewTour::openAllPages()
 bool PreviewTour::openItem(const TreeItem *item)
 {
     const QStringList path = item->location();
-    const QString error = m_pages.load(item, qmlEngine(m_window));
+    const bool isApplication = path.constFirst() == QLatin1String("applications");
+    const bool isPage = item->count() == 0 && item->type() == QLatin1String("page") && !isApplication;
+    const bool isLoaded = isPage && !PageFiles::sourceOf(item).isEmpty(); // by the window
+    const QString missing = m_pages.missing(item);
+    const QString error = missing.isEmpty() && !isLoaded ? m_pages.load(item, qmlEngine(m_window)) : missing;
     if (!error.isEmpty()) {
-        return fail(path.join(QLatin1Char('/')) + QStringLiteral(": ") + error);
+        return fail(nameOf(item) + error);
     }
-    if (path.constFirst() == QLatin1String("applications")) {
+    if (isApplication) {
         // Their list needs services of a device, which the sandbox does not have.
-        callQml(m_window, "openDetails", path, 0);
+        callQml(m_window, "openDetails", path.join(QLatin1Char('/')), 0);
         return m_pictures.save(s_name);
     }
     const bool hasDetailsBesides = item->count() > 0; // otherwise the details are its page
-    return openPage(path) && (!hasDetailsBesides || openPage(path, true));
+    return openPage(path) && (!isLoaded || showsNoErrors(item)) && (!hasDetailsBesides || openPage(path, true));
+}
+
+/// Returns false, and prints the errors, if the window cannot show the page of @p item.
+bool PreviewTour::showsNoErrors(const TreeItem *item) const
+{
+    const QQuickItem *const page = findItem(m_window, QStringLiteral("content"));
+    const QVariantList errors = page ? page->property("errors").toList() : QVariantList();
+    for (const QVariant &error : errors) {
+        const QVariantMap values = error.toMap();
+        fail(nameOf(item)
+             + QStringLiteral("%1:%2: %3")
+                   .arg(values.value(QStringLiteral("file")).toString(),
+                        values.value(QStringLiteral("line")).toString(),
+                        values.value(QStringLiteral("text")).toString()));
+    }
+    return errors.isEmpty();
 }
 
 bool PreviewTour::savePicture(const QString &file)

@@ -16,7 +16,7 @@ class TreeItem;
 class PreviewTour
 {
 public:
-    PreviewTour(QQuickWindow *window, const QStringList &topPath, const PageFiles &pages);
+    PreviewTour(QQuickWindow *window, const PageFiles &pages);
 
     bool openPage(const QStringList &path, bool details = false);
     bool openAllPages();
@@ -24,9 +24,9 @@ public:
 
 private:
     bool openItem(const TreeItem *item);
+    bool showsNoErrors(const TreeItem *item) const;
 
     QQuickWindow *const m_window;
-    const QStringList m_topPath;
     const PageFiles m_pages;
     const QTemporaryDir m_directory;
     WindowPictures m_pictures;

@@ -5,18 +5,21 @@ import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
+import com.velka.settings.toolkit 1.0
 
 /// The properties of one application, and its settings entries.
 Kirigami.ScrollablePage {
     id: page
 
-    property var path
+    property string path
     property string filePath
     property var application: ({})
     readonly property int column: Kirigami.ColumnView.index
-    readonly property SettingsModel entries: SettingsModel {
-        path: page.path.concat(page.filePath.split("/").pop())
-        depth: 1
+    readonly property StableListModel entries: StableListModel {
+        sourceModel: SettingsModel {
+            path: [page.path, page.filePath.split("/").pop()]
+            depth: 1
+        }
     }
 
     title: application.name
@@ -71,7 +74,7 @@ Kirigami.ScrollablePage {
         id: list
         model: page.entries
         cacheBuffer: 4000
-        openRow: applicationWindow().openRow(page.entries, page.column)
+        openPath: applicationWindow().pathShownIn(page.column)
         section.property: "category"
         bottomMargin: Kirigami.Units.largeSpacing
         header: Column {

@@ -4,13 +4,14 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
+import com.velka.settings.toolkit 1.0
 
 /// The installed applications, with switches for those that are allowed, start automatically and may notify.
 Kirigami.ScrollablePage {
     id: page
 
-    property var path
-    property var entry
+    property string path
+    property bool navigated: false
     property bool selectedOnly: false
     property bool restricted: false
     property int notificationChanges: 0
@@ -33,10 +34,10 @@ Kirigami.ScrollablePage {
         onTriggered: page.selectedOnly = checked
     }
 
-    footer: Kirigami.InlineMessage {
-        visible: text !== ""
+    footer: PlainMessage {
+        visible: plainText !== ""
         type: Kirigami.MessageType.Warning
-        text: page.faultTexts().join("\n")
+        plainText: ["sandboxing", "autostart", "notifications"].map(page.problemWith).filter(text => text).join(" ")
     }
 
     Component.onCompleted: {
@@ -56,12 +57,15 @@ Kirigami.ScrollablePage {
         restricted = ApplicationsModel.filterModeEnabled
     }
 
-    function faultTexts() {
-        const faults = serviceFaults.faults
-        const faulty = serviceFaults.services.filter(service => faults[service] !== "none")
-        return faulty.map(service => qsTrId("settings-la-fault")
-            .arg(applicationWindow().serviceTitle(service))
-            .arg(applicationWindow().faultTitle(faults[service])))
+    /// Returns what is wrong with a service, empty if there is nothing.
+    function problemWith(name) {
+        const service = PlatformServices[name]
+        const texts = {}
+        texts[PlatformService.Silent] = qsTrId("settings-la-service_silent")
+        texts[PlatformService.Failing] = qsTrId("settings-la-service_failing")
+        texts[PlatformService.Absent] = qsTrId("settings-la-service_absent")
+        const text = texts[service.state]
+        return text ? text.arg(applicationWindow().serviceTitle(name)).arg(service.errorString) : ""
     }
 
     function fetchAgain() {
@@ -84,6 +88,12 @@ Kirigami.ScrollablePage {
         function onAllowedNotificationsChanged() {
             ++page.notificationChanges
         }
+    }
+
+    SettingsEntry {
+        id: entry
+        path: page.path
+        favoritesKey: ""
     }
 
     Connections {

@@ -4,16 +4,26 @@
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings.toolkit 1.0
 
-/// All keys and values of one entry's registration.
+/// The page that an entry names. An entry without one, or whose page has errors, has its registration there.
 Kirigami.ScrollablePage {
     id: page
 
-    property var path
-    property var entry
+    property string path
+    property bool navigated: false
+    readonly property SettingsEntry entry: SettingsEntry {
+        path: page.path
+        onExistsChanged: {
+            if (!exists && !page.navigated) {
+                applicationWindow().closeFrom(page.column)
+            }
+        }
+    }
+    readonly property int column: Kirigami.ColumnView.index
 
     title: entry.title
-    Kirigami.ColumnView.reservedSpace: applicationWindow().spaceBefore(Kirigami.ColumnView.index)
+    Kirigami.ColumnView.reservedSpace: applicationWindow().spaceBefore(column)
     Kirigami.Theme.colorSet: Kirigami.Theme.Window
     Kirigami.Theme.inherit: false
     leftPadding: Kirigami.Units.largeSpacing
@@ -24,8 +34,23 @@ Kirigami.ScrollablePage {
     actions.main: Kirigami.Action {
         icon.name: "view-hidden"
         text: qsTrId("settings-bt-mask")
-        visible: page.entry.registration.path !== undefined
-        onTriggered: registrationFiles.setPathMasked(page.entry.registration.path, true)
+        visible: page.entry.data.path !== undefined
+        onTriggered: registrationFiles.setPathMasked(page.entry.data.path, true)
+    }
+    actions.left: Kirigami.Action {
+        icon.name: "media-playback-start"
+        text: qsTrId("settings-bt-run")
+        visible: page.entry.type === "action"
+        onTriggered: outcome.run()
+    }
+
+    footer: ActionOutcome {
+        id: outcome
+        entry: page.entry
+    }
+
+    function errorText(error) {
+        return error.line > 0 ? error.file + ":" + error.line + ": " + error.text : error.text
     }
 
     function registrationRows() {
@@ -42,8 +67,8 @@ Kirigami.ScrollablePage {
         }
         return [
             {label: qsTrId("settings-la-type"), value: entry.type},
-            {label: qsTrId("settings-la-location"), value: entry.location}
-        ].concat(rows(labels, entry.registration, ["type", "params"]))
+            {label: qsTrId("settings-la-location"), value: applicationWindow().titles(entry.breadcrumb)}
+        ].concat(rows(labels, entry.data, ["type", "params"]))
     }
 
     function parameterRows() {
@@ -59,7 +84,7 @@ Kirigami.ScrollablePage {
             "remote-method": qsTrId("settings-la-method"),
             "remote-arguments": qsTrId("settings-la-arguments"),
             "requires-package": qsTrId("settings-la-package")
-        }, entry.registration.params || {}, [])
+        }, entry.params, [])
     }
 
     /// Returns the values with labels in the order of the labels, then all other values except the hidden ones.
@@ -79,9 +104,23 @@ Kirigami.ScrollablePage {
         return String(value)
     }
 
+    EntryPage {
+        id: content
+        objectName: "content"
+        visible: status === EntryPage.Ready
+        implicitHeight: visible ? item.implicitHeight : 0
+        path: page.navigated && page.entry.params.source ? page.path : ""
+    }
+
     Column {
+        visible: !content.visible
         spacing: Kirigami.Units.gridUnit
 
+        PlainMessage {
+            width: parent.width
+            visible: content.errors.length > 0
+            plainText: qsTrId("settings-la-page_errors").arg(content.errors.map(page.errorText).join(" "))
+        }
         RowLayout {
             width: parent.width
             spacing: Kirigami.Units.largeSpacing
@@ -93,7 +132,7 @@ Kirigami.ScrollablePage {
             EntryLabel {
                 Layout.fillWidth: true
                 title: page.entry.title
-                subtitle: page.entry.shortTitle || page.entry.name
+                subtitle: page.entry.shortTitle || page.path.split("/").pop()
             }
         }
         DetailsCard {

@@ -10,6 +10,7 @@ CardRow {
     id: button
 
     property string iconName
+    property string markup // of the title, empty without any
 
     textItem: label
 
@@ -24,6 +25,7 @@ CardRow {
             inButton: true
             Layout.fillWidth: true
             title: button.title
+            markup: button.markup
             subtitle: button.subtitle
         }
         NextIcon {

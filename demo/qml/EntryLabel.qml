@@ -9,7 +9,8 @@ Item {
     id: label
 
     property bool inButton: false // then the button has the texts as its name and its description
-    property alias title: titleLabel.text
+    property string title
+    property string markup // of the title, empty without any
     property alias subtitle: subtitleLabel.text
 
     implicitWidth: Math.max(titleLabel.implicitWidth, subtitleLabel.implicitWidth)
@@ -21,6 +22,8 @@ Item {
 
         PlainLabel {
             id: titleLabel
+            text: label.markup || label.title
+            textFormat: label.markup ? Text.StyledText : Text.PlainText
             Accessible.ignored: label.inButton
             width: parent.width
             wrapMode: Text.Wrap

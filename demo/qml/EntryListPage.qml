@@ -4,19 +4,22 @@
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
+import com.velka.settings.toolkit 1.0
 
 /// The entries depth levels below path; deeper than one level they are grouped by their category.
 Kirigami.ScrollablePage {
     id: page
 
-    property var path
-    property var entry
+    property string path
+    property bool navigated: false
     property int depth: 1
     property bool isTop: false
     readonly property int column: Kirigami.ColumnView.index
-    readonly property SettingsModel entries: SettingsModel {
-        path: page.path
-        depth: page.depth
+    readonly property StableListModel entries: StableListModel {
+        sourceModel: SettingsModel {
+            path: applicationWindow().names(page.path)
+            depth: page.depth
+        }
     }
 
     title: entry.title
@@ -49,9 +52,13 @@ Kirigami.ScrollablePage {
         model: page.entries
         // Creates all rows at once, because the list only estimates the heights of rows that do not exist yet.
         cacheBuffer: 4000
-        openRow: applicationWindow().openRow(page.entries, page.column)
+        openPath: applicationWindow().pathShownIn(page.column)
         // The tapped row stays visible when its page makes the list narrower.
-        onWidthChanged: positionViewAtIndex(openRow, ListView.Center)
+        onWidthChanged: {
+            if (openPath) {
+                positionViewAtIndex(currentIndex, ListView.Center)
+            }
+        }
         section.property: "category"
         topMargin: Kirigami.Units.largeSpacing
         bottomMargin: Kirigami.Units.largeSpacing
@@ -60,7 +67,7 @@ Kirigami.ScrollablePage {
             showsCategory: page.depth > 1
             column: page.column
         }
-        footer: page.isTop && page.path.length > 0 ? otherTrees : null
+        footer: page.isTop && page.path ? otherTrees : null
 
         SecondaryLabel {
             anchors.centerIn: parent
@@ -69,6 +76,12 @@ Kirigami.ScrollablePage {
             visible: page.entries.count === 0
             text: qsTrId("settings-la-no_entries")
         }
+    }
+
+    SettingsEntry {
+        id: entry
+        path: page.path
+        favoritesKey: ""
     }
 
     /// The trees of packages beside the settings.
@@ -83,12 +96,12 @@ Kirigami.ScrollablePage {
                 model: applicationWindow().trees
 
                 EntryButton {
-                    readonly property var path: model.object.location()
+                    readonly property string path: model.object.location().join("/")
 
-                    visible: path.join("/") !== page.path.join("/")
+                    visible: path !== page.path
                     x: Kirigami.Units.largeSpacing
                     width: parent.width - 2 * x
-                    current: applicationWindow().pathNextTo(page.column) === path.join("/")
+                    current: applicationWindow().pathShownIn(page.column) === path
                     iconName: model.object.icon
                     title: model.object.title
                     subtitle: model.object.shortTitle

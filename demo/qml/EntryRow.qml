@@ -16,12 +16,18 @@ FocusScope {
     property bool showsCategory
     property int column
 
-    readonly property var path: object.location()
+    readonly property string path: object ? object.location().join("/") : ""
+    readonly property bool current: path !== "" && path === ListView.view.openPath
     readonly property bool first: ListView.previousSection !== ListView.section
     readonly property bool last: ListView.nextSection !== ListView.section
     readonly property int focusPolicy: ListView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
     implicitHeight: column.height
+    onCurrentChanged: {
+        if (current) {
+            ListView.view.showRow(index)
+        }
+    }
     onActiveFocusChanged: {
         if (activeFocus) {
             ListView.view.currentIndex = index
@@ -44,7 +50,7 @@ FocusScope {
             }
             topPadding: Kirigami.Units.gridUnit
             bottomPadding: Kirigami.Units.smallSpacing
-            onClicked: applicationWindow().openEntry(row.path.slice(0, -1), row.column)
+            onClicked: applicationWindow().openEntry(row.path.split("/").slice(0, -1).join("/"), row.column)
 
             background: FocusFrame {
                 control: category
@@ -66,17 +72,17 @@ FocusScope {
         }
 
         EntryButton {
-            objectName: "entry " + row.path.join("/")
+            objectName: "entry " + row.path
             x: Kirigami.Units.largeSpacing
             width: row.width - 2 * x
             first: row.first
             last: row.last
             focus: true
             focusPolicy: row.focusPolicy
-            current: row.index === row.ListView.view.openRow
-            iconName: row.object.icon
-            title: row.object.title
-            subtitle: row.object.shortTitle || childTitles.join(", ")
+            current: row.current
+            iconName: row.object ? row.object.icon : ""
+            title: row.object ? row.object.title : ""
+            subtitle: row.object && row.object.shortTitle || childTitles.join(", ")
             onClicked: applicationWindow().openEntry(row.path, row.column)
 
             readonly property var childTitles: {
@@ -87,7 +93,7 @@ FocusScope {
                 return titles
             }
             readonly property SettingsModel children: SettingsModel {
-                path: row.path
+                path: applicationWindow().names(row.path)
                 depth: 1
             }
         }

@@ -4,13 +4,14 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings.toolkit 1.0
 
 /// All entries that can be favourites, by kinds.
 Kirigami.ScrollablePage {
     id: page
 
     property int kind: 0
-    readonly property var path: applicationWindow().topPath
+    readonly property string path: applicationWindow().topPath
     readonly property var kinds: [
         {title: qsTrId("settings-he-favorite_tiles"), filter: "grid_favorites"},
         {title: qsTrId("settings-bt-pages"), filter: "grid_favorites_page"},
@@ -26,14 +27,16 @@ Kirigami.ScrollablePage {
 
     Favorites {
         id: choices
-        path: page.path
+        path: applicationWindow().names(page.path)
         showPotential: true
         filter: [page.kinds[page.kind].filter]
     }
 
     PageList {
         id: list
-        model: choices
+        model: StableListModel {
+            sourceModel: choices
+        }
         bottomMargin: Kirigami.Units.largeSpacing
         header: Flow {
             width: list.width

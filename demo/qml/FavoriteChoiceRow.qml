@@ -5,6 +5,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings.toolkit 1.0
 
 /// An entry with a star, which shows whether it is a favourite. A tap changes it.
 Controls.AbstractButton {
@@ -15,14 +16,17 @@ Controls.AbstractButton {
     required property bool favorite
     property Favorites favorites
 
-    readonly property var path: object ? object.location() : []
+    readonly property SettingsEntry entry: SettingsEntry {
+        path: row.object ? row.object.location().join("/") : ""
+        favoritesKey: ""
+    }
 
     leftPadding: Kirigami.Units.gridUnit
     rightPadding: Kirigami.Units.largeSpacing
     topPadding: Kirigami.Units.smallSpacing
     bottomPadding: Kirigami.Units.smallSpacing
 
-    objectName: "star " + path.join("/")
+    objectName: "star " + entry.path
     focusPolicy: ListView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     Accessible.focusable: true
     Accessible.name: label.title
@@ -34,14 +38,14 @@ Controls.AbstractButton {
             ListView.view.currentIndex = index
         }
     }
+    // A tap removes the binding, so it is set again.
     onToggled: {
-        const path = row.path.join("/")
         if (row.favorite) {
-            row.favorites.removeFavorite(path)
+            row.favorites.removeFavorite(row.entry.path)
         } else {
-            row.favorites.addFavorite(path)
+            row.favorites.addFavorite(row.entry.path)
         }
-        checked = Qt.binding(() => row.favorite) // which the tap has removed
+        checked = Qt.binding(() => row.favorite)
     }
 
     background: FocusFrame {
@@ -59,7 +63,7 @@ Controls.AbstractButton {
             inButton: true
             Layout.fillWidth: true
             title: row.object ? row.object.title : ""
-            subtitle: applicationWindow().titlesAbove(row.path)
+            subtitle: applicationWindow().titlesAbove(row.entry)
         }
         Kirigami.Icon {
             implicitWidth: Kirigami.Units.iconSizes.small

@@ -5,6 +5,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as Controls
 import QtQuick.Layouts 1.15
 import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings.toolkit 1.0
 
 /// A cell of a view with its favourite, which the user can drag to another cell while the view is editing.
 FocusScope {
@@ -18,11 +19,11 @@ FocusScope {
     property int columns: 1
 
     readonly property string title: object ? object.title : ""
-    readonly property var path: object ? object.location() : []
+    readonly property alias path: entry.path
 
     signal activated()
 
-    objectName: "favorite " + path.join("/")
+    objectName: "favorite " + path
     width: view.cellWidth
     height: view.cellHeight
     z: grip.pressed ? 1 : 0
@@ -41,7 +42,7 @@ FocusScope {
     }
 
     function remove() {
-        view.model.removeFavorite(path.join("/"))
+        view.model.removeFavorite(path)
     }
 
     Keys.enabled: editing
@@ -56,6 +57,12 @@ FocusScope {
             event.accepted = true
             moveTo(index + steps[event.key])
         }
+    }
+
+    SettingsEntry {
+        id: entry
+        path: slot.object ? slot.object.location().join("/") : ""
+        favoritesKey: ""
     }
 
     Controls.AbstractButton {
@@ -129,7 +136,7 @@ FocusScope {
                     font: Kirigami.Theme.smallFont
                     maximumLineCount: 1
                     elide: Text.ElideRight
-                    text: applicationWindow().titlesAbove(slot.path)
+                    text: applicationWindow().titlesAbove(entry)
                 }
             }
         }
@@ -162,7 +169,7 @@ FocusScope {
 
     Controls.RoundButton {
         id: removal
-        objectName: "remove " + slot.path.join("/")
+        objectName: "remove " + slot.path
         visible: slot.editing && !grip.pressed
         focusPolicy: slot.focusPolicy
         Accessible.name: text

@@ -3,13 +3,14 @@
 
 import QtQuick 2.15
 import org.kde.kirigami 2.19 as Kirigami
+import com.velka.settings.toolkit 1.0
 
 /// The user's favourites: pages to open, values, and actions to call.
 Kirigami.ScrollablePage {
     id: page
 
     property bool editing: false
-    readonly property var path: applicationWindow().topPath
+    readonly property string path: applicationWindow().topPath
     readonly property int column: Kirigami.ColumnView.index
 
     title: qsTrId("settings-he-favorites")
@@ -34,14 +35,20 @@ Kirigami.ScrollablePage {
         onTriggered: applicationWindow().openFavoriteChoice(page.column)
     }
 
-    footer: PlainMessage {
+    footer: ActionOutcome {
         id: outcome
-        objectName: "outcome"
-        showCloseButton: true
+        entry: SettingsEntry {
+            favoritesKey: ""
+        }
     }
 
     function open(path) {
         applicationWindow().openEntry(path, column)
+    }
+
+    function run(path) {
+        outcome.entry.path = path
+        outcome.run()
     }
 
     Column {
@@ -72,32 +79,11 @@ Kirigami.ScrollablePage {
             onActivated: page.open(path)
         }
         FavoritesSection {
-            id: actionRows
             width: parent.width
             heading: qsTrId("settings-he-favorite_actions")
             filter: ["action"]
             editing: page.editing
-            onActivated: {
-                outcome.visible = false
-                favorites.triggerAction(row)
-            }
-        }
-    }
-
-    Connections {
-        target: maintenance
-
-        function onCalled(method, result) {
-            const title = actionRows.titleOfCall(method) || method
-            const messages = {
-                done: [Kirigami.MessageType.Positive, qsTrId("settings-la-action_done")],
-                failed: [Kirigami.MessageType.Error, qsTrId("settings-la-action_failed")],
-                unanswered: [Kirigami.MessageType.Information, qsTrId("settings-la-action_unanswered")]
-            }
-            const [type, text] = messages[result]
-            outcome.type = type
-            outcome.plainText = text.arg(title)
-            outcome.visible = true
+            onActivated: page.run(path)
         }
     }
 }

@@ -14,21 +14,9 @@ Column {
     property alias editing: view.editing
     readonly property alias favorites: favorites
 
-    signal activated(int row, var path)
+    signal activated(string path)
 
     spacing: Kirigami.Units.smallSpacing
-
-    /// Returns the title of the action that calls method, empty if it is not a favourite.
-    function titleOfCall(method) {
-        for (let row = 0; row < favorites.count; ++row) {
-            const params = favorites.get(row).params
-            const slot = view.itemAtIndex(row)
-            if (params && slot && params["remote-method"] === method) {
-                return slot.title
-            }
-        }
-        return ""
-    }
 
     HeadingLabel {
         id: headingLabel
@@ -42,7 +30,7 @@ Column {
         model: Favorites {
             id: favorites
         }
-        onActivated: section.activated(row, path)
+        onActivated: section.activated(path)
     }
 
     SecondaryLabel {

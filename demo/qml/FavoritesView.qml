@@ -12,7 +12,7 @@ GridView {
     property bool editing: false
     readonly property int columns: Math.max(1, Math.floor(width / (Kirigami.Units.gridUnit * (tiles ? 7 : 17))))
 
-    signal activated(int row, var path)
+    signal activated(string path)
 
     implicitHeight: contentHeight
     interactive: false
@@ -25,6 +25,6 @@ GridView {
         tile: grid.tiles
         editing: grid.editing
         columns: grid.columns
-        onActivated: grid.activated(index, path)
+        onActivated: grid.activated(path)
     }
 }

@@ -5,6 +5,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15
 import org.kde.kirigami 2.19 as Kirigami
 import com.velka.settings 1.0
+import com.velka.settings.toolkit 1.0
 
 Kirigami.ApplicationWindow {
     id: window
@@ -14,9 +15,12 @@ Kirigami.ApplicationWindow {
     property bool keyboardUsed: false
 
     /// The path and the depth of the model of the top page.
-    property var topPath: ["system_settings"]
+    property string topPath: "system_settings"
     property int topDepth: 2
-    readonly property var applicationsPath: ["applications"]
+    readonly property string applicationsPath: "applications"
+
+    /// The name on the session bus under which other programs open addresses.
+    property alias service: requests.service
 
     /// What is wrong with files, a line each. Only the preview has any.
     property var problems: []
@@ -43,8 +47,9 @@ Kirigami.ApplicationWindow {
     pageStack.initialPage: EntryListPage {
         id: topPage
         isTop: true
+        navigated: true
         path: window.topPath
-        entry: ({title: window.title})
+        title: window.title
         depth: window.topDepth
     }
 
@@ -76,40 +81,81 @@ Kirigami.ApplicationWindow {
         }
     }
 
-    function entryAt(path) {
-        return tree.objectForPath(path.join("/"))
+    /// Returns the names of a path, as the models take them.
+    function names(path) {
+        return path.split("/").filter(name => name)
     }
 
-    /// Returns the values of an entry that its page shows. These are copies, because a page may outlive its entry.
-    function described(path) {
-        const entry = entryAt(path)
-        return {
-            name: entry.name,
-            title: entry.title,
-            shortTitle: entry.shortTitle,
-            icon: entry.icon,
-            type: entry.type,
-            location: path.map((name, index) => entryAt(path.slice(0, index + 1)).title).join(" › "),
-            registration: entry.data()
-        }
+    /// Returns the titles of the steps, such as those above an entry.
+    function titles(steps) {
+        return steps.map(step => step.title).join(" › ")
     }
 
-    /// Shows the page of the entry at path in the column next to the given one.
+    /// Returns the titles of the entries between the top page and an entry.
+    function titlesAbove(entry) {
+        return titles(entry.breadcrumb.slice(names(topPath).length, -1))
+    }
+
+    /// Shows an entry in the column next to the given one: its page, or the details of an entry that has none.
     function openEntry(path, column) {
-        if (path.join("/") === applicationsPath.join("/")) {
-            openPage("ApplicationsPage.qml", path, column)
+        shown.path = path
+        if (!navigation.pageTypes.includes(shown.type)) {
+            openDetails(path, column)
         } else {
-            openPage(entryAt(path).count() > 0 ? "EntryListPage.qml" : "DetailsPage.qml", path, column)
+            const page = pageStack.get(column)
+            pageStack.pop(page)
+            navigation.openFrom(page.path, path)
+            showPages()
         }
     }
 
     function openDetails(path, column) {
-        openPage("DetailsPage.qml", path, column)
+        openPage("DetailsPage.qml", {path: path}, column)
     }
 
-    function openPage(page, path, column) {
-        pageStack.pop(pageStack.get(column))
-        pageStack.push(Qt.resolvedUrl(page), {path: path, entry: described(path)})
+    /// Shows a page that is not one of the navigation.
+    function openPage(file, properties, column) {
+        const page = pageStack.get(column)
+        pageStack.pop(page)
+        navigation.openFrom(page.path, page.path)
+        pageStack.push(Qt.resolvedUrl(file), properties)
+    }
+
+    /// Closes the pages that the navigation has closed, and those behind them, and shows the pages that it has opened.
+    function showPages() {
+        const paths = navigation.paths
+        let count = 0
+        for (let column = 0; column < pageStack.depth; ++column) {
+            const page = pageStack.get(column)
+            if (page.navigated && page.path !== paths[count]) {
+                closeFrom(column)
+            } else if (page.navigated) {
+                ++count
+            }
+        }
+        paths.slice(count).forEach(path => pageStack.push(fileOfPage(path), {path: path, navigated: true}))
+    }
+
+    function fileOfPage(path) {
+        shown.path = path
+        const list = shown.childCount > 0 ? "EntryListPage.qml" : "DetailsPage.qml"
+        return Qt.resolvedUrl(path === applicationsPath ? "ApplicationsPage.qml" : list)
+    }
+
+    /// Shows the entry of these names with the pages above it, as if the user had opened them. Categories have no page of
+    /// their own there.
+    function showEntry(names, details) {
+        pageStack.pop(topPage)
+        topPage.flickable.positionViewAtBeginning()
+        navigation.open(topPath)
+        const first = Math.min(names.length, window.names(topPath).length + topDepth)
+        for (let length = first; length <= names.length; ++length) {
+            navigation.open(names.slice(0, length).join("/"))
+        }
+        showPages()
+        if (details) {
+            openDetails(names.join("/"), pageStack.depth - 1)
+        }
     }
 
     function openApplications() {
@@ -118,13 +164,14 @@ Kirigami.ApplicationWindow {
 
     /// Shows the application of a desktop file.
     function openApplication(filePath, column) {
-        pageStack.pop(pageStack.get(column))
-        pageStack.push(Qt.resolvedUrl("ApplicationPage.qml"), {path: applicationsPath, filePath: filePath})
+        openPage("ApplicationPage.qml", {path: applicationsPath, filePath: filePath}, column)
     }
 
-    /// Closes the page in a column and those behind it.
+    /// Closes the page in a column and those behind it. A page that is closed already has no column.
     function closeFrom(column) {
-        pageStack.pop(pageStack.get(column - 1))
+        if (column > 0) {
+            pageStack.pop(pageStack.get(column - 1))
+        }
     }
 
     function serviceTitle(service) {
@@ -145,13 +192,15 @@ Kirigami.ApplicationWindow {
     }
 
     function openFavorites() {
-        pageStack.pop(topPage)
-        pageStack.push(Qt.resolvedUrl("FavoritesPage.qml"))
+        openPage("FavoritesPage.qml", {}, 0)
+    }
+
+    function openSearch() {
+        openPage("SearchPage.qml", {}, 0)
     }
 
     function openFavoriteChoice(column) {
-        pageStack.pop(pageStack.get(column))
-        pageStack.push(Qt.resolvedUrl("FavoriteChoicePage.qml"))
+        openPage("FavoriteChoicePage.qml", {}, column)
     }
 
     function setSelectedOnly(selectedOnly) {
@@ -160,26 +209,6 @@ Kirigami.ApplicationWindow {
 
     function setFavoritesEditing(editing) {
         pageStack.get(1).editing = editing
-    }
-
-    /// Returns the titles of the entries between the top page and the entry at path.
-    function titlesAbove(path) {
-        const above = path.slice(topPath.length, -1).map((name, index) => entryAt(path.slice(0, topPath.length + index + 1)))
-        return above.map(entry => entry ? entry.title : "").join(" › ")
-    }
-
-    /// Shows the entry at path with the pages above it, as if the user had opened them. Categories have no page of
-    /// their own there.
-    function showEntry(path, details) {
-        pageStack.pop(topPage)
-        topPage.flickable.positionViewAtBeginning()
-        const first = Math.min(path.length, topPath.length + topDepth)
-        for (let length = first; length > topPath.length && length <= path.length; ++length) {
-            openEntry(path.slice(0, length), pageStack.depth - 1)
-        }
-        if (details) {
-            openDetails(path, pageStack.depth - 1)
-        }
     }
 
     function setDrawerOpen(open) {
@@ -219,30 +248,11 @@ Kirigami.ApplicationWindow {
         return isInSight ? pageStack.get(column + 1) : null
     }
 
-    /// Returns the path of that page as a string.
-    function pathNextTo(column) {
-        const page = pageNextTo(column)
-        return page ? page.path.join("/") : ""
-    }
-
-    /// Returns the row of the entry whose page is in the column after that of the entries, -1 without one.
-    function openRow(entries, column) {
-        const path = pathNextTo(column)
-        for (let row = 0; row < entries.count; ++row) {
-            if (entries.objectAt(row).location().join("/") === path) {
-                return row
-            }
-        }
-        return -1
-    }
-
-    function closeVanishedPages() {
-        for (let column = 1; column < pageStack.depth; ++column) {
-            if (!entryAt(pageStack.get(column).path)) {
-                closeFrom(column)
-                return
-            }
-        }
+    /// Returns the path of the entry in a column's page that is shown beside the page, or that an address names.
+    function pathShownIn(column) {
+        const next = pageNextTo(column)
+        const isCurrent = column === pageStack.depth - 1
+        return next ? next.path : isCurrent ? navigation.row : ""
     }
 
     PageFocus {
@@ -250,10 +260,38 @@ Kirigami.ApplicationWindow {
         window: window
     }
 
+    Shortcut {
+        sequence: StandardKey.Find
+        onActivated: window.openSearch()
+    }
+
     SettingsModel {
         id: tree
         depth: 1
-        onModelReset: window.closeVanishedPages()
+    }
+
+    SettingsNavigation {
+        id: navigation
+        root: window.topPath
+        onPathsChanged: {
+            if (pageStack.depth > 0) {
+                window.showPages()
+            }
+        }
+    }
+
+    SettingsEntry {
+        id: shown
+        favoritesKey: ""
+    }
+
+    AddressRequests {
+        id: requests
+        onOpenRequested: {
+            window.showEntry(window.names(path), false)
+            window.requestActivate()
+        }
+        onActivateRequested: window.requestActivate()
     }
 
     contextDrawer: DeveloperDrawer {

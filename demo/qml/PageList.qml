@@ -8,15 +8,10 @@ import QtQuick 2.15
 ListView {
     id: list
 
-    /// The row whose page is visible beside this one, -1 without one.
-    property int openRow: -1
+    /// The path of the entry whose page is visible beside this one, or which an address names.
+    property string openPath
 
     highlightMoveDuration: 0
-    onOpenRowChanged: {
-        if (openRow >= 0) {
-            currentIndex = openRow
-        }
-    }
     onCountChanged: {
         if (currentIndex < 0 && count > 0) {
             currentIndex = 0
@@ -24,6 +19,11 @@ ListView {
     }
     // The page makes the list itself a stop of the tabulator key.
     onActiveFocusOnTabChanged: activeFocusOnTab = false
+
+    /// Makes a row the current one, once the list is complete.
+    function showRow(row) {
+        Qt.callLater(() => currentIndex = row)
+    }
 
     Connections {
         target: list.headerItem

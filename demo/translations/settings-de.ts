@@ -376,9 +376,33 @@
         <source>Nonsense</source>
         <translation>Antwortet Unsinn</translation>
     </message>
-    <message id="settings-la-fault">
-        <source>Fault: %1: %2</source>
-        <translation>Fehler aus der Entwicklerleiste – %1: %2</translation>
+    <message id="settings-bt-search">
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message id="settings-la-nothing_found">
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
+    <message id="settings-bt-run">
+        <source>Run</source>
+        <translation>Ausführen</translation>
+    </message>
+    <message id="settings-la-page_errors">
+        <source>Page with errors: %1</source>
+        <translation>Diese Seite kann nicht angezeigt werden: %1</translation>
+    </message>
+    <message id="settings-la-service_silent">
+        <source>Silent: %1 %2</source>
+        <translation>%1: keine Antwort. %2</translation>
+    </message>
+    <message id="settings-la-service_failing">
+        <source>Failing: %1 %2</source>
+        <translation>%1: ein Fehler. %2</translation>
+    </message>
+    <message id="settings-la-service_absent">
+        <source>Absent: %1 %2</source>
+        <translation>%1: nicht installiert. %2</translation>
     </message>
 </context>
 </TS>

@@ -376,9 +376,33 @@
         <source>Nonsense</source>
         <translation>Answers nonsense</translation>
     </message>
-    <message id="settings-la-fault">
-        <source>Fault: %1: %2</source>
-        <translation>Fault in the developer drawer – %1: %2</translation>
+    <message id="settings-bt-search">
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message id="settings-la-nothing_found">
+        <source>Nothing found</source>
+        <translation>Nothing found</translation>
+    </message>
+    <message id="settings-bt-run">
+        <source>Run</source>
+        <translation>Run</translation>
+    </message>
+    <message id="settings-la-page_errors">
+        <source>Page with errors: %1</source>
+        <translation>This page cannot be shown: %1</translation>
+    </message>
+    <message id="settings-la-service_silent">
+        <source>Silent: %1 %2</source>
+        <translation>%1: no answer. %2</translation>
+    </message>
+    <message id="settings-la-service_failing">
+        <source>Failing: %1 %2</source>
+        <translation>%1: an error. %2</translation>
+    </message>
+    <message id="settings-la-service_absent">
+        <source>Absent: %1 %2</source>
+        <translation>%1: not installed. %2</translation>
     </message>
 </context>
 </TS>

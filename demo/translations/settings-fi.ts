@@ -376,9 +376,33 @@
         <source>Nonsense</source>
         <translation>Vastaa mitä sattuu</translation>
     </message>
-    <message id="settings-la-fault">
-        <source>Fault: %1: %2</source>
-        <translation>Kehittäjän asettama vika – %1: %2</translation>
+    <message id="settings-bt-search">
+        <source>Search</source>
+        <translation>Haku</translation>
+    </message>
+    <message id="settings-la-nothing_found">
+        <source>Nothing found</source>
+        <translation>Ei löytynyt mitään</translation>
+    </message>
+    <message id="settings-bt-run">
+        <source>Run</source>
+        <translation>Suorita</translation>
+    </message>
+    <message id="settings-la-page_errors">
+        <source>Page with errors: %1</source>
+        <translation>Sivua ei voi näyttää: %1</translation>
+    </message>
+    <message id="settings-la-service_silent">
+        <source>Silent: %1 %2</source>
+        <translation>%1: ei vastausta. %2</translation>
+    </message>
+    <message id="settings-la-service_failing">
+        <source>Failing: %1 %2</source>
+        <translation>%1: virhe. %2</translation>
+    </message>
+    <message id="settings-la-service_absent">
+        <source>Absent: %1 %2</source>
+        <translation>%1: ei asennettu. %2</translation>
     </message>
 </context>
 </TS>

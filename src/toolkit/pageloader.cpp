@@ -6,7 +6,6 @@
 #include "toolkit/settingsentry.h"
 
 #include <QQmlIncubator>
-#include <QQuickItem>
 #include <QUrl>
 
 #include <utility>
@@ -74,6 +73,17 @@ QList<QQmlError> PageLoader::errors() const
     return m_component.errors() + (m_incubator ? m_incubator->errors() : QList<QQmlError>());
 }
 
+bool PageLoader::isItem(const QObject &page)
+{
+    return page.inherits("QQuickItem");
+}
+
+void PageLoader::resize(QObject *item, const QSizeF &size)
+{
+    item->setProperty("width", size.width());
+    item->setProperty("height", size.height());
+}
+
 void PageLoader::load()
 {
     if (m_component.isError()) {
@@ -96,8 +106,8 @@ void PageLoader::prepare(QObject *page)
     if (m_hasEntry) {
         m_entry->setParent(page);
     }
-    if (auto *item = qobject_cast<QQuickItem *>(page)) {
-        item->setSize(m_size);
+    if (isItem(*page)) {
+        resize(page, m_size);
     }
 }
 

@@ -27,6 +27,9 @@ public:
     std::unique_ptr<QObject> takePage();
     QList<QQmlError> errors() const;
 
+    static bool isItem(const QObject &page);
+    static void resize(QObject *item, const QSizeF &size);
+
 Q_SIGNALS:
     /// The page has been created, or there are errors.
     void finished();

@@ -5,8 +5,8 @@
 
 #include "toolkit/addressrequests.h"
 #include "toolkit/entryaction.h"
+#include "toolkit/entrypagecontent.h"
 #include "toolkit/platformservices.h"
-#include "toolkit/entrypage.h"
 #include "toolkit/settingsentry.h"
 #include "toolkit/settingsnavigation.h"
 #include "toolkit/stablelistmodel.h"
@@ -23,7 +23,7 @@ void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
     qmlRegisterSingletonType<PlatformServices>(
         uri, 1, 0, "PlatformServices",
         [](QQmlEngine *, QJSEngine *) -> QObject * { return new PlatformServices; });
-    qmlRegisterType<EntryPage>(uri, 1, 0, "EntryPage");
+    qmlRegisterType<EntryPageContent>(uri, 1, 0, "EntryPageContent"); // for EntryPage.qml
     qmlRegisterType<SettingsEntry>(uri, 1, 0, "SettingsEntry");
     qmlRegisterType<SettingsNavigation>(uri, 1, 0, "SettingsNavigation");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");

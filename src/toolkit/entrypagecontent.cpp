@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "toolkit/entrypage.h"
+#include "toolkit/entrypagecontent.h"
 
 #include "common/logging.h"
 #include "common/logtext.h"
@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QQmlEngine>
+#include <QQmlProperty>
 
 #include <utility>
 
@@ -51,96 +52,111 @@ QString toText(const QVariant &error)
              description.value(QStringLiteral("line")).toString(),
              description.value(QStringLiteral("text")).toString());
 }
-}
 
-EntryPage::EntryPage(QQuickItem *parent)
-    : QQuickItem(parent)
-    , m_entry(new SettingsEntry(this))
-    , m_announcer(*this,
-                  {
-                      {&EntryPage::itemChanged, [](const auto &page) { return QVariant::fromValue(page.item()); }},
-                      {&EntryPage::errorsChanged, [](const auto &page) { return QVariant(page.errors()); }},
-                      {&EntryPage::statusChanged, [](const auto &page) { return QVariant(int(page.status())); }},
-                  })
+void setParentItem(QObject *item, QObject *parent)
 {
-    setFlag(ItemIsFocusScope);
-    connect(m_entry, &SettingsEntry::pathChanged, this, &EntryPage::pathChanged);
-    connect(m_entry, &SettingsEntry::pathChanged, this, &EntryPage::follow);
-    connect(m_entry, &SettingsEntry::existsChanged, this, &EntryPage::follow);
-    connect(m_entry, &SettingsEntry::paramsChanged, this, &EntryPage::follow);
+    QQmlProperty::write(item, QStringLiteral("parent"), QVariant::fromValue(parent));
+}
 }
 
-EntryPage::~EntryPage()
+EntryPageContent::EntryPageContent(QObject *parent)
+    : QObject(parent)
+    , m_entry(new SettingsEntry(this))
+    , m_announcer(
+          *this,
+          {
+              {&EntryPageContent::itemChanged, [](const auto &page) { return QVariant::fromValue(page.item()); }},
+              {&EntryPageContent::errorsChanged, [](const auto &page) { return QVariant(page.errors()); }},
+              {&EntryPageContent::statusChanged, [](const auto &page) { return QVariant(int(page.status())); }},
+          })
+{
+    connect(m_entry, &SettingsEntry::pathChanged, this, &EntryPageContent::pathChanged);
+    connect(m_entry, &SettingsEntry::pathChanged, this, &EntryPageContent::follow);
+    connect(m_entry, &SettingsEntry::existsChanged, this, &EntryPageContent::follow);
+    connect(m_entry, &SettingsEntry::paramsChanged, this, &EntryPageContent::follow);
+}
+
+EntryPageContent::~EntryPageContent()
 {
     if (m_item) {
         m_item->disconnect(this); // it is deleted later than the members
     }
 }
 
-QString EntryPage::path() const
+QSizeF EntryPageContent::size() const
+{
+    return m_size;
+}
+
+void EntryPageContent::setSize(const QSizeF &size)
+{
+    if (m_size != size) {
+        m_size = size;
+        resizePage();
+        Q_EMIT sizeChanged();
+    }
+}
+
+QString EntryPageContent::path() const
 {
     return m_entry->path();
 }
 
-void EntryPage::setPath(const QString &path)
+void EntryPageContent::setPath(const QString &path)
 {
     m_entry->setPath(path);
 }
 
-SettingsEntry *EntryPage::entry() const
+SettingsEntry *EntryPageContent::entry() const
 {
     return m_entry;
 }
 
-EntryPage::Status EntryPage::status() const
+EntryPageContent::Status EntryPageContent::status() const
 {
     return m_status;
 }
 
-QQuickItem *EntryPage::item() const
+QObject *EntryPageContent::item() const
 {
     return m_item;
 }
 
-QVariantList EntryPage::errors() const
+QVariantList EntryPageContent::errors() const
 {
     return m_errors;
 }
 
-void EntryPage::componentComplete()
+void EntryPageContent::classBegin() {}
+
+void EntryPageContent::componentComplete()
 {
-    QQuickItem::componentComplete();
+    m_isComplete = true;
     follow();
 }
 
-void EntryPage::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
-{
-    QQuickItem::geometryChanged(newGeometry, oldGeometry);
-    resizePage();
-}
-
-bool EntryPage::Content::operator==(const Content &other) const
+bool EntryPageContent::Shown::operator==(const Shown &other) const
 {
     return path == other.path && exists == other.exists && source == other.source;
 }
 
 /// Loads the page if it is another one than before.
-void EntryPage::follow()
+void EntryPageContent::follow()
 {
-    const Content content{EntryPath::normalized(path()), m_entry->exists(),
-                          m_entry->params().value(QStringLiteral("source"))};
-    if (isComponentComplete() && !(content == m_content)) {
-        m_content = content;
+    const Shown shown{EntryPath::normalized(path()), m_entry->exists(),
+                      m_entry->params().value(QStringLiteral("source"))};
+    if (m_isComplete && !(shown == m_shown)) {
+        m_shown = shown;
         load();
     }
 }
 
-void EntryPage::load()
+void EntryPageContent::load()
 {
     unload();
-    if (!m_content.exists) {
-        m_status = m_content.path.isEmpty() ? Null : Gone;
-    } else if (isLocalFile(m_content.source)) {
+    if (!m_shown.exists) {
+        m_status = m_shown.path.isEmpty() ? Null : Gone;
+    } else if (isLocalFile(m_shown.source)) {
         m_status = Loading;
         startLoading();
     } else {
@@ -149,35 +165,34 @@ void EntryPage::load()
     m_announcer.announce(this);
 }
 
-void EntryPage::unload()
+void EntryPageContent::unload()
 {
     m_loader.reset();
     m_errors.clear();
-    if (QQuickItem *item = std::exchange(m_item, nullptr)) {
+    if (QObject *item = std::exchange(m_item, nullptr)) {
         item->disconnect(this);
-        item->setParentItem(nullptr);
+        setParentItem(item, nullptr);
         item->deleteLater(); // one of its handlers may be running
     }
 }
 
-void EntryPage::startLoading()
+void EntryPageContent::startLoading()
 {
     auto entry = std::make_unique<SettingsEntry>();
     entry->setFavoritesKey(m_entry->favoritesKey());
     entry->setUserModifiedKey(m_entry->userModifiedKey());
     entry->setPath(path());
-    const QString file = QDir::cleanPath(m_content.source.toString()); // "//host/file" would be on another machine
-    m_loader = std::make_unique<PageLoader>(qmlEngine(this), file, std::move(entry), size());
-    connect(m_loader.get(), &PageLoader::finished, this, &EntryPage::finishLoading);
+    const QString file = QDir::cleanPath(m_shown.source.toString()); // "//host/file" would be on another machine
+    m_loader = std::make_unique<PageLoader>(qmlEngine(this), file, std::move(entry), m_size);
+    connect(m_loader.get(), &PageLoader::finished, this, &EntryPageContent::finishLoading);
 }
 
-void EntryPage::finishLoading()
+void EntryPageContent::finishLoading()
 {
     const std::unique_ptr<PageLoader> loader = std::move(m_loader);
     std::unique_ptr<QObject> page = loader->takePage();
-    if (auto *item = qobject_cast<QQuickItem *>(page.get())) {
-        page.release();
-        show(item);
+    if (page && PageLoader::isItem(*page)) {
+        show(page.release());
     } else if (page) {
         fail(QLatin1String(Messages::PageIsNoItem));
     } else {
@@ -186,48 +201,40 @@ void EntryPage::finishLoading()
     m_announcer.announce(this);
 }
 
-void EntryPage::show(QQuickItem *page)
+void EntryPageContent::show(QObject *page)
 {
     m_status = Ready;
     m_item = page;
-    page->setParent(this);
-    page->setParentItem(this);
+    page->setParent(parent());
+    setParentItem(page, parent());
     resizePage();
-    connect(page, &QObject::destroyed, this, &EntryPage::forget);
-    connect(page, &QQuickItem::implicitWidthChanged, this, &EntryPage::adoptImplicitSize);
-    connect(page, &QQuickItem::implicitHeightChanged, this, &EntryPage::adoptImplicitSize);
-    adoptImplicitSize();
+    connect(page, &QObject::destroyed, this, &EntryPageContent::forget);
 }
 
 /// Reports that the page was deleted by itself or by others.
-void EntryPage::forget()
+void EntryPageContent::forget()
 {
     m_item = nullptr;
     fail(QLatin1String(Messages::PageIsDeleted));
     m_announcer.announce(this);
 }
 
-void EntryPage::fail(const QString &reason)
+void EntryPageContent::fail(const QString &reason)
 {
-    fail({describe(reason, m_content.source.toString(), 0, 0)});
+    fail({describe(reason, m_shown.source.toString(), 0, 0)});
 }
 
-void EntryPage::fail(const QVariantList &errors)
+void EntryPageContent::fail(const QVariantList &errors)
 {
     m_status = Error;
     m_errors = errors;
-    qCWarning(lcSettings) << Messages::CannotShowPage << quoted(m_content.path)
+    qCWarning(lcSettings) << Messages::CannotShowPage << quoted(m_shown.path)
                           << quoted(toText(errors.constFirst()));
 }
 
-void EntryPage::resizePage()
+void EntryPageContent::resizePage()
 {
     if (m_item) {
-        m_item->setSize(size());
+        PageLoader::resize(m_item, m_size);
     }
-}
-
-void EntryPage::adoptImplicitSize()
-{
-    setImplicitSize(m_item->implicitWidth(), m_item->implicitHeight());
 }
