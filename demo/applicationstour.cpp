@@ -42,9 +42,9 @@ bool ApplicationsTour::walkPages(const QString &form)
 {
     return showPage(form) && selectMode(s_autostartMode, s_autostarted)
            && m_pictures->save(form + QLatin1String("-applications-autostart"))
-           && selectMode(s_allowedMode, s_allowed) && click(m_window, s_application)
-           && m_pictures->save(form + QLatin1String("-application")) && click(m_window, s_entry)
-           && m_pictures->save(form + QLatin1String("-application-entry"));
+           && selectMode(s_allowedMode, s_allowed) && waitForSwitch(s_ruled, true)
+           && click(m_window, s_application) && m_pictures->save(form + QLatin1String("-application"))
+           && click(m_window, s_entry) && m_pictures->save(form + QLatin1String("-application-entry"));
 }
 
 bool ApplicationsTour::walkEdits(const QString &form)

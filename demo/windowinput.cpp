@@ -3,6 +3,7 @@
 
 #include "windowinput.h"
 
+#include "qmlcall.h"
 #include "windowpictures.h"
 
 #include <QCoreApplication>
@@ -45,6 +46,9 @@ bool findCenter(const QQuickWindow *window, const QString &name, QPointF *center
 bool click(QQuickWindow *window, const QString &name)
 {
     QPointF center;
+    if (QQuickItem *const item = findItem(window, name)) {
+        callQml(window, "scrollTo", QVariant::fromValue(item));
+    }
     if (!findCenter(window, name, &center)) {
         return false;
     }

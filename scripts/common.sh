@@ -10,7 +10,7 @@ packages=(
     # compiler and build
     cmake g++ lld ninja-build pkg-config
     # the library and the platform's stand-ins
-    qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools libdbus-1-dev libdconf-dev
+    qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools libdbus-1-dev libdconf-dev libicu-dev
     # the sandbox
     bubblewrap dbus-daemon dconf-cli dconf-service
     # the demo

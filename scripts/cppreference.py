@@ -4,9 +4,11 @@
 
 import re
 
-HEADERS = ("registry/pluginregistry.h", "registry/treeitem.h", "registry/favoritesblacklist.h")
+HEADERS = ("registry/pluginregistry.h", "registry/treeitem.h", "registry/favoritesblacklist.h",
+           "search/settingssearch.h", "search/searchquery.h")
 MEMBERS = ("public:", "Q_SIGNALS:")
-EXPORTED = re.compile(r"(class )?VELKASETTINGS_EXPORT (?P<name>\w+)[ ;:]?")
+EXPORTED = re.compile(r"(class )?VELKASETTINGS(SEARCH)?_EXPORT (?P<name>\w+)[ ;:]?")
+STRUCT = re.compile(r"struct (?P<name>\w+) \{")
 
 
 def prose(comment):
@@ -17,7 +19,7 @@ def prose(comment):
 
 
 def signature(text):
-    text = re.sub(r"\b(Q_INVOKABLE|explicit|VELKASETTINGS_EXPORT) ", "", " ".join(text.split()))
+    text = re.sub(r"\b(Q_INVOKABLE|explicit|VELKASETTINGS(SEARCH)?_EXPORT) ", "", " ".join(text.split()))
     return text.replace(" override", "").rstrip(";").strip()
 
 
@@ -37,30 +39,32 @@ def declarations(lines):
         declaration, _, at_end = stripped.partition("///<")
         comment += [at_end] if at_end else []
         code += declaration + " "
-        begins_class = re.match(r"class VELKASETTINGS_EXPORT", code) and not code.strip().endswith(";")
-        if begins_class or code.strip().endswith((";", ":", ")", "Q_OBJECT", "};")):
+        begins_class = re.match(r"class VELKASETTINGS(SEARCH)?_EXPORT", code) and not code.strip().endswith(";")
+        if begins_class or STRUCT.match(code) or code.strip().endswith((";", ":", ")", "Q_OBJECT", "};")):
             yield code.strip(), prose(comment)
             comment, code = [], ""
 
 
 def header_page(path):
-    lines = [f"From `<{path.name}>`:", ""]
+    lines = []
+    header = path.name if path.parent.name == "registry" else f"{path.parent.name}/{path.name}"
     shown, kind = False, ""
     for code, comment in declarations(path.read_text(encoding="utf-8").splitlines()):
         exported = EXPORTED.search(code)
-        if code.startswith("class ") and exported:
-            lines[:0] = [f"## {exported['name']}", ""]
-            lines += [comment, "", "| Member | |", "|---|---|"]
+        structure = STRUCT.match(code)
+        if structure or (code.startswith("class ") and exported):
+            lines += ["", f"## {(structure or exported)['name']}", "", f"From `<{header}>`:", "", comment, "",
+                      "| Member | |", "|---|---|"]
+            shown = bool(structure)
         elif exported:
             name = re.search(r"(\w+)\(", code)[1]
-            lines[:0] = [f"## {name}()", ""]
-            lines += [f"`{signature(code)}`", "", comment]
+            lines += ["", f"## {name}()", "", f"From `<{header}>`:", "", f"`{signature(code)}`", "", comment]
         elif code.endswith(":"):
             shown = code in MEMBERS
             kind = "signal " if code == "Q_SIGNALS:" else ""
         elif shown and not code.startswith(("};", "friend")):
             lines.append(f"| {kind}`{signature(code)}` | {comment} |")
-    return [*lines, ""]
+    return [*lines[1:], ""]
 
 
 def page(sources, notice):

@@ -56,8 +56,10 @@ const QDir s_fixtures(QStringLiteral(CHECK_FIXTURES));
 const QString s_catalogs = QStringLiteral(VELKA_TEST_CATALOGS);
 
 /// Additional tags of a fixture.
-const QHash<QString, QStringList> s_companions{{QStringLiteral("path-spelling"), {QStringLiteral("path-slashes")}},
-                                               {QStringLiteral("schema"), {QStringLiteral("missing-catalog")}}};
+const QHash<QString, QStringList> s_companions{
+    {QStringLiteral("path-spelling"), {QStringLiteral("path-slashes")}},
+    {QStringLiteral("keywords-id-alone"), {QStringLiteral("missing-catalog")}},
+    {QStringLiteral("schema"), {QStringLiteral("missing-catalog")}}};
 
 struct Finished {
     int exitCode;

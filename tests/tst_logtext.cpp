@@ -266,7 +266,8 @@ void LogTextTest::errorsOfServices()
 {
     const QDBusError error(QDBusMessage::createError(hostile(), hostile()));
     const MessageLog log;
-    fetch<QStringList>(QDBusPendingCall::fromError(error), this, text("Failed. Error:"), [](const auto &) {});
+    fetch<QStringList>(PlatformServiceName::Autostart, QDBusPendingCall::fromError(error), this,
+                       text("Failed. Error:"), [](const auto &) {});
     QStringList messages;
     QTRY_COMPARE((messages += log.take()).size(), 1);
     QCOMPARE(unsound(messages), QString());

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "dconftool.h"
+#include "docs/codeblock.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QRegularExpression>
@@ -45,6 +47,37 @@ public:
     Q_INVOKABLE QString dconf(const QStringList &arguments)
     {
         return QString::fromUtf8(::dconf(arguments));
+    }
+
+    /// Returns the Settings application of README.md.
+    Q_INVOKABLE QString application()
+    {
+        const QVector<CodeBlock> blocks = readCodeBlocks(QStringLiteral(README));
+        for (const CodeBlock &block : blocks) {
+            if (block.name == QLatin1String("Settings.qml")) {
+                return block.text;
+            }
+        }
+        return {};
+    }
+
+    /// Opens an address as another program does.
+    Q_INVOKABLE bool open(const QString &service, const QString &address)
+    {
+        return QProcess::startDetached(QStringLiteral(VELKA_TOOL),
+                                       {QStringLiteral("open"), QStringLiteral("--service"), service, address});
+    }
+
+    Q_INVOKABLE void writePage(const QString &path, const QString &qml)
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        write(path, qml.toUtf8());
+    }
+
+    /// Fails the test function if it ends without a warning that contains @p text.
+    Q_INVOKABLE void expectWarning(const QString &text)
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QRegularExpression::escape(text)));
     }
 
     /// Fails the test function if it ends without an information message that matches @p pattern.

@@ -70,14 +70,7 @@ private Q_SLOTS:
 
 void SettingsEntryTest::init()
 {
-    World::writeBlacklist("[]");
-    World::setMasked({});
-    const QStringList files = QDir(Constants::EntriesDirectory).entryList(QDir::Files);
-    for (const QString &file : files) {
-        World::removeEntries(file);
-    }
-    World::rescan(registry());
-    World::reset();
+    EntryFiles::reset();
 }
 
 void SettingsEntryTest::hasTheValuesOfItsNode()

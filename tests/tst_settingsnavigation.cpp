@@ -1,18 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "common/constants.h"
 #include "common/messages.h"
+#include "entryfiles.h"
 #include "messagelog.h"
-#include "propertylog.h"
-#include "registry/pluginregistry.h"
 #include "testsize.h"
 #include "text.h"
-#include "toolkit/settingsnavigation.h"
-#include "world.h"
+#include "watchednavigation.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QPointer>
 #include <QRandomGenerator>
 #include <QSet>
@@ -20,13 +16,12 @@
 
 #include <functional>
 #include <iterator>
-#include <optional>
 #include <utility>
 
 namespace
 {
 const QString s_file = QStringLiteral("sound.json");
-const QByteArray s_entries = R"({"entries": [
+const QByteArrayList s_entries = {R"(
     {"path": "top/sound", "type": "page"},
     {"path": "top/sound/volume", "type": "integer"},
     {"path": "top/sound/tones/ring", "type": "page"},
@@ -34,62 +29,7 @@ const QByteArray s_entries = R"({"entries": [
     {"path": "top/sound/volume/step", "type": "custom_tile"},
     {"path": "top/wlan", "type": "page"},
     {"path": "other/page", "type": "page"},
-    {"path": "flashlight", "type": "action"}]})";
-
-PluginRegistry *registry()
-{
-    return PluginRegistry::instance();
-}
-
-void install(const QString &file, const QByteArray &entries)
-{
-    World::writeEntries(file, entries);
-    World::rescan(registry());
-}
-
-void uninstall(const QString &file)
-{
-    World::removeEntries(file);
-    World::rescan(registry());
-}
-
-QStringList names(const char *names)
-{
-    return text(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-/// A navigation with the root "top" whose signals are recorded.
-class WatchedNavigation : public SettingsNavigation
-{
-public:
-    explicit WatchedNavigation(const QStringList &pages = {})
-    {
-        setRoot(text("top"));
-        for (const QString &page : pages) {
-            open(page);
-        }
-        m_log.emplace(this, staticMetaObject);
-        connect(this, &SettingsNavigation::closed, this,
-                [this](const QString &path) { m_events.append(text("closed ") + path); });
-        connect(this, &SettingsNavigation::rowRequested, this,
-                [this](const QString &row) { m_events.append(text("requested ") + row); });
-    }
-
-    /// The names of the properties whose change was announced since the last call, and the other signals.
-    QStringList takeChanges()
-    {
-        return m_log->take() + std::exchange(m_events, {});
-    }
-
-    bool isAsAnnounced() const
-    {
-        return m_log->isRight();
-    }
-
-private:
-    std::optional<PropertyLog> m_log;
-    QStringList m_events;
-};
+    {"path": "flashlight", "type": "action"})"};
 
 class Deleter : public QObject
 {
@@ -102,6 +42,8 @@ public Q_SLOTS:
     }
 };
 }
+
+using namespace EntryFiles;
 
 class SettingsNavigationTest : public QObject
 {
@@ -139,14 +81,7 @@ private Q_SLOTS:
 
 void SettingsNavigationTest::init()
 {
-    World::writeBlacklist("[]");
-    World::setMasked({});
-    const QStringList files = QDir(Constants::EntriesDirectory).entryList(QDir::Files);
-    for (const QString &file : files) {
-        World::removeEntries(file);
-    }
-    World::rescan(registry());
-    World::reset();
+    EntryFiles::reset();
     install(s_file, s_entries);
 }
 
@@ -301,7 +236,7 @@ void SettingsNavigationTest::forgetsTheOldestPages()
     for (int i = 0; i < 300; ++i) {
         entries.append("{\"path\": \"many/" + QByteArray::number(i) + "\"}");
     }
-    install(text("many.json"), "{\"entries\": [" + entries.join(",") + "]}");
+    install(text("many.json"), entries);
     WatchedNavigation navigation;
     for (int i = 0; i < 300; ++i) {
         QVERIFY(navigation.open(text("many/%1").arg(i)));
@@ -343,13 +278,13 @@ void SettingsNavigationTest::hostNamesTheTypesOfPages()
 
 void SettingsNavigationTest::closesVanishedPages()
 {
-    install(text("more.json"), R"({"entries": [{"path": "top/more"}, {"path": "top/more/most"}]})");
+    install(text("more.json"), {R"({"path": "top/more"}, {"path": "top/more/most"})"});
     WatchedNavigation navigation(names("top/more top/wlan top/more/most"));
     uninstall(text("more.json"));
     QCOMPARE(navigation.takeChanges(),
              names("paths current state") + QStringList({text("closed top/more"), text("closed top/more/most")}));
     QCOMPARE(navigation.paths(), names("top top/wlan"));
-    install(text("more.json"), R"({"entries": [{"path": "top/more"}]})"); // which stays closed
+    install(text("more.json"), {R"({"path": "top/more"})"}); // which stays closed
     QCOMPARE(navigation.takeChanges(), QStringList());
     QVERIFY(navigation.open(text("top/sound/volume")));
     navigation.takeChanges();
@@ -386,8 +321,7 @@ void SettingsNavigationTest::closesOutsideABatch()
 void SettingsNavigationTest::isSilentWhenOthersChange()
 {
     WatchedNavigation navigation(names("top/wlan top/sound/volume"));
-    install(text("more.json"),
-            R"({"entries": [{"path": "top/sound/volume/more"}, {"path": "top", "title": "Top"}]})");
+    install(text("more.json"), {R"({"path": "top/sound/volume/more"}, {"path": "top", "title": "Top"})"});
     uninstall(text("more.json"));
     QCoreApplication::processEvents();
     QCOMPARE(navigation.takeChanges(), QStringList());
@@ -412,7 +346,7 @@ void SettingsNavigationTest::stateIsRestored()
 
 void SettingsNavigationTest::restoresWhatExists()
 {
-    install(text("more.json"), R"({"entries": [{"path": "top/more"}]})");
+    install(text("more.json"), {R"({"path": "top/more"})"});
     WatchedNavigation saved(names("top/more top/wlan top/sound/volume/step"));
     const QString state = saved.state();
     uninstall(text("more.json"));
@@ -470,7 +404,7 @@ void SettingsNavigationTest::handlersMayNavigate()
     QCOMPARE(navigation.paths(), names("top top/wlan top/sound top/sound/tones"));
     QCOMPARE(navigation.takeChanges(),
              names("paths paths current row state") + QStringList{text("requested top/sound/tones/loud")});
-    install(text("other.json"), R"({"entries": [{"path": "other", "type": "page"}]})");
+    install(text("other.json"), {R"({"path": "other", "type": "page"})"});
     uninstall(s_file);
     QCOMPARE(navigation.paths(), names("top other"));
     QVERIFY(navigation.isAsAnnounced());
@@ -503,7 +437,7 @@ void SettingsNavigationTest::pathOfManyNames()
 {
     const QByteArray path = "top" + QByteArray("/a").repeated(20000);
     install(text("deep.json"),
-            R"({"entries": [{"path": ")" + path + R"("}, {"path": ")" + path + R"(/switch", "type": "bool"}]})");
+            {R"({"path": ")" + path + R"("}, {"path": ")" + path + R"(/switch", "type": "bool"})"});
     WatchedNavigation navigation;
     QVERIFY(navigation.open(QString::fromLatin1(path) + text("/switch")));
     QCOMPARE(navigation.current(), QString::fromLatin1(path));
@@ -517,7 +451,7 @@ void SettingsNavigationTest::randomUse()
     const QStringList addresses = names(
         "top top/sound top/sound/volume top/sound/tones top/sound/tones/ring top/wlan "
         "other other/page top/more top/more/most flashlight none");
-    const QByteArray more = R"({"entries": [{"path": "top/more"}, {"path": "top/more/most"}]})";
+    const QByteArrayList more = {R"({"path": "top/more"}, {"path": "top/more/most"})"};
     const MessageLog log;
     QRandomGenerator random(7);
     WatchedNavigation navigation;

@@ -11,6 +11,7 @@
 #include "registrationfiles.h"
 #include "servicefaults.h"
 #include "treeitem.h"
+#include "vocabulary.h"
 
 #include <mgconfitem.h>
 
@@ -43,18 +44,26 @@ const QCommandLineOption s_directory(QStringLiteral("directory"), QStringLiteral
                                      QStringLiteral("DIR"));
 const QCommandLineOption s_root(QStringLiteral("root"), QStringLiteral("Look for pages below DIR."),
                                 QStringLiteral("DIR"));
+const QCommandLineOption s_vocabulary(QStringLiteral("vocabulary"), QStringLiteral("Show what the host shows."),
+                                      QStringLiteral("FILE"));
 const QCommandLineOption s_catalogs(QStringLiteral("catalogs"),
                                     QStringLiteral("Quit with the status 77 when a catalog in DIR changes."),
                                     QStringLiteral("DIR"));
 constexpr int CatalogsChanged = 77;
 
-/// Returns the page of the settings if there are any, otherwise that of all entries.
-QVariantMap topPage()
+/// Returns the first page of the host. Without a vocabulary that is the page of the settings if there are any, otherwise
+/// that of all entries.
+QVariantMap topPage(const std::optional<Vocabulary> &vocabulary)
 {
+    constexpr int Depth = 2;
+    if (vocabulary) {
+        return {{QStringLiteral("topPath"), vocabulary->root().join(QLatin1Char('/'))},
+                {QStringLiteral("topDepth"), vocabulary->depth() == 1 ? 1 : Depth}};
+    }
     const QString settings = QStringLiteral("system_settings");
     const bool hasSettings = PluginRegistry::instance()->getItem({settings});
     return {{QStringLiteral("topPath"), hasSettings ? settings : QString()},
-            {QStringLiteral("topDepth"), hasSettings ? 2 : 1}};
+            {QStringLiteral("topDepth"), hasSettings ? Depth : 1}};
 }
 
 /// Keeps the files' problems visible in @p window, and prints them.
@@ -86,6 +95,21 @@ void warnOfMissingIcons()
     }
 }
 
+/// The window shows them as rows without a control.
+void warnOfUnknownTypes(const Vocabulary &vocabulary)
+{
+    const QStringList types = vocabulary.types();
+    const QList<TreeItem *> items = PluginRegistry::instance()->getItem({})->getSubitems(TreeItem::orderLessThan,
+                                                                                         -1);
+    for (const TreeItem *item : items) {
+        const QString type = item->value(QStringLiteral("type")).toString();
+        if (!type.isEmpty() && !types.contains(type)) {
+            std::fprintf(stderr, "%s: warning: the host does not show entries of the type \"%s\"\n",
+                         qUtf8Printable(item->location().join(QLatin1Char('/'))), qUtf8Printable(type));
+        }
+    }
+}
+
 bool act(PreviewTour *tour, const QCommandLineParser &parser)
 {
     const QStringList page = parser.value(s_page).split(QLatin1Char('/'), Qt::SkipEmptyParts);
@@ -100,8 +124,8 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions(
-        {s_locale, s_mask, s_wide, s_page, s_screenshot, s_smokeTest, s_directory, s_root, s_catalogs});
+    parser.addOptions({s_locale, s_mask, s_wide, s_page, s_screenshot, s_smokeTest, s_directory, s_root,
+                       s_vocabulary, s_catalogs});
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Registration files."));
     parser.process(application);
     if (parser.isSet(s_locale)) {
@@ -128,7 +152,11 @@ int main(int argc, char *argv[])
     engine.rootContext()->setContextProperty(QStringLiteral("serviceFaults"), &faults);
     engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
     const bool quits = parser.isSet(s_screenshot) || parser.isSet(s_smokeTest);
-    QVariantMap properties = topPage();
+    QString problem; // velka-settings has read it before
+    const std::optional<Vocabulary> vocabulary = parser.isSet(s_vocabulary)
+                                                     ? Vocabulary::read(parser.value(s_vocabulary), &problem)
+                                                     : std::nullopt;
+    QVariantMap properties = topPage(vocabulary);
     properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));
     properties.insert(QStringLiteral("animated"), !quits);
     engine.setInitialProperties(properties);
@@ -138,6 +166,9 @@ int main(int argc, char *argv[])
     }
     showProblems(&files, engine.rootObjects().constFirst());
     warnOfMissingIcons();
+    if (vocabulary) {
+        warnOfUnknownTypes(*vocabulary);
+    }
     auto *const window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     new KeyboardUse(window);
     PreviewTour tour(window, pages);

@@ -60,6 +60,32 @@ QString errorsOf(const QQmlComponent &component)
     }
     return lines.join(QLatin1Char('\n'));
 }
+
+/// Returns the entry that the toolkit gives to the page of @p item. @p engine owns it.
+QObject *createEntry(const TreeItem *item, QQmlEngine *engine)
+{
+    QQmlComponent component(engine);
+    component.setData("import com.velka.settings.toolkit 1.0\nSettingsEntry {}", QUrl());
+    QObject *const entry = component.createWithInitialProperties(
+        {{QStringLiteral("path"), item->location().join(QLatin1Char('/'))}});
+    entry->setParent(engine);
+    return entry;
+}
+
+/// Creates the page of @p component as the toolkit does, or returns null.
+QObject *createPage(QQmlComponent *component, const TreeItem *item, QQmlEngine *engine)
+{
+    QObject *const page = component->isReady() ? component->beginCreate(engine->rootContext()) : nullptr;
+    if (!page) {
+        return nullptr;
+    }
+    if (page->metaObject()->indexOfProperty("entry") >= 0) {
+        component->setInitialProperties(
+            page, {{QStringLiteral("entry"), QVariant::fromValue(createEntry(item, engine))}});
+    }
+    component->completeCreate();
+    return page;
+}
 }
 
 PageFiles::PageFiles(const QStringList &roots, const QStringList &entries)
@@ -102,12 +128,11 @@ QString PageFiles::load(const TreeItem *item, QQmlEngine *engine) const
         return {};
     }
     QQmlComponent component(engine, QUrl::fromLocalFile(find(source)));
-    QObject *const page = component.create();
-    if (!page) {
-        return QStringLiteral("The page %1 does not load:\n%2").arg(source, errorsOf(component));
+    if (QObject *const page = createPage(&component, item, engine)) {
+        page->setParent(engine); // its bindings may warn later
     }
-    page->setParent(engine); // its bindings may warn later
-    return {};
+    return component.isError() ? QStringLiteral("The page %1 does not load:\n%2").arg(source, errorsOf(component))
+                               : QString();
 }
 
 QString PageFiles::find(const QString &source) const

@@ -47,6 +47,7 @@ Column {
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 text: modelData.title
+                Accessible.name: text
                 checkable: true
                 autoExclusive: true
                 checked: ApplicationsModel.filterMode === modelData.mode
@@ -95,16 +96,19 @@ Column {
         Controls.Button {
             objectName: "select all"
             text: qsTrId("settings-bt-select_all")
+            Accessible.name: text
             onClicked: ApplicationsModel.selectAllApps()
         }
         Controls.Button {
             objectName: "clear"
             text: qsTrId("settings-bt-clear")
+            Accessible.name: text
             onClicked: ApplicationsModel.clearSelectedApps()
         }
         Controls.Button {
             objectName: "policy rules"
             text: qsTrId("settings-bt-policy_rules")
+            Accessible.name: text
             onClicked: header.applyRules()
         }
     }

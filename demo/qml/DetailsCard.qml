@@ -39,22 +39,23 @@ Column {
             Repeater {
                 id: repeater
 
-                Item {
+                Grid {
+                    id: row
+
+                    // Large texts have no space beside their label.
+                    readonly property bool stacked: width < Kirigami.Units.gridUnit * 15
+                    readonly property real labelWidth: Kirigami.Units.gridUnit * 7
+
                     width: parent.width
-                    height: Math.max(name.height, value.height)
+                    columns: stacked ? 1 : 2
+                    columnSpacing: Kirigami.Units.largeSpacing
 
                     SecondaryLabel {
-                        id: name
-                        width: Kirigami.Units.gridUnit * 7
+                        width: row.stacked ? row.width : row.labelWidth
                         text: modelData.label
                     }
                     PlainLabel {
-                        id: value
-                        anchors {
-                            left: name.right
-                            right: parent.right
-                            leftMargin: Kirigami.Units.largeSpacing
-                        }
+                        width: row.stacked ? row.width : row.width - row.labelWidth - row.columnSpacing
                         text: modelData.value
                         wrapMode: Text.Wrap
                     }

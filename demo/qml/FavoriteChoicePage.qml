@@ -48,6 +48,7 @@ Kirigami.ScrollablePage {
 
                 Controls.Button {
                     text: modelData.title
+                    Accessible.name: text
                     checkable: true
                     autoExclusive: true
                     checked: page.kind === index

@@ -9,5 +9,4 @@ PlainLabel {
     wrapMode: Text.Wrap
     font.bold: true
     color: Kirigami.ColorUtils.tintWithAlpha(Kirigami.Theme.linkColor, Kirigami.Theme.textColor, 0.3)
-    Accessible.role: Accessible.Heading
 }

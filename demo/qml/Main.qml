@@ -221,6 +221,10 @@ Kirigami.ApplicationWindow {
         return columns * pageStack.defaultColumnWidth
     }
 
+    function scrollTo(item) {
+        pageFocus.scrollTo(item)
+    }
+
     function scrollToBeginning() {
         topPage.flickable.positionViewAtBeginning()
         drawer.list.positionViewAtBeginning()
@@ -252,6 +256,7 @@ Kirigami.ApplicationWindow {
     }
 
     PageFocus {
+        id: pageFocus
         window: window
     }
 

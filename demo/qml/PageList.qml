@@ -12,6 +12,11 @@ ListView {
     property string openPath
 
     highlightMoveDuration: 0
+    onCountChanged: {
+        if (currentIndex < 0 && count > 0) {
+            currentIndex = 0
+        }
+    }
     // The page makes the list itself a stop of the tabulator key.
     onActiveFocusOnTabChanged: activeFocusOnTab = false
 

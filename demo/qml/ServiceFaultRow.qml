@@ -25,6 +25,7 @@ RowLayout {
     }
     Controls.ComboBox {
         Layout.fillWidth: true
+        Layout.preferredHeight: Math.round(Kirigami.Units.gridUnit * 1.5) // its own height is fixed
         Layout.preferredWidth: 1
         Accessible.name: label.text
         model: row.faults.map(fault => applicationWindow().faultTitle(fault))

@@ -32,7 +32,8 @@ struct ListDifference {
  * equal keys the first one stands for the first one, and so on. A longest increasing sequence of the rows that stay is
  * not moved.
  */
-VELKASETTINGS_PRIVATE_EXPORT ListDifference differenceOf(const QStringList &before, const QStringList &after, int maxMoves);
+VELKASETTINGS_PRIVATE_EXPORT ListDifference differenceOf(const QStringList &before, const QStringList &after,
+                                                         int maxMoves);
 
 /// Returns the positions of a longest increasing subsequence of @p values, which are all different.
 VELKASETTINGS_PRIVATE_EXPORT QVector<int> longestIncreasingSubsequence(const QVector<int> &values);

@@ -14,19 +14,54 @@ namespace
 constexpr int MaxWordsOfText = 1000; ///< of untrusted files
 constexpr int MaxWordsOfKeyword = 3; ///< beyond, it is a description
 
+/// Returns whether a word that is in @p field is found no better when it is in @p weaker, too.
+bool includes(Field field, Field weaker)
+{
+    return field == weaker || field == Field::Title || weaker == Field::Description
+           || (field == Field::EnglishTitle && weaker == Field::EnglishKeyword);
+}
+
+/// Returns whether a text in @p other may be the same as that in @p field, untranslated.
+bool isTranslation(Field field, Field other)
+{
+    return field <= Field::Keyword && (other == Field::EnglishTitle || other == Field::EnglishKeyword);
+}
+
+bool isOneOf(const QVector<Word> &words, const Word &word)
+{
+    return std::any_of(words.cbegin(), words.cend(), [&word](const Word &other) {
+        return other.start == word.start && other.length == word.length;
+    });
+}
+
 class Collector
 {
 public:
-    void add(const QString &text, Field field)
+    void add(const QVector<Word> &words, Field field)
     {
-        const QVector<Word> words = wordsOf(text).mid(0, MaxWordsOfText);
         for (const Word &word : words) {
             addWord(word, field);
         }
         const QVector<Word> whole = withoutJoints(words);
-        for (const Word &word : whole) {
-            addWord(word, field);
+        for (int i = 0; i < whole.size() && whole.size() < words.size(); ++i) {
+            if (!isOneOf(words, whole.at(i))) {
+                addWord(whole.at(i), field);
+            }
         }
+    }
+
+    /// Of the many words of a long keyword, each says as little as those of a description.
+    void addKeywords(const QStringList &keywords, Field field)
+    {
+        for (const QString &keyword : keywords) {
+            const QVector<Word> words = textWords(keyword);
+            add(words, words.size() > MaxWordsOfKeyword ? Field::Description : field);
+        }
+    }
+
+    static QVector<Word> textWords(const QString &text)
+    {
+        return wordsOf(text).mid(0, MaxWordsOfText);
     }
 
     QVector<EntryWord> words;
@@ -35,7 +70,9 @@ private:
     void addWord(const Word &word, Field field)
     {
         addForm(word.typed, field, Form::Typed);
-        addForm(word.folded, field, Form::Folded);
+        if (word.folded != word.typed) {
+            addForm(word.folded, field, Form::Folded);
+        }
         const QString latin = inLatinLetters(word.typed);
         const QStringList syllables = latin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         addForm(syllables.join(QString()).left(MaxLetters), field, Form::Latin);
@@ -46,41 +83,33 @@ private:
         }
     }
 
-    /// Adds what does not say the same as a word that is there: fields and forms are added in the order of their weight.
+    /// Adds a word, or a mention of one that says the same: fields and forms are added in the order of their weight.
     void addForm(const QString &text, Field field, Form form)
     {
         const auto isSame = [&](const EntryWord &word) {
-            return word.text == text && (word.field == field || word.field == Field::Title);
+            return word.text == text && includes(word.field, field);
         };
-        if (!text.isEmpty() && std::none_of(words.cbegin(), words.cend(), isSame)) {
-            words.append({text, field, form});
+        if (text.isEmpty()) {
+            return;
+        }
+        const auto known = std::find_if(words.begin(), words.end(), isSame);
+        if (known == words.end()) {
+            words.append({text, field, form, 0});
+        } else if (known->form == form && !isTranslation(known->field, field)) {
+            known->mentions = std::min(known->mentions + 1, Posting::MaxMentions);
         }
     }
 };
-
-/// Of the many words of a sentence, each says little.
-bool isSentence(const QString &keyword)
-{
-    return wordsOf(keyword).size() > MaxWordsOfKeyword;
-}
 }
 
-QVector<EntryWord> wordsOfEntry(const EntryTexts &texts)
+EntryWords wordsOfEntry(const EntryTexts &texts)
 {
+    const QVector<Word> title = Collector::textWords(texts.title);
     Collector collector;
-    collector.add(texts.title, Field::Title);
-    for (const QString &keyword : texts.keywords) {
-        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::Keyword);
-    }
-    collector.add(texts.englishTitle, Field::EnglishTitle);
-    for (const QString &keyword : texts.englishKeywords) {
-        collector.add(keyword, isSentence(keyword) ? Field::Description : Field::EnglishKeyword);
-    }
-    collector.add(texts.description, Field::Description);
-    return collector.words;
-}
-
-int countOfWords(const QString &title)
-{
-    return wordsOf(title).size();
+    collector.add(title, Field::Title);
+    collector.addKeywords(texts.keywords, Field::Keyword);
+    collector.add(Collector::textWords(texts.englishTitle), Field::EnglishTitle);
+    collector.addKeywords(texts.englishKeywords, Field::EnglishKeyword);
+    collector.add(Collector::textWords(texts.description), Field::Description);
+    return {collector.words, title.size()};
 }

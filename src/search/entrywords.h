@@ -15,9 +15,13 @@ struct EntryWord {
     QString text;
     Field field;
     Form form;
+    int mentions; ///< in further texts, Posting::MaxMentions at most
+};
+
+struct EntryWords {
+    QVector<EntryWord> words;
+    int titleWords; ///< how many words the title has
 };
 
 /// Returns the words by which an entry with @p texts is found.
-QVector<EntryWord> wordsOfEntry(const EntryTexts &texts);
-/// Returns the number of words of @p title.
-int countOfWords(const QString &title);
+EntryWords wordsOfEntry(const EntryTexts &texts);

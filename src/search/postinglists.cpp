@@ -27,6 +27,11 @@ void PostingLists::append(PostingList *list, quint32 value)
     }
 }
 
+void PostingLists::squeeze()
+{
+    m_values.shrink_to_fit();
+}
+
 size_t PostingLists::memory() const
 {
     size_t memory = m_values.capacity() * sizeof(quint32);

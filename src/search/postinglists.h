@@ -26,6 +26,7 @@ public:
     template<typename Predicate>
     void removeIf(PostingList *list, const Predicate &isRemoved);
 
+    void squeeze();
     size_t memory() const; ///< in bytes
 
 private:

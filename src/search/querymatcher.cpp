@@ -46,14 +46,16 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
     float sum = 0;
     int known = 0;
     for (const WordScores &word : scores) {
-        const float weight = word.count() == 0 ? 0 : std::log1p(float(index.nodes().readCount()) / word.count());
+        const float weight = word.matches().empty()
+                                 ? 0
+                                 : std::log1p(float(index.nodes().readCount()) / float(word.matches().size()));
         sum += weight;
         known += weight > 0 ? 1 : 0;
         weights.push_back(weight);
     }
     const float average = known > 0 ? sum / known : 1;
     for (size_t i = 0; i < scores.size(); ++i) {
-        if (scores[i].count() == 0) {
+        if (scores[i].matches().empty()) {
             weights[i] = scores[i].isOfRun() ? average / 2 : average;
         }
     }
@@ -85,31 +87,40 @@ public:
         }
     }
 
-    /// Returns 0 when the words that match the node, of which one must be its own, are less than the share @p required.
+    /// Calls @p visit once for each node that matches a word by its own texts.
+    template<typename Visit>
+    void forEachNode(const Visit &visit) const
+    {
+        for (auto word = m_scores.cbegin(); word != m_scores.cend(); ++word) {
+            for (const int position : word->matches()) {
+                const auto isIn = [position](const WordScores &earlier) { return earlier.own(position) > 0; };
+                if (std::none_of(m_scores.cbegin(), word, isIn)) {
+                    visit(position);
+                }
+            }
+        }
+    }
+
+    /// Returns 0 when the words that match the node are less than the share @p required.
     float scoreOf(int position, float required) const
     {
-        const bool hasOwn = std::any_of(m_scores.cbegin(), m_scores.cend(),
-                                        [position](const WordScores &word) { return word.own(position) > 0; });
-        if (!hasOwn) {
-            return 0;
-        }
+        constexpr float Rounding = 0.001F;
+        float possible = (1 + Rounding - required) * m_sum; // what can be missing
         float score = 0;
-        float found = 0;
-        for (size_t i = 0; i < m_scores.size(); ++i) {
+        for (size_t i = 0; i < m_scores.size() && possible > 0; ++i) {
             const float own = m_scores[i].own(position);
             const float best = own > 0 ? own : WeightOfAncestors * scoreAbove(m_scores[i], position, m_nodes);
             score += best * m_weights[i];
-            found += best > 0 ? m_weights[i] : 0;
+            possible -= best > 0 ? 0 : m_weights[i];
         }
-        constexpr float Rounding = 0.999F;
-        return found < required * m_sum * Rounding ? 0 : score / m_sum * coverage(position);
+        return possible > 0 ? score / m_sum * coverage(position) : 0;
     }
 
 private:
-    /// Prefers short titles a little.
+    /// Prefers short titles.
     float coverage(int position) const
     {
-        return 0.9F + 0.1F / float(std::max<int>(1, m_nodes.at(position).titleWords));
+        return 0.8F + 0.2F / float(std::max<int>(1, m_nodes.at(position).titleWords));
     }
 
     const Scores &m_scores;
@@ -144,23 +155,29 @@ public:
             addLike(&split, MatchKind::Typo);
             found = best(joined, split, All);
         }
-        return found.isEmpty() && !m_query.isStrict ? mostWords(parts) : found;
+        return found.isEmpty() && !m_query.isStrict ? mostWords(parts, split.empty() ? &joined : &split) : found;
     }
 
 private:
     static constexpr float All = 1;
-    static constexpr float Most = 0.4F;
+    static constexpr float Most = 0.3F;
 
-    QVector<Match> mostWords(const QVector<Word> &parts) const
+    /// @p scores are those of @p parts, with typos.
+    QVector<Match> mostWords(const QVector<Word> &parts, Scores *scores) const
     {
+        const auto isRun = [](const Word &word) { return word.isRun; };
+        if (std::none_of(parts.cbegin(), parts.cend(), isRun)) {
+            addLike(scores, MatchKind::Similar);
+            return best(*scores, Most);
+        }
         QVector<Word> words;
         for (const Word &word : parts) {
             words += word.isRun ? groupsOf(word) : QVector<Word>{word};
         }
-        Scores scores = scoresOf(words, MaxParts, m_index);
-        addLike(&scores, MatchKind::Typo);
-        addLike(&scores, MatchKind::Similar);
-        return best(scores, Most);
+        Scores groups = scoresOf(words, MaxParts, m_index);
+        addLike(&groups, MatchKind::Typo);
+        addLike(&groups, MatchKind::Similar);
+        return best(groups, Most);
     }
 
     QVector<Match> best(const Scores &joined, const Scores &split, float required) const
@@ -171,20 +188,14 @@ private:
 
     QVector<Match> best(const Scores &scores, float required) const
     {
-        const bool isPossible = !scores.empty()
-                                && std::any_of(scores.cbegin(), scores.cend(),
-                                               [](const WordScores &word) { return word.count() > 0; });
-        if (!isPossible) {
-            return {};
-        }
         const Evaluation evaluation(scores, m_index);
         BestMatches matches(m_index.nodes(), m_query.limit);
-        for (int position = 0; position < m_index.nodes().size(); ++position) {
+        evaluation.forEachNode([&](int position) {
             const float score = evaluation.scoreOf(position, required);
             if (score > 0 && matches.canAdd(score) && m_filter.accepts(position)) {
                 matches.add({position, score});
             }
-        }
+        });
         return matches.take();
     }
 

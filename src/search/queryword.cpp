@@ -13,12 +13,13 @@
 
 namespace
 {
-constexpr int MinLettersWithEdit = 3;
-constexpr int MinLettersWithEditOfStart = 5;
-constexpr int MinLettersWithOtherFirst = 4;
+constexpr int MinLettersOfAlphabets = 3; ///< inside of words
+constexpr int MinLettersWithEdit = 4;
+constexpr int MinLettersWithEditOfStart = 6;
+constexpr int MinLettersWithOtherFirst = 5;
 constexpr int MinLettersWithTwoEdits = 8;
 constexpr int MinSameLetters = 4; ///< at the beginning of similar words
-constexpr float MinShareOfInflected = 0.6F; ///< of the letters of the longer word
+constexpr float MinShareOfInflected = 0.7F; ///< of the letters of the longer word
 constexpr int MinLettersOfPart = 5; ///< of a compound
 constexpr float MinShareOfPart = 0.5F;
 
@@ -26,7 +27,7 @@ constexpr float MinShareOfPart = 0.5F;
 int editsOf(const QString &text, int minLettersInside)
 {
     const bool hasNumber = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.isNumber(); });
-    if (hasNumber || minLettersInside < MinLettersWithEdit || text.size() < MinLettersWithEdit) {
+    if (hasNumber || minLettersInside < MinLettersOfAlphabets || text.size() < MinLettersWithEdit) {
         return 0;
     }
     return text.size() < MinLettersWithTwoEdits ? 1 : 2;
@@ -72,7 +73,7 @@ WordMatch QueryForm::strictMatch(QStringView word) const
         return {MatchKind::Strict, isEqual ? 1 : 0.75F + 0.15F * share(m_text.size(), word.size())};
     }
     if (m_text.size() >= m_minLettersInside && word.contains(QStringView(m_text))) {
-        return {MatchKind::Strict, 0.5F + 0.1F * share(m_text.size(), word.size())};
+        return {MatchKind::Strict, 0.4F + 0.1F * share(m_text.size(), word.size())};
     }
     return {};
 }
@@ -99,17 +100,15 @@ float QueryForm::weight() const
 
 WordMatch QueryForm::typo(QStringView word) const
 {
-    for (int edits = 1; edits <= m_edits; ++edits) {
+    const int mostEdits = word.size() < MinLettersWithTwoEdits ? std::min(m_edits, 1) : m_edits;
+    for (int edits = 1; edits <= mostEdits; ++edits) {
         if (isWithinEdits(m_text, word, edits)) {
             return {MatchKind::Typo, edits == 1 ? 0.6F : 0.45F};
         }
     }
-    for (int edits = 1; edits <= m_edits && m_text.size() >= MinLettersWithEditOfStart; ++edits) {
-        if (word.size() > m_text.size() && isStartWithinEdits(m_text, word, edits)) {
-            return {MatchKind::Typo, edits == 1 ? 0.4F : 0.3F};
-        }
-    }
-    return {};
+    const bool isStart = m_edits > 0 && m_text.size() >= MinLettersWithEditOfStart && word.size() > m_text.size()
+                         && isStartWithinEdits(m_text, word, 1);
+    return isStart ? WordMatch{MatchKind::Typo, 0.4F} : WordMatch();
 }
 
 /// Inflected words often have the same beginning, and a compound that of its first word.

@@ -16,8 +16,8 @@ SearchIndex::SearchIndex(TreeItem *root)
     : m_root(root)
     , m_files(TreeItemPrivate::of(root)->index())
 {
-    const QStringList files = m_files->files();
-    m_pending = {files.cbegin(), files.cend()};
+    m_queue = m_files->files();
+    m_pending = {m_queue.cbegin(), m_queue.cend()};
     m_files->addObserver(this);
     m_timer.setInterval(0);
     connect(&m_timer, &QTimer::timeout, this, &SearchIndex::readSlice);
@@ -47,10 +47,15 @@ void SearchIndex::finish()
 {
     const bool wasBusy = isBusy();
     while (readNext()) {}
-    m_timer.stop();
     if (wasBusy) {
-        Q_EMIT busyChanged();
+        finishReading();
     }
+}
+
+void SearchIndex::finishReading()
+{
+    m_timer.stop();
+    Q_EMIT busyChanged();
 }
 
 const SearchNodes &SearchIndex::nodes() const
@@ -74,7 +79,7 @@ size_t SearchIndex::memory() const
 {
     size_t memory = m_nodes.memory() + m_vocabulary.memory();
     for (const Segment &segment : m_segments) {
-        memory += sizeof(Segment) + size_t(segment.nodes.capacity() + segment.words.capacity()) * sizeof(int)
+        memory += sizeof(Segment) + size_t(segment.words.capacity()) * sizeof(int)
                   + size_t(segment.titles.capacity());
     }
     return memory;
@@ -102,7 +107,10 @@ void SearchIndex::readAgain(const QString &file)
         m_task.reset();
     }
     removeSegment(file);
-    m_pending.insert(file);
+    if (!m_pending.contains(file)) {
+        m_pending.insert(file);
+        m_queue.append(file);
+    }
     m_timer.start();
     if (!wasBusy) {
         QMetaObject::invokeMethod(this, &SearchIndex::busyChanged, Qt::QueuedConnection); // not within a batch
@@ -115,8 +123,7 @@ void SearchIndex::readSlice()
     time.start();
     while (time.elapsed() < SliceTime) {
         if (!readNext()) {
-            m_timer.stop();
-            Q_EMIT busyChanged();
+            finishReading();
             return;
         }
     }
@@ -127,12 +134,12 @@ bool SearchIndex::readNext()
 {
     if (!m_task) {
         if (m_pending.isEmpty()) {
-            return false;
+            return squeezeNext();
         }
         m_task.emplace();
-        m_task->file = *m_pending.cbegin();
+        m_task->file = m_queue.takeLast();
         m_task->items = m_files->declaredBy(m_task->file);
-        m_pending.erase(m_pending.cbegin());
+        m_pending.remove(m_task->file);
     }
     if (m_task->next == m_task->items.size()) {
         finishFile();
@@ -143,21 +150,38 @@ bool SearchIndex::readNext()
     return true;
 }
 
+/// Releases memory once all files have been read for the first time: later ones are few. Returns false when that is done.
+bool SearchIndex::squeezeNext()
+{
+    switch (m_squeezed) {
+    case Squeezed::Nothing:
+        m_nodes.squeeze();
+        m_squeezed = Squeezed::Nodes;
+        return true;
+    case Squeezed::Nodes:
+        m_vocabulary.squeeze();
+        m_squeezed = Squeezed::All;
+        return true;
+    case Squeezed::All:
+        break;
+    }
+    return false;
+}
+
 void SearchIndex::readEntry(TreeItem *item, const EntryTexts &texts, Segment *segment)
 {
+    const EntryWords entryWords = wordsOfEntry(texts);
     SearchNode &node = m_nodes.insert(item);
     node.type = m_nodes.typeNumber(texts.type);
     node.isResult = texts.isSearchable;
-    node.titleWords = quint8(std::min(countOfWords(texts.title), 0xFF));
+    node.titleWords = quint8(std::min(entryWords.titleWords, 0xFF));
     node.titlePlace = quint32(segment->titles.size());
     const QByteArray title = texts.title.toUtf8();
     segment->titles.append(title.constData()).append('\0'); // up to a null character in it
     const int position = SearchNodes::positionOf(item);
-    segment->nodes.append(position);
-    const QVector<EntryWord> words = wordsOfEntry(texts);
-    for (const EntryWord &word : words) {
+    for (const EntryWord &word : entryWords.words) {
         const int number = m_vocabulary.insert(word.text);
-        m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form));
+        m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form, word.mentions));
         segment->words.append(number);
     }
 }
@@ -169,7 +193,6 @@ void SearchIndex::finishFile()
         std::sort(segment->words.begin(), segment->words.end());
         segment->words.erase(std::unique(segment->words.begin(), segment->words.end()), segment->words.end());
         segment->words.squeeze();
-        segment->nodes.squeeze();
         segment->titles.squeeze();
     }
     m_task.reset();
@@ -177,9 +200,16 @@ void SearchIndex::finishFile()
 
 void SearchIndex::removeSegment(const QString &file)
 {
+    if (!m_segments.contains(file)) {
+        return;
+    }
     const Segment segment = m_segments.take(file);
-    for (const int position : segment.nodes) {
-        m_nodes.remove(position);
+    const QVector<TreeItem *> items = m_files->declaredBy(file); // also the one that is about to leave
+    for (const TreeItem *item : items) {
+        const int position = SearchNodes::positionOf(item);
+        if (position >= 0 && m_nodes.at(position).isRead) {
+            m_nodes.remove(position);
+        }
     }
     const auto isRemoved = [this](quint32 posting) { return !m_nodes.at(Posting::nodeOf(posting)).isRead; };
     QSet<int> removed;

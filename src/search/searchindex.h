@@ -29,7 +29,7 @@ class SearchIndex : public QObject, private NodeObserver
     Q_OBJECT
 
 public:
-    static constexpr int SliceTime = 4; ///< ms, for a frame to be drawn in time
+    static constexpr int SliceTime = 3; ///< ms, for a frame to be drawn in time
 
     /// There can be one index for the tree below @p root at a time.
     explicit SearchIndex(TreeItem *root);
@@ -50,9 +50,8 @@ Q_SIGNALS:
 
 private:
     struct Segment {
-        QVector<int> nodes;
         QVector<int> words; ///< each once
-        QByteArray titles; ///< of the nodes, each with a null character at its end
+        QByteArray titles; ///< of its nodes, each with a null character at its end
     };
     struct Task { ///< a file that is being read
         QString file;
@@ -61,12 +60,16 @@ private:
         EntryTextReader reader;
     };
 
+    enum class Squeezed { Nothing, Nodes, All };
+
     void nodeEntered(TreeItem *item) override;
     void nodeLeaves(TreeItem *item) override;
 
     void readAgain(const QString &file);
+    void finishReading();
     void readSlice();
     bool readNext();
+    bool squeezeNext();
     void readEntry(TreeItem *item, const EntryTexts &texts, Segment *segment);
     void finishFile();
     void removeSegment(const QString &file);
@@ -77,6 +80,8 @@ private:
     Vocabulary m_vocabulary;
     QHash<QString, Segment> m_segments;
     QSet<QString> m_pending; ///< files to read
+    QStringList m_queue; ///< the same, in any order
+    Squeezed m_squeezed = Squeezed::Nothing;
     std::optional<Task> m_task;
     QTimer m_timer;
 };

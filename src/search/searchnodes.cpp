@@ -74,6 +74,11 @@ void SearchNodes::remove(int position)
     }
 }
 
+void SearchNodes::squeeze()
+{
+    m_nodes.shrink_to_fit();
+}
+
 /// Types beyond what a number can express share one that no query asks for.
 quint16 SearchNodes::typeNumber(const QString &type)
 {

@@ -45,6 +45,9 @@ public:
     /// Removes the node at @p position, whose entry has left the index, unless there are nodes below it here.
     void remove(int position);
 
+    /// Releases memory that is reserved for more nodes.
+    void squeeze();
+
     quint16 typeNumber(const QString &type);
     QString typeAt(int position) const;
     int numberOfType(const QString &type) const; ///< -1 for a type that no node has had

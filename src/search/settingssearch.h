@@ -64,14 +64,14 @@ public:
     bool isBusy() const; ///< entries are still to be read
     /// Reads all entries now.
     void finish();
-    /// Lets go of the index until the next query.
+    /// Releases the index until the next query.
     void release();
 
 Q_SIGNALS:
     void busyChanged();
 
 private:
-    SearchIndex *index();
+    Q_DECL_HIDDEN SearchIndex *index();
     Q_DECL_HIDDEN SearchResult resultFor(int position, float score) const;
 
     TreeItem *const m_root; ///< null for the entries of this process

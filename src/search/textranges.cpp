@@ -18,14 +18,18 @@ struct Found {
     TextRange range = {0, 0};
 };
 
-/// Returns the number of letters at the start of @p text that have @p count letters when they are folded.
-int lettersBefore(const QString &text, int count)
+/// Returns how far into @p text its first @p count letters reach, when they are folded.
+int lengthOfLetters(const QString &text, int count)
 {
-    int letters = 0;
-    while (letters < text.size() && folded(lowered(text.left(letters))).size() < count) {
-        ++letters;
+    int length = 0;
+    QString letters;
+    while (length < text.size() && folded(lowered(letters)).size() < count) {
+        const QChar c = text.at(length++);
+        if (c.isLetterOrNumber() || c.isMark() || c.isSurrogate()) {
+            letters += c;
+        }
     }
-    return letters;
+    return length;
 }
 
 /// Returns the part of @p word, one of @p text, that has the letters @p form strictly.
@@ -34,8 +38,8 @@ TextRange strictRange(const QString &text, const Word &word, const QueryForm &fo
     const QString letters = folded(form.text());
     const int position = std::max(0, word.folded.indexOf(letters));
     const QString original = text.mid(word.start, word.length);
-    const int first = lettersBefore(original, position);
-    int end = lettersBefore(original, position + letters.size());
+    const int first = lengthOfLetters(original, position);
+    int end = lengthOfLetters(original, position + letters.size());
     while (end < original.size() && original.at(end).isMark()) {
         ++end;
     }

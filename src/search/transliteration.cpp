@@ -14,8 +14,9 @@ namespace
 {
 bool isLatin(const QString &text)
 {
-    return std::all_of(text.cbegin(), text.cend(),
-                       [](QChar c) { return !c.isLetter() || c.script() == QChar::Script_Latin; });
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) {
+        return c.unicode() < 0x80 || !c.isLetter() || c.script() == QChar::Script_Latin;
+    });
 }
 
 /// Returns null when the data of ICU is missing.

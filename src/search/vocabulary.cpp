@@ -97,6 +97,14 @@ quint32 Vocabulary::signatureOf(QStringView word)
     return signature;
 }
 
+void Vocabulary::squeeze()
+{
+    m_letters.shrink_to_fit();
+    m_entries.shrink_to_fit();
+    m_signatures.shrink_to_fit();
+    m_postings.squeeze();
+}
+
 size_t Vocabulary::memory() const
 {
     return m_letters.capacity() * sizeof(ushort) + m_entries.capacity() * sizeof(Entry)

@@ -30,6 +30,9 @@ public:
     const quint32 *postingsBegin(int number) const;
     const quint32 *postingsEnd(int number) const;
 
+    /// Releases memory that is reserved for more words.
+    void squeeze();
+
     /// Returns a bit for each letter of @p word. Different letters can have the same bit.
     static quint32 signatureOf(QStringView word);
     size_t memory() const; ///< in bytes

@@ -87,6 +87,10 @@ private:
 
 bool isRunLetter(uint c, bool isInRun)
 {
+    constexpr uint EndOfAscii = 0x80;
+    if (c < EndOfAscii) {
+        return false;
+    }
     const QChar::Script script = QChar::script(c);
     const bool isOfAnyScript = script == QChar::Script_Common || script == QChar::Script_Inherited;
     return isOfAnyScript && !QChar::isNumber(c) ? isInRun : isWrittenWithoutSpaces(script);

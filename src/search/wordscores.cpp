@@ -49,9 +49,9 @@ bool WordScores::hasTitles() const
     return m_hasTitles;
 }
 
-int WordScores::count() const
+const std::vector<int> &WordScores::matches() const
 {
-    return m_count;
+    return m_matches;
 }
 
 bool WordScores::isOfRun() const
@@ -97,10 +97,13 @@ void WordScores::add(int word, float quality)
     const Vocabulary &vocabulary = m_index.vocabulary();
     const quint32 *const end = vocabulary.postingsEnd(word);
     for (const quint32 *posting = vocabulary.postingsBegin(word); posting != end; ++posting) {
-        Score &score = m_scores[size_t(Posting::nodeOf(*posting))];
+        const int node = Posting::nodeOf(*posting);
+        Score &score = m_scores[size_t(node)];
         const float weight = Posting::weightOf(*posting);
         const auto value = quint16(Full * quality * weight);
-        m_count += score.own == 0 ? 1 : 0;
+        if (score.own == 0) {
+            m_matches.push_back(node);
+        }
         score.own = std::max(score.own, value);
         if (Posting::isInTitle(*posting)) {
             score.title = std::max(score.title, value);

@@ -24,7 +24,7 @@ public:
     float ofTitle(int position) const;
     /// Returns whether a title matches.
     bool hasTitles() const;
-    int count() const; ///< the number of nodes that match by their own texts
+    const std::vector<int> &matches() const; ///< the nodes that match by their own texts, each once
     bool isOfRun() const; ///< the word is from a text that is written without spaces
 
 private:
@@ -48,5 +48,5 @@ private:
     std::vector<Like> m_like; ///< found only once
     bool m_isLikeFound = false;
     bool m_hasTitles = false;
-    int m_count = 0;
+    std::vector<int> m_matches;
 };

@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
+# shellcheck shell=bash disable=SC2034,SC2154
 # Functions of the tests that install the sample package while a program watches. It is sourced. $work is a directory
 # of the test, with a file "log".
 

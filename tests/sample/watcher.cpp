@@ -13,8 +13,8 @@ namespace
 void printTitles()
 {
     QStringList titles;
-    const QList<TreeItem *> items
-        = PluginRegistry::instance()->getItem({})->getSubitems(TreeItem::orderLessThan, -1);
+    const QList<TreeItem *> items = PluginRegistry::instance()->getItem({})->getSubitems(TreeItem::orderLessThan,
+                                                                                         -1);
     for (const TreeItem *item : items) {
         titles.append(item->title());
     }

@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include "common/constants.h"
 #include "registry/pluginregistry.h"
 #include "world.h"
 
 #include <QByteArrayList>
+#include <QDir>
 
 /// Registration files that the registry of this process loads at once.
 namespace EntryFiles
@@ -31,6 +33,19 @@ inline void uninstall(const QString &file)
 {
     World::removeEntries(file);
     World::rescan(registry());
+}
+
+/// Removes all files, catalogs and masks, and empties the tree.
+inline void reset()
+{
+    World::writeBlacklist("[]");
+    World::setMasked({});
+    const QStringList files = QDir(Constants::EntriesDirectory).entryList(QDir::Files);
+    for (const QString &file : files) {
+        World::removeEntries(file);
+    }
+    World::rescan(registry());
+    World::reset();
 }
 
 /// Loads another version of a file in one batch, as a change of the masked entries does.

@@ -16,3 +16,9 @@ inline QStringList path(const char *joined)
 {
     return text(joined).split(QLatin1Char('/'), Qt::SkipEmptyParts);
 }
+
+/// Returns names that are written with spaces between them.
+inline QStringList names(const char *spaced)
+{
+    return text(spaced).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}

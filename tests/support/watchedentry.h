@@ -9,12 +9,6 @@
 
 #include <optional>
 
-/// Returns names that are written with spaces between them.
-inline QStringList names(const char *spaced)
-{
-    return text(spaced).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 /// An entry with the values that its signals have announced.
 class WatchedEntry : public SettingsEntry
 {

@@ -393,6 +393,8 @@ void KitTest::refuses_data()
     QTest::newRow("broken source of pseudo")
         << QStringList{text("pseudo"), text("@broken.ts"), text("-o"), text("@x.ts")}
         << QByteArray("broken.ts:2: ");
+    QTest::newRow("missing catalog") << QStringList{text("check"), text("@sound.json"), text("@missing.ts")}
+                                     << QByteArray("there is no catalog ");
     QTest::newRow("broken update") << QStringList{text("update"), text("@sound.json"), text("@broken.ts")}
                                    << QByteArray("lupdate fails: ");
 }

@@ -41,7 +41,7 @@ _velka_settings_value() {
         --with)
             _velka_settings_files -d
             _velka_settings_words SYSTEM ;;
-        --screenshot | --output | -o) _velka_settings_files -f ;;
+        --screenshot | --output | -o | --vocabulary) _velka_settings_files -f ;;
         --masked | --mask | --page) _velka_settings_offer "$(_velka_settings_paths)" ;;
         --group) _velka_settings_offer "$(getent group | cut -d: -f1)" ;;
         --locale) _velka_settings_offer "$(locale -a 2>/dev/null | sed 's/[.@].*//' | sort -u)" ;;
@@ -62,16 +62,19 @@ _velka_settings_value() {
 
 _velka_settings_options() {
     case $1 in
-        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --with --help \
+        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --vocabulary --with --help \
             --version ;;
         tree | show | why)
             _velka_settings_words --root --translations --uid --locale --masked --format --help --version ;;
+        find)
+            _velka_settings_words --strict --root --translations --uid --locale --masked --format --help --version ;;
         diff) _velka_settings_words --translations --uid --locale --masked --format --help --version ;;
         open) _velka_settings_words --service --help --version ;;
         preview)
             _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
-                --smoke-test --help --version ;;
+                --smoke-test --vocabulary --help --version ;;
         translate) _velka_settings_words --mirrored --output --help --version ;;
+        schema) _velka_settings_words --vocabulary --help --version ;;
         install) _velka_settings_words --into --list --help --version ;;
     esac
 }
@@ -80,7 +83,7 @@ _velka_settings() {
     local command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _velka_settings_words check tree show why diff open preview translate install --help --version
+        _velka_settings_words check tree show why find diff open preview translate install schema --help --version
         return
     fi
     if _velka_settings_value "${COMP_WORDS[COMP_CWORD - 1]}" "$command"; then

@@ -21,23 +21,25 @@ complete --command velka-settings --no-files
 complete --command velka-settings --short-option h --long-option help --description 'Print a short help'
 complete --command velka-settings --long-option version --description 'Print the version'
 
-set --local commands check tree show why diff open preview translate install
+set --local commands check tree show why find diff open preview translate install schema
 set --local descriptions 'Report mistakes in registration files' 'Print the tree of entries' \
     'Print all properties of an entry' 'Explain why an entry is in the tree, or why it is not' \
+    'Search the entries for words' \
     'Print what an update of a directory changes' 'Show an entry in the Settings application' \
     'Show files in a Settings window' 'Make and update translations of registration files' \
-    'Give registration files names by their content'
+    'Give registration files names by their content' \
+    'Print the schema of registration files'
 for i in (seq (count $commands))
     complete --command velka-settings --condition "not __velka_settings_uses $commands" \
         --arguments $commands[$i] --description $descriptions[$i]
 end
 
-set --local reading '__velka_settings_uses tree show why'
+set --local reading '__velka_settings_uses tree show why find'
 complete --command velka-settings --condition $reading --long-option root --require-parameter --force-files
-complete --command velka-settings --condition '__velka_settings_uses tree show why diff preview' --long-option locale \
+complete --command velka-settings --condition '__velka_settings_uses tree show why find diff preview' --long-option locale \
     --exclusive --arguments "(locale -a | string replace --regex '[.@].*' '')"
-complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option uid --exclusive
-complete --command velka-settings --condition '__velka_settings_uses tree show why diff' --long-option masked \
+complete --command velka-settings --condition '__velka_settings_uses tree show why find diff' --long-option uid --exclusive
+complete --command velka-settings --condition '__velka_settings_uses tree show why find diff' --long-option masked \
     --exclusive --arguments '(__velka_settings_paths)'
 complete --command velka-settings --condition '__velka_settings_uses open' --long-option service --exclusive
 complete --command velka-settings --condition '__velka_settings_uses open show why' --arguments '(__velka_settings_paths)'
@@ -46,9 +48,9 @@ complete --command velka-settings --condition '__velka_settings_uses check previ
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option explain --exclusive \
     --arguments "(velka-settings check --list-tags | string replace --regex ' .*' '')"
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option list-tags
-complete --command velka-settings --condition '__velka_settings_uses check tree show why diff preview' --long-option translations \
+complete --command velka-settings --condition '__velka_settings_uses check tree show why find diff preview' --long-option translations \
     --require-parameter --force-files
-complete --command velka-settings --condition '__velka_settings_uses check' --long-option strict
+complete --command velka-settings --condition '__velka_settings_uses check find' --long-option strict
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option with \
     --require-parameter --force-files --arguments SYSTEM
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option override --exclusive
@@ -72,12 +74,14 @@ complete --command velka-settings --condition '__velka_settings_uses translate' 
 complete --command velka-settings --condition '__velka_settings_uses install' --long-option into --require-parameter \
     --force-files
 complete --command velka-settings --condition '__velka_settings_uses install' --long-option list
+complete --command velka-settings --condition '__velka_settings_uses check preview schema' --long-option vocabulary \
+    --require-parameter --force-files
 
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option format --exclusive \
     --arguments 'text json sarif junit'
 complete --command velka-settings --condition '__velka_settings_uses tree' --long-option format --exclusive \
     --arguments 'text json paths'
-complete --command velka-settings --condition '__velka_settings_uses show why' --long-option format --exclusive \
+complete --command velka-settings --condition '__velka_settings_uses show why find' --long-option format --exclusive \
     --arguments 'text json'
 complete --command velka-settings --condition '__velka_settings_uses diff' --long-option format --exclusive \
     --arguments 'text markdown json'

@@ -32,6 +32,7 @@ and favourites blacklists, and probable mistakes, each with its place and tag.
                       (error, warning, note, ignore); repeatable
   --format FORMAT     text (the default), json, sarif or junit
   --translations DIR  looks for compiled catalogs (*.qm) in DIR
+  --vocabulary FILE   checks what the host with this vocabulary shows
   --with DIR|SYSTEM   compares with the entries that are installed: in DIR, or
                       on this system
   -h, --help          prints this; --version prints the version
@@ -54,6 +55,7 @@ const CommandSyntax s_syntax{
 struct Options {
     QStringList arguments;
     QString translations;
+    QString vocabulary;
     QString installed; ///< empty when there is nothing to compare with
     QString format;
     Severities severities;
@@ -122,11 +124,11 @@ QString collect(const Options &options, CheckedFiles *files)
     return problem;
 }
 
-Report check(const CheckedFiles &files, const QString &translations)
+Report check(const CheckedFiles &files, const QString &translations, const std::optional<Vocabulary> &vocabulary)
 {
     Progress progress;
     const auto report = [&progress](int done, int total) { progress.update(done, total); };
-    return Checker(translations, report).check(files);
+    return Checker(translations, report, vocabulary).check(files);
 }
 
 QByteArray write(const Report &report, const Options &options)
@@ -155,11 +157,15 @@ bool fails(const Report &report, const Options &options)
 int run(const Options &options)
 {
     CheckedFiles files;
-    const QString problem = collect(options, &files);
+    QString problem = collect(options, &files);
+    std::optional<Vocabulary> vocabulary;
+    if (problem.isEmpty() && !options.vocabulary.isEmpty()) {
+        vocabulary = Vocabulary::read(options.vocabulary, &problem);
+    }
     if (!problem.isEmpty()) {
         return refuse(s_syntax, problem);
     }
-    const Report report = check(files, options.translations);
+    const Report report = check(files, options.translations, vocabulary);
     const QByteArray output = write(report, options);
     std::fwrite(output.constData(), 1, size_t(output.size()), stdout);
     return fails(report, options) ? Commands::Findings : Commands::Success;
@@ -173,9 +179,10 @@ int Commands::check(const QStringList &arguments)
     const QCommandLineOption strict(QStringLiteral("strict"));
     const QCommandLineOption overrides(QStringLiteral("override"), {}, QStringLiteral("TAG=SEVERITY"));
     const QCommandLineOption translations(QStringLiteral("translations"), {}, QStringLiteral("DIR"));
+    const QCommandLineOption vocabulary(QStringLiteral("vocabulary"), {}, QStringLiteral("FILE"));
     const QCommandLineOption installed(QStringLiteral("with"), {}, QStringLiteral("DIR|SYSTEM"));
     QCommandLineParser parser;
-    parser.addOptions({explainTag, list, strict, overrides, translations, installed});
+    parser.addOptions({explainTag, list, strict, overrides, translations, vocabulary, installed});
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
         return *exitStatus;
     }
@@ -185,9 +192,9 @@ int Commands::check(const QStringList &arguments)
     if (parser.isSet(list)) {
         return listTags();
     }
-    Options options{
-        parser.positionalArguments(), parser.value(translations), parser.value(installed), formatOf(parser), {},
-        parser.isSet(strict)};
+    Options options{parser.positionalArguments(), parser.value(translations), parser.value(vocabulary),
+                    parser.value(installed),      formatOf(parser),           {},
+                    parser.isSet(strict)};
     const QString problem = readOverrides(parser.values(overrides), &options.severities);
     return problem.isEmpty() ? run(options) : refuse(s_syntax, problem);
 }

@@ -18,6 +18,7 @@ int find(const QStringList &arguments);
 int open(const QStringList &arguments);
 int install(const QStringList &arguments);
 int preview(const QStringList &arguments);
+int schema(const QStringList &arguments);
 int show(const QStringList &arguments);
 int translate(const QStringList &arguments);
 int tree(const QStringList &arguments);

@@ -14,6 +14,7 @@ namespace
 const QString s_blacklist = QStringLiteral("favorites-blacklist.json");
 const QString s_entries = QStringLiteral("entries");
 const QString s_data = QStringLiteral("usr/share/velka-settings");
+const QString s_vocabulary = QStringLiteral("vocabulary.json");
 const QString s_translations = QStringLiteral("usr/share/translations");
 
 QString joined(const QString &directory, const QString &name)
@@ -64,7 +65,8 @@ QStringList shapedFilesIn(const QString &directory)
     bool hasOthers = false;
     const QStringList paths = jsonFilesIn(directory);
     for (const QString &path : paths) {
-        if (QFileInfo(path).fileName() == s_blacklist) {
+        const QString name = QFileInfo(path).fileName();
+        if (name == s_blacklist || name == s_vocabulary) {
             continue;
         }
         const FileShape shape = shapeOf(contentOf(path));
@@ -98,6 +100,7 @@ EntriesPlace placeOfDirectory(const QString &directory)
     if (isRoot || QFileInfo(blacklist).isFile()) {
         place.blacklist = blacklist;
     }
+    place.vocabulary = joined(data, s_vocabulary);
     const QString entries = joined(data, s_entries);
     const bool hasEntries = isRoot || isDirectory(entries);
     const bool isDedicated = hasEntries || QDir(QDir(directory).absolutePath()).dirName() == s_entries;

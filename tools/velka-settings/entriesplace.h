@@ -18,6 +18,7 @@ struct EntriesPlace {
 
     QString directory; ///< of the entries; empty for a single file
     QString blacklist; ///< the path of the favourites blacklist, which need not exist; empty: that of the system
+    QString vocabulary; ///< the path of the host's vocabulary, which need not exist
     QString translations; ///< the directory of the catalogs; empty: that of the system
     QStringList files; ///< the registration files, in the order of loading, and those that are never loaded
     QStringList subdirectories; ///< of a directory of which everything is meant for the library

@@ -30,6 +30,7 @@ const Command s_commands[] = {
     {"find", "searches the entries for words", Commands::find},
     {"open", "shows an entry in the Settings application", Commands::open},
     {"diff", "prints what an update of a directory changes", Commands::diff},
+    {"schema", "prints the schema of registration files for editors", Commands::schema},
     {"translate", "makes and updates translations of registration files", Commands::translate},
     {"install", "gives registration files names with a hash of their content", Commands::install},
 };

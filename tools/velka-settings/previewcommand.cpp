@@ -6,6 +6,7 @@
 #include "entriesplace.h"
 #include "localename.h"
 #include "printable.h"
+#include "vocabulary.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -33,6 +34,7 @@ settings are neither read nor changed.
   --group GROUP          adds the user to GROUP; repeatable
   --phone, --wide        opens a phone-sized (the default) or a wide window
   --page PATH            opens the page of an entry
+  --vocabulary FILE      shows what the host with this vocabulary does
   --screenshot FILE.png  saves a picture and quits; needs no display
   --smoke-test           opens every page, and fails on any warning; needs no
                          display
@@ -96,7 +98,18 @@ public:
         if (QFileInfo(place->blacklist).isFile()) {
             addOption("blacklist", place->blacklist);
         }
+        if (QFileInfo(place->vocabulary).isFile()) {
+            m_vocabulary = place->vocabulary;
+        }
         return problem;
+    }
+
+    /// Returns the vocabulary with the entries or that of the system, empty if there is none.
+    QString vocabulary() const
+    {
+        return !m_vocabulary.isEmpty()                       ? m_vocabulary
+               : QFileInfo::exists(Vocabulary::systemPath()) ? Vocabulary::systemPath()
+                                                             : QString();
     }
 
     QStringList arguments() const
@@ -127,6 +140,7 @@ private:
     QHash<QString, QString> m_known; ///< name -> file
     QStringList m_files;
     QStringList m_options;
+    QString m_vocabulary;
 };
 
 /// Returns the options in the one form that the program reads: each followed by its value.
@@ -145,6 +159,15 @@ QStringList normalized(const QCommandLineParser &parser, const QStringList &flag
         }
     }
     return arguments;
+}
+
+/// Returns the option for the program that selects the vocabulary at @p path, which may be empty. Sets @p problem if it
+/// cannot be used.
+QStringList vocabularyOption(const QString &path, QString *problem)
+{
+    return path.isEmpty() || !Vocabulary::read(path, problem)
+               ? QStringList()
+               : QStringList{QStringLiteral("--vocabulary"), QFileInfo(path).absoluteFilePath()};
 }
 
 QString problemWith(const QCommandLineParser &parser)
@@ -173,6 +196,8 @@ int Commands::preview(const QStringList &arguments)
     for (const QString &name : flags) {
         parser.addOption(QCommandLineOption(name));
     }
+    const QString vocabularyName = QStringLiteral("vocabulary");
+    parser.addOption({vocabularyName, {}, QStringLiteral("VALUE")});
     for (const QString &name : options) {
         parser.addOption({name, {}, QStringLiteral("VALUE")});
     }
@@ -186,6 +211,8 @@ int Commands::preview(const QStringList &arguments)
     for (const QString &argument : named) {
         problem = problem.isEmpty() ? places.add(argument) : problem;
     }
+    const QString vocabulary = parser.isSet(vocabularyName) ? parser.value(vocabularyName) : places.vocabulary();
+    const QStringList host = problem.isEmpty() ? vocabularyOption(vocabulary, &problem) : QStringList();
     if (!problem.isEmpty()) {
         return refuse(syntax, problem);
     }
@@ -194,7 +221,7 @@ int Commands::preview(const QStringList &arguments)
         std::fputs("velka-settings: the preview is not installed\n", stderr);
         return CannotRun;
     }
-    execute(QStringList{program} + normalized(parser, flags, options) + places.arguments());
+    execute(QStringList{program} + normalized(parser, flags, options) + host + places.arguments());
     std::fprintf(stderr, "velka-settings: cannot start %s: %s\n", qUtf8Printable(program), std::strerror(errno));
     return CannotRun;
 }

@@ -51,21 +51,21 @@ void CheckedFiles::add(const EntriesPlace &place)
         const QString identity = identityOf(path, !place.isFile());
         if (!m_known.contains(identity)) {
             m_known.insert(identity);
-            m_files.append({path, place.translations});
+            m_files.append({path, place.translations, place.vocabulary});
         }
     }
 }
 
 void CheckedFiles::addStandardInput()
 {
-    m_files.append({QStringLiteral("<stdin>"), {}, false, true});
+    m_files.append({QStringLiteral("<stdin>"), {}, {}, false, true});
 }
 
 void CheckedFiles::compareWith(const EntriesPlace &place)
 {
     const QStringList paths = place.allFiles();
     for (const QString &path : paths) {
-        m_installed.append({path, place.translations, true});
+        m_installed.append({path, place.translations, place.vocabulary, true});
     }
 }
 

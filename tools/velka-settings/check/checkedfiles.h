@@ -14,6 +14,7 @@ namespace Check
 struct CheckedFile {
     QString path; ///< as it was given
     QString translations; ///< the directory of its catalogs, empty for that of the system
+    QString vocabulary; ///< the path of that of its host, which need not exist
     bool isInstalled = false; ///< whether it is only compared with
     bool isStandardInput = false;
 };

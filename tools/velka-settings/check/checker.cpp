@@ -17,6 +17,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include <cstdio>
+
 namespace Check
 {
 namespace
@@ -67,8 +69,10 @@ void collectGroups(const Document &document, FileSummary *summary)
 
 void checkEntries(const Document &document, Findings *findings)
 {
-    static const QVector<EntryRule> rules = pathRules() + textRules() + actionRules() + typeRules() + keyRules()
-                                            + favoriteRules();
+    static const QVector<EntryRule> ofTheLibrary = pathRules() + textRules() + actionRules() + typeRules()
+                                                   + keyRules() + keywordRules() + favoriteRules();
+    static const QVector<EntryRule> ofTheHost = ofTheLibrary + hostRules();
+    const QVector<EntryRule> &rules = document.vocabulary ? ofTheHost : ofTheLibrary;
     for (const Entry &entry : document.entries) {
         for (const EntryRule rule : rules) {
             rule(entry, findings);
@@ -82,6 +86,7 @@ void checkRegistration(const Document &document, Catalogs *catalogs, Findings *f
         checkTopLevel(document, findings);
         checkEntries(document, findings);
         checkNumbers(document, findings);
+        checkKeywordLists(document, findings);
     }
     checkRegistrationSchema(document, findings);
     checkTitles(document, catalogs, findings);
@@ -117,8 +122,9 @@ void reportUnreadable(const QFileInfo &file, Findings *findings)
 }
 }
 
-Checker::Checker(const QString &translations, Progress progress)
+Checker::Checker(const QString &translations, Progress progress, const std::optional<Vocabulary> &vocabulary)
     : m_translations(translations)
+    , m_vocabulary(vocabulary)
     , m_progress(std::move(progress))
 {
 }
@@ -179,6 +185,7 @@ FileFindings Checker::checkFile(const CheckedFile &file, FileSummary *summary)
     summary->isInstalled = file.isInstalled;
     Document document;
     document.path = file.path;
+    document.vocabulary = vocabularyOf(file);
     const std::optional<QByteArray> text = file.isStandardInput ? readStandardInput() : readTextFile(file.path);
     document.text = text.value_or(QByteArray());
     Findings findings(document.text);
@@ -222,6 +229,25 @@ void Checker::checkText(Document *document, bool isLoaded, Catalogs *catalogs, F
         summary->meant = BrokenJson::paths(document->text);
         summary->isUnclear = !isParsed && summary->meant.isEmpty() && !document->text.trimmed().isEmpty();
     }
+}
+
+const Vocabulary *Checker::vocabularyOf(const CheckedFile &file)
+{
+    if (m_vocabulary) {
+        return &*m_vocabulary;
+    }
+    const QString path = QFileInfo::exists(file.vocabulary) ? file.vocabulary : Vocabulary::systemPath();
+    const auto known = m_vocabularies.find(path);
+    if (known != m_vocabularies.end()) {
+        return known->second ? &*known->second : nullptr;
+    }
+    QString problem;
+    std::optional<Vocabulary> &vocabulary = m_vocabularies[path];
+    vocabulary = QFileInfo::exists(path) ? Vocabulary::read(path, &problem) : std::nullopt;
+    if (!problem.isEmpty()) {
+        std::fprintf(stderr, "velka-settings: %s\n", qUtf8Printable(problem));
+    }
+    return vocabulary ? &*vocabulary : nullptr;
 }
 
 Catalogs *Checker::catalogsOf(const CheckedFile &file)

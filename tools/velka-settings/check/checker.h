@@ -6,6 +6,7 @@
 #include "catalogs.h"
 #include "checkedfiles.h"
 #include "setrules.h"
+#include "vocabulary.h"
 
 #include <functional>
 
@@ -21,7 +22,8 @@ public:
     using Progress = std::function<void(int done, int total)>;
 
     /// Looks for catalogs in the directory @p translations, or if that is empty, in the directory of each file.
-    Checker(const QString &translations, Progress progress);
+    /// Uses @p vocabulary, or if that is missing, the one with each file or that of the system.
+    Checker(const QString &translations, Progress progress, const std::optional<Vocabulary> &vocabulary = {});
 
     std::vector<FileFindings> check(const CheckedFiles &files);
     /// Returns the findings of the files in @p arguments, which are existing files and directories.
@@ -33,9 +35,12 @@ private:
     void checkText(Document *document, bool isLoaded, Catalogs *catalogs, Findings *findings,
                    FileSummary *summary);
     Catalogs *catalogsOf(const CheckedFile &file);
+    const Vocabulary *vocabularyOf(const CheckedFile &file);
 
     const QString m_translations;
     std::map<QString, Catalogs> m_catalogs; ///< by directory
+    const std::optional<Vocabulary> m_vocabulary; ///< of the command line
+    std::map<QString, std::optional<Vocabulary>> m_vocabularies; ///< by path, missing when they cannot be used
     const Progress m_progress;
     int m_done = 0;
     int m_total = 0;

@@ -45,13 +45,14 @@ void collectEntries(Document *document)
     document->entries.reserve(entries->children.size());
     for (int i = 0; i < read.size(); ++i) {
         if (read.at(i).isObject()) {
-            document->entries.emplace_back(entries->children.at(std::size_t(i)), read.at(i).toObject());
+            document->entries.emplace_back(entries->children.at(std::size_t(i)), read.at(i).toObject(),
+                                           document->vocabulary);
         }
     }
 }
 }
 
-Entry::Entry(const Written &written, const QJsonObject &read)
+Entry::Entry(const Written &written, const QJsonObject &read, const Vocabulary *vocabulary)
     : written(&written)
     , writtenPath(written.member(QLatin1String("path")))
     , writtenParams(objectOrNull(written.member(QLatin1String("params"))))
@@ -60,6 +61,7 @@ Entry::Entry(const Written &written, const QJsonObject &read)
     , path(readString(read, QLatin1String("path")))
     , names(splitPath(path))
     , type(readString(read, QLatin1String("type")))
+    , vocabulary(vocabulary)
 {
 }
 

@@ -3,6 +3,7 @@
 
 #include "knownkeys.h"
 #include "rules.h"
+#include "vocabulary.h"
 
 namespace Check
 {
@@ -48,7 +49,9 @@ void unknownParams(const Entry &entry, Findings *findings)
 {
     if (entry.writtenParams) {
         const bool isOther = entry.type != QLatin1String("action");
-        reportUnknown(*entry.writtenParams, KnownKeys::params(), isOther, findings);
+        const QStringList ofHost = entry.vocabulary ? entry.vocabulary->paramsOf(entry.type).keys()
+                                                    : QStringList();
+        reportUnknown(*entry.writtenParams, KnownKeys::params() + ofHost, isOther || entry.vocabulary, findings);
     }
 }
 

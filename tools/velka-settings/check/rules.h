@@ -16,8 +16,11 @@ QVector<EntryRule> pathRules();
 QVector<EntryRule> textRules();
 QVector<EntryRule> typeRules();
 QVector<EntryRule> keyRules();
+QVector<EntryRule> keywordRules();
 QVector<EntryRule> favoriteRules();
 QVector<EntryRule> actionRules();
+/// Rules for an entry that a host with a vocabulary shows.
+QVector<EntryRule> hostRules();
 
 /// Returns the known type that the type of @p entry, an unknown one, may be meant as. Empty when there is none.
 QString meantType(const Entry &entry);
@@ -28,6 +31,7 @@ bool hasUnclearType(const Entry &entry);
 void checkFileName(const QString &fileName, Findings *findings);
 void checkTopLevel(const Document &document, Findings *findings);
 void checkNumbers(const Document &document, Findings *findings);
+void checkKeywordLists(const Document &document, Findings *findings);
 void checkTitles(const Document &document, Catalogs *catalogs, Findings *findings);
 
 void checkBlacklist(const Document &document, Findings *findings);

@@ -108,7 +108,7 @@ void FileTitles::reportMisnamed(const Catalog &catalog, const Written &written)
 void FileTitles::collectIds()
 {
     for (const Entry &entry : m_document.entries) {
-        for (const char *key : {"translation_id", "translation_id_short"}) {
+        for (const char *key : {"translation_id", "translation_id_short", "keywords_id"}) {
             const QString id = readString(entry.read, QLatin1String(key));
             if (!id.isEmpty()) {
                 m_ids.append({&entry, entry.written->member(QLatin1String(key)), id});
@@ -195,15 +195,19 @@ void FileTitles::checkId(const WrittenId &id)
     }
     const QStringList missing = missingLanguages(id.id);
     const bool isTitle = id.written->key == QLatin1String("translation_id");
-    const QString plain = isTitle ? QStringLiteral("title") : QStringLiteral("title_short");
+    const bool isKeywords = id.written->key == QLatin1String("keywords_id");
+    const QString plain = isTitle      ? QStringLiteral("title")
+                          : isKeywords ? QStringLiteral("keywords")
+                                       : QStringLiteral("title_short");
     const bool isShown = !isTitle || hasFallback(id.id)
                          || !readString(id.entry->read, QLatin1String("title")).isEmpty();
     if (!missing.isEmpty() && isShown) {
         m_findings->atValue(Tag::IdUntranslated, *id.written,
-                            QStringLiteral("the id %1 has no text in %2: %3 is shown there")
+                            QStringLiteral("the id %1 has no text in %2: %3 %4 there")
                                 .arg(quoted(id.id), missing.join(QStringLiteral(", ")),
                                      hasFallback(id.id) ? QStringLiteral("engineering English")
-                                                        : QStringLiteral("the plain \"%1\"").arg(plain)));
+                                                        : QStringLiteral("the plain \"%1\"").arg(plain),
+                                     isKeywords ? QStringLiteral("is searched") : QStringLiteral("is shown")));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "registry/treeitem.h"
 #include "rules.h"
 #include "valuetext.h"
+#include "vocabulary.h"
 
 #include <QHash>
 
@@ -117,12 +118,13 @@ QVector<EntryRule> typeRules()
 QString meantType(const Entry &entry)
 {
     const QString &type = entry.type;
-    if (type.isEmpty() || knownTypes().contains(type) || type.contains(QLatin1String("custom"))) {
+    const QStringList known = entry.vocabulary ? entry.vocabulary->types() : knownTypes();
+    if (type.isEmpty() || known.contains(type) || type.contains(QLatin1String("custom"))) {
         return {};
     }
     const QString called = typeCalled(type);
-    const QString custom = called.isEmpty() ? withCustom(type) : called;
-    return custom.isEmpty() ? nearest(type, knownTypes()) : custom;
+    const QString custom = known.contains(called) ? called : withCustom(type);
+    return custom.isEmpty() ? nearest(type, known) : custom;
 }
 
 bool hasUnclearType(const Entry &entry)

@@ -87,20 +87,14 @@ std::optional<QByteArray> CatalogMerge::merged(const QString &path, const QByteA
     }
     const QString catalog = mirrored(path);
     QFile::remove(catalog);
-    QDir().mkpath(QFileInfo(catalog).path());
     if (!content.isEmpty() && !write(catalog, content)) {
         *problem = QStringLiteral("cannot write \"%1\"").arg(catalog);
         return {};
     }
-    QProcess process;
-    process.start(program, QStringList{QStringLiteral("-silent"), QStringLiteral("-source-language"),
-                                       QStringLiteral("en"), QStringLiteral("-target-language"), language}
-                               + m_sources + QStringList{QStringLiteral("-ts"), catalog});
-    process.waitForFinished(-1);
-    const QString errors
-        = QString::fromLocal8Bit(process.readAllStandardError()).remove(m_mirror.path()).trimmed();
+    QDir().mkpath(QFileInfo(catalog).path());
+    const QString errors = run(program, catalog, language);
     QFile file(catalog);
-    if (process.exitCode() != 0 || !file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly)) {
         *problem = QStringLiteral("lupdate fails: ") + errors;
         return {};
     }
@@ -108,6 +102,20 @@ std::optional<QByteArray> CatalogMerge::merged(const QString &path, const QByteA
         std::fprintf(stderr, "%s\n", qUtf8Printable(errors));
     }
     return file.readAll().replace("<!DOCTYPE", commentsOf(content) + "<!DOCTYPE");
+}
+
+/// Merges all texts into @p catalog, which is removed if that fails. Returns what lupdate reports.
+QString CatalogMerge::run(const QString &program, const QString &catalog, const QString &language) const
+{
+    QProcess process;
+    process.start(program, QStringList{QStringLiteral("-silent"), QStringLiteral("-source-language"),
+                                       QStringLiteral("en"), QStringLiteral("-target-language"), language}
+                               + m_sources + QStringList{QStringLiteral("-ts"), catalog});
+    process.waitForFinished(-1);
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        QFile::remove(catalog);
+    }
+    return QString::fromLocal8Bit(process.readAllStandardError()).remove(m_mirror.path()).trimmed();
 }
 
 QString CatalogMerge::mirrored(const QString &path) const

@@ -20,6 +20,7 @@ public:
                                      QString *problem) const;
 
 private:
+    QString run(const QString &program, const QString &catalog, const QString &language) const;
     QString mirrored(const QString &path) const;
 
     QTemporaryDir m_mirror; ///< of the root directory, so that relative places in catalogs are right

@@ -18,7 +18,7 @@
 
 namespace
 {
-const char s_help[] = R"(Usage: velka-settings install [OPTION]... FILE|DIR...
+const char s_installHelp[] = R"(Usage: velka-settings install [OPTION]... FILE|DIR...
 
 Gives registration files names with a hash of their content, such as
 sound-3f9a2c.json. Running programs know files by their names only: with these
@@ -36,7 +36,7 @@ of an unpacked package. Files that the library never loads are left out.
 Exit status: 0; 2 when a file cannot be read or written.
 )";
 
-const CommandSyntax s_syntax{"install", s_help, {}, 1, CommandSyntax::Unlimited, "FILE or DIR"};
+const CommandSyntax s_installSyntax{"install", s_installHelp, {}, 1, CommandSyntax::Unlimited, "FILE or DIR"};
 
 /// A registration file and its new name.
 struct NamedFile {
@@ -149,7 +149,7 @@ int Commands::install(const QStringList &arguments)
     QCommandLineParser parser;
     parser.addOptions(
         {{QStringLiteral("into"), {}, QStringLiteral("DIR")}, QCommandLineOption(QStringLiteral("list"))});
-    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_installSyntax, arguments)) {
         return *exitStatus;
     }
     QVector<NamedFile> files;
@@ -160,5 +160,5 @@ int Commands::install(const QStringList &arguments)
     }
     problem = problem.isEmpty() ? problemWith(files) : problem;
     problem = problem.isEmpty() ? ::install(files, parser) : problem;
-    return problem.isEmpty() ? Success : refuse(s_syntax, problem);
+    return problem.isEmpty() ? Success : refuse(s_installSyntax, problem);
 }

@@ -43,7 +43,8 @@ Exit status: 0; 1 when translations are missing; 2 when a file cannot be read or
 written, or when Qt's tools are missing.
 )";
 
-const CommandSyntax s_syntax{"translate", s_translateHelp, {}, 2, CommandSyntax::Unlimited, "an action and FILE"};
+const CommandSyntax s_translateSyntax{"translate", s_translateHelp,          {},
+                                      2,           CommandSyntax::Unlimited, "an action and FILE"};
 
 struct TextFile {
     QString path; ///< of the registration file
@@ -128,17 +129,30 @@ void update(Work *work)
     }
 }
 
+/// Returns the messages of the catalog at @p path.
+QMap<QString, TsFile::Message> messagesOf(const QString &path, Work *work)
+{
+    if (!QFileInfo(path).isFile()) {
+        work->problem = QStringLiteral("there is no catalog \"%1\"").arg(printable(path));
+        return {};
+    }
+    const auto messages = TsFile::messagesOf(contentOf(path), &work->problem);
+    if (!messages) {
+        work->problem.prepend(printable(path) + QLatin1Char(':'));
+    }
+    return messages.value_or(QMap<QString, TsFile::Message>());
+}
+
 void makePseudo(Work *work)
 {
-    const QByteArray catalog = contentOf(work->catalogs.constFirst());
-    TsFile::messagesOf(catalog, &work->problem); // for its errors
+    const QString path = work->catalogs.constFirst();
+    messagesOf(path, work); // for its errors
     if (!work->problem.isEmpty()) {
-        work->problem.prepend(printable(work->catalogs.constFirst()) + QLatin1Char(':'));
         return;
     }
     const auto pseudo = [work](const QString &text) { return pseudoText(text, work->isMirrored); };
     const QString language = work->isMirrored ? QStringLiteral("ar_XB") : QStringLiteral("en_XA");
-    write(work->output, TsFile::translated(catalog, language, pseudo), work);
+    write(work->output, TsFile::translated(contentOf(path), language, pseudo), work);
 }
 
 /// Returns why @p text is not translated in @p messages. Empty if it is.
@@ -154,38 +168,48 @@ QString problemWith(const IdentifiedText &text, const QMap<QString, TsFile::Mess
     return message->isFinished ? QString() : QStringLiteral("is not translated");
 }
 
-/// Prints what the catalog at @p path lacks. Returns whether it is complete.
-bool checkCatalog(const QString &path, Work *work)
+/// Returns a line for each text of @p files that is not translated in @p messages.
+QStringList untranslated(const QVector<TextFile> &files, const QMap<QString, TsFile::Message> &messages)
 {
-    const auto messages = TsFile::messagesOf(contentOf(path), &work->problem);
-    if (!messages) {
-        work->problem.prepend(printable(path) + QLatin1Char(':'));
-        return false;
-    }
-    int all = 0;
     QStringList lines;
-    for (const TextFile &file : std::as_const(work->files)) {
-        all += file.texts.size();
+    for (const TextFile &file : files) {
         for (const IdentifiedText &text : file.texts) {
-            const QString problem = problemWith(text, *messages);
+            const QString problem = problemWith(text, messages);
             if (!problem.isEmpty()) {
                 lines.append(
-                    QStringLiteral("  %1:%2: \"%3\" %4")
+                    QStringLiteral("  %1:%2: \"%3\" %4\n")
                         .arg(printable(file.path), QString::number(text.line), printable(text.id), problem));
             }
         }
     }
-    lines.prepend(QStringLiteral("%1: %2 of %3 texts are translated into %4")
-                      .arg(printable(path), QString::number(all - lines.size()), QString::number(all),
-                           TsFile::languageOf(path)));
-    std::puts(qUtf8Printable(lines.join(QLatin1Char('\n'))));
-    return lines.size() == 1;
+    return lines;
+}
+
+/// Prints what the catalog at @p path lacks.
+void checkCatalog(const QString &path, Work *work)
+{
+    const QMap<QString, TsFile::Message> messages = messagesOf(path, work);
+    if (!work->problem.isEmpty()) {
+        return;
+    }
+    int all = 0;
+    for (const TextFile &file : std::as_const(work->files)) {
+        all += file.texts.size();
+    }
+    const QStringList lines = untranslated(work->files, messages);
+    work->isComplete = work->isComplete && lines.isEmpty();
+    std::printf("%s: %d of %d texts are translated into %s\n%s", qUtf8Printable(printable(path)),
+                all - lines.size(), all, qUtf8Printable(TsFile::languageOf(path)),
+                qUtf8Printable(lines.join(QString())));
 }
 
 void check(Work *work)
 {
     for (const QString &path : std::as_const(work->catalogs)) {
-        work->isComplete = checkCatalog(path, work) && work->isComplete;
+        if (!work->problem.isEmpty()) {
+            return;
+        }
+        checkCatalog(path, work);
     }
 }
 
@@ -240,7 +264,7 @@ int Commands::translate(const QStringList &arguments)
     const QCommandLineOption mirrored(QStringLiteral("mirrored"));
     QCommandLineParser parser;
     parser.addOptions({output, mirrored});
-    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
+    if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_translateSyntax, arguments)) {
         return *exitStatus;
     }
     QStringList named = parser.positionalArguments();
@@ -249,7 +273,7 @@ int Commands::translate(const QStringList &arguments)
     addArguments(named, &work);
     run(action, &work);
     if (!work.problem.isEmpty()) {
-        return refuse(s_syntax, work.problem);
+        return refuse(s_translateSyntax, work.problem);
     }
     return work.isComplete ? Success : Findings;
 }
