@@ -53,7 +53,7 @@ constexpr int CatalogsChanged = 77;
 
 /// Returns the first page of the host. Without a vocabulary that is the page of the settings if there are any, otherwise
 /// that of all entries.
-QVariantMap topPage(const std::optional<Vocabulary> &vocabulary)
+QVariantMap topPage(const std::optional<HostVocabulary> &vocabulary)
 {
     constexpr int Depth = 2;
     if (vocabulary) {
@@ -96,7 +96,7 @@ void warnOfMissingIcons()
 }
 
 /// The window shows them as rows without a control.
-void warnOfUnknownTypes(const Vocabulary &vocabulary)
+void warnOfUnknownTypes(const HostVocabulary &vocabulary)
 {
     const QStringList types = vocabulary.types();
     const QList<TreeItem *> items = PluginRegistry::instance()->getItem({})->getSubitems(TreeItem::orderLessThan,
@@ -153,8 +153,8 @@ int main(int argc, char *argv[])
     engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
     const bool quits = parser.isSet(s_screenshot) || parser.isSet(s_smokeTest);
     QString problem; // velka-settings has read it before
-    const std::optional<Vocabulary> vocabulary = parser.isSet(s_vocabulary)
-                                                     ? Vocabulary::read(parser.value(s_vocabulary), &problem)
+    const std::optional<HostVocabulary> vocabulary = parser.isSet(s_vocabulary)
+                                                     ? HostVocabulary::read(parser.value(s_vocabulary), &problem)
                                                      : std::nullopt;
     QVariantMap properties = topPage(vocabulary);
     properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));

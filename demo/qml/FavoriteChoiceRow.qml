@@ -38,14 +38,13 @@ Controls.AbstractButton {
             ListView.view.currentIndex = index
         }
     }
-    // A tap removes the binding, so it is set again.
     onToggled: {
         if (row.favorite) {
             row.favorites.removeFavorite(row.entry.path)
         } else {
             row.favorites.addFavorite(row.entry.path)
         }
-        checked = Qt.binding(() => row.favorite)
+        checked = Qt.binding(() => row.favorite) // which the tap has removed
     }
 
     background: FocusFrame {

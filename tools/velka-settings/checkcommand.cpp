@@ -124,7 +124,7 @@ QString collect(const Options &options, CheckedFiles *files)
     return problem;
 }
 
-Report check(const CheckedFiles &files, const QString &translations, const std::optional<Vocabulary> &vocabulary)
+Report check(const CheckedFiles &files, const QString &translations, const std::optional<HostVocabulary> &vocabulary)
 {
     Progress progress;
     const auto report = [&progress](int done, int total) { progress.update(done, total); };
@@ -158,9 +158,9 @@ int run(const Options &options)
 {
     CheckedFiles files;
     QString problem = collect(options, &files);
-    std::optional<Vocabulary> vocabulary;
+    std::optional<HostVocabulary> vocabulary;
     if (problem.isEmpty() && !options.vocabulary.isEmpty()) {
-        vocabulary = Vocabulary::read(options.vocabulary, &problem);
+        vocabulary = HostVocabulary::read(options.vocabulary, &problem);
     }
     if (!problem.isEmpty()) {
         return refuse(s_syntax, problem);

@@ -108,7 +108,7 @@ public:
     QString vocabulary() const
     {
         return !m_vocabulary.isEmpty()                       ? m_vocabulary
-               : QFileInfo::exists(Vocabulary::systemPath()) ? Vocabulary::systemPath()
+               : QFileInfo::exists(HostVocabulary::systemPath()) ? HostVocabulary::systemPath()
                                                              : QString();
     }
 
@@ -165,7 +165,7 @@ QStringList normalized(const QCommandLineParser &parser, const QStringList &flag
 /// cannot be used.
 QStringList vocabularyOption(const QString &path, QString *problem)
 {
-    return path.isEmpty() || !Vocabulary::read(path, problem)
+    return path.isEmpty() || !HostVocabulary::read(path, problem)
                ? QStringList()
                : QStringList{QStringLiteral("--vocabulary"), QFileInfo(path).absoluteFilePath()};
 }

@@ -122,7 +122,7 @@ void reportUnreadable(const QFileInfo &file, Findings *findings)
 }
 }
 
-Checker::Checker(const QString &translations, Progress progress, const std::optional<Vocabulary> &vocabulary)
+Checker::Checker(const QString &translations, Progress progress, const std::optional<HostVocabulary> &vocabulary)
     : m_translations(translations)
     , m_vocabulary(vocabulary)
     , m_progress(std::move(progress))
@@ -231,19 +231,19 @@ void Checker::checkText(Document *document, bool isLoaded, Catalogs *catalogs, F
     }
 }
 
-const Vocabulary *Checker::vocabularyOf(const CheckedFile &file)
+const HostVocabulary *Checker::vocabularyOf(const CheckedFile &file)
 {
     if (m_vocabulary) {
         return &*m_vocabulary;
     }
-    const QString path = QFileInfo::exists(file.vocabulary) ? file.vocabulary : Vocabulary::systemPath();
+    const QString path = QFileInfo::exists(file.vocabulary) ? file.vocabulary : HostVocabulary::systemPath();
     const auto known = m_vocabularies.find(path);
     if (known != m_vocabularies.end()) {
         return known->second ? &*known->second : nullptr;
     }
     QString problem;
-    std::optional<Vocabulary> &vocabulary = m_vocabularies[path];
-    vocabulary = QFileInfo::exists(path) ? Vocabulary::read(path, &problem) : std::nullopt;
+    std::optional<HostVocabulary> &vocabulary = m_vocabularies[path];
+    vocabulary = QFileInfo::exists(path) ? HostVocabulary::read(path, &problem) : std::nullopt;
     if (!problem.isEmpty()) {
         std::fprintf(stderr, "velka-settings: %s\n", qUtf8Printable(problem));
     }

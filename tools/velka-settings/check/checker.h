@@ -23,7 +23,7 @@ public:
 
     /// Looks for catalogs in the directory @p translations, or if that is empty, in the directory of each file.
     /// Uses @p vocabulary, or if that is missing, the one with each file or that of the system.
-    Checker(const QString &translations, Progress progress, const std::optional<Vocabulary> &vocabulary = {});
+    Checker(const QString &translations, Progress progress, const std::optional<HostVocabulary> &vocabulary = {});
 
     std::vector<FileFindings> check(const CheckedFiles &files);
     /// Returns the findings of the files in @p arguments, which are existing files and directories.
@@ -35,12 +35,12 @@ private:
     void checkText(Document *document, bool isLoaded, Catalogs *catalogs, Findings *findings,
                    FileSummary *summary);
     Catalogs *catalogsOf(const CheckedFile &file);
-    const Vocabulary *vocabularyOf(const CheckedFile &file);
+    const HostVocabulary *vocabularyOf(const CheckedFile &file);
 
     const QString m_translations;
     std::map<QString, Catalogs> m_catalogs; ///< by directory
-    const std::optional<Vocabulary> m_vocabulary; ///< of the command line
-    std::map<QString, std::optional<Vocabulary>> m_vocabularies; ///< by path, missing when they cannot be used
+    const std::optional<HostVocabulary> m_vocabulary; ///< of the command line
+    std::map<QString, std::optional<HostVocabulary>> m_vocabularies; ///< by path, missing when they cannot be used
     const Progress m_progress;
     int m_done = 0;
     int m_total = 0;

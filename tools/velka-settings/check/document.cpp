@@ -52,7 +52,7 @@ void collectEntries(Document *document)
 }
 }
 
-Entry::Entry(const Written &written, const QJsonObject &read, const Vocabulary *vocabulary)
+Entry::Entry(const Written &written, const QJsonObject &read, const HostVocabulary *vocabulary)
     : written(&written)
     , writtenPath(written.member(QLatin1String("path")))
     , writtenParams(objectOrNull(written.member(QLatin1String("params"))))

@@ -14,13 +14,13 @@
 
 #include <vector>
 
-class Vocabulary;
+class HostVocabulary;
 
 namespace Check
 {
 /// An element of "entries" that is an object: as it is written, and as the library reads it.
 struct Entry {
-    explicit Entry(const Written &written, const QJsonObject &read, const Vocabulary *vocabulary);
+    explicit Entry(const Written &written, const QJsonObject &read, const HostVocabulary *vocabulary);
 
     const Written *written;
     const Written *writtenPath; ///< null when there is none
@@ -30,14 +30,14 @@ struct Entry {
     QString path;
     QStringList names; ///< those in the path
     QString type;
-    const Vocabulary *vocabulary; ///< of the host, null when there is none
+    const HostVocabulary *vocabulary; ///< of the host, null when there is none
 };
 
 /// A registration file or favourites blacklist that the library can parse.
 struct Document {
     QString path; ///< as it was given
     QByteArray text; ///< as the library parses it
-    const Vocabulary *vocabulary = nullptr; ///< of the host, null when there is none
+    const HostVocabulary *vocabulary = nullptr; ///< of the host, null when there is none
     Written root;
     QJsonValue read; ///< as the library reads it
     std::vector<Entry> entries;

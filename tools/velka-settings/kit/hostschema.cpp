@@ -20,7 +20,7 @@ void setIn(QJsonObject *object, const QString &member, const QString &key, const
     object->insert(member, changed);
 }
 
-QJsonObject withTypes(QJsonObject properties, const Vocabulary &vocabulary)
+QJsonObject withTypes(QJsonObject properties, const HostVocabulary &vocabulary)
 {
     const QStringList types = vocabulary.types();
     QStringList lines{properties.value(s_type).toObject().value(s_description).toString()};
@@ -35,7 +35,7 @@ QJsonObject withTypes(QJsonObject properties, const Vocabulary &vocabulary)
     return properties;
 }
 
-QJsonObject withPlaces(QJsonObject properties, const Vocabulary &vocabulary)
+QJsonObject withPlaces(QJsonObject properties, const HostVocabulary &vocabulary)
 {
     const QString root = vocabulary.root().join(QLatin1Char('/'));
     if (!root.isEmpty()) {
@@ -45,7 +45,7 @@ QJsonObject withPlaces(QJsonObject properties, const Vocabulary &vocabulary)
     return properties;
 }
 
-QJsonObject withIgnoredKeys(QJsonObject properties, const Vocabulary &vocabulary)
+QJsonObject withIgnoredKeys(QJsonObject properties, const HostVocabulary &vocabulary)
 {
     const QStringList keys = vocabulary.ignoredKeys();
     for (const QString &key : keys) {
@@ -56,7 +56,7 @@ QJsonObject withIgnoredKeys(QJsonObject properties, const Vocabulary &vocabulary
 }
 
 /// Returns schemas that describe the params of each type.
-QJsonArray paramsByType(const Vocabulary &vocabulary)
+QJsonArray paramsByType(const HostVocabulary &vocabulary)
 {
     QJsonArray conditions;
     const QStringList types = vocabulary.types();
@@ -73,7 +73,7 @@ QJsonArray paramsByType(const Vocabulary &vocabulary)
 }
 }
 
-QJsonObject hostSchema(QJsonObject schema, const Vocabulary &vocabulary)
+QJsonObject hostSchema(QJsonObject schema, const HostVocabulary &vocabulary)
 {
     const QString definitions = QStringLiteral("definitions");
     QJsonObject entry = schema.value(definitions).toObject().value(QLatin1String("entry")).toObject();

@@ -6,4 +6,4 @@
 #include "vocabulary.h"
 
 /// Returns @p schema, that of registration files, restricted to what the host with @p vocabulary shows.
-QJsonObject hostSchema(QJsonObject schema, const Vocabulary &vocabulary);
+QJsonObject hostSchema(QJsonObject schema, const HostVocabulary &vocabulary);

@@ -38,11 +38,11 @@ int Commands::schema(const QStringList &arguments)
         return *exitStatus;
     }
     const bool isNamed = parser.isSet(vocabularyFile);
-    const QString path = isNamed ? parser.value(vocabularyFile) : Vocabulary::systemPath();
+    const QString path = isNamed ? parser.value(vocabularyFile) : HostVocabulary::systemPath();
     QJsonObject schema = Check::registrationSchema();
     if (isNamed || QFileInfo::exists(path)) {
         QString problem;
-        const std::optional<Vocabulary> vocabulary = Vocabulary::read(path, &problem);
+        const std::optional<HostVocabulary> vocabulary = HostVocabulary::read(path, &problem);
         if (!vocabulary) {
             return refuse(s_schemaSyntax, problem);
         }

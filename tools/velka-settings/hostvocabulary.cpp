@@ -41,15 +41,15 @@ QString problemOfType(const QJsonObject &object, const QString &key, QJsonValue:
 }
 }
 
-QString Vocabulary::systemPath()
+QString HostVocabulary::systemPath()
 {
     return QStringLiteral("/usr/share/velka-settings/vocabulary.json");
 }
 
-std::optional<Vocabulary> Vocabulary::read(const QString &path, QString *problem)
+std::optional<HostVocabulary> HostVocabulary::read(const QString &path, QString *problem)
 {
     QFile file(path);
-    Vocabulary vocabulary;
+    HostVocabulary vocabulary;
     const QString reason = file.open(QIODevice::ReadOnly) ? vocabulary.parse(file.readAll()) : file.errorString();
     if (!reason.isEmpty()) {
         *problem = QStringLiteral("the vocabulary \"%1\" is not used: %2").arg(printable(path), printable(reason));
@@ -58,12 +58,12 @@ std::optional<Vocabulary> Vocabulary::read(const QString &path, QString *problem
     return vocabulary;
 }
 
-QStringList Vocabulary::types() const
+QStringList HostVocabulary::types() const
 {
     return m_object.value(s_types).toObject().keys();
 }
 
-QString Vocabulary::descriptionOf(const QString &type) const
+QString HostVocabulary::descriptionOf(const QString &type) const
 {
     return m_object.value(s_types)
         .toObject()
@@ -73,28 +73,28 @@ QString Vocabulary::descriptionOf(const QString &type) const
         .toString();
 }
 
-QJsonObject Vocabulary::paramsOf(const QString &type) const
+QJsonObject HostVocabulary::paramsOf(const QString &type) const
 {
     return m_object.value(s_types).toObject().value(type).toObject().value(s_params).toObject();
 }
 
-QStringList Vocabulary::root() const
+QStringList HostVocabulary::root() const
 {
     return m_object.value(QLatin1String("root")).toString().split(QLatin1Char('/'), Qt::SkipEmptyParts);
 }
 
-int Vocabulary::depth() const
+int HostVocabulary::depth() const
 {
     return m_object.value(QLatin1String("depth")).toInt();
 }
 
-QStringList Vocabulary::ignoredKeys() const
+QStringList HostVocabulary::ignoredKeys() const
 {
     return m_object.value(QLatin1String("ignored_keys")).toVariant().toStringList();
 }
 
 /// Returns what is wrong with @p json, if anything.
-QString Vocabulary::parse(const QByteArray &json)
+QString HostVocabulary::parse(const QByteArray &json)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
@@ -105,7 +105,7 @@ QString Vocabulary::parse(const QByteArray &json)
     return document.isObject() ? problem() : QStringLiteral("it is no object");
 }
 
-QString Vocabulary::problem() const
+QString HostVocabulary::problem() const
 {
     const QString problems[] = {
         problemOfType(m_object, s_types, QJsonValue::Object, "an object"),

@@ -9,13 +9,13 @@
 #include <optional>
 
 /// What the Settings application of a system, the host, understands.
-class Vocabulary
+class HostVocabulary
 {
 public:
     /// The place of the host's file.
     static QString systemPath();
     /// Reads the file at @p path. Returns nothing, and sets @p problem, when it cannot be used.
-    static std::optional<Vocabulary> read(const QString &path, QString *problem);
+    static std::optional<HostVocabulary> read(const QString &path, QString *problem);
 
     QStringList types() const; ///< those that the host shows
     QString descriptionOf(const QString &type) const;
