@@ -3,6 +3,7 @@
 
 #include "appearance.h"
 #include "catalogwatcher.h"
+#include "hostvocabulary.h"
 #include "keyboarduse.h"
 #include "pagefiles.h"
 #include "pluginregistry.h"
@@ -11,7 +12,6 @@
 #include "registrationfiles.h"
 #include "servicefaults.h"
 #include "treeitem.h"
-#include "vocabulary.h"
 
 #include <mgconfitem.h>
 
@@ -153,9 +153,9 @@ int main(int argc, char *argv[])
     engine.rootContext()->setContextProperty(QStringLiteral("homePath"), QDir::homePath());
     const bool quits = parser.isSet(s_screenshot) || parser.isSet(s_smokeTest);
     QString problem; // velka-settings has read it before
-    const std::optional<HostVocabulary> vocabulary = parser.isSet(s_vocabulary)
-                                                     ? HostVocabulary::read(parser.value(s_vocabulary), &problem)
-                                                     : std::nullopt;
+    const std::optional<HostVocabulary> vocabulary = parser.isSet(s_vocabulary) ? HostVocabulary::read(
+                                                         parser.value(s_vocabulary), &problem)
+                                                                                : std::nullopt;
     QVariantMap properties = topPage(vocabulary);
     properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));
     properties.insert(QStringLiteral("animated"), !quits);

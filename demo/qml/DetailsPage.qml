@@ -14,6 +14,7 @@ Kirigami.ScrollablePage {
     property bool navigated: false
     readonly property SettingsEntry entry: SettingsEntry {
         path: page.path
+        favoritesKey: ""
         onExistsChanged: {
             if (!exists && !page.navigated) {
                 applicationWindow().closeFrom(page.column)

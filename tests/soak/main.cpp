@@ -8,6 +8,7 @@
 #include "soak/resources.h"
 #include "soak/soakworld.h"
 #include "text.h"
+#include "toolkit/settingsentry.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -61,6 +62,7 @@ public:
     {
         m_services.reset();
         openAllKinds(&m_world, &m_services);
+        SettingsEntry().setPath(text("system_settings")); // creates what all entries share
     }
 
     /// Runs operations until @p isOver returns true. Returns false after a failed check.

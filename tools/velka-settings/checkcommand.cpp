@@ -124,7 +124,8 @@ QString collect(const Options &options, CheckedFiles *files)
     return problem;
 }
 
-Report check(const CheckedFiles &files, const QString &translations, const std::optional<HostVocabulary> &vocabulary)
+Report check(const CheckedFiles &files, const QString &translations,
+             const std::optional<HostVocabulary> &vocabulary)
 {
     Progress progress;
     const auto report = [&progress](int done, int total) { progress.update(done, total); };

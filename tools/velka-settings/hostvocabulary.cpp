@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "vocabulary.h"
+#include "hostvocabulary.h"
 
 #include "printable.h"
 

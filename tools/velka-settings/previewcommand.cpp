@@ -4,9 +4,9 @@
 #include "commandline.h"
 #include "commands.h"
 #include "entriesplace.h"
+#include "hostvocabulary.h"
 #include "localename.h"
 #include "printable.h"
-#include "vocabulary.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -107,9 +107,9 @@ public:
     /// Returns the vocabulary with the entries or that of the system, empty if there is none.
     QString vocabulary() const
     {
-        return !m_vocabulary.isEmpty()                       ? m_vocabulary
+        return !m_vocabulary.isEmpty()                           ? m_vocabulary
                : QFileInfo::exists(HostVocabulary::systemPath()) ? HostVocabulary::systemPath()
-                                                             : QString();
+                                                                 : QString();
     }
 
     QStringList arguments() const

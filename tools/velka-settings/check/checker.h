@@ -5,8 +5,8 @@
 
 #include "catalogs.h"
 #include "checkedfiles.h"
+#include "hostvocabulary.h"
 #include "setrules.h"
-#include "vocabulary.h"
 
 #include <functional>
 

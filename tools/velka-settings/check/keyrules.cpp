@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "hostvocabulary.h"
 #include "knownkeys.h"
 #include "rules.h"
-#include "vocabulary.h"
 
 namespace Check
 {

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "hostvocabulary.h"
 #include "knownkeys.h"
 #include "nearest.h"
 #include "registry/jsonvariant.h"
 #include "registry/treeitem.h"
 #include "rules.h"
 #include "valuetext.h"
-#include "vocabulary.h"
 
 #include <QHash>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "vocabulary.h"
+#include "hostvocabulary.h"
 
 /// Returns @p schema, that of registration files, restricted to what the host with @p vocabulary shows.
 QJsonObject hostSchema(QJsonObject schema, const HostVocabulary &vocabulary);
