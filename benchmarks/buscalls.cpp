@@ -43,9 +43,10 @@ bool call(QQuickWindow *window, const char *function, const Arguments &...argume
     return true;
 }
 
-// Each page is opened from the previous one or from the top page.
+// Each page is opened from the previous one or from the top page. The page of an entry may show whether the entry is a
+// favourite, so it watches the stored list.
 const Page s_pages[] = {
-    {"entry", [](QQuickWindow *window) { return call(window, "showEntry", s_entryPath, false); }, 2, 0, 0},
+    {"entry", [](QQuickWindow *window) { return call(window, "showEntry", s_entryPath, false); }, 2, 0, 1},
     {"details", [](QQuickWindow *window) { return call(window, "showEntry", s_entryPath, true); }, 3, 0, 0},
     {"drawer", [](QQuickWindow *window) { return call(window, "setDrawerOpen", true); }, 3, 0, 0},
     {"favourites",
@@ -54,7 +55,7 @@ const Page s_pages[] = {
     {"choice of favourites", [](QQuickWindow *window) { return call(window, "openFavoriteChoice", 1); }, 3, 0, 0},
     {"applications", [](QQuickWindow *window) { return call(window, "openApplications"); }, 2, 18, 6},
     {"application", [](QQuickWindow *window) { return click(window, s_application); }, 3, 0, 0},
-    {"entry of an application", [](QQuickWindow *window) { return click(window, s_applicationEntry); }, 4, 0, 0},
+    {"entry of an application", [](QQuickWindow *window) { return click(window, s_applicationEntry); }, 4, 1, 1},
 };
 
 /// Opens the pages of the demo and counts the calls.

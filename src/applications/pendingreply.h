@@ -75,7 +75,7 @@ void whenFinished(PlatformServiceName service, const QDBusPendingCall &call, QOb
 template<typename Value>
 Reply<Value> replyOf(PlatformServiceName service, const QDBusPendingCall &call)
 {
-    const Reply<Value> reply = replyOf<Value>(call);
+    Reply<Value> reply = replyOf<Value>(call);
     ServiceOutcomes::instance()->record(service, reply.error);
     return reply;
 }

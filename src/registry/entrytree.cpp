@@ -30,7 +30,7 @@ namespace
 /// The text of a file is kept up to this size, in bytes for each of its nodes: most of a larger one is something else.
 constexpr qint64 MaxTextOfNode = 4096;
 constexpr int MaxWarningsOfFile = 1000;
-constexpr QLatin1String EngineeringEnglish("_eng_en");
+constexpr char EngineeringEnglish[] = "_eng_en";
 
 QSet<QString> asSet(const QStringList &list)
 {
@@ -297,9 +297,9 @@ void EntryTree::loadCatalog(const QString &catalog)
         return;
     }
     const QString &directory = m_sources.translationsDirectory;
-    installCatalog(catalog + EngineeringEnglish, [&](CatalogTranslator *translator, const QString &name) {
-        return translator->load(name, directory);
-    });
+    installCatalog(
+        catalog + QLatin1String(EngineeringEnglish),
+        [&](CatalogTranslator *translator, const QString &name) { return translator->load(name, directory); });
     // The one installed last takes precedence.
     installCatalog(catalog, [&](CatalogTranslator *translator, const QString &name) {
         return translator->load(QLocale(), name, QStringLiteral("-"), directory);
@@ -309,7 +309,8 @@ void EntryTree::loadCatalog(const QString &catalog)
 FileCatalogs EntryTree::catalogsOf(const RegistrationFile &file) const
 {
     const auto translatorsOf = [this](const QString &name) {
-        return FileCatalogs::Catalog{m_translators.value(name), m_translators.value(name + EngineeringEnglish)};
+        return FileCatalogs::Catalog{m_translators.value(name),
+                                     m_translators.value(name + QLatin1String(EngineeringEnglish))};
     };
     return {translatorsOf(file.complementaryTranslationCatalog), translatorsOf(file.translationCatalog)};
 }

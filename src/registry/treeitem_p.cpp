@@ -98,8 +98,8 @@ TreeItem *TreeItemPrivate::child(const QString &name) const
     if (!m_childrenByName.isEmpty()) {
         return m_childrenByName.value(name);
     }
-    const auto found = std::find_if(children.cbegin(), children.cend(),
-                                    [&name](const TreeItem *child) { return of(child)->name == name; });
+    const auto *const found = std::find_if(children.cbegin(), children.cend(),
+                                           [&name](const TreeItem *child) { return of(child)->name == name; });
     return found == children.cend() ? nullptr : *found;
 }
 

@@ -92,7 +92,7 @@ private:
         if (text.isEmpty()) {
             return;
         }
-        const auto known = std::find_if(words.begin(), words.end(), isSame);
+        auto *const known = std::find_if(words.begin(), words.end(), isSame);
         if (known == words.end()) {
             words.append({text, field, form, 0});
         } else if (known->form == form && !isTranslation(known->field, field)) {

@@ -53,7 +53,7 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
         known += weight > 0 ? 1 : 0;
         weights.push_back(weight);
     }
-    const float average = known > 0 ? sum / known : 1;
+    const float average = known > 0 ? sum / float(known) : 1;
     for (size_t i = 0; i < scores.size(); ++i) {
         if (scores[i].matches().empty()) {
             weights[i] = scores[i].isOfRun() ? average / 2 : average;

@@ -20,6 +20,14 @@
 class FileIndex;
 class TreeItem;
 
+/// A file of which the entries are being read.
+struct IndexTask {
+    QString file;
+    QVector<TreeItem *> items;
+    int next = 0;
+    EntryTextReader reader;
+};
+
 /**
  * The words of the entries of a tree: a segment for each registration file, which is read again when one of its nodes
  * comes or goes. Files are read in slices from the event loop.
@@ -53,12 +61,6 @@ private:
         QVector<int> words; ///< each once
         QByteArray titles; ///< of its nodes, each with a null character at its end
     };
-    struct Task { ///< a file that is being read
-        QString file;
-        QVector<TreeItem *> items;
-        int next = 0;
-        EntryTextReader reader;
-    };
 
     enum class Squeezed { Nothing, Nodes, All };
 
@@ -82,6 +84,6 @@ private:
     QSet<QString> m_pending; ///< files to read
     QStringList m_queue; ///< the same, in any order
     Squeezed m_squeezed = Squeezed::Nothing;
-    std::optional<Task> m_task;
+    std::optional<IndexTask> m_task;
     QTimer m_timer;
 };

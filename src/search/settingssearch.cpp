@@ -70,10 +70,10 @@ SearchHighlights SettingsSearch::highlightsOf(const SearchResult &result, const 
     const EntryTexts texts = EntryTextReader().read(result.item);
     const QStringList others = texts.keywords + QStringList{texts.englishTitle} + texts.englishKeywords
                                + QStringList{texts.description};
-    for (const QString &other : others) {
-        const QVector<TextRange> ranges = rangesOf(other, text);
+    for (const QString &matched : others) {
+        const QVector<TextRange> ranges = rangesOf(matched, text);
         if (!ranges.isEmpty()) {
-            return {{}, other, ranges};
+            return {{}, matched, ranges};
         }
     }
     return highlights;

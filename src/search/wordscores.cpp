@@ -36,12 +36,12 @@ void WordScores::addLike(MatchKind kind)
 
 float WordScores::own(int position) const
 {
-    return m_scores[size_t(position)].own / Full;
+    return float(m_scores[size_t(position)].own) / Full;
 }
 
 float WordScores::ofTitle(int position) const
 {
-    return m_scores[size_t(position)].title / Full;
+    return float(m_scores[size_t(position)].title) / Full;
 }
 
 bool WordScores::hasTitles() const

@@ -54,7 +54,7 @@ Address ofDecoded(const QString &path)
         return refused("it names no entry");
     }
     if (std::any_of(names.cbegin(), names.cend(), isDots)) {
-        return refused("\".\" and \"..\" are no names");
+        return refused(R"("." and ".." are no names)");
     }
     return {names.join(QLatin1Char('/')), {}};
 }

@@ -95,7 +95,7 @@ void hostParams(const Entry &entry, Findings *findings)
     if (!entry.writtenParams || !entry.vocabulary->types().contains(entry.type)) {
         return;
     }
-    const QStringList ofTheLibrary = KnownKeys::params();
+    const QStringList &ofTheLibrary = KnownKeys::params();
     for (const Written &param : entry.writtenParams->children) {
         if (!ofTheLibrary.contains(param.key) && !findings->hasAtKey(param) && !findings->hasAt(param)) {
             hostParam(entry, param, findings);

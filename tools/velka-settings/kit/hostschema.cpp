@@ -12,11 +12,11 @@ const QString s_description = QStringLiteral("description");
 const QString s_properties = QStringLiteral("properties");
 const QString s_type = QStringLiteral("type");
 
-/// Sets @p key of the object at @p member of @p object.
-void setIn(QJsonObject *object, const QString &member, const QString &key, const QJsonValue &value)
+/// Sets @p name of the object at @p member of @p object.
+void setIn(QJsonObject *object, const QString &member, const QString &name, const QJsonValue &value)
 {
     QJsonObject changed = object->value(member).toObject();
-    changed.insert(key, value);
+    changed.insert(name, value);
     object->insert(member, changed);
 }
 
