@@ -61,9 +61,9 @@ SearchResult SettingsSearch::resultAt(const QString &location)
     return position >= 0 && m_index->nodes().at(position).isResult ? resultFor(position, 0) : SearchResult();
 }
 
-SearchHighlights SettingsSearch::highlightsOf(const SearchResult &result, const QString &text)
+SearchHighlights SettingsSearch::highlightsOf(const SearchResult &result, const QString &query)
 {
-    SearchHighlights highlights{rangesOf(result.title, text), {}, {}};
+    SearchHighlights highlights{rangesOf(result.title, query), {}, {}};
     if (!highlights.titleRanges.isEmpty() || !result.item) {
         return highlights;
     }
@@ -71,7 +71,7 @@ SearchHighlights SettingsSearch::highlightsOf(const SearchResult &result, const 
     const QStringList others = texts.keywords + QStringList{texts.englishTitle} + texts.englishKeywords
                                + QStringList{texts.description};
     for (const QString &matched : others) {
-        const QVector<TextRange> ranges = rangesOf(matched, text);
+        const QVector<TextRange> ranges = rangesOf(matched, query);
         if (!ranges.isEmpty()) {
             return {{}, matched, ranges};
         }

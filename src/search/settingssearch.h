@@ -58,8 +58,8 @@ public:
     /// Returns the entry at @p location, without an item if there is none that can be found.
     SearchResult resultAt(const QString &location);
 
-    /// Returns the matching parts of @p result for the words @p text. It must be valid.
-    static SearchHighlights highlightsOf(const SearchResult &result, const QString &text);
+    /// Returns the matching parts of @p result for the words @p query. It must be valid.
+    static SearchHighlights highlightsOf(const SearchResult &result, const QString &query);
 
     bool isBusy() const; ///< entries are still to be read
     /// Reads all entries now.
