@@ -107,11 +107,10 @@ QVector<TextRange> rangesOf(const QString &text, const QString &query)
     const QVector<Word> parts = wordsOf(query.left(MaxLettersOfQuery));
     const QVector<Word> whole = withoutJoints(parts);
     QVector<TextRange> ranges;
-    for (const QVector<Word> &queryWords : {parts, whole}) {
-        for (const Word &queryWord : queryWords.mid(0, MaxWordsOfQuery)) {
-            ranges += rangesOfWord(text, words, queryWord);
-            ranges += rangesOfWord(text, withoutJoints(words), queryWord);
-        }
+    const QVector<Word> queryWords = parts.mid(0, MaxWordsOfQuery) + whole.mid(0, MaxWordsOfQuery);
+    for (const Word &queryWord : queryWords) {
+        ranges += rangesOfWord(text, words, queryWord);
+        ranges += rangesOfWord(text, withoutJoints(words), queryWord);
     }
     return joined(ranges);
 }
