@@ -10,6 +10,7 @@
 #include "toolkit/entrypagecontent.h"
 #include "world.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -164,6 +165,7 @@ void EntryPageTest::init()
 void EntryPageTest::cleanup()
 {
     m_page.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // Qt deletes unfinished pages later
     m_engine.reset();
 }
 

@@ -102,6 +102,7 @@ void PageLoader::create(const QVariantMap &properties)
 
 void PageLoader::prepare(QObject *page)
 {
+    m_begun = page;
     m_hasEntry = page->metaObject()->indexOfProperty(EntryProperty) >= 0;
     if (m_hasEntry) {
         m_entry->setParent(page);
@@ -113,6 +114,9 @@ void PageLoader::prepare(QObject *page)
 
 void PageLoader::finishIncubation()
 {
+    if (m_incubator->isError()) {
+        delete m_begun; // Qt keeps the root of a page that failed
+    }
     const bool isWithoutEntry = m_incubator->isError() && !std::exchange(m_hasEntry, true);
     if (isWithoutEntry && !std::exchange(m_isSecondTime, true)) {
         create({}); // the properties must all exist

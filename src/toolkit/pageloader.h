@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlError>
 #include <QSizeF>
@@ -46,6 +47,7 @@ private:
     SettingsEntry *const m_entry; ///< a child of this, later of a page with that property
     QQmlComponent m_component;
     std::unique_ptr<Incubator> m_incubator;
+    QPointer<QObject> m_begun; ///< the root of the page that was begun last
     bool m_hasEntry = true; ///< the page that was begun last
     bool m_isSecondTime = false;
 };
