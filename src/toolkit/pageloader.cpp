@@ -56,6 +56,7 @@ PageLoader::PageLoader(QQmlEngine *engine, const QString &file, std::unique_ptr<
 PageLoader::~PageLoader()
 {
     takePage();
+    deleteUnfinishedPage();
 }
 
 std::unique_ptr<QObject> PageLoader::takePage()
@@ -112,13 +113,21 @@ void PageLoader::prepare(QObject *page)
     }
 }
 
+/// An incubator that is deleted keeps these pages.
+void PageLoader::deleteUnfinishedPage()
+{
+    if (m_incubator && m_incubator->isError()) {
+        delete m_begun;
+    } else if (m_incubator) {
+        m_incubator->clear();
+    }
+}
+
 void PageLoader::finishIncubation()
 {
-    if (m_incubator->isError()) {
-        delete m_begun; // Qt keeps the root of a page that failed
-    }
     const bool isWithoutEntry = m_incubator->isError() && !std::exchange(m_hasEntry, true);
     if (isWithoutEntry && !std::exchange(m_isSecondTime, true)) {
+        deleteUnfinishedPage();
         create({}); // the properties must all exist
     } else {
         Q_EMIT finished();

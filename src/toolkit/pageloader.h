@@ -41,6 +41,7 @@ private:
     void load();
     void create(const QVariantMap &properties);
     void prepare(QObject *page);
+    void deleteUnfinishedPage();
     void finishIncubation();
 
     const QSizeF m_size;
