@@ -18,6 +18,7 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QQmlEngine>
 #include <QQmlIncubationController>
 #include <QQuickItem>
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void pageWithoutControlsScrolls();
     void pagesOfARemovedEntryClose();
     void addressShowsARow();
+    void otherProgramOpensAnAddress();
     void searchOpensAnEntry();
     void pagesAreRead_data();
     void pagesAreRead();
@@ -295,6 +297,18 @@ void DemoAccessTest::addressShowsARow()
     QCOMPARE(row->property("path").toString(), text("system_settings/look/sounds/do_not_disturb"));
     press(Qt::Key_Return);
     QCOMPARE(page()->property("title").toString(), text("Do not disturb"));
+}
+
+void DemoAccessTest::otherProgramOpensAnAddress()
+{
+    const QString service = text("org.example.Demo");
+    m_window->setProperty("service", service);
+    QProcess tool;
+    tool.start(text(VELKA_TOOL), {text("open"), text("--service"), service, text("system_settings/look/sounds")});
+    QTRY_COMPARE(tool.state(), QProcess::NotRunning);
+    QCOMPARE(tool.exitCode(), 0);
+    QVERIFY(waitForRest());
+    QCOMPARE(page()->property("title").toString(), text("Sounds and vibration"));
 }
 
 void DemoAccessTest::searchOpensAnEntry()
