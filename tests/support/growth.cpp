@@ -52,7 +52,7 @@ bool Growth::isBelow(int factor, const Work &work, int small, int large)
 
 bool Growth::isLinear(const Work &work, int size)
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELKA_SANITIZE
     size /= 10;
 #endif
     return isBelow(40, work, size, 10 * size);

@@ -5,7 +5,7 @@
 
 #include <QtGlobal>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELKA_SANITIZE
 constexpr int Share = 50;
 #else
 constexpr int Share = 10;

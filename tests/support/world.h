@@ -14,7 +14,7 @@ class TreeItem;
 namespace World
 {
 /// True with AddressSanitizer, which makes the size of the process meaningless.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELKA_SANITIZE
 constexpr bool KeepsFreedMemory = true;
 #else
 constexpr bool KeepsFreedMemory = false;

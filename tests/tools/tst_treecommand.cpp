@@ -37,7 +37,7 @@ private Q_SLOTS:
 
 namespace
 {
-#ifdef __SANITIZE_ADDRESS__ // which takes many times as much memory
+#ifdef VELKA_SANITIZE // which takes many times as much memory
 constexpr int NamesOfDeepPath = 20000;
 #else
 constexpr int NamesOfDeepPath = 200000;
