@@ -183,6 +183,8 @@ void VocabularyTest::unusable_data()
                            << QByteArray("\"depth\" must be a number");
     QTest::newRow("keys") << QByteArray(R"({"types": {"a": {}}, "ignored_keys": "x"})")
                           << QByteArray("\"ignored_keys\" must be an array");
+    QTest::newRow("page") << QByteArray(R"({"types": {"a": {"opens_page": "yes"}}})")
+                          << QByteArray("\"opens_page\" must be true or false");
     QTest::newRow("param") << QByteArray(R"({"types": {"a": {"params": {"p": {"type": "integer"}}}}})")
                            << QByteArray("\"p\" in the \"params\" of \"a\" needs a \"type\": array, boolean");
 }
