@@ -4,11 +4,11 @@
 # velka_settings_install_entries(FILES file... [CATALOG name TRANSLATIONS file.ts...]
 #                                [PAGES file... [PAGES_DESTINATION directory]])
 #
-# Files can be patterns. Installs the registration files FILES under names with a hash of their content, so that running programs follow an
-# upgrade. Compiles the TRANSLATIONS, named NAME-LANG.ts or LANG.ts, into the catalog NAME-LANG.qm. The engineering
-# English, NAME_eng_en.qm, comes from NAME_eng_en.ts or, without that, from the registration files. Installs the PAGES
-# into PAGES_DESTINATION, by default /usr/share/<name of the project>. Adds a test that checks the files strictly and,
-# if the preview is installed, one that opens every page.
+# Files can be patterns. Installs the registration files FILES under names with a hash of their content, so that running
+# programs follow an upgrade. Compiles the TRANSLATIONS, named NAME-LANG.ts or LANG.ts, into the catalog NAME-LANG.qm.
+# The engineering English, NAME_eng_en.qm, comes from NAME_eng_en.ts or, without that, from the registration files.
+# Installs the PAGES into PAGES_DESTINATION, by default /usr/share/<name of the project>. Adds a test that checks the
+# files strictly and, if the preview is installed, one that opens every page.
 function(velka_settings_install_entries)
     cmake_parse_arguments(PARSE_ARGV 0 arg "" "CATALOG;PAGES_DESTINATION" "FILES;TRANSLATIONS;PAGES")
     _velka_settings_check_arguments()

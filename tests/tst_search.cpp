@@ -27,6 +27,7 @@ private Q_SLOTS:
     void strictStopsAtAllWords_data();
     void strictStopsAtAllWords();
     void readsTheCatalogsOfTheFile();
+    void splitsTranslatedKeywords();
     void restrictsTheResults();
     void describesAResult();
     void highlights_data();
@@ -202,6 +203,20 @@ void SearchTest::readsTheCatalogsOfTheFile()
     SettingsSearch search;
     search.finish();
     QCOMPARE(search.resultAt(text("t/title")).title, text("Molemmat"));
+}
+
+void SearchTest::splitsTranslatedKeywords()
+{
+    QLocale::setDefault(QLocale(text("fi_FI")));
+    Catalogs::install("extra-fi", "extra-fi");
+    World::writeEntries(text("translated.json"), R"({"translation_catalog": "extra", "entries": [
+        {"path": "t/keywords", "title": "Other", "keywords": ["unused"], "keywords_id": "test-keywords"}]})");
+    World::rescan(PluginRegistry::instance());
+    SettingsSearch search;
+    search.finish();
+    const SearchResult result = search.resultAt(text("t/keywords"));
+    QCOMPARE(SettingsSearch::highlightsOf(result, text("hilj")).matched, text("hyvin hiljainen"));
+    QCOMPARE(SettingsSearch::highlightsOf(result, text("kova")).matched, text("kova"));
 }
 
 void SearchTest::restrictsTheResults()

@@ -157,6 +157,9 @@ int main(int argc, char *argv[])
                                                          parser.value(s_vocabulary), &problem)
                                                                                 : std::nullopt;
     QVariantMap properties = topPage(vocabulary);
+    if (vocabulary) {
+        properties.insert(QStringLiteral("pageTypes"), vocabulary->pageTypes());
+    }
     properties.insert(QStringLiteral("wide"), parser.isSet(s_wide));
     properties.insert(QStringLiteral("animated"), !quits);
     engine.setInitialProperties(properties);

@@ -57,7 +57,8 @@ bool PreviewTour::openItem(const TreeItem *item)
 {
     const QStringList path = item->location();
     const bool isApplication = path.constFirst() == QLatin1String("applications");
-    const bool isPage = item->count() == 0 && item->type() == QLatin1String("page") && !isApplication;
+    const bool isPage = item->count() == 0 && !isApplication
+                        && m_window->property("pageTypes").toStringList().contains(item->type());
     const bool isLoaded = isPage && !PageFiles::sourceOf(item).isEmpty(); // by the window
     const QString missing = m_pages.missing(item);
     const QString error = missing.isEmpty() && !isLoaded ? m_pages.load(item, qmlEngine(m_window)) : missing;

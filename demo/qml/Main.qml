@@ -17,6 +17,7 @@ Kirigami.ApplicationWindow {
     /// The path and the depth of the model of the top page.
     property string topPath: "system_settings"
     property int topDepth: 2
+    property alias pageTypes: navigation.pageTypes
     readonly property string applicationsPath: "applications"
 
     /// The name on the session bus under which other programs open addresses.
@@ -99,7 +100,7 @@ Kirigami.ApplicationWindow {
     /// Shows an entry in the column next to the given one: its page, or the details of an entry that has none.
     function openEntry(path, column) {
         shown.path = path
-        if (!navigation.pageTypes.includes(shown.type)) {
+        if (!pageTypes.includes(shown.type)) {
             openDetails(path, column)
         } else {
             const page = pageStack.get(column)

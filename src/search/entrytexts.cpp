@@ -54,7 +54,12 @@ QString textOf(const QJsonObject &entry, const char *key)
 
 QStringList listOf(const QString &text)
 {
-    return text.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    QStringList keywords = text.split(QLatin1Char(';'));
+    for (QString &keyword : keywords) {
+        keyword = keyword.trimmed();
+    }
+    keywords.removeAll(QString());
+    return keywords;
 }
 
 QStringList stringsOf(const QJsonValue &value)

@@ -3,6 +3,7 @@
 
 #include <favoritesblacklist.h>
 #include <pluginregistry.h>
+#include <search/settingssearch.h>
 #include <treeitem.h>
 
 #include <QCoreApplication>
@@ -44,7 +45,7 @@ QSet<QByteArray> mappedLibraries()
 }
 }
 
-/// Links the library, imports the QML module, and checks that both have the same registry.
+/// Links the libraries, imports the QML module, and checks that all have the same registry.
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
@@ -52,6 +53,10 @@ int main(int argc, char *argv[])
     PluginRegistry *registry = PluginRegistry::instance();
     TreeItem *volume = registry->getItem({QStringLiteral("sound"), QStringLiteral("volume")});
     check(volume && volume->title() == QLatin1String("Volume"), "the entry is there");
+
+    SettingsSearch search;
+    search.finish();
+    check(search.find({QStringLiteral("vol")}).value(0).item == volume, "the search finds the entry");
 
     QQmlEngine engine;
     engine.addImportPath(app.arguments().value(1));

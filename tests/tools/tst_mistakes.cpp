@@ -24,6 +24,7 @@ class MistakesTest : public QObject
 private Q_SLOTS:
     void init();
     void packageIsGood();
+    void packageIsGoodForTheHost();
     void thereAreMany();
     void finds_data();
     void finds();
@@ -31,6 +32,7 @@ private Q_SLOTS:
 private:
     QString entriesFile(const QString &name) const;
     QString catalog(const QString &name) const;
+    void installVocabulary() const;
     std::vector<FileFindings> check() const;
     /// Plants the mistake that @p row describes. Returns the path and the line where it is.
     QPair<QString, int> plant(const QJsonObject &row) const;
@@ -120,6 +122,12 @@ void MistakesTest::packageIsGood()
     QCOMPARE(int(check().size()), 4);
 }
 
+void MistakesTest::packageIsGoodForTheHost()
+{
+    installVocabulary();
+    QCOMPARE(described(check()), QStringList());
+}
+
 void MistakesTest::thereAreMany()
 {
     QVERIFY(mistakes().size() >= 150);
@@ -156,6 +164,12 @@ QString MistakesTest::catalog(const QString &name) const
     return m_root->filePath(text("usr/share/translations/") + name);
 }
 
+void MistakesTest::installVocabulary() const
+{
+    QVERIFY(QFile::copy(s_source + text("/vocabulary.json"),
+                        m_root->filePath(text("usr/share/velka-settings/vocabulary.json"))));
+}
+
 std::vector<FileFindings> MistakesTest::check() const
 {
     return Checker(QString(), [](int, int) {}).check(QStringList(m_root->path()));
@@ -178,6 +192,9 @@ QPair<QString, int> MistakesTest::plant(const QJsonObject &row) const
     if (row.contains(text("mkdir"))) {
         path = entriesFile(row.value(text("mkdir")).toString());
         QDir().mkdir(path);
+    }
+    if (row.value(text("host")).toBool()) {
+        installVocabulary();
     }
     const QString replacement = row.value(text("catalog")).toString();
     if (!replacement.isEmpty()) {

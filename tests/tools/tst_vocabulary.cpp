@@ -62,14 +62,16 @@ const char s_entries[] = R"({"entries": [
 {"path": "system_settings/b", "title": "B", "type": "rainbow"},
 {"path": "system_settings/b/c", "title": "C", "type": "page", "params": {"source": "/c.qml"}},
 {"path": "system_settings/b/c/d", "title": "D"},
-{"path": "elsewhere", "title": "E"}
+{"path": "elsewhere", "title": "E"},
+{"path": "elsewhere/f", "title": "F"}
 ]})";
 const char s_expected[] = R"(f.json:3:63: note: the host ignores "controlIcon" [host-key]
 f.json:3:101: warning: the host reads "max" as a value of the type number, not the string "1" [host-param]
 f.json:3:106: warning: the host reads no "min" in "params" of the type "slider" [host-param]
 f.json:4:53: warning: the host does not show entries of the type "rainbow", only of page, section, slider [host-type]
 f.json:6:10: warning: the host shows only 2 levels below "system_settings", this is level 3 [host-depth]
-f.json:7:10: warning: the host shows only entries below "system_settings" [host-place])";
+f.json:7:10: warning: the host shows only entries below "system_settings" [host-place]
+f.json:8:10: warning: the host shows only entries below "system_settings" [host-place])";
 
 /// Returns the findings in @p output that depend on the host.
 QStringList findingsIn(const QByteArray &output)
@@ -181,6 +183,8 @@ void VocabularyTest::unusable_data()
                            << QByteArray("\"depth\" must be a number");
     QTest::newRow("keys") << QByteArray(R"({"types": {"a": {}}, "ignored_keys": "x"})")
                           << QByteArray("\"ignored_keys\" must be an array");
+    QTest::newRow("page") << QByteArray(R"({"types": {"a": {"opens_page": "yes"}}})")
+                          << QByteArray("\"opens_page\" must be true or false");
     QTest::newRow("param") << QByteArray(R"({"types": {"a": {"params": {"p": {"type": "integer"}}}}})")
                            << QByteArray("\"p\" in the \"params\" of \"a\" needs a \"type\": array, boolean");
 }

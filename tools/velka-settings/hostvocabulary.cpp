@@ -11,6 +11,7 @@
 
 namespace
 {
+const QString s_opensPage = QStringLiteral("opens_page");
 const QString s_params = QStringLiteral("params");
 const QString s_types = QStringLiteral("types");
 
@@ -63,19 +64,26 @@ QStringList HostVocabulary::types() const
     return m_object.value(s_types).toObject().keys();
 }
 
+QStringList HostVocabulary::pageTypes() const
+{
+    QStringList pages{QStringLiteral("page"), QStringLiteral("section")};
+    const QStringList names = types();
+    for (const QString &type : names) {
+        if (valueOf(type).value(s_opensPage).toBool()) {
+            pages.append(type);
+        }
+    }
+    return pages;
+}
+
 QString HostVocabulary::descriptionOf(const QString &type) const
 {
-    return m_object.value(s_types)
-        .toObject()
-        .value(type)
-        .toObject()
-        .value(QLatin1String("description"))
-        .toString();
+    return valueOf(type).value(QLatin1String("description")).toString();
 }
 
 QJsonObject HostVocabulary::paramsOf(const QString &type) const
 {
-    return m_object.value(s_types).toObject().value(type).toObject().value(s_params).toObject();
+    return valueOf(type).value(s_params).toObject();
 }
 
 QStringList HostVocabulary::root() const
@@ -91,6 +99,11 @@ int HostVocabulary::depth() const
 QStringList HostVocabulary::ignoredKeys() const
 {
     return m_object.value(QLatin1String("ignored_keys")).toVariant().toStringList();
+}
+
+QJsonObject HostVocabulary::valueOf(const QString &type) const
+{
+    return m_object.value(s_types).toObject().value(type).toObject();
 }
 
 /// Returns what is wrong with @p json, if anything.
@@ -124,6 +137,8 @@ QString HostVocabulary::problem() const
     QString problem;
     const QStringList names = types();
     for (const QString &type : names) {
+        problem = problem.isEmpty() ? problemOfType(valueOf(type), s_opensPage, QJsonValue::Bool, "true or false")
+                                    : problem;
         problem = problem.isEmpty() ? problemOfParams(type, paramsOf(type)) : problem;
     }
     return problem;

@@ -18,6 +18,7 @@ public:
     static std::optional<HostVocabulary> read(const QString &path, QString *problem);
 
     QStringList types() const; ///< those that the host shows
+    QStringList pageTypes() const; ///< those that open a page, with the library's, which always do
     QString descriptionOf(const QString &type) const;
     /// Returns the schemas of the params of @p type, by name. Each has the key "type".
     QJsonObject paramsOf(const QString &type) const;
@@ -27,6 +28,7 @@ public:
     QStringList ignoredKeys() const; ///< of entries
 
 private:
+    QJsonObject valueOf(const QString &type) const;
     QString parse(const QByteArray &json);
     QString problem() const;
 

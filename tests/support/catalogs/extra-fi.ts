@@ -13,5 +13,9 @@
         <source>Extra</source>
         <translation>Muu</translation>
     </message>
+    <message id="test-keywords">
+        <source>loud; very quiet;</source>
+        <translation>kova; hyvin hiljainen;</translation>
+    </message>
 </context>
 </TS>

@@ -174,9 +174,22 @@ void DirectoryRules::report(const Declared &declaration, Tag tag, const QString 
 
 void DirectoryRules::reportPath(const Declared &declaration, Tag tag, const QString &text)
 {
-    if (!m_misspelt.contains({declaration.file, declaration.written->offset})) {
-        report(declaration, tag, text);
+    if (m_misspelt.contains({declaration.file, declaration.written->offset})) {
+        return;
     }
+    if (tag != Tag::UndeclaredParent) {
+        withdrawHostPlace(declaration);
+    }
+    report(declaration, tag, text);
+}
+
+void DirectoryRules::withdrawHostPlace(const Declared &declaration)
+{
+    QVector<Finding> &findings = (*m_findings)[std::size_t(declaration.file)].findings;
+    const auto isWithdrawn = [&declaration](const Finding &finding) {
+        return finding.tag == Tag::HostPlace && finding.offset == declaration.written->offset;
+    };
+    findings.erase(std::remove_if(findings.begin(), findings.end(), isWithdrawn), findings.end());
 }
 
 void DirectoryRules::reportConflict(const Declared &earlier, const Declared &later, Tag tag,

@@ -32,6 +32,8 @@ private:
     QString spellingOf(int node) const;
     /// Reports that the path of @p declaration may be misspelt, unless another rule has.
     void reportPath(const Declared &declaration, Tag tag, const QString &text);
+    /// Removes the finding that the host does not show the path of @p declaration, for one with a better path.
+    void withdrawHostPlace(const Declared &declaration);
     void report(const Declared &declaration, Tag tag, const QString &text);
     /// Reports a conflict of two declarations at the earlier one, unless that is installed.
     void reportConflict(const Declared &earlier, const Declared &later, Tag tag, const QString &aboutEarlier,

@@ -13,7 +13,7 @@ namespace
 {
 using namespace Check;
 
-/// Returns the text that @p value has, or the texts of a list.
+/// Returns the text that @p value has, or the texts of a list as a search splits them.
 QString textOf(const QJsonValue &value)
 {
     QStringList texts;
@@ -21,7 +21,7 @@ QString textOf(const QJsonValue &value)
     for (const QJsonValue &element : array) {
         texts.append(element.toString());
     }
-    return value.isArray() ? texts.join(QStringLiteral(", ")) : value.toString();
+    return value.isArray() ? texts.join(QStringLiteral("; ")) : value.toString();
 }
 
 void collect(const Entry &entry, PlaceFinder *places, QVector<IdentifiedText> *texts)
