@@ -34,6 +34,8 @@ Connect connectTo(Signal signal)
     };
 }
 
+using Edit = std::function<void(ListSource *)>;
+
 QStringList steps(const char *steps)
 {
     return text(steps).split(text(", "), Qt::SkipEmptyParts);
@@ -41,6 +43,7 @@ QStringList steps(const char *steps)
 }
 
 Q_DECLARE_METATYPE(Connect)
+Q_DECLARE_METATYPE(Edit)
 
 class StableListModelTest : public QObject
 {
@@ -61,6 +64,8 @@ private Q_SLOTS:
     void keysOfObjects();
     void nodesWithOtherData();
     void handlerMayChangeTheSource();
+    void earlierHandlerMayChangeTheSource_data();
+    void earlierHandlerMayChangeTheSource();
     void handlerMayDeleteTheModel_data();
     void handlerMayDeleteTheModel();
 };
@@ -299,6 +304,48 @@ void StableListModelTest::handlerMayChangeTheSource()
     other.insert(1, {text("b")});
     other.insert(2, {text("c")});
     QVERIFY(late.isConsistent());
+}
+
+void StableListModelTest::earlierHandlerMayChangeTheSource_data()
+{
+    QTest::addColumn<Edit>("edit");
+    QTest::newRow("clear") << Edit([](ListSource *source) {
+        while (source->rowCount() > 0) {
+            source->remove(0);
+        }
+    });
+    QTest::newRow("reset to fewer") << Edit([](ListSource *source) { source->reset(ListSource::rows("c")); });
+    QTest::newRow("insert above") << Edit([](ListSource *source) { source->insert(0, {text("x")}); });
+    QTest::newRow("remove and insert") << Edit([](ListSource *source) {
+        source->remove(0);
+        source->insert(2, {text("x")});
+    });
+    QTest::newRow("insert above and change") << Edit([](ListSource *source) {
+        source->insert(0, {text("x")});
+        source->change(1, {text("a"), 7});
+    });
+    QTest::newRow("move") << Edit([](ListSource *source) { source->move(2, 0); });
+}
+
+/// The rows that dataChanged names are others when it arrives at the model.
+void StableListModelTest::earlierHandlerMayChangeTheSource()
+{
+    QFETCH(Edit, edit);
+    ListSource source;
+    source.reset(ListSource::rows("abc"));
+    bool isFirst = true;
+    connect(&source, &QAbstractItemModel::dataChanged, this, [&] {
+        if (std::exchange(isFirst, false)) {
+            edit(&source);
+        }
+    });
+    StableList model(&source);
+    source.change(2, {text("c"), 5});
+    QVERIFY(!isFirst);
+    QVERIFY(model.isConsistent());
+    source.insert(0, {text("y")});
+    source.change(0, {text("y"), 6});
+    QVERIFY(model.isConsistent());
 }
 
 void StableListModelTest::handlerMayDeleteTheModel_data()

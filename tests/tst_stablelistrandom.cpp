@@ -138,6 +138,10 @@ void StableListRandomTest::handlers()
     const QObject early;
     connect(&source, &QAbstractItemModel::rowsInserted, &early, handler);
     connect(&source, &QAbstractItemModel::rowsRemoved, &early, handler);
+    connect(&source, &QAbstractItemModel::rowsMoved, &early, handler);
+    connect(&source, &QAbstractItemModel::dataChanged, &early, handler);
+    connect(&source, &QAbstractItemModel::layoutChanged, &early, handler);
+    connect(&source, &QAbstractItemModel::modelReset, &early, handler);
     StableList model(&source);
     connect(model.operator->(), &QAbstractItemModel::rowsInserted, &early, handler);
     connect(model.operator->(), &QAbstractItemModel::rowsAboutToBeRemoved, &early, handler);
