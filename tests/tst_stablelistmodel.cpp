@@ -59,6 +59,7 @@ private Q_SLOTS:
     void forwardsSingleChanges();
     void otherRolesAreAReset();
     void otherSources();
+    void otherSourceWhileTheOldOneEnds();
     void ownSourceIsRefused();
     void objectsThatDie();
     void keysOfObjects();
@@ -203,6 +204,25 @@ void StableListModelTest::otherSources()
     QCOMPARE(model->count(), 0);
     QCOMPARE(model->sourceModel(), nullptr);
     QCOMPARE(sources.count(), 4);
+    QVERIFY(model.isConsistent());
+}
+
+void StableListModelTest::otherSourceWhileTheOldOneEnds()
+{
+    auto first = std::make_unique<ListSource>();
+    ListSource second;
+    first->reset(ListSource::rows("ab"));
+    second.reset(ListSource::rows("bc"));
+    StableListModel *next = nullptr;
+    connect(first.get(), &QObject::destroyed, this, [&] { next->setSourceModel(&second); });
+    StableList model(first.get());
+    next = model.operator->();
+    const QSignalSpy sources(next, &StableListModel::sourceModelChanged);
+    first.reset();
+    QCOMPARE(model->sourceModel(), &second);
+    QCOMPARE(sources.count(), 1);
+    QCOMPARE(model.takeSignals(), steps("modelReset, sourceModelChanged"));
+    second.insert(0, {text("x")});
     QVERIFY(model.isConsistent());
 }
 

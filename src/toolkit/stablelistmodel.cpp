@@ -48,6 +48,7 @@ void StableListModel::setSourceModel(QAbstractItemModel *source)
     if (m_source) {
         m_source->disconnect(this);
     }
+    disconnect(m_sourceDestroyed); // an earlier handler of it may be running
     follow(source);
     m_isOtherList = true;
     const QPointer<StableListModel> self(this);
@@ -105,7 +106,7 @@ void StableListModel::follow(QAbstractItemModel *source)
     connect(source, &QAbstractItemModel::rowsMoved, this, &StableListModel::synchronize);
     connect(source, &QAbstractItemModel::layoutChanged, this, &StableListModel::synchronize);
     connect(source, &QAbstractItemModel::modelReset, this, &StableListModel::synchronize);
-    connect(source, &QObject::destroyed, this, &StableListModel::sourceDestroyed);
+    m_sourceDestroyed = connect(source, &QObject::destroyed, this, &StableListModel::sourceDestroyed);
 }
 
 void StableListModel::sourceDestroyed()

@@ -64,6 +64,7 @@ private:
     QStringList sourceKeys() const;
 
     QPointer<QAbstractItemModel> m_source;
+    QMetaObject::Connection m_sourceDestroyed;
     QString m_keyRole;
     ListRoles m_roles;
     RowChanges m_changes;
