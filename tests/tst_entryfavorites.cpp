@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "common/messages.h"
+#include "messagelog.h"
 #include "text.h"
 #include "watchedentry.h"
 #include "world.h"
@@ -38,6 +40,7 @@ private Q_SLOTS:
     void handlerOfThePathMayEditTheList();
     void followsOtherEntries();
     void comparesWithTheStoredList();
+    void refusesWhatCannotBeStored();
     void withoutAPathIsRefused();
 };
 
@@ -173,6 +176,26 @@ void EntryFavoritesTest::comparesWithTheStoredList()
     QTRY_VERIFY(first.isAsAnnounced() && second.isAsAnnounced());
     QCOMPARE(stored(s_key), names("x a"));
     QVERIFY(first.favorite() && second.favorite());
+}
+
+void EntryFavoritesTest::refusesWhatCannotBeStored()
+{
+    const QStringList paths{text("a"), QString(15 * 1024 * 1024, QLatin1Char('x'))};
+    MGConfItem(s_key).set(paths);
+    WatchedEntry entry;
+    entry.setUserModifiedKey(s_flag);
+    entry.setPath(QString(2 * 1024 * 1024, QLatin1Char('y')));
+    const MessageLog log;
+    entry.setFavorite(true);
+    QCOMPARE(log.take(), QStringList(settingsWarning(Messages::TooManyFavorites, s_key)));
+    QVERIFY(stored(s_key) == paths);
+    QVERIFY(!entry.favorite());
+    QCOMPARE(MGConfItem(s_flag).value(), QVariant());
+    entry.setPath(text("a"));
+    entry.setFavorite(false);
+    QVERIFY(stored(s_key) == paths.mid(1));
+    QCOMPARE(MGConfItem(s_flag).value(), QVariant(true));
+    QCOMPARE(log.take(), QStringList());
 }
 
 void EntryFavoritesTest::withoutAPathIsRefused()
