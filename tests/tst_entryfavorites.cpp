@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "common/messages.h"
+#include "messagelog.h"
 #include "text.h"
 #include "watchedentry.h"
 #include "world.h"
@@ -34,7 +36,11 @@ private Q_SLOTS:
     void editsTheList();
     void setsTheFlag();
     void ofAnotherKey();
+    void isRightBeforeThePathIsAnnounced();
+    void handlerOfThePathMayEditTheList();
     void followsOtherEntries();
+    void comparesWithTheStoredList();
+    void refusesWhatCannotBeStored();
     void withoutAPathIsRefused();
 };
 
@@ -109,6 +115,38 @@ void EntryFavoritesTest::ofAnotherKey()
     QVERIFY(entry.isAsAnnounced());
 }
 
+void EntryFavoritesTest::isRightBeforeThePathIsAnnounced()
+{
+    MGConfItem(s_key).set(names("b"));
+    WatchedEntry entry("a");
+    QVector<bool> values;
+    const auto note = [&] { values.append(entry.favorite()); };
+    connect(&entry, &SettingsEntry::pathChanged, this, note);
+    connect(&entry, &SettingsEntry::favoriteChanged, this, note);
+    connect(&entry, &SettingsEntry::favoritesKeyChanged, this, note);
+    entry.setPath(text("b"));
+    QCOMPARE(values, (QVector<bool>{true, true}));
+    entry.setPath(text("c"));
+    QCOMPARE(values, (QVector<bool>{true, true, false, false}));
+    entry.setPath(text("b"));
+    entry.setFavoritesKey({});
+    QCOMPARE(values.mid(6), (QVector<bool>{false, false}));
+    QVERIFY(entry.isAsAnnounced());
+}
+
+void EntryFavoritesTest::handlerOfThePathMayEditTheList()
+{
+    MGConfItem(s_key).set(names("b"));
+    WatchedEntry entry("a");
+    connect(&entry, &SettingsEntry::pathChanged, this, [&entry] { entry.setFavorite(true); });
+    entry.setPath(text("b"));
+    QCOMPARE(stored(s_key), names("b"));
+    entry.setPath(text("c"));
+    QCOMPARE(stored(s_key), names("b c"));
+    QCOMPARE(entry.takeChanges().count(text("favorite")), 1);
+    QVERIFY(entry.isAsAnnounced());
+}
+
 void EntryFavoritesTest::followsOtherEntries()
 {
     WatchedEntry first("a");
@@ -124,6 +162,40 @@ void EntryFavoritesTest::followsOtherEntries()
     first.setFavorite(false);
     QVERIFY(!third);
     QTRY_COMPARE(second.favorite(), false);
+}
+
+void EntryFavoritesTest::comparesWithTheStoredList()
+{
+    MGConfItem(s_key).set(names("x"));
+    WatchedEntry first("a");
+    WatchedEntry second("a");
+    // One of them is notified before the other.
+    connect(&first, &SettingsEntry::favoriteChanged, this, [&] { second.setFavorite(true); });
+    connect(&second, &SettingsEntry::favoriteChanged, this, [&] { first.setFavorite(true); });
+    first.setFavorite(true);
+    QTRY_VERIFY(first.isAsAnnounced() && second.isAsAnnounced());
+    QCOMPARE(stored(s_key), names("x a"));
+    QVERIFY(first.favorite() && second.favorite());
+}
+
+void EntryFavoritesTest::refusesWhatCannotBeStored()
+{
+    const QStringList paths{text("a"), QString(15 * 1024 * 1024, QLatin1Char('x'))};
+    MGConfItem(s_key).set(paths);
+    WatchedEntry entry;
+    entry.setUserModifiedKey(s_flag);
+    entry.setPath(QString(2 * 1024 * 1024, QLatin1Char('y')));
+    const MessageLog log;
+    entry.setFavorite(true);
+    QCOMPARE(log.take(), QStringList(settingsWarning(Messages::TooManyFavorites, s_key)));
+    QVERIFY(stored(s_key) == paths);
+    QVERIFY(!entry.favorite());
+    QCOMPARE(MGConfItem(s_flag).value(), QVariant());
+    entry.setPath(text("a"));
+    entry.setFavorite(false);
+    QVERIFY(stored(s_key) == paths.mid(1));
+    QCOMPARE(MGConfItem(s_flag).value(), QVariant(true));
+    QCOMPARE(log.take(), QStringList());
 }
 
 void EntryFavoritesTest::withoutAPathIsRefused()

@@ -50,12 +50,16 @@ bool FavoritesList::contains(const QString &path) const
 
 void FavoritesList::setFavorite(const QString &path, bool isFavorite, const QString &userModifiedKey)
 {
+    const StoredFavorites::Edit edit = [&](const QStringList &paths) {
+        return isFavorite ? PathList::appended(paths, path) : PathList::removedAll(paths, path);
+    };
+    if (!m_stored.accepts(edit)) {
+        return;
+    }
     if (!userModifiedKey.isEmpty()) {
         MGConfItem(userModifiedKey).set(true);
     }
-    m_stored.apply([&](const QStringList &paths) {
-        return isFavorite ? PathList::appended(paths, path) : PathList::removedAll(paths, path);
-    });
+    m_stored.apply(edit);
 }
 
 void FavoritesList::notifyEntries()

@@ -21,7 +21,7 @@ public:
     bool contains(const QString &path) const;
     /**
      * Appends @p path to the stored list, or removes each one from it, after setting the flag in the dconf key
-     * @p userModifiedKey, unless that is empty.
+     * @p userModifiedKey, unless that is empty. Does neither, with a warning, if the list refuses the edit.
      */
     void setFavorite(const QString &path, bool isFavorite, const QString &userModifiedKey);
 

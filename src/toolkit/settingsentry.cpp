@@ -161,12 +161,12 @@ int SettingsEntry::childCount() const
 
 bool SettingsEntry::favorite() const
 {
-    return m_isFavorite;
+    return m_favorites && m_favorites->contains(normalizedPath());
 }
 
 void SettingsEntry::setFavorite(bool favorite)
 {
-    if (favorite == m_isFavorite || !m_favorites) {
+    if (!m_favorites || favorite == this->favorite()) {
         return;
     }
     const QPointer<SettingsEntry> self(this);
@@ -216,7 +216,7 @@ bool SettingsEntry::isWatching(const WatchedPath *path) const
 
 void SettingsEntry::notify(const EntryChange &change)
 {
-    if (m_announcement) { // which compares with the present state
+    if (m_announcement) { // it compares what it announced with the present state
         m_announcement->isStale = true;
         m_announcement->hasOtherBreadcrumb |= change.hasOtherBreadcrumb;
         return;
@@ -255,8 +255,8 @@ void SettingsEntry::announce(const Property &property, EntryState *announced)
 
 void SettingsEntry::updateFavorite()
 {
-    const bool isFavorite = m_favorites && m_favorites->contains(normalizedPath());
-    if (std::exchange(m_isFavorite, isFavorite) != isFavorite) {
+    const bool isFavorite = favorite();
+    if (std::exchange(m_wasFavorite, isFavorite) != isFavorite) {
         Q_EMIT favoriteChanged();
     }
 }

@@ -122,5 +122,5 @@ private:
     QSharedPointer<FavoritesList> m_favorites; ///< null without a path or a key
     const WatchedPath *m_watched = nullptr; ///< null without a path
     Announcement *m_announcement = nullptr; ///< the running one
-    bool m_isFavorite = false;
+    bool m_wasFavorite = false; ///< what was announced last
 };

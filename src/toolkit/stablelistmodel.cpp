@@ -48,6 +48,7 @@ void StableListModel::setSourceModel(QAbstractItemModel *source)
     if (m_source) {
         m_source->disconnect(this);
     }
+    disconnect(m_sourceDestroyed); // an earlier handler of it may be running
     follow(source);
     m_isOtherList = true;
     const QPointer<StableListModel> self(this);
@@ -105,7 +106,7 @@ void StableListModel::follow(QAbstractItemModel *source)
     connect(source, &QAbstractItemModel::rowsMoved, this, &StableListModel::synchronize);
     connect(source, &QAbstractItemModel::layoutChanged, this, &StableListModel::synchronize);
     connect(source, &QAbstractItemModel::modelReset, this, &StableListModel::synchronize);
-    connect(source, &QObject::destroyed, this, &StableListModel::sourceDestroyed);
+    m_sourceDestroyed = connect(source, &QObject::destroyed, this, &StableListModel::sourceDestroyed);
 }
 
 void StableListModel::sourceDestroyed()
@@ -145,6 +146,7 @@ void StableListModel::synchronize()
 void StableListModel::reset()
 {
     m_isOtherList = false;
+    m_hasOtherRowNumbers = false;
     const ListRoles roles = sourceRoles();
     const Rows rows = readRows(0, sourceCount() - 1, roles);
     beginResetModel();
@@ -156,6 +158,7 @@ void StableListModel::reset()
 /// Reads all from the source before anything is announced: handlers may change it.
 void StableListModel::applyDifference()
 {
+    m_hasOtherRowNumbers = false;
     QStringList before;
     before.reserve(m_rows.size());
     for (const ListRow::Pointer &row : qAsConst(m_rows)) {
@@ -186,6 +189,7 @@ void StableListModel::insertSourceRows(const QModelIndex &parent, int first, int
         synchronize();
         return;
     }
+    m_hasOtherRowNumbers = true;
     change([this, first, last] { insertRange(first, readRows(first, last, m_roles)); });
 }
 
@@ -198,6 +202,7 @@ void StableListModel::removeSourceRows(const QModelIndex &parent, int first, int
         synchronize();
         return;
     }
+    m_hasOtherRowNumbers = true;
     change([this, first, last] { removeRange(first, last); });
 }
 
@@ -206,7 +211,7 @@ void StableListModel::updateSourceRows(const QModelIndex &first, const QModelInd
     if (first.parent().isValid()) {
         return;
     }
-    if (sourceCount() != m_rows.size() || !first.isValid() || !last.isValid()) {
+    if (!areCurrent(first.row(), last.row())) {
         synchronize();
         return;
     }
@@ -215,6 +220,13 @@ void StableListModel::updateSourceRows(const QModelIndex &first, const QModelInd
         std::iota(rows.begin(), rows.end(), begin);
         announceUpdates(updateRows(rows, begin));
     });
+}
+
+/// Returns false if the rows of a change may have got other numbers since: an earlier handler has changed the source.
+bool StableListModel::areCurrent(int first, int last) const
+{
+    return !m_hasOtherRowNumbers && sourceCount() == m_rows.size() && first >= 0 && first <= last
+           && last < m_rows.size();
 }
 
 int StableListModel::sourceCount() const

@@ -57,14 +57,17 @@ private:
     void removeSourceRows(const QModelIndex &parent, int first, int last);
     void updateSourceRows(const QModelIndex &first, const QModelIndex &last);
 
+    bool areCurrent(int first, int last) const;
     int sourceCount() const;
     ListRoles sourceRoles() const;
     Rows readRows(int first, int last, const ListRoles &roles) const;
     QStringList sourceKeys() const;
 
     QPointer<QAbstractItemModel> m_source;
+    QMetaObject::Connection m_sourceDestroyed;
     QString m_keyRole;
     ListRoles m_roles;
     RowChanges m_changes;
     bool m_isOtherList = false; ///< with other keys or roles
+    bool m_hasOtherRowNumbers = false; ///< rows came or went since all were last compared with the source
 };
