@@ -4,7 +4,9 @@
 #include "accessibletree.h"
 #include "appearance.h"
 #include "common/constants.h"
+#include "common/messages.h"
 #include "demowindow.h"
+#include "messagelog.h"
 #include "qmlcall.h"
 #include "text.h"
 #include "windowinput.h"
@@ -18,6 +20,7 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QProcess>
 #include <QQmlEngine>
 #include <QQmlIncubationController>
@@ -79,12 +82,15 @@ private Q_SLOTS:
     void pagesOfARemovedEntryClose();
     void addressShowsARow();
     void otherProgramOpensAnAddress();
+    void unknownAddressChangesNothing_data();
+    void unknownAddressChangesNothing();
     void searchOpensAnEntry();
     void pagesAreRead_data();
     void pagesAreRead();
 
 private:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void openFromOutside(const QString &address);
     bool tabTo(const char *name);
     bool isAtRest() const;
     bool waitForRest();
@@ -299,16 +305,49 @@ void DemoAccessTest::addressShowsARow()
     QCOMPARE(page()->property("title").toString(), text("Do not disturb"));
 }
 
-void DemoAccessTest::otherProgramOpensAnAddress()
+/// Opens an address as another program does.
+void DemoAccessTest::openFromOutside(const QString &address)
 {
     const QString service = text("org.example.Demo");
     m_window->setProperty("service", service);
     QProcess tool;
-    tool.start(text(VELKA_TOOL), {text("open"), text("--service"), service, text("system_settings/look/sounds")});
+    tool.start(text(VELKA_TOOL), {text("open"), text("--service"), service, address});
     QTRY_COMPARE(tool.state(), QProcess::NotRunning);
     QCOMPARE(tool.exitCode(), 0);
+}
+
+void DemoAccessTest::otherProgramOpensAnAddress()
+{
+    openFromOutside(text("system_settings/look/sounds"));
     QVERIFY(waitForRest());
     QCOMPARE(page()->property("title").toString(), text("Sounds and vibration"));
+    QCOMPARE(m_window->property("openPages").toInt(), 2);
+}
+
+void DemoAccessTest::unknownAddressChangesNothing_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("no such entry") << text("system_settings/look/none");
+    QTest::newRow("no such tree") << text("none/look/sounds");
+    QTest::newRow("many names") << text("system_settings/look/sounds") + text("/a").repeated(3000);
+}
+
+void DemoAccessTest::unknownAddressChangesNothing()
+{
+    QFETCH(QString, address);
+    callQml(m_window, "showEntry", path("system_settings/look/sounds/do_not_disturb"), false);
+    QVERIFY(waitForRest());
+    const QPointer<QQuickItem> shown = page();
+    const auto *const list = shown->property("flickable").value<QQuickItem *>();
+    const QVariant row = list->property("currentIndex");
+    const MessageLog log;
+    openFromOutside(address);
+    QStringList messages;
+    QTRY_VERIFY(!(messages += MessageLog::take()).isEmpty());
+    QCOMPARE(messages, QStringList{settingsWarning(Messages::NoPage, address.left(100))});
+    QCOMPARE(page(), shown.data());
+    QCOMPARE(list->property("currentIndex"), row);
+    QCOMPARE(m_window->property("openPages").toInt(), 2);
 }
 
 void DemoAccessTest::searchOpensAnEntry()

@@ -54,6 +54,7 @@ struct Fixture {
     {
         entry.setPath(s_entryPath);
         action.setEntry(&entry);
+        QObject::connect(&action, &EntryAction::entryChanged, &action, [this] { changes.append(text("entry")); });
         QObject::connect(&action, &EntryAction::stateChanged, &action, [this] { changes.append(text("state")); });
         QObject::connect(&action, &EntryAction::errorChanged, &action, [this] { changes.append(text("error")); });
         QObject::connect(&action, &EntryAction::requiredPackageChanged, &action,
@@ -96,6 +97,9 @@ private Q_SLOTS:
     void deletedEntryDoesNotStopTheCall();
     void anotherEntryBeginsAgain_data();
     void anotherEntryBeginsAgain();
+    void otherEntryIsRunAtOnce();
+    void otherPathIsRunAtOnce();
+    void handlersMayRunItAgain();
     void deletedWhileRunning();
     void deletedByItsHandlers();
     void withoutBus();
@@ -365,6 +369,73 @@ void EntryActionTest::anotherEntryBeginsAgain()
     QCOMPARE(fixture.action.state(), EntryAction::Idle);
     fixture.action.run();
     QCOMPARE(fixture.action.state(), EntryAction::Failed);
+}
+
+/// The action of the entry before may still be running.
+void EntryActionTest::otherEntryIsRunAtOnce()
+{
+    Target target;
+    Fixture fixture;
+    SettingsEntry other;
+    other.setPath(s_entryPath);
+    connect(&fixture.action, &EntryAction::entryChanged, &fixture.action, &EntryAction::run);
+    fixture.action.run();
+    fixture.action.setEntry(&other);
+    QCOMPARE(fixture.action.state(), EntryAction::Running);
+    QVERIFY(fixture.becomes(EntryAction::Succeeded));
+    settle();
+    QCOMPARE(target.calls().size(), 2);
+    QCOMPARE(fixture.changes, path("state/entry/state"));
+    fixture.action.setEntry(nullptr);
+    QCOMPARE(fixture.action.state(), EntryAction::Failed);
+    QCOMPARE(fixture.action.errorString(), text("There is no entry"));
+    QCOMPARE(fixture.changes, path("state/entry/state/entry/error/state"));
+}
+
+/// The handler is called before the action follows the path.
+void EntryActionTest::otherPathIsRunAtOnce()
+{
+    Target target;
+    SettingsEntry entry;
+    EntryAction action;
+    connect(&entry, &SettingsEntry::pathChanged, &action, &EntryAction::run);
+    action.setEntry(&entry);
+    for (const char *path : {"page", "page/action", "/page/action"}) {
+        entry.setPath(text(path));
+    }
+    QCOMPARE(action.state(), EntryAction::Running);
+    QTRY_COMPARE(action.state(), EntryAction::Succeeded);
+    settle();
+    QCOMPARE(target.calls().size(), 2);
+    entry.setPath(text("page"));
+    QCOMPARE(action.errorString(), text("The entry is not an action"));
+}
+
+/// Each signal is emitted only if its value differs from the one that was announced last.
+void EntryActionTest::handlersMayRunItAgain()
+{
+    install(actionOf(s_missing));
+    const auto changesWithRetryIn = [](void (EntryAction::*signal)()) {
+        Fixture fixture;
+        EntryAction &action = fixture.action;
+        QStringList changes;
+        int failures = 0;
+        connect(&action, &EntryAction::stateChanged,
+                [&] { changes.append(text("state %1").arg(action.state())); });
+        connect(&action, &EntryAction::errorChanged,
+                [&] { changes.append(text("error ") + action.errorName().section(QLatin1Char('.'), -1)); });
+        connect(&action, signal, [&] {
+            if (action.state() == EntryAction::Failed && ++failures == 1) {
+                action.run();
+            }
+        });
+        action.run();
+        return QTest::qWaitFor([&] { return failures == 2; }) ? changes.join(text(", ")) : QString();
+    };
+    QCOMPARE(changesWithRetryIn(&EntryAction::stateChanged),
+             text("state 1, error ServiceUnknown, state 3, error , state 1, error ServiceUnknown, state 3"));
+    QCOMPARE(changesWithRetryIn(&EntryAction::errorChanged),
+             text("state 1, error ServiceUnknown, error , error ServiceUnknown, state 3"));
 }
 
 void EntryActionTest::deletedWhileRunning()

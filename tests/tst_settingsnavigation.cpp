@@ -169,6 +169,7 @@ void SettingsNavigationTest::refusesWhatHasNoPage_data()
     QTest::newRow("no page above it") << text("flashlight");
     QTest::newRow("URL") << text("velka-settings:/top/sound");
     QTest::newRow("parent directory") << text("top/../top/sound");
+    QTest::newRow("many names") << text("top") + text("/a").repeated(10000);
 }
 
 void SettingsNavigationTest::refusesWhatHasNoPage()
@@ -178,7 +179,7 @@ void SettingsNavigationTest::refusesWhatHasNoPage()
     const MessageLog log;
     QVERIFY(!navigation.open(path));
     QVERIFY(!navigation.openFrom(text("top"), path));
-    const QString warning = settingsWarning(Messages::NoPage, path);
+    const QString warning = settingsWarning(Messages::NoPage, path.left(100));
     QCOMPARE(MessageLog::take(), QStringList({warning, warning}));
     QCOMPARE(navigation.takeChanges(), QStringList());
     QVERIFY(navigation.isAsAnnounced());

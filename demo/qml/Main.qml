@@ -144,8 +144,11 @@ Kirigami.ApplicationWindow {
     }
 
     /// Shows the entry of these names with the pages above it, as if the user had opened them. Categories have no page of
-    /// their own there.
+    /// their own there. Of an entry that does not exist, the navigation only warns.
     function showEntry(names, details) {
+        if (!navigation.open(names.join("/"))) {
+            return
+        }
         pageStack.pop(topPage)
         topPage.flickable.positionViewAtBeginning()
         navigation.open(topPath)
@@ -274,11 +277,7 @@ Kirigami.ApplicationWindow {
     SettingsNavigation {
         id: navigation
         root: window.topPath
-        onPathsChanged: {
-            if (pageStack.depth > 0) {
-                window.showPages()
-            }
-        }
+        onClosed: window.showPages()
     }
 
     SettingsEntry {

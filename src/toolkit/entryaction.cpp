@@ -8,8 +8,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-
-#include <utility>
+#include <QStringList>
 
 namespace
 {
@@ -18,6 +17,18 @@ const QString s_action = QStringLiteral("action");
 
 EntryAction::EntryAction(QObject *parent)
     : QObject(parent)
+    , m_announcer(
+          *this,
+          {
+              {&EntryAction::entryChanged, [](const auto &self) { return QVariant::fromValue(self.entry()); }},
+              {&EntryAction::errorChanged,
+               [](const auto &self) {
+                   return QVariant(QStringList{self.errorName(), self.errorString()});
+               }},
+              {&EntryAction::requiredPackageChanged,
+               [](const auto &self) { return QVariant(self.requiredPackage()); }},
+              {&EntryAction::stateChanged, [](const auto &self) { return QVariant(int(self.state())); }},
+          })
 {
 }
 
@@ -36,14 +47,11 @@ void EntryAction::setEntry(SettingsEntry *entry)
     }
     m_entry = entry;
     if (m_entry) {
-        connect(m_entry, &SettingsEntry::pathChanged, this, &EntryAction::reset);
-        connect(m_entry, &QObject::destroyed, this, &EntryAction::entryChanged);
+        connect(m_entry, &SettingsEntry::pathChanged, this, &EntryAction::followPath);
+        connect(m_entry, &QObject::destroyed, this, [this] { m_announcer.announce(this); });
     }
-    const QPointer<EntryAction> self(this);
-    Q_EMIT entryChanged();
-    if (self) {
-        reset();
-    }
+    reset();
+    m_announcer.announce(this);
 }
 
 EntryAction::State EntryAction::state() const
@@ -68,6 +76,9 @@ QString EntryAction::requiredPackage() const
 
 void EntryAction::run()
 {
+    if (hasOtherPath()) {
+        reset();
+    }
     if (m_state == Running) {
         return;
     }
@@ -113,26 +124,34 @@ void EntryAction::finish(const QDBusError &error, const QString &package)
     setState(Failed, error, package);
 }
 
+void EntryAction::followPath()
+{
+    if (hasOtherPath()) {
+        reset();
+        m_announcer.announce(this);
+    }
+}
+
+/// Returns true until the action has followed the path. Handlers that were connected to the entry earlier may run it.
+bool EntryAction::hasOtherPath() const
+{
+    return m_entry && m_entry->path() != m_path;
+}
+
+/// Begins again, and leaves the announcement to the caller.
 void EntryAction::reset()
 {
     ++m_runs;
-    setState(Idle);
+    m_path = m_entry ? m_entry->path() : QString();
+    m_state = Idle;
+    m_error = QDBusError();
+    m_requiredPackage.clear();
 }
 
 void EntryAction::setState(State state, const QDBusError &error, const QString &package)
 {
-    const bool hasOtherState = std::exchange(m_state, state) != state;
-    const QDBusError errorBefore = std::exchange(m_error, error);
-    const bool hasOtherError = errorBefore.name() != error.name() || errorBefore.message() != error.message();
-    const bool hasOtherPackage = std::exchange(m_requiredPackage, package) != package;
-    const QPointer<EntryAction> self(this);
-    if (hasOtherError) {
-        Q_EMIT errorChanged();
-    }
-    if (self && hasOtherPackage) {
-        Q_EMIT requiredPackageChanged();
-    }
-    if (self && hasOtherState) { // last, so that its handlers find the error
-        Q_EMIT stateChanged();
-    }
+    m_state = state;
+    m_error = error;
+    m_requiredPackage = package;
+    m_announcer.announce(this);
 }

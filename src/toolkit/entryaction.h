@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "toolkit/propertyannouncer.h"
 #include "toolkit/settingsentry.h"
 
 #include <QDBusError>
@@ -62,12 +63,16 @@ private:
     QDBusError errorBeforeRunning() const;
     void send();
     void finish(const QDBusError &error, const QString &package);
+    void followPath();
+    bool hasOtherPath() const;
     void reset();
     void setState(State state, const QDBusError &error = {}, const QString &package = {});
 
     QPointer<SettingsEntry> m_entry;
+    QString m_path; ///< of the entry, as the state concerns it
     State m_state = Idle;
     QDBusError m_error;
     QString m_requiredPackage;
     int m_runs = 0; ///< tells the reply to the present call from earlier ones
+    PropertyAnnouncer<EntryAction> m_announcer;
 };

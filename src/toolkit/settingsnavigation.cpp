@@ -15,6 +15,7 @@
 namespace
 {
 constexpr int MaxPages = 100;
+constexpr int MaxLoggedPath = 100;
 }
 
 SettingsNavigation::SettingsNavigation(QObject *parent)
@@ -144,7 +145,7 @@ bool SettingsNavigation::openAbove(const QStringList &pages, const QString &path
 {
     const std::optional<Address> address = addressOf(path);
     if (!address) {
-        qCWarning(lcSettings) << Messages::NoPage << quoted(path);
+        qCWarning(lcSettings) << Messages::NoPage << quoted(path.left(MaxLoggedPath));
         return false;
     }
     Place place{pages, address->row};
