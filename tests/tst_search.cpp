@@ -113,6 +113,7 @@ void SearchTest::finds_data()
     QTest::addColumn<QStringList>("locations");
     addQuery("nothing", "", {});
     addQuery("only signs", " -- ? ", {});
+    addQuery("only a stroke that lengthens words", "ـ", {});
     addQuery("equal, the shortest title first", "sound", {text("s/sound"), text("s/sound/theme")});
     addQuery("the start of a word", "blue", {text("s/bluetooth")});
     addQuery("inside a word", "tooth", {text("s/bluetooth")});
