@@ -36,17 +36,19 @@ void WordScores::addLike(MatchKind kind)
 
 float WordScores::own(int position) const
 {
-    return float(m_scores[size_t(position)].own) / Full;
+    return float(m_scores[size_t(position)].own) * (1 / Full);
 }
 
 float WordScores::ofTitle(int position) const
 {
-    return float(m_scores[size_t(position)].title) / Full;
+    return float(m_scores[size_t(position)].title) * (1 / Full);
 }
 
-bool WordScores::hasTitles() const
+bool WordScores::hasTitlesAbove() const
 {
-    return m_hasTitles;
+    return std::any_of(m_matches.cbegin(), m_matches.cend(), [this](int position) {
+        return m_scores[size_t(position)].title > 0 && m_index.nodes().at(position).children > 0;
+    });
 }
 
 const std::vector<int> &WordScores::matches() const
@@ -107,7 +109,6 @@ void WordScores::add(int word, float quality)
         score.own = std::max(score.own, value);
         if (Posting::isInTitle(*posting)) {
             score.title = std::max(score.title, value);
-            m_hasTitles = true;
         }
     }
 }

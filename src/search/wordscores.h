@@ -22,8 +22,8 @@ public:
     float own(int position) const;
     /// Returns the score of the node by its titles alone.
     float ofTitle(int position) const;
-    /// Returns whether a title matches.
-    bool hasTitles() const;
+    /// Returns whether a title of a node that has others below it matches.
+    bool hasTitlesAbove() const;
     const std::vector<int> &matches() const; ///< the nodes that match by their own texts, each once
     bool isOfRun() const; ///< the word is from a text that is written without spaces
 
@@ -47,6 +47,5 @@ private:
     std::vector<Score> m_scores;
     std::vector<Like> m_like; ///< found only once
     bool m_isLikeFound = false;
-    bool m_hasTitles = false;
     std::vector<int> m_matches;
 };
