@@ -38,8 +38,8 @@ void addLike(Scores *scores, MatchKind kind)
     }
 }
 
-/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average, and
-/// a group of letters half of that, because it may be of two words.
+/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs half of the others' average,
+/// because it does not tell which entry is meant.
 std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
 {
     std::vector<float> weights;
@@ -53,12 +53,8 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
         known += weight > 0 ? 1 : 0;
         weights.push_back(weight);
     }
-    const float average = known > 0 ? sum / float(known) : 1;
-    for (size_t i = 0; i < scores.size(); ++i) {
-        if (scores[i].matches().empty()) {
-            weights[i] = scores[i].isOfRun() ? average / 2 : average;
-        }
-    }
+    const float ofUnknown = known > 0 ? sum / float(known) / 2 : 1;
+    std::replace(weights.begin(), weights.end(), 0.0F, ofUnknown);
     return weights;
 }
 
@@ -119,15 +115,15 @@ public:
 
     /// Returns the part of its score that a node gets: more for short titles.
     float coverage(int position) const
-private:
     {
         return 0.8F + 0.2F / float(std::max<int>(1, m_nodes.at(position).titleWords));
     }
-    std::vector<bool> m_canBeAbove; ///< for each word, whether it can be in the title of a node above
 
+private:
     const Scores &m_scores;
     const SearchNodes &m_nodes;
     const std::vector<float> m_weights;
+    std::vector<bool> m_canBeAbove; ///< for each word, whether it can be in the title of a node above
     float m_sum = 0;
 };
 

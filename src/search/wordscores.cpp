@@ -14,7 +14,6 @@ constexpr float Full = 0xFFFF; ///< the best score, as a whole number
 
 WordScores::WordScores(const Word &word, const SearchIndex &index)
     : m_index(index)
-    , m_isOfRun(word.isRun)
     , m_forms(formsOf(word))
     , m_scores(size_t(index.nodes().size()))
 {
@@ -54,11 +53,6 @@ bool WordScores::hasTitlesAbove() const
 const std::vector<int> &WordScores::matches() const
 {
     return m_matches;
-}
-
-bool WordScores::isOfRun() const
-{
-    return m_isOfRun;
 }
 
 void WordScores::addStrict()

@@ -25,7 +25,6 @@ public:
     /// Returns whether a title of a node that has others below it matches.
     bool hasTitlesAbove() const;
     const std::vector<int> &matches() const; ///< the nodes that match by their own texts, each once
-    bool isOfRun() const; ///< the word is from a text that is written without spaces
 
 private:
     struct Score {
@@ -42,7 +41,6 @@ private:
     void add(int word, float quality);
 
     const SearchIndex &m_index;
-    const bool m_isOfRun;
     const QVector<QueryForm> m_forms;
     std::vector<Score> m_scores;
     std::vector<Like> m_like; ///< found only once
