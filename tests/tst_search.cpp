@@ -63,6 +63,7 @@ const char s_entries[] = R"({"entries": [
     {"path": "s/russian", "type": "page", "title": "Клавиатура"},
     {"path": "s/energy", "type": "page", "title": "Energy", "keywords": ["history", "fan"]},
     {"path": "s/recent", "type": "page", "title": "Recent documents", "keywords": ["clear history", "file history"]},
+    {"path": "s/resent", "type": "page", "title": "Resent"},
     {"path": "s/untitled", "type": "page"}
 ]})";
 
@@ -159,6 +160,7 @@ void SearchTest::finds_data()
     addQuery("one of three words", "lodz foo bar", {text("s/polish")});
     addQuery("most of the words", "bluetooth foobar", {text("s/bluetooth")});
     addQuery("one of many words, of which the others are nowhere", "bluetooth foo bar baz", {text("s/bluetooth")});
+    addQuery("a word that is known is no typo", "documents resent", {text("s/recent"), text("s/resent")});
     addQuery("an inflected word", "displaying", {text("s/screen")});
     addQuery("the last word of a compound", "nightbrightness", {text("s/screen")});
     addQuery("the last word, with the same first letter", "boardbrightness", {text("s/screen")});

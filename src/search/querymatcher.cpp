@@ -173,7 +173,6 @@ private:
             words += word.isRun ? groupsOf(word) : QVector<Word>{word};
         }
         Scores groups = scoresOf(words, MaxParts, m_index);
-        addLike(&groups, MatchKind::Typo);
         addLike(&groups, MatchKind::Similar);
         return best(groups, Most);
     }

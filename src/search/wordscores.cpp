@@ -22,12 +22,15 @@ WordScores::WordScores(const Word &word, const SearchIndex &index)
 
 void WordScores::addLike(MatchKind kind)
 {
+    if (kind == MatchKind::Typo && m_isKnown) {
+        return;
+    }
     if (!m_isLikeFound) {
         m_isLikeFound = true;
         findLike();
     }
     for (const Like &like : m_like) {
-        if (like.match.kind == kind) {
+        if (like.match.kind <= kind) {
             add(like.word, like.match.quality);
         }
     }
@@ -62,6 +65,7 @@ void WordScores::addStrict()
         for (int word = 0; word < vocabulary.size(); ++word) {
             if (form.canBeStrict(vocabulary.signature(word))) {
                 const WordMatch match = form.strictMatch(vocabulary.word(word));
+                m_isKnown = m_isKnown || match.quality >= 1;
                 add(word, match.quality * form.weight());
             }
         }

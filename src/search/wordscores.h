@@ -15,7 +15,8 @@ class WordScores
 public:
     WordScores(const Word &word, const SearchIndex &index);
 
-    /// Adds the nodes with words that match with a typo or are similar.
+    /// Adds the nodes with words that match like @p kind or better. A word that is equal to one of the index has no
+    /// typo, but can be similar to the others.
     void addLike(MatchKind kind);
 
     /// Returns the score of the node at @p position by its own texts, 0 when it does not match.
@@ -45,5 +46,6 @@ private:
     std::vector<Score> m_scores;
     std::vector<Like> m_like; ///< found only once
     bool m_isLikeFound = false;
+    bool m_isKnown = false; ///< equal to a word of the index
     std::vector<int> m_matches;
 };
