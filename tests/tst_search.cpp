@@ -62,8 +62,9 @@ const char s_entries[] = R"({"entries": [
     {"path": "s/thai", "type": "page", "title": "การตั้งค่าเสียง"},
     {"path": "s/korean", "type": "page", "title": "배경 화면"},
     {"path": "s/russian", "type": "page", "title": "Клавиатура"},
-    {"path": "s/energy", "type": "page", "title": "Energy", "keywords": ["history"]},
+    {"path": "s/energy", "type": "page", "title": "Energy", "keywords": ["history", "fan"]},
     {"path": "s/recent", "type": "page", "title": "Recent documents", "keywords": ["clear history", "file history"]},
+    {"path": "s/resent", "type": "page", "title": "Resent"},
     {"path": "s/untitled", "type": "page"}
 ]})";
 
@@ -114,6 +115,7 @@ void SearchTest::finds_data()
     QTest::addColumn<QStringList>("locations");
     addQuery("nothing", "", {});
     addQuery("only signs", " -- ? ", {});
+    addQuery("only a stroke that lengthens words", "ـ", {});
     addQuery("equal, the shortest title first", "sound", {text("s/sound"), text("s/sound/theme")});
     addQuery("the start of a word", "blue", {text("s/bluetooth")});
     addQuery("inside a word", "tooth", {text("s/bluetooth")});
@@ -153,11 +155,18 @@ void SearchTest::finds_data()
     addQuery("the first letter wrong", "nluetooth", {text("s/bluetooth")});
     addQuery("the first letter of a short word wrong", "qifi", {});
     addQuery("a typo in three letters", "fle", {});
+    addQuery("a typo in a word of three letters", "fann", {});
     addQuery("a typo in the start of a word", "bletoo", {text("s/bluetooth")});
     addQuery("a typo in a short start", "bleto", {});
     addQuery("one of three words", "lodz foo bar", {text("s/polish")});
     addQuery("most of the words", "bluetooth foobar", {text("s/bluetooth")});
+    addQuery("one of many words, of which the others are nowhere", "bluetooth foo bar baz", {text("s/bluetooth")});
+    addQuery("a word that is known is no typo", "documents resent", {text("s/recent"), text("s/resent")});
     addQuery("an inflected word", "displaying", {text("s/screen")});
+    addQuery("the last word of a compound", "nightbrightness", {text("s/screen")});
+    addQuery("the last word, with the same first letter", "boardbrightness", {text("s/screen")});
+    addQuery("a word with a prefix", "rebrightness", {});
+    addQuery("too little of a compound", "backgroundhistory", {});
     addQuery("unrelated", "rhubarb", {});
     addQuery("a name without a title", "untitled", {});
     addQuery("letters in order, but apart", "btth", {});

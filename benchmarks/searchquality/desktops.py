@@ -31,8 +31,11 @@ class Page:
 
 
 def distinct(texts):
-    """Returns the texts that are not empty, each once, whatever its case."""
-    return list({text.casefold(): text for text in reversed(texts) if text}.values())[::-1]
+    """Returns the texts that are not empty, each once, whatever its case, at its first place."""
+    first = {}
+    for text in filter(None, texts):
+        first.setdefault(text.casefold(), text)
+    return list(first.values())
 
 
 def languages(data, key):

@@ -9,6 +9,7 @@ import re
 import subprocess
 import unicodedata
 
+from desktops import distinct
 from rules import words_of
 
 def is_latin(text):
@@ -60,6 +61,7 @@ class QueryMaker:
         for word in words:
             yield "as is", word
             yield from self._in_latin_letters(word)
+            yield from self._mistyped_text(word)
         for word in single_words(words):
             yield from self._mistyped(word)
         yield from self._two_words(page)
@@ -78,7 +80,14 @@ class QueryMaker:
             yield "one typo", typo(word, self._letters, False, chance)
             yield "typo in the first letter", typo(word, self._letters, True, chance)
 
+    def _mistyped_text(self, text):
+        longest = max(words_of(text), key=len, default="")
+        if len(longest) >= 4:
+            chance = random.Random(f"{self._language} {text}")
+            yield "one typo in a text", text.replace(longest, typo(longest, self._letters, False, chance), 1)
+
     def _two_words(self, page):
+        yield from self._random_words(page)
         words = single_words(page.words(self._language))
         for pair in zip(words, words[1:]):
             yield "two keywords", " ".join(pair)
@@ -86,3 +95,11 @@ class QueryMaker:
         for keyword in single_words(page.keywords.get(self._language, [])):
             if title and keyword.casefold() != title.casefold():
                 yield "title and keyword", f"{title} {keyword}"
+
+    def _random_words(self, page):
+        texts = page.words(self._language)
+        words = distinct([word for text in texts for word in words_of(text) if len(word) >= 3])
+        chance = random.Random(f"{self._language} {page.name}")
+        for word in words:
+            if len(words) > 1:
+                yield "two words", f"{word} {chance.choice([other for other in words if other != word])}"

@@ -42,11 +42,9 @@ public:
         for (const Word &word : words) {
             addWord(word, field);
         }
-        const QVector<Word> whole = withoutJoints(words);
-        for (int i = 0; i < whole.size() && whole.size() < words.size(); ++i) {
-            if (!isOneOf(words, whole.at(i))) {
-                addWord(whole.at(i), field);
-            }
+        const auto isJoined = [](const Word &word) { return word.isJoined; };
+        if (std::any_of(words.cbegin(), words.cend(), isJoined)) {
+            addJoined(words, field);
         }
     }
 
@@ -67,6 +65,16 @@ public:
     QVector<EntryWord> words;
 
 private:
+    void addJoined(const QVector<Word> &words, Field field)
+    {
+        const QVector<Word> whole = withoutJoints(words);
+        for (const Word &word : whole) {
+            if (!isOneOf(words, word)) {
+                addWord(word, field);
+            }
+        }
+    }
+
     void addWord(const Word &word, Field field)
     {
         addForm(word.typed, field, Form::Typed);
@@ -74,6 +82,13 @@ private:
             addForm(word.folded, field, Form::Folded);
         }
         const QString latin = inLatinLetters(word.typed);
+        if (!latin.isEmpty()) {
+            addLatin(latin, field);
+        }
+    }
+
+    void addLatin(const QString &latin, Field field)
+    {
         const QStringList syllables = latin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         addForm(syllables.join(QString()).left(MaxLetters), field, Form::Latin);
         if (syllables.size() > 1) {

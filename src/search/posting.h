@@ -56,7 +56,7 @@ constexpr Form formOf(quint32 posting)
 /// Returns the weight of words in @p form: letters as typed are better.
 constexpr float weightOf(Form form)
 {
-    return form == Form::Typed ? 1 : form == Form::Folded ? 0.95F : 0.8F;
+    return form == Form::Typed ? 1 : form == Form::Folded ? 0.95F : 0.9F;
 }
 
 constexpr float weightOf(Field field)

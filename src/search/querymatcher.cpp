@@ -22,11 +22,11 @@ using Scores = std::vector<WordScores>;
 
 Scores scoresOf(const QVector<Word> &words, int maxWords, const SearchIndex &index)
 {
+    const int count = std::min(words.size(), maxWords);
     Scores scores;
-    for (const Word &word : words) {
-        if (int(scores.size()) < maxWords) {
-            scores.emplace_back(word, index);
-        }
+    scores.reserve(size_t(count));
+    for (int i = 0; i < count; ++i) {
+        scores.emplace_back(words.at(i), index);
     }
     return scores;
 }
@@ -38,8 +38,8 @@ void addLike(Scores *scores, MatchKind kind)
     }
 }
 
-/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs like the others on average, and
-/// a group of letters half of that, because it may be of two words.
+/// Returns the weight of each word: the rarer, the higher. A word that is nowhere weighs half of the others' average,
+/// because it does not tell which entry is meant.
 std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
 {
     std::vector<float> weights;
@@ -53,12 +53,8 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
         known += weight > 0 ? 1 : 0;
         weights.push_back(weight);
     }
-    const float average = known > 0 ? sum / float(known) : 1;
-    for (size_t i = 0; i < scores.size(); ++i) {
-        if (scores[i].matches().empty()) {
-            weights[i] = scores[i].isOfRun() ? average / 2 : average;
-        }
-    }
+    const float ofUnknown = known > 0 ? sum / float(known) / 2 : 1;
+    std::replace(weights.begin(), weights.end(), 0.0F, ofUnknown);
     return weights;
 }
 
@@ -66,10 +62,8 @@ std::vector<float> weightsOf(const Scores &scores, const SearchIndex &index)
 float scoreAbove(const WordScores &word, int position, const SearchNodes &nodes)
 {
     float score = 0;
-    if (word.hasTitles()) {
-        for (int above = nodes.at(position).parent; above >= 0; above = nodes.at(above).parent) {
-            score = std::max(score, word.ofTitle(above));
-        }
+    for (int above = nodes.at(position).parent; above >= 0; above = nodes.at(above).parent) {
+        score = std::max(score, word.ofTitle(above));
     }
     return score;
 }
@@ -82,8 +76,9 @@ public:
         , m_nodes(index.nodes())
         , m_weights(weightsOf(scores, index))
     {
-        for (const float weight : m_weights) {
-            m_sum += weight;
+        for (size_t i = 0; i < scores.size(); ++i) {
+            m_sum += m_weights[i];
+            m_canBeAbove.push_back(scores.size() > 1 && scores[i].hasTitlesAbove());
         }
     }
 
@@ -101,31 +96,34 @@ public:
         }
     }
 
-    /// Returns 0 when the words that match the node are less than the share @p required.
+    /// Returns the score without coverage(), 0 when the words that match the node are less than the share @p required.
     float scoreOf(int position, float required) const
     {
         constexpr float Rounding = 0.001F;
         float possible = (1 + Rounding - required) * m_sum; // what can be missing
         float score = 0;
         for (size_t i = 0; i < m_scores.size() && possible > 0; ++i) {
-            const float own = m_scores[i].own(position);
-            const float best = own > 0 ? own : WeightOfAncestors * scoreAbove(m_scores[i], position, m_nodes);
+            float best = m_scores[i].own(position);
+            if (best <= 0 && m_canBeAbove[i]) {
+                best = WeightOfAncestors * scoreAbove(m_scores[i], position, m_nodes);
+            }
             score += best * m_weights[i];
             possible -= best > 0 ? 0 : m_weights[i];
         }
-        return possible > 0 ? score / m_sum * coverage(position) : 0;
+        return possible > 0 ? score / m_sum : 0;
     }
 
-private:
-    /// Prefers short titles.
+    /// Returns the part of its score that a node gets: more for short titles.
     float coverage(int position) const
     {
         return 0.8F + 0.2F / float(std::max<int>(1, m_nodes.at(position).titleWords));
     }
 
+private:
     const Scores &m_scores;
     const SearchNodes &m_nodes;
     const std::vector<float> m_weights;
+    std::vector<bool> m_canBeAbove; ///< for each word, whether it can be in the title of a node above
     float m_sum = 0;
 };
 
@@ -175,7 +173,6 @@ private:
             words += word.isRun ? groupsOf(word) : QVector<Word>{word};
         }
         Scores groups = scoresOf(words, MaxParts, m_index);
-        addLike(&groups, MatchKind::Typo);
         addLike(&groups, MatchKind::Similar);
         return best(groups, Most);
     }
@@ -191,8 +188,12 @@ private:
         const Evaluation evaluation(scores, m_index);
         BestMatches matches(m_index.nodes(), m_query.limit);
         evaluation.forEachNode([&](int position) {
-            const float score = evaluation.scoreOf(position, required);
-            if (score > 0 && matches.canAdd(score) && m_filter.accepts(position)) {
+            const float most = evaluation.scoreOf(position, required);
+            if (most <= 0 || !matches.canAdd(most)) {
+                return; // most nodes, which need not be read for that
+            }
+            const float score = most * evaluation.coverage(position);
+            if (matches.canAdd(score) && m_filter.accepts(position)) {
                 matches.add({position, score});
             }
         });

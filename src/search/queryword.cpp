@@ -20,17 +20,22 @@ constexpr int MinLettersWithOtherFirst = 5;
 constexpr int MinLettersWithTwoEdits = 8;
 constexpr int MinSameLetters = 4; ///< at the beginning of similar words
 constexpr float MinShareOfInflected = 0.7F; ///< of the letters of the longer word
-constexpr int MinLettersOfPart = 5; ///< of a compound
+constexpr int MinLettersOfFirstPart = 5; ///< of a compound
+constexpr int MinLettersOfLastPart = 6;
+constexpr int MinLettersBeforeLastPart = 3; ///< fewer are a prefix
 constexpr float MinShareOfPart = 0.5F;
 
-/// Returns the number of edits with which @p text is still recognized. Numbers and syllables tell things apart.
+/// Returns the number of edits with which a word of @p letters letters is still recognized.
+int mostEditsOf(qsizetype letters)
+{
+    return letters < MinLettersWithEdit ? 0 : letters < MinLettersWithTwoEdits ? 1 : 2;
+}
+
+/// Numbers and syllables tell things apart.
 int editsOf(const QString &text, int minLettersInside)
 {
     const bool hasNumber = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.isNumber(); });
-    if (hasNumber || minLettersInside < MinLettersOfAlphabets || text.size() < MinLettersWithEdit) {
-        return 0;
-    }
-    return text.size() < MinLettersWithTwoEdits ? 1 : 2;
+    return hasNumber || minLettersInside < MinLettersOfAlphabets ? 0 : mostEditsOf(text.size());
 }
 
 int sameLettersOf(QStringView a, QStringView b)
@@ -63,7 +68,8 @@ bool QueryForm::canBeStrict(quint32 signature) const
 bool QueryForm::canBeLike(quint32 signature) const
 {
     return m_edits > 0 && signature != 0
-           && ((m_startSignature & ~signature) == 0 || int(qPopulationCount(m_signature & ~signature)) <= m_edits);
+           && ((m_startSignature & ~signature) == 0 || (signature & ~m_signature) == 0
+               || int(qPopulationCount(m_signature & ~signature)) <= m_edits);
 }
 
 WordMatch QueryForm::strictMatch(QStringView word) const
@@ -85,7 +91,7 @@ WordMatch QueryForm::match(QStringView word) const
         return match.kind == MatchKind::None ? similar(word) : match;
     }
     const bool hasOtherFirst = m_text.size() >= MinLettersWithOtherFirst && isWithinEdits(m_text, word, 1);
-    return hasOtherFirst ? WordMatch{MatchKind::Similar, 0.35F} : WordMatch();
+    return hasOtherFirst ? WordMatch{MatchKind::Similar, 0.35F} : lastPart(word);
 }
 
 QString QueryForm::text() const
@@ -100,7 +106,7 @@ float QueryForm::weight() const
 
 WordMatch QueryForm::typo(QStringView word) const
 {
-    const int mostEdits = word.size() < MinLettersWithTwoEdits ? std::min(m_edits, 1) : m_edits;
+    const int mostEdits = std::min(m_edits, mostEditsOf(word.size()));
     for (int edits = 1; edits <= mostEdits; ++edits) {
         if (isWithinEdits(m_text, word, edits)) {
             return {MatchKind::Typo, edits == 1 ? 0.6F : 0.45F};
@@ -117,8 +123,17 @@ WordMatch QueryForm::similar(QStringView word) const
     const int same = sameLettersOf(m_text, word);
     const float common = share(same, std::max<qsizetype>(m_text.size(), word.size()));
     const bool isInflected = same >= MinSameLetters && common >= MinShareOfInflected;
-    const bool isCompound = same >= MinLettersOfPart && same == word.size() && common >= MinShareOfPart;
-    return isInflected || isCompound ? WordMatch{MatchKind::Similar, 0.4F * common} : WordMatch();
+    const bool isCompound = same >= MinLettersOfFirstPart && same == word.size() && common >= MinShareOfPart;
+    return isInflected || isCompound ? WordMatch{MatchKind::Similar, 0.4F * common} : lastPart(word);
+}
+
+/// In many languages, the last word of a compound says what it is.
+WordMatch QueryForm::lastPart(QStringView word) const
+{
+    const float part = share(word.size(), m_text.size());
+    const bool isLast = word.size() >= MinLettersOfLastPart && part >= MinShareOfPart
+                        && m_text.size() - word.size() >= MinLettersBeforeLastPart && m_text.endsWith(word);
+    return isLast ? WordMatch{MatchKind::Similar, 0.4F * part} : WordMatch();
 }
 
 QVector<QueryForm> formsOf(const Word &word)

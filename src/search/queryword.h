@@ -12,7 +12,7 @@
 enum class MatchKind : quint8 {
     Strict, ///< equal, its start, or inside it
     Typo, ///< with a few edits
-    Similar, ///< with a typo in the first letter, or only with the same beginning
+    Similar, ///< with a typo in the first letter, the same beginning, or a part of a compound
     None,
 };
 
@@ -39,6 +39,7 @@ public:
 private:
     WordMatch typo(QStringView word) const;
     WordMatch similar(QStringView word) const;
+    WordMatch lastPart(QStringView word) const;
 
     const QString m_text;
     const quint32 m_signature;

@@ -135,8 +135,11 @@ QVector<Word> wordsOf(const QString &text)
         const bool isRun = passWord(&reader);
         const bool isJoined = !words.isEmpty() && words.constLast().start + words.constLast().length == start - 1
                               && !isRun && !words.constLast().isRun && isJoint(text.at(start - 1));
-        words.append(
-            wordFrom(text.mid(start, reader.position - start), start, reader.position - start, isRun, isJoined));
+        const Word word = wordFrom(text.mid(start, reader.position - start), start, reader.position - start, isRun,
+                                   isJoined);
+        if (!word.typed.isEmpty()) { // not just a stroke that lengthens words
+            words.append(word);
+        }
     }
     return words;
 }

@@ -14,7 +14,6 @@ constexpr float Full = 0xFFFF; ///< the best score, as a whole number
 
 WordScores::WordScores(const Word &word, const SearchIndex &index)
     : m_index(index)
-    , m_isOfRun(word.isRun)
     , m_forms(formsOf(word))
     , m_scores(size_t(index.nodes().size()))
 {
@@ -23,12 +22,15 @@ WordScores::WordScores(const Word &word, const SearchIndex &index)
 
 void WordScores::addLike(MatchKind kind)
 {
+    if (kind == MatchKind::Typo && m_isKnown) {
+        return;
+    }
     if (!m_isLikeFound) {
         m_isLikeFound = true;
         findLike();
     }
     for (const Like &like : m_like) {
-        if (like.match.kind == kind) {
+        if (like.match.kind <= kind) {
             add(like.word, like.match.quality);
         }
     }
@@ -36,27 +38,24 @@ void WordScores::addLike(MatchKind kind)
 
 float WordScores::own(int position) const
 {
-    return float(m_scores[size_t(position)].own) / Full;
+    return float(m_scores[size_t(position)].own) * (1 / Full);
 }
 
 float WordScores::ofTitle(int position) const
 {
-    return float(m_scores[size_t(position)].title) / Full;
+    return float(m_scores[size_t(position)].title) * (1 / Full);
 }
 
-bool WordScores::hasTitles() const
+bool WordScores::hasTitlesAbove() const
 {
-    return m_hasTitles;
+    return std::any_of(m_matches.cbegin(), m_matches.cend(), [this](int position) {
+        return m_scores[size_t(position)].title > 0 && m_index.nodes().at(position).children > 0;
+    });
 }
 
 const std::vector<int> &WordScores::matches() const
 {
     return m_matches;
-}
-
-bool WordScores::isOfRun() const
-{
-    return m_isOfRun;
 }
 
 void WordScores::addStrict()
@@ -66,6 +65,7 @@ void WordScores::addStrict()
         for (int word = 0; word < vocabulary.size(); ++word) {
             if (form.canBeStrict(vocabulary.signature(word))) {
                 const WordMatch match = form.strictMatch(vocabulary.word(word));
+                m_isKnown = m_isKnown || match.quality >= 1;
                 add(word, match.quality * form.weight());
             }
         }
@@ -107,7 +107,6 @@ void WordScores::add(int word, float quality)
         score.own = std::max(score.own, value);
         if (Posting::isInTitle(*posting)) {
             score.title = std::max(score.title, value);
-            m_hasTitles = true;
         }
     }
 }

@@ -15,17 +15,17 @@ class WordScores
 public:
     WordScores(const Word &word, const SearchIndex &index);
 
-    /// Adds the nodes with words that match with a typo or are similar.
+    /// Adds the nodes with words that match like @p kind or better. A word that is equal to one of the index has no
+    /// typo, but can be similar to the others.
     void addLike(MatchKind kind);
 
     /// Returns the score of the node at @p position by its own texts, 0 when it does not match.
     float own(int position) const;
     /// Returns the score of the node by its titles alone.
     float ofTitle(int position) const;
-    /// Returns whether a title matches.
-    bool hasTitles() const;
+    /// Returns whether a title of a node that has others below it matches.
+    bool hasTitlesAbove() const;
     const std::vector<int> &matches() const; ///< the nodes that match by their own texts, each once
-    bool isOfRun() const; ///< the word is from a text that is written without spaces
 
 private:
     struct Score {
@@ -42,11 +42,10 @@ private:
     void add(int word, float quality);
 
     const SearchIndex &m_index;
-    const bool m_isOfRun;
     const QVector<QueryForm> m_forms;
     std::vector<Score> m_scores;
     std::vector<Like> m_like; ///< found only once
     bool m_isLikeFound = false;
-    bool m_hasTitles = false;
+    bool m_isKnown = false; ///< equal to a word of the index
     std::vector<int> m_matches;
 };
