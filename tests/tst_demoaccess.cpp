@@ -7,6 +7,7 @@
 #include "common/messages.h"
 #include "demowindow.h"
 #include "messagelog.h"
+#include "pluginregistry.h"
 #include "qmlcall.h"
 #include "text.h"
 #include "windowinput.h"
@@ -84,6 +85,7 @@ private Q_SLOTS:
     void otherProgramOpensAnAddress();
     void unknownAddressChangesNothing_data();
     void unknownAddressChangesNothing();
+    void otherTreeComesAndGoes();
     void searchOpensAnEntry();
     void pagesAreRead_data();
     void pagesAreRead();
@@ -348,6 +350,30 @@ void DemoAccessTest::unknownAddressChangesNothing()
     QCOMPARE(page(), shown.data());
     QCOMPARE(list->property("currentIndex"), row);
     QCOMPARE(m_window->property("openPages").toInt(), 2);
+}
+
+/// The titles are texts, also those that JavaScript's replace() would expand.
+void DemoAccessTest::otherTreeComesAndGoes()
+{
+    const MessageLog log;
+    World::writeEntries(text("other.json"), R"({"entries": [
+        {"path": "other", "title": "Other"},
+        {"path": "other/action", "type": "action", "title": "$& $' %1",
+         "params": {"remote-service": "org.example.None", "remote-path": "/none",
+                    "remote-interface": "org.example.None", "remote-method": "none"}}]})");
+    QTRY_VERIFY(PluginRegistry::instance()->getItem(path("other/action")));
+    callQml(m_window, "showEntry", path("other/action"), true);
+    QVERIFY(waitForRest());
+    QQuickItem *const outcome = findItem(m_window, text("outcome"));
+    QVERIFY(outcome);
+    callQml(outcome, "run");
+    QTRY_COMPARE(outcome->property("outcome").toString(), text("failed"));
+    const QString shown = outcome->property("plainText").toString();
+    QVERIFY2(shown.contains(text("$& $' %1")), qPrintable(shown));
+    World::removeEntries(text("other.json"));
+    QTRY_COMPARE(m_window->property("openPages").toInt(), 1);
+    QVERIFY(waitForRest());
+    QCOMPARE(MessageLog::take().join(QLatin1Char('\n')), QString());
 }
 
 void DemoAccessTest::searchOpensAnEntry()
