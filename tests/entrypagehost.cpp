@@ -27,6 +27,11 @@ void EntryPageHost::setPath(const QString &path)
     m_page->setProperty("path", path);
 }
 
+void EntryPageHost::deleteSoon(QObject *object)
+{
+    object->deleteLater();
+}
+
 void EntryPageHost::deletePage()
 {
     m_page.reset();

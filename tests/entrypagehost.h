@@ -19,6 +19,8 @@ class EntryPageHost : public QObject
 
 public:
     Q_INVOKABLE void setPath(const QString &path);
+    /// Deletes @p object from the event loop.
+    Q_INVOKABLE void deleteSoon(QObject *object);
 
 public Q_SLOTS:
     void deletePage();

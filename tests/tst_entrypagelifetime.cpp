@@ -24,6 +24,7 @@ class EntryPageLifetimeTest : public EntryPageHost
 private Q_SLOTS:
     void pageMayThrow();
     void pageMayBeDeleted();
+    void pageMayBeDeletedBeforeItIsShown();
     void mayBeDeletedWhileLoading_data();
     void mayBeDeletedWhileLoading();
     void pageMayChangeItsHost_data();
@@ -64,6 +65,20 @@ void EntryPageLifetimeTest::pageMayBeDeleted()
     uninstall();
     install(entry(file));
     QTRY_COMPARE(status(), EntryPageContent::Ready);
+}
+
+void EntryPageLifetimeTest::pageMayBeDeletedBeforeItIsShown()
+{
+    const QString file = write(text("page.qml"),
+                               "import QtQuick 2.15\n"
+                               "Item { id: page; Component.onCompleted: host.deleteSoon(page) }");
+    install(entry(file));
+    const MessageLog log;
+    open();
+    QTRY_VERIFY(status() != EntryPageContent::Loading);
+    const QVariantMap deletion = error(text(Messages::PageIsDeleted), file, 0, 0);
+    QCOMPARE(errors(), QVariantList{deletion});
+    QCOMPARE(MessageLog::take(), QStringList{warning(deletion)});
 }
 
 void EntryPageLifetimeTest::mayBeDeletedWhileLoading_data()

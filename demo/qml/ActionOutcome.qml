@@ -39,5 +39,5 @@ PlainMessage {
     ]
     readonly property string error: action.errorString ? " (" + action.errorString + ")" : ""
 
-    plainText: texts[action.state].replace("%1", entry.title) + error
+    plainText: texts[action.state].replace("%1", () => entry.title) + error
 }

@@ -96,15 +96,16 @@ Kirigami.ScrollablePage {
                 model: applicationWindow().trees
 
                 EntryButton {
-                    readonly property string path: model.object.location().join("/")
+                    readonly property var object: model.object
+                    readonly property string path: object ? object.location().join("/") : ""
 
                     visible: path !== page.path
                     x: Kirigami.Units.largeSpacing
                     width: parent.width - 2 * x
                     current: applicationWindow().pathShownIn(page.column) === path
-                    iconName: model.object.icon
-                    title: model.object.title
-                    subtitle: model.object.shortTitle
+                    iconName: object ? object.icon : ""
+                    title: object ? object.title : ""
+                    subtitle: object ? object.shortTitle : ""
                     onClicked: applicationWindow().openEntry(path, page.column)
                 }
             }

@@ -195,6 +195,8 @@ void EntryPageContent::finishLoading()
         show(page.release());
     } else if (page) {
         fail(QLatin1String(Messages::PageIsNoItem));
+    } else if (loader->errors().isEmpty()) {
+        fail(QLatin1String(Messages::PageIsDeleted));
     } else {
         fail(describe(loader->errors()));
     }
