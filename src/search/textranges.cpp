@@ -11,8 +11,6 @@
 
 namespace
 {
-constexpr int MaxLettersOfText = 4096;
-
 struct Found {
     MatchKind kind = MatchKind::None;
     TextRange range = {0, 0};
