@@ -25,12 +25,15 @@ private Q_SLOTS:
     void init();
     void onlyTheBeginningOfTextsIsIndexed_data();
     void onlyTheBeginningOfTextsIsIndexed();
+    void highlightsLongTexts_data();
+    void highlightsLongTexts();
 };
 
 namespace
 {
 constexpr int MaxMs = 1000;
 constexpr int MaxForms = 2000; ///< of the words of an entry
+constexpr int Many = 64;
 
 TreeItem *root()
 {
@@ -66,10 +69,10 @@ void SearchLimitsTest::init()
 
 void SearchLimitsTest::onlyTheBeginningOfTextsIsIndexed_data()
 {
-    constexpr int Many = 60000;
+    constexpr int Words = 60000;
     constexpr int Ideographs = 20000;
     QTest::addColumn<QJsonObject>("texts");
-    const QStringList words = distinct(Many, numbered);
+    const QStringList words = distinct(Words, numbered);
     const QString spaced = words.join(QLatin1Char(' '));
     const auto ideograph = [](int i) { return QString(QChar(0x4E00 + i)); };
     const QStringList runs = distinct(Ideographs, ideograph);
@@ -94,6 +97,29 @@ void SearchLimitsTest::onlyTheBeginningOfTextsIsIndexed()
     QVERIFY2(time.elapsed() < MaxMs, qPrintable(QString::number(time.elapsed())));
     QVERIFY(index.vocabulary().size() > 1);
     QVERIFY(index.vocabulary().size() <= MaxForms + 1);
+}
+
+void SearchLimitsTest::highlightsLongTexts_data()
+{
+    QTest::addColumn<QJsonObject>("texts");
+    const QString marked = text("a") + QString(Many - 3, QChar(0x0301)) + text("-");
+    QTest::newRow("marks") << QJsonObject{{text("title"), marked.repeated(Many)}};
+    QTest::newRow("joined letters") << QJsonObject{{text("title"), text("a-b-").repeated(Many * Many)}};
+}
+
+void SearchLimitsTest::highlightsLongTexts()
+{
+    QFETCH(QJsonObject, texts);
+    texts.insert(text("path"), text("x"));
+    install({texts});
+    SettingsSearch search;
+    search.finish();
+    const SearchResult result = search.resultAt(text("x"));
+    QVERIFY(result.item);
+    QElapsedTimer time;
+    time.start();
+    SettingsSearch::highlightsOf(result, text("a b c d aaaa bbbb cccc ") + QString(Many, QLatin1Char('a')));
+    QVERIFY2(time.elapsed() < MaxMs, qPrintable(QString::number(time.elapsed())));
 }
 
 QTEST_GUILESS_MAIN(SearchLimitsTest)
