@@ -60,6 +60,8 @@ public:
 
     /// Returns the matching parts of @p result for the words @p query. It must be valid.
     static SearchHighlights highlightsOf(const SearchResult &result, const QString &query);
+    /// Returns those of each of @p results. Their files are read once, and not for each result.
+    static QVector<SearchHighlights> highlightsOf(const QVector<SearchResult> &results, const QString &query);
 
     bool isBusy() const; ///< entries are still to be read
     /// Reads all entries now.
