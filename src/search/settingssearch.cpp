@@ -68,6 +68,7 @@ SettingsSearch::SettingsSearch(QObject *parent)
 SettingsSearch::SettingsSearch(TreeItem *root, QObject *parent)
     : QObject(parent)
     , m_root(root)
+    , m_isOfProcess(!root)
 {
 }
 
@@ -130,7 +131,7 @@ void SettingsSearch::release()
 SearchIndex *SettingsSearch::index()
 {
     if (!m_index) {
-        m_index = indexOf(m_root ? m_root : PluginRegistry::instance()->getItem({}));
+        m_index = indexOf(m_isOfProcess ? PluginRegistry::instance()->getItem({}) : m_root.data());
         connect(m_index.get(), &SearchIndex::busyChanged, this, &SettingsSearch::busyChanged);
     }
     return m_index.get();
