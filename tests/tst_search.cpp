@@ -35,6 +35,8 @@ private Q_SLOTS:
     void answersFromWhatItHasRead();
     void followsTheEntries();
     void sharesAnIndexAndDeletesIt();
+    void searchesOnlyWholeTrees();
+    void outlivesTheTree();
     void surprisingQueries_data();
     void surprisingQueries();
     void randomChangesGiveTheSameAsAFreshIndex();
@@ -365,6 +367,40 @@ void SearchTest::sharesAnIndexAndDeletesIt()
     QCOMPARE(SearchNodes::positionOf(item), -1);
     second->finish();
     QCOMPARE(second->find({text("sound")}).size(), 2);
+}
+
+void SearchTest::searchesOnlyWholeTrees()
+{
+    SettingsSearch whole;
+    whole.finish();
+    TreeItem alone(text("alone"), {});
+    for (TreeItem *item : {root()->lookup({text("s"), text("sound")}), &alone}) {
+        SettingsSearch search(item);
+        QVERIFY(search.find({text("sound")}).isEmpty());
+        search.finish();
+        QVERIFY(!search.isBusy());
+        QVERIFY(search.find({text("sound")}).isEmpty());
+        QVERIFY(!search.resultAt(text("s/sound")).item);
+    }
+    QCOMPARE(whole.find({text("sound")}).size(), 2);
+}
+
+void SearchTest::outlivesTheTree()
+{
+    auto registry = std::make_unique<PluginRegistry>();
+    SettingsSearch unused(registry->getItem({}));
+    SettingsSearch reading(registry->getItem({}));
+    QVERIFY(reading.find({text("sound")}).isEmpty());
+    QVERIFY(reading.isBusy());
+    const QSignalSpy busyChanged(&reading, &SettingsSearch::busyChanged);
+    registry.reset();
+    QVERIFY(!reading.isBusy());
+    QTRY_COMPARE(busyChanged.size(), 1);
+    for (SettingsSearch *search : {&reading, &unused}) {
+        search->finish();
+        QVERIFY(search->find({text("sound")}).isEmpty());
+        QVERIFY(!search->resultAt(text("s/sound")).item);
+    }
 }
 
 void SearchTest::surprisingQueries_data()

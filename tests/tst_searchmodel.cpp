@@ -9,6 +9,7 @@
 #include "world.h"
 
 #include <QAbstractItemModelTester>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void readsNothingOutsideItsRows();
     void waitsForAllProperties();
     void followsTheEntries();
+    void highlightsReadAFileOnce();
     void rowsOutliveTheirNodes();
     void handlersMayChangeTheText();
     void randomTexts();
@@ -170,6 +172,30 @@ void SearchModelTest::followsTheEntries()
     World::removeEntries(text("search.json"));
     World::rescan(PluginRegistry::instance());
     QTRY_COMPARE(locationsOf(model), QStringList{text("s/soup")});
+}
+
+void SearchModelTest::highlightsReadAFileOnce()
+{
+    QByteArrayList entries;
+    for (int i = 0; i < 5000; ++i) {
+        const QByteArray keyword = i < 50 ? "umbrella" : "other";
+        entries.append("{\"path\": \"u/" + QByteArray::number(i) + "\", \"title\": \"Entry\", \"keywords\": [\""
+                       + keyword + "\"]}");
+    }
+    World::writeEntries(text("large.json"), "{\"entries\": [" + entries.join(',') + "]}");
+    World::rescan(PluginRegistry::instance());
+    SearchModel model;
+    model.setText(text("umbrella"));
+    QVERIFY(isReady(model));
+    QCOMPARE(model.count(), 50);
+    QElapsedTimer time;
+    time.start();
+    QCOMPARE(read(model, 0, SearchModel::MatchedRole), QVariant(text("umbrella")));
+    const qint64 first = time.restart();
+    for (int row = 1; row < model.count(); ++row) {
+        QCOMPARE(read(model, row, SearchModel::MatchedRangesRole), QVariant(range(0, 8)));
+    }
+    QVERIFY2(time.elapsed() < 5 * (first + 1), qPrintable(QString::number(time.elapsed())));
 }
 
 void SearchModelTest::rowsOutliveTheirNodes()

@@ -6,8 +6,11 @@
 #include "common/constants.h"
 #include "registry/treeitem.h"
 #include "registry/treeitem_p.h"
+#include "search/words.h"
 
 #include <QTranslator>
+
+#include <algorithm>
 
 namespace
 {
@@ -62,6 +65,17 @@ QStringList listOf(const QString &text)
     return keywords;
 }
 
+/// Returns as many of @p strings as have MaxLettersOfText letters together.
+QStringList limited(const QStringList &strings)
+{
+    int letters = 0;
+    const auto end = std::find_if(strings.cbegin(), strings.cend(), [&letters](const QString &string) {
+        letters += std::min(string.size(), MaxLettersOfText);
+        return letters > MaxLettersOfText;
+    });
+    return strings.mid(0, int(end - strings.cbegin()));
+}
+
 QStringList stringsOf(const QJsonValue &value)
 {
     QStringList strings;
@@ -79,7 +93,7 @@ void readTitles(const QJsonObject &entry, const FileCatalogs &catalogs, EntryTex
     const Translation translation = translationOf(textOf(entry, "translation_id"), catalogs);
     const QString plain = textOf(entry, "title");
     texts->title = firstOf(translation.localized, plain);
-    texts->englishTitle = firstOf(translation.english, plain);
+    texts->englishTitle = firstOf(translation.english, plain).left(MaxLettersOfText);
     if (texts->englishTitle == texts->title) {
         texts->englishTitle.clear();
     }
@@ -89,8 +103,8 @@ void readKeywords(const QJsonObject &entry, const FileCatalogs &catalogs, EntryT
 {
     const Translation translation = translationOf(textOf(entry, "keywords_id"), catalogs);
     const QStringList plain = stringsOf(entry.value(QLatin1String("keywords")));
-    texts->keywords = translation.localized.isNull() ? plain : listOf(translation.localized);
-    texts->englishKeywords = translation.english.isNull() ? plain : listOf(translation.english);
+    texts->keywords = limited(translation.localized.isNull() ? plain : listOf(translation.localized));
+    texts->englishKeywords = limited(translation.english.isNull() ? plain : listOf(translation.english));
     if (texts->englishKeywords == texts->keywords) {
         texts->englishKeywords.clear();
     }
@@ -105,7 +119,7 @@ EntryTexts EntryTextReader::read(const TreeItem *item)
     EntryTexts texts;
     readTitles(entry, catalogs, &texts);
     readKeywords(entry, catalogs, &texts);
-    texts.description = textOf(entry, "description");
+    texts.description = textOf(entry, "description").left(MaxLettersOfText);
     const QJsonValue type = entry.value(QLatin1String("type"));
     texts.type = type.isUndefined() || type.isNull() ? Constants::SectionType : type.toVariant().toString();
     texts.isSearchable = entry.value(QLatin1String("searchable")).toBool(true);

@@ -11,7 +11,7 @@
 
 namespace
 {
-constexpr int MaxWordsOfText = 1000; ///< of untrusted files
+constexpr int MaxForms = 2000; ///< of the words of an entry of an untrusted file
 constexpr int MaxWordsOfKeyword = 3; ///< beyond, it is a description
 
 /// Returns whether a word that is in @p field is found no better when it is in @p weaker, too.
@@ -59,7 +59,7 @@ public:
 
     static QVector<Word> textWords(const QString &text)
     {
-        return wordsOf(text).mid(0, MaxWordsOfText);
+        return wordsOf(text.left(MaxLettersOfText)).mid(0, MaxForms);
     }
 
     QVector<EntryWord> words;
@@ -104,9 +104,10 @@ private:
         const auto isSame = [&](const EntryWord &word) {
             return word.text == text && includes(word.field, field);
         };
-        if (text.isEmpty()) {
+        if (text.isEmpty() || m_forms == MaxForms) {
             return;
         }
+        ++m_forms;
         auto *const known = std::find_if(words.begin(), words.end(), isSame);
         if (known == words.end()) {
             words.append({text, field, form, 0});
@@ -114,6 +115,8 @@ private:
             known->mentions = std::min(known->mentions + 1, Posting::MaxMentions);
         }
     }
+
+    int m_forms = 0; ///< how many were added, repeated ones too
 };
 }
 

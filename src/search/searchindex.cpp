@@ -12,10 +12,22 @@
 
 #include <algorithm>
 
-SearchIndex::SearchIndex(TreeItem *root)
-    : m_root(root)
-    , m_files(TreeItemPrivate::of(root)->index())
+namespace
 {
+/// Returns @p item if it is the root of a tree whose files are known, otherwise null.
+TreeItem *asRoot(TreeItem *item)
+{
+    return item && !item->parentItem() && TreeItemPrivate::of(item)->index() ? item : nullptr;
+}
+}
+
+SearchIndex::SearchIndex(TreeItem *root)
+    : m_root(asRoot(root))
+    , m_files(m_root ? TreeItemPrivate::of(root)->index() : nullptr)
+{
+    if (!m_root) {
+        return;
+    }
     m_queue = m_files->files();
     m_pending = {m_queue.cbegin(), m_queue.cend()};
     m_files->addObserver(this);
@@ -40,7 +52,7 @@ TreeItem *SearchIndex::root() const
 
 bool SearchIndex::isBusy() const
 {
-    return m_task || !m_pending.isEmpty();
+    return m_root && (m_task || !m_pending.isEmpty());
 }
 
 void SearchIndex::finish()
@@ -132,6 +144,9 @@ void SearchIndex::readSlice()
 /// Returns false when there is nothing left to read.
 bool SearchIndex::readNext()
 {
+    if (!m_root) {
+        return false;
+    }
     if (!m_task) {
         if (m_pending.isEmpty()) {
             return squeezeNext();

@@ -39,11 +39,12 @@ class SearchIndex : public QObject, private NodeObserver
 public:
     static constexpr int SliceTime = 3; ///< ms, for a frame to be drawn in time
 
-    /// There can be one index for the tree below @p root at a time.
+    /// There can be one index for the tree below @p root at a time. For a node that is no root, or in no tree whose files
+    /// are known, it is empty.
     explicit SearchIndex(TreeItem *root);
     ~SearchIndex() override;
 
-    TreeItem *root() const; ///< null once the tree is deleted
+    TreeItem *root() const; ///< null once the tree is deleted, or without one
     bool isBusy() const; ///< there are files that are still to be read
     /// Reads all files that are still to be read.
     void finish();
@@ -77,7 +78,7 @@ private:
     void removeSegment(const QString &file);
 
     QPointer<TreeItem> m_root;
-    FileIndex *const m_files;
+    FileIndex *const m_files; ///< deleted with the root
     SearchNodes m_nodes;
     Vocabulary m_vocabulary;
     QHash<QString, Segment> m_segments;

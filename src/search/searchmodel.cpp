@@ -25,14 +25,9 @@ QVariantList toList(const QVector<TextRange> &ranges)
     return list;
 }
 
-const SearchHighlights &highlightsOf(const SearchRow &row)
+QString fileOf(const SearchRow &row)
 {
-    if (!row.highlights) {
-        SearchResult result = row.result;
-        result.item = row.item;
-        row.highlights = SettingsSearch::highlightsOf(result, row.text);
-    }
-    return *row.highlights;
+    return row.item ? row.item->fromFile() : QString();
 }
 
 using Roles = RoleTable<SearchModel, const SearchRow>;
@@ -46,14 +41,14 @@ const Roles &roles()
          [](const Model &, Row &row) { return QVariant::fromValue(toQml(row.item)); }},
         {Model::TitleRole, "title", [](const Model &, Row &row) { return QVariant(row.result.title); }},
         {Model::TitleRangesRole, "titleRanges",
-         [](const Model &, Row &row) { return QVariant(toList(highlightsOf(row).titleRanges)); }},
+         [](const Model &model, Row &row) { return QVariant(toList(model.highlightsAt(row).titleRanges)); }},
         {Model::BreadcrumbRole, "breadcrumb",
          [](const Model &, Row &row) { return QVariant(row.result.breadcrumb); }},
         {Model::LocationRole, "location", [](const Model &, Row &row) { return QVariant(row.result.location); }},
         {Model::MatchedRole, "matched",
-         [](const Model &, Row &row) { return QVariant(highlightsOf(row).matched); }},
+         [](const Model &model, Row &row) { return QVariant(model.highlightsAt(row).matched); }},
         {Model::MatchedRangesRole, "matchedRanges",
-         [](const Model &, Row &row) { return QVariant(toList(highlightsOf(row).matchedRanges)); }},
+         [](const Model &model, Row &row) { return QVariant(toList(model.highlightsAt(row).matchedRanges)); }},
         {Model::KindRole, "kind", [](const Model &, Row &row) { return QVariant(row.result.kind); }},
         {Model::ScoreRole, "score", [](const Model &, Row &row) { return QVariant(row.result.score); }},
     };
@@ -267,6 +262,28 @@ QVector<SearchModel::Update> SearchModel::replaceRows(const QVector<int> &origin
         }
     }
     return updates;
+}
+
+/// Reads the highlights of @p row together with those of the others from its file, which is parsed for that.
+const SearchHighlights &SearchModel::highlightsAt(const SearchRow &row) const
+{
+    if (row.highlights) {
+        return *row.highlights;
+    }
+    QVector<const SearchRow *> rows;
+    QVector<SearchResult> results;
+    for (const SearchRow &other : m_rows) {
+        if (!other.highlights && other.text == row.text && fileOf(other) == fileOf(row)) {
+            rows.append(&other);
+            results.append(other.result);
+            results.last().item = other.item;
+        }
+    }
+    const QVector<SearchHighlights> highlights = SettingsSearch::highlightsOf(results, row.text);
+    for (int i = 0; i < rows.size(); ++i) {
+        rows.at(i)->highlights = highlights.at(i);
+    }
+    return *row.highlights;
 }
 
 /// The rows follow when all is read, so that they do not change while files are.

@@ -72,6 +72,9 @@ public:
     int count() const;
     bool isBusy() const;
 
+    /// Returns the highlights of @p row, one of this model.
+    const SearchHighlights &highlightsAt(const SearchRow &row) const;
+
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QHash<int, QByteArray> roleNames() const override;
     void classBegin() override;

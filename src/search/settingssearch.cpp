@@ -27,6 +27,37 @@ std::shared_ptr<SearchIndex> indexOf(TreeItem *root)
     s_indexes.push_back(index);
     return index;
 }
+
+/// Returns the positions of @p results, with those from one file after each other.
+QVector<int> orderByFile(const QVector<SearchResult> &results)
+{
+    QStringList files;
+    QVector<int> order;
+    for (const SearchResult &result : results) {
+        order.append(files.size());
+        files.append(result.item ? result.item->fromFile() : QString());
+    }
+    std::sort(order.begin(), order.end(), [&files](int a, int b) { return files.at(a) < files.at(b); });
+    return order;
+}
+
+SearchHighlights highlightsIn(const SearchResult &result, const QString &query, EntryTextReader *reader)
+{
+    const QVector<TextRange> titleRanges = rangesOf(result.title, query);
+    if (!titleRanges.isEmpty() || !result.item) {
+        return {titleRanges, {}, {}};
+    }
+    const EntryTexts texts = reader->read(result.item);
+    const QStringList others = texts.keywords + QStringList{texts.englishTitle} + texts.englishKeywords
+                               + QStringList{texts.description};
+    for (const QString &matched : others) {
+        const QVector<TextRange> ranges = rangesOf(matched, query);
+        if (!ranges.isEmpty()) {
+            return {{}, matched, ranges};
+        }
+    }
+    return {};
+}
 }
 
 SettingsSearch::SettingsSearch(QObject *parent)
@@ -37,6 +68,7 @@ SettingsSearch::SettingsSearch(QObject *parent)
 SettingsSearch::SettingsSearch(TreeItem *root, QObject *parent)
     : QObject(parent)
     , m_root(root)
+    , m_isOfProcess(!root)
 {
 }
 
@@ -63,18 +95,17 @@ SearchResult SettingsSearch::resultAt(const QString &location)
 
 SearchHighlights SettingsSearch::highlightsOf(const SearchResult &result, const QString &query)
 {
-    SearchHighlights highlights{rangesOf(result.title, query), {}, {}};
-    if (!highlights.titleRanges.isEmpty() || !result.item) {
-        return highlights;
-    }
-    const EntryTexts texts = EntryTextReader().read(result.item);
-    const QStringList others = texts.keywords + QStringList{texts.englishTitle} + texts.englishKeywords
-                               + QStringList{texts.description};
-    for (const QString &matched : others) {
-        const QVector<TextRange> ranges = rangesOf(matched, query);
-        if (!ranges.isEmpty()) {
-            return {{}, matched, ranges};
-        }
+    EntryTextReader reader;
+    return highlightsIn(result, query, &reader);
+}
+
+QVector<SearchHighlights> SettingsSearch::highlightsOf(const QVector<SearchResult> &results, const QString &query)
+{
+    EntryTextReader reader;
+    QVector<SearchHighlights> highlights(results.size());
+    const QVector<int> byFile = orderByFile(results);
+    for (const int i : byFile) {
+        highlights[i] = highlightsIn(results.at(i), query, &reader);
     }
     return highlights;
 }
@@ -100,7 +131,7 @@ void SettingsSearch::release()
 SearchIndex *SettingsSearch::index()
 {
     if (!m_index) {
-        m_index = indexOf(m_root ? m_root : PluginRegistry::instance()->getItem({}));
+        m_index = indexOf(m_isOfProcess ? PluginRegistry::instance()->getItem({}) : m_root.data());
         connect(m_index.get(), &SearchIndex::busyChanged, this, &SettingsSearch::busyChanged);
     }
     return m_index.get();

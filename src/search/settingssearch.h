@@ -8,6 +8,7 @@
 #include "search/velkasettingssearch_export.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QVector>
 
 #include <memory>
@@ -46,7 +47,8 @@ class VELKASETTINGSSEARCH_EXPORT SettingsSearch : public QObject
 public:
     /// Searches the entries of this process.
     explicit SettingsSearch(QObject *parent = nullptr);
-    /// Searches the tree below @p root.
+    /// Searches the tree below @p root, which is PluginRegistry::getItem({}). For any other node, or after the registry is
+    /// deleted, it finds nothing.
     explicit SettingsSearch(TreeItem *root, QObject *parent = nullptr);
     ~SettingsSearch() override;
 
@@ -60,6 +62,8 @@ public:
 
     /// Returns the matching parts of @p result for the words @p query. It must be valid.
     static SearchHighlights highlightsOf(const SearchResult &result, const QString &query);
+    /// Returns those of each of @p results. Their files are read once, and not for each result.
+    static QVector<SearchHighlights> highlightsOf(const QVector<SearchResult> &results, const QString &query);
 
     bool isBusy() const; ///< entries are still to be read
     /// Reads all entries now.
@@ -74,6 +78,7 @@ private:
     Q_DECL_HIDDEN SearchIndex *index();
     Q_DECL_HIDDEN SearchResult resultFor(int position, float score) const;
 
-    TreeItem *const m_root; ///< null for the entries of this process
+    const QPointer<TreeItem> m_root; ///< null for the entries of this process, or once the tree is deleted
+    const bool m_isOfProcess;
     std::shared_ptr<SearchIndex> m_index; ///< null before the first query
 };

@@ -11,8 +11,6 @@
 
 namespace
 {
-constexpr int MaxLettersOfText = 4096;
-
 struct Found {
     MatchKind kind = MatchKind::None;
     TextRange range = {0, 0};
@@ -22,12 +20,14 @@ struct Found {
 int lengthOfLetters(const QString &text, int count)
 {
     int length = 0;
-    QString letters;
-    while (length < text.size() && folded(lowered(letters)).size() < count) {
-        const QChar c = text.at(length++);
+    int letters = 0;
+    while (length < text.size() && letters < count) {
+        const QChar c = text.at(length);
+        const QString character = text.mid(length, c.isHighSurrogate() ? 2 : 1);
         if (c.isLetterOrNumber() || c.isMark() || c.isSurrogate()) {
-            letters += c;
+            letters += folded(lowered(character)).size();
         }
+        length += character.size();
     }
     return length;
 }

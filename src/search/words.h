@@ -29,5 +29,6 @@ QVector<Word> groupsOf(const Word &run);
 int minLettersInside(const QString &folded);
 
 constexpr int MaxLetters = 64; ///< of a word, in UTF-16 units
+constexpr int MaxLettersOfText = 8192; ///< of an entry, what follows is ignored
 constexpr int MaxLettersOfQuery = 256; ///< what follows is ignored
 constexpr int MaxWordsOfQuery = 8;

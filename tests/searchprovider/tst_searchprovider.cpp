@@ -47,12 +47,16 @@ QList<QVariantMap> metasOf(const QStringList &ids)
     return qdbus_cast<QList<QVariantMap>>(reply.arguments().value(0));
 }
 
-/// Returns the matches as their texts and subtexts.
-QStringList matchesOf(const QString &query)
+struct Match {
+    QString text; ///< and the subtext
+    QString icon;
+};
+
+QVector<Match> runnerMatches(const QString &query)
 {
     const QDBusMessage reply = call(s_runner, text("Match"), {query});
     const auto matches = reply.arguments().value(0).value<QDBusArgument>();
-    QStringList texts;
+    QVector<Match> found;
     matches.beginArray();
     while (!matches.atEnd()) {
         QString id;
@@ -64,9 +68,18 @@ QStringList matchesOf(const QString &query)
         matches.beginStructure();
         matches >> id >> title >> icon >> type >> relevance >> properties;
         matches.endStructure();
-        texts.append(title + text(": ") + properties[text("subtext")].toString());
+        found.append({title + text(": ") + properties[text("subtext")].toString(), icon});
     }
     matches.endArray();
+    return found;
+}
+
+QStringList matchesOf(const QString &query)
+{
+    QStringList texts;
+    for (const Match &match : runnerMatches(query)) {
+        texts.append(match.text);
+    }
     return texts;
 }
 
@@ -126,6 +139,9 @@ private Q_SLOTS:
     void runnerFindsEntries();
     void onlyStrictMatchesAreFound();
     void resultIsOpened();
+    void resultsSurviveTheBus();
+    void longTextsAreCut();
+    void hugeLocationsAreNotOpened();
     void hostileTermsDoNoHarm_data();
     void hostileTermsDoNoHarm();
     void programEndsAfterItsRest();
@@ -141,11 +157,17 @@ void SearchProviderTest::initTestCase()
         {"path": "system_settings", "title": "Settings"},
         {"path": "system_settings/sound", "title": "Sound", "icon": "audio-volume-high"},
         {"path": "system_settings/sound/volume", "title": "Volume", "icon": "audio-volume-high"},
-        {"path": "system_settings/sound/alarm volume", "title": "Alarm volume", "icon": "/etc/passwd"}
+        {"path": "system_settings/sound/alarm volume", "title": "Alarm volume", "icon": "/etc/passwd"},
+        {"path": "system_settings/cut", "title": "Umlaut"},
+        {"path": "system_settings/cut\u0000off", "title": "Umlaut"},
+        {"path": "system_settings/half\ud800", "title": "Umlaut"}
     ]})");
     World::writeFile(qEnvironmentVariable("XDG_RUNTIME_DIR") + text("/services/org.velkasettings.Search.service"),
                      "[D-BUS Service]\nName=org.velkasettings.Search\nExec=" SEARCH_PROVIDER " --rest 3000\n");
     QVERIFY(QDBusReply<void>(QDBusConnection::sessionBus().interface()->call(text("ReloadConfig"))).isValid());
+    World::writeEntries(text("gigantic.json"),
+                        "{\"entries\": [{\"path\": \"system_settings/gigantic\", \"title\": \""
+                            + QByteArray("Gigantic ").repeated(1000) + "\"}]}");
     m_application = std::make_unique<DBusPeer>(QDBusConnection::SessionBus, text("org.velkasettings.Demo"),
                                                text("/org/velkasettings/Demo"),
                                                text("org.freedesktop.Application"));
@@ -246,6 +268,40 @@ void SearchProviderTest::resultIsOpened()
     QTRY_COMPARE(m_application->calls(text("Activate")).size(), 1);
 }
 
+void SearchProviderTest::resultsSurviveTheBus()
+{
+    const QStringList found = resultsOf({text("umlaut")});
+    QCOMPARE(found, QStringList(text("system_settings/cut")));
+    QCOMPARE(metasOf(found).size(), 1);
+    QCOMPARE(matchesOf(text("umlaut")).size(), 1);
+    const QVector<Match> matches = runnerMatches(text("volume"));
+    QCOMPARE(matches.value(0).icon, text("audio-volume-high"));
+    QCOMPARE(matches.value(1).icon, QString()); // no file of the machine
+}
+
+void SearchProviderTest::longTextsAreCut()
+{
+    constexpr int Most = 500;
+    const QStringList found = resultsOf({text("gigantic")});
+    QCOMPARE(found, QStringList(text("system_settings/gigantic")));
+    QCOMPARE(metasOf(found).value(0)[text("name")].toString().size(), Most);
+    QCOMPARE(matchesOf(text("gigantic")).value(0).section(QLatin1Char(':'), 0, 0).size(), Most);
+}
+
+void SearchProviderTest::hugeLocationsAreNotOpened()
+{
+    const QString huge(25 << 20, QLatin1Char('"'));
+    const int opened = m_application->calls(text("Open")).size();
+    for (const QString &location : {huge, QString()}) {
+        QCOMPARE(call(s_shell, text("ActivateResult"), {location, QStringList(), 0U}).type(),
+                 QDBusMessage::ReplyMessage);
+        QCOMPARE(call(s_runner, text("Run"), {location, QString()}).type(), QDBusMessage::ReplyMessage);
+    }
+    call(s_runner, text("Run"), {s_volume, QString()});
+    QTRY_COMPARE(m_application->calls(text("Open")).size(), opened + 1);
+    QVERIFY(isRunning());
+}
+
 void SearchProviderTest::hostileTermsDoNoHarm_data()
 {
     QTest::addColumn<QStringList>("terms");
@@ -268,7 +324,9 @@ void SearchProviderTest::hostileTermsDoNoHarm()
     QCOMPARE(resultsOf(terms), QStringList());
     QVERIFY(metasOf(terms).isEmpty());
     QCOMPARE(matchesOf(terms.join(QLatin1Char(' '))), QStringList());
-    call(s_shell, text("GetSubsearchResultSet"), {terms, terms});
+    const QDBusMessage subsearch = call(s_shell, text("GetSubsearchResultSet"), {terms, terms});
+    QCOMPARE(subsearch.type(), QDBusMessage::ReplyMessage);
+    QCOMPARE(subsearch.arguments().value(0).toStringList(), QStringList());
     QCOMPARE(resultsOf({text("volume")}).size(), 2);
 }
 

@@ -3,6 +3,9 @@
 
 #include "entryfinder.h"
 
+#include "bustexts.h"
+
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -24,18 +27,26 @@ SearchQuery queryOf(const QStringList &terms)
     query.limit = MaxResults;
     return query;
 }
+
+/// Returns @p results without those that a launcher cannot ask for again.
+QVector<SearchResult> withIdentifiers(QVector<SearchResult> results)
+{
+    const auto hasNone = [](const SearchResult &result) { return !BusTexts::isIdentifier(result.location); };
+    results.erase(std::remove_if(results.begin(), results.end(), hasNone), results.end());
+    return results;
+}
 }
 
 void EntryFinder::find(const QStringList &terms, const Receiver &receive)
 {
-    whenRead([this, query = queryOf(terms), receive] { receive(m_search.find(query)); });
+    whenRead([this, query = queryOf(terms), receive] { receive(withIdentifiers(m_search.find(query))); });
 }
 
 void EntryFinder::findWithin(const QStringList &locations, const QStringList &terms, const Receiver &receive)
 {
     SearchQuery query = queryOf(terms);
     query.within = locations.mid(0, MaxResults);
-    whenRead([this, query, receive] { receive(m_search.find(query)); });
+    whenRead([this, query, receive] { receive(withIdentifiers(m_search.find(query))); });
 }
 
 void EntryFinder::look(const QStringList &locations, const Receiver &receive)
@@ -44,7 +55,7 @@ void EntryFinder::look(const QStringList &locations, const Receiver &receive)
         QVector<SearchResult> results;
         for (const QString &location : locations) {
             const SearchResult result = m_search.resultAt(location);
-            if (result.item) {
+            if (result.item && BusTexts::isIdentifier(location)) {
                 results.append(result);
             }
         }

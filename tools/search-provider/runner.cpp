@@ -3,10 +3,10 @@
 
 #include "runner.h"
 
+#include "bustexts.h"
 #include "delayedreply.h"
 #include "entryfinder.h"
 #include "settingsapplication.h"
-#include "treeitem.h"
 
 #include <QDBusMetaType>
 
@@ -19,11 +19,11 @@ QVariant matchesOf(const QVector<SearchResult> &results)
     RunnerMatches matches;
     for (const SearchResult &result : results) {
         const QVariantMap properties{
-            {QStringLiteral("subtext"), result.breadcrumb.join(QStringLiteral(" › "))},
+            {QStringLiteral("subtext"), BusTexts::shortened(result.breadcrumb.join(QStringLiteral(" › ")))},
             {QStringLiteral("actions"), QStringList()},
         };
-        matches.append(
-            {result.location, result.title, result.item->icon(), PossibleMatch, result.score, properties});
+        matches.append({result.location, BusTexts::shortened(result.title), BusTexts::themeIconOf(*result.item),
+                        PossibleMatch, result.score, properties});
     }
     return QVariant::fromValue(matches);
 }

@@ -3,6 +3,7 @@
 
 #include "settingsapplication.h"
 
+#include "bustexts.h"
 #include "printable.h"
 #include "toolkit/address.h"
 #include "toolkit/applicationpath.h"
@@ -34,6 +35,10 @@ SettingsApplication::SettingsApplication(const QString &service, QObject *parent
 
 void SettingsApplication::open(const QString &location, uint timestamp)
 {
+    if (!BusTexts::isIdentifier(location)) {
+        qWarning("Can't open an entry: its location is empty, too long or not valid Unicode");
+        return;
+    }
     call(QStringLiteral("Open"), {QStringList(Address::urlOf(location)), platformData(timestamp)});
 }
 

@@ -15,7 +15,7 @@ public:
     /// @p service is its name on the bus.
     explicit SettingsApplication(const QString &service, QObject *parent = nullptr);
 
-    /// Shows the entry at @p location. @p timestamp is that of the user's input, 0 if it is unknown.
+    /// Shows the entry at @p location, a caller's text. @p timestamp is that of the user's input, 0 if it is unknown.
     void open(const QString &location, uint timestamp);
     /// Shows its window as it is.
     void activate(uint timestamp);

@@ -3,10 +3,10 @@
 
 #include "shellprovider.h"
 
+#include "bustexts.h"
 #include "delayedreply.h"
 #include "entryfinder.h"
 #include "settingsapplication.h"
-#include "treeitem.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -44,11 +44,11 @@ QVariantMap metaOf(const SearchResult &result)
 {
     QVariantMap meta{
         {QStringLiteral("id"), result.location},
-        {QStringLiteral("name"), result.title},
-        {QStringLiteral("description"), result.breadcrumb.join(QStringLiteral(" › "))},
+        {QStringLiteral("name"), BusTexts::shortened(result.title)},
+        {QStringLiteral("description"), BusTexts::shortened(result.breadcrumb.join(QStringLiteral(" › ")))},
     };
-    const QString icon = result.item->icon();
-    if (!icon.isEmpty() && !icon.contains(QLatin1Char('/'))) {
+    const QString icon = BusTexts::themeIconOf(*result.item);
+    if (!icon.isEmpty()) {
         meta.insert(QStringLiteral("icon"), QVariant::fromValue(SerializedIcon{icon}));
     }
     return meta;

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The libvelkasettings authors
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "registry/pluginregistry.h"
+#include "registry/treeitem.h"
+#include "search/searchindex.h"
+#include "search/settingssearch.h"
+#include "text.h"
+#include "world.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include <functional>
+
+/// Searches entries of untrusted files. Limits of time are generous: without its limit, each of these takes much longer.
+class SearchLimitsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void onlyTheBeginningOfTextsIsIndexed_data();
+    void onlyTheBeginningOfTextsIsIndexed();
+    void highlightsLongTexts_data();
+    void highlightsLongTexts();
+};
+
+namespace
+{
+constexpr int MaxMs = 1000;
+constexpr int MaxForms = 2000; ///< of the words of an entry
+constexpr int Many = 64;
+
+TreeItem *root()
+{
+    return PluginRegistry::instance()->getItem({});
+}
+
+void install(const QJsonArray &entries)
+{
+    World::writeEntries(text("x.json"), QJsonDocument(QJsonObject{{text("entries"), entries}}).toJson());
+    World::rescan(PluginRegistry::instance());
+}
+
+QStringList distinct(int count, const std::function<QString(int number)> &word)
+{
+    QStringList words;
+    for (int i = 0; i < count; ++i) {
+        words.append(word(i));
+    }
+    return words;
+}
+
+QString numbered(int number)
+{
+    return text("word") + QString::number(number);
+}
+}
+
+void SearchLimitsTest::init()
+{
+    World::reset();
+    World::rescan(PluginRegistry::instance());
+}
+
+void SearchLimitsTest::onlyTheBeginningOfTextsIsIndexed_data()
+{
+    constexpr int Words = 60000;
+    constexpr int Ideographs = 20000;
+    QTest::addColumn<QJsonObject>("texts");
+    const QStringList words = distinct(Words, numbered);
+    const QString spaced = words.join(QLatin1Char(' '));
+    const auto ideograph = [](int i) { return QString(QChar(0x4E00 + i)); };
+    const QStringList runs = distinct(Ideographs, ideograph);
+    QTest::newRow("title") << QJsonObject{{text("title"), spaced}};
+    QTest::newRow("description") << QJsonObject{{text("description"), spaced.repeated(20)}};
+    QTest::newRow("joined words") << QJsonObject{{text("description"), words.join(QLatin1Char('-'))}};
+    QTest::newRow("keyword") << QJsonObject{{text("keywords"), QJsonArray{spaced}}};
+    QTest::newRow("keywords") << QJsonObject{{text("keywords"), QJsonArray::fromStringList(words)}};
+    QTest::newRow("ideographs") << QJsonObject{{text("keywords"), QJsonArray{runs.join(QString())}}};
+    QTest::newRow("keywords of an ideograph") << QJsonObject{{text("keywords"), QJsonArray::fromStringList(runs)}};
+}
+
+void SearchLimitsTest::onlyTheBeginningOfTextsIsIndexed()
+{
+    QFETCH(QJsonObject, texts);
+    texts.insert(text("path"), text("x"));
+    install({texts, QJsonObject{{text("path"), text("y")}, {text("title"), text("Neighbour")}}});
+    QElapsedTimer time;
+    time.start();
+    SearchIndex index(root());
+    index.finish();
+    QVERIFY2(time.elapsed() < MaxMs, qPrintable(QString::number(time.elapsed())));
+    QVERIFY(index.vocabulary().size() > 1);
+    QVERIFY(index.vocabulary().size() <= MaxForms + 1);
+}
+
+void SearchLimitsTest::highlightsLongTexts_data()
+{
+    QTest::addColumn<QJsonObject>("texts");
+    const QString marked = text("a") + QString(Many - 3, QChar(0x0301)) + text("-");
+    QTest::newRow("marks") << QJsonObject{{text("title"), marked.repeated(Many)}};
+    QTest::newRow("joined letters") << QJsonObject{{text("title"), text("a-b-").repeated(Many * Many)}};
+}
+
+void SearchLimitsTest::highlightsLongTexts()
+{
+    QFETCH(QJsonObject, texts);
+    texts.insert(text("path"), text("x"));
+    install({texts});
+    SettingsSearch search;
+    search.finish();
+    const SearchResult result = search.resultAt(text("x"));
+    QVERIFY(result.item);
+    QElapsedTimer time;
+    time.start();
+    SettingsSearch::highlightsOf(result, text("a b c d aaaa bbbb cccc ") + QString(Many, QLatin1Char('a')));
+    QVERIFY2(time.elapsed() < MaxMs, qPrintable(QString::number(time.elapsed())));
+}
+
+QTEST_GUILESS_MAIN(SearchLimitsTest)
+#include "tst_searchlimits.moc"
