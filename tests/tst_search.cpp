@@ -6,13 +6,11 @@
 #include "registry/treeitem.h"
 #include "search/searchindex.h"
 #include "search/settingssearch.h"
-#include "testsize.h"
 #include "text.h"
 #include "world.h"
 
 #include <QElapsedTimer>
 #include <QLocale>
-#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -39,7 +37,6 @@ private Q_SLOTS:
     void outlivesTheTree();
     void surprisingQueries_data();
     void surprisingQueries();
-    void randomChangesGiveTheSameAsAFreshIndex();
 };
 
 namespace
@@ -430,49 +427,6 @@ void SearchTest::surprisingQueries()
         SettingsSearch::highlightsOf(result, query);
     }
     QVERIFY2(time.elapsed() < 1000, qPrintable(QString::number(time.elapsed())));
-}
-
-void SearchTest::randomChangesGiveTheSameAsAFreshIndex()
-{
-    const QStringList words
-        = text("sound volume mouse screen wifi blue tooth key board über straße 蓝牙 net").split(QLatin1Char(' '));
-    QRandomGenerator random(7);
-    const auto word = [&] { return words.at(random.bounded(words.size())); };
-    const auto name = [&random] { return QString::number(random.bounded(6)); };
-    const auto change = [&] {
-        const QStringList path{text("s"), name(), name()};
-        TreeItem *item = root()->lookup(path.mid(0, 2 + random.bounded(2)));
-        if (item && random.bounded(3) == 0) {
-            item->parentItem()->removeChild(item);
-            return;
-        }
-        const QVariantMap data{{text("title"), QString(word() + QLatin1Char(' ') + word())},
-                               {text("keywords"), QStringList{word()}},
-                               {text("from_file"), QString(name() + text(".json"))}};
-        root()->insertItem(path, data);
-    };
-    const auto answers = [&words](SettingsSearch *search) {
-        search->finish();
-        QVector<QPair<QString, double>> results;
-        for (const QString &query : words) {
-            for (const SearchResult &result : search->find({query + QLatin1Char(' ') + words.at(0)})) {
-                results.append({result.location, result.score});
-            }
-        }
-        return results;
-    };
-    SettingsSearch search;
-    for (int step = testSize(1000000); step > 0; --step) {
-        change();
-        if (random.bounded(64) == 0) {
-            search.finish();
-        }
-        if (step % 5000 == 0) {
-            const auto followed = answers(&search);
-            search.release();
-            QCOMPARE(followed, answers(&search));
-        }
-    }
 }
 
 QTEST_GUILESS_MAIN(SearchTest)

@@ -14,6 +14,7 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <algorithm>
 #include <functional>
 
 /// Searches entries of untrusted files. Limits of time are generous: without its limit, each of these takes much longer.
@@ -25,6 +26,8 @@ private Q_SLOTS:
     void init();
     void onlyTheBeginningOfTextsIsIndexed_data();
     void onlyTheBeginningOfTextsIsIndexed();
+    void readsALargeFileInSlices();
+    void typesThatHaveNoNumber();
     void highlightsLongTexts_data();
     void highlightsLongTexts();
 };
@@ -97,6 +100,46 @@ void SearchLimitsTest::onlyTheBeginningOfTextsIsIndexed()
     QVERIFY2(time.elapsed() < MaxMs, qPrintable(QString::number(time.elapsed())));
     QVERIFY(index.vocabulary().size() > 1);
     QVERIFY(index.vocabulary().size() <= MaxForms + 1);
+}
+
+void SearchLimitsTest::readsALargeFileInSlices()
+{
+    constexpr int Entries = 20000;
+    QJsonArray entries;
+    for (int i = 0; i < Entries; ++i) {
+        entries.append(QJsonObject{{text("path"), text("x/") + QString::number(i)}, {text("title"), numbered(i)}});
+    }
+    install(entries);
+    SettingsSearch search;
+    search.find({text("word")});
+    qint64 longest = 0;
+    QElapsedTimer whole;
+    whole.start();
+    while (search.isBusy()) {
+        QElapsedTimer slice;
+        slice.start();
+        QCoreApplication::processEvents();
+        longest = std::max(longest, slice.elapsed());
+    }
+    QVERIFY2(longest < whole.elapsed() / 2, qPrintable(QString::number(longest))); // only the parse takes long
+    QCOMPARE(search.find({numbered(Entries - 1)}).size(), 1);
+}
+
+/// The type of a node takes 16 bits.
+void SearchLimitsTest::typesThatHaveNoNumber()
+{
+    constexpr int Types = 70000;
+    install({QJsonObject{{text("path"), text("x")}}});
+    SearchNodes nodes;
+    for (int i = 0; i < Types; ++i) {
+        nodes.typeNumber(numbered(i));
+    }
+    TreeItem *item = root()->lookup({text("x")});
+    nodes.insert(item).type = nodes.typeNumber(numbered(1));
+    QCOMPARE(nodes.typeAt(SearchNodes::positionOf(item)), numbered(1));
+    nodes.insert(item).type = nodes.typeNumber(numbered(Types - 1));
+    QCOMPARE(nodes.typeAt(SearchNodes::positionOf(item)), QString());
+    QCOMPARE(nodes.numberOfType(numbered(Types - 1)), -1);
 }
 
 void SearchLimitsTest::highlightsLongTexts_data()

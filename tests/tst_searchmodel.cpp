@@ -5,6 +5,7 @@
 #include "registry/pluginregistry.h"
 #include "registry/treeitem.h"
 #include "search/searchmodel.h"
+#include "search/searchnodes.h"
 #include "text.h"
 #include "world.h"
 
@@ -29,6 +30,8 @@ private Q_SLOTS:
     void followsTheEntries();
     void highlightsReadAFileOnce();
     void rowsOutliveTheirNodes();
+    void releasesTheIndex_data();
+    void releasesTheIndex();
     void handlersMayChangeTheText();
     void randomTexts();
 };
@@ -210,6 +213,34 @@ void SearchModelTest::rowsOutliveTheirNodes()
     QCOMPARE(read(model, 0, SearchModel::TitleRole), QVariant(text("Volume")));
     QCOMPARE(read(model, 0, SearchModel::MatchedRole), QVariant(QString()));
     QTRY_COMPARE(model.count(), 0);
+}
+
+void SearchModelTest::releasesTheIndex_data()
+{
+    QTest::addColumn<bool>("isRead");
+    QTest::newRow("all entries read") << true;
+    QTest::newRow("while they are read") << false;
+}
+
+void SearchModelTest::releasesTheIndex()
+{
+    QFETCH(bool, isRead);
+    SearchModel model;
+    auto *const timer = model.findChild<QTimer *>();
+    model.setText(text("sound"));
+    QVERIFY(!timer->isActive());
+    QVERIFY(!isRead || isReady(model));
+    model.setText(QString());
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 60000);
+    const QSignalSpy busyChanged(&model, &SearchModel::busyChanged);
+    QVERIFY(QMetaObject::invokeMethod(timer, "timeout")); // a minute later
+    QVERIFY(!model.isBusy());
+    QCOMPARE(busyChanged.size(), isRead ? 0 : 1);
+    QCOMPARE(SearchNodes::positionOf(PluginRegistry::instance()->getItem({text("s"), text("sound")})), -1);
+    model.setText(text("sound"));
+    QVERIFY(isReady(model));
+    QCOMPARE(model.count(), 1);
 }
 
 void SearchModelTest::handlersMayChangeTheText()

@@ -24,7 +24,6 @@ enum class Form : quint8 {
 /// A word in a text of a node, in 32 bits.
 namespace Posting
 {
-constexpr int MaxNodes = 1 << 25;
 constexpr int MaxMentions = 3;
 
 constexpr quint32 make(int node, Field field, Form form, int mentions)

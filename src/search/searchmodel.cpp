@@ -87,10 +87,11 @@ QStringList locationsOf(const QVector<SearchRow> &rows)
 SearchModel::SearchModel(QObject *parent)
     : DifferenceListModel(parent)
     , m_changes(this, [this] { search(); })
+    , m_release(this)
 {
     m_release.setSingleShot(true);
     m_release.setInterval(ReleaseDelay);
-    connect(&m_release, &QTimer::timeout, &m_search, &SettingsSearch::release);
+    connect(&m_release, &QTimer::timeout, this, &SearchModel::release);
     connect(&m_search, &SettingsSearch::busyChanged, this, &SearchModel::followBusy);
 }
 
@@ -204,10 +205,24 @@ void SearchModel::search()
                           Q_EMIT countChanged();
                       }
                   });
-    if (self && m_isBusy != m_search.isBusy()) {
+    if (self) {
+        updateBusy();
+    }
+}
+
+void SearchModel::updateBusy()
+{
+    if (m_isBusy != m_search.isBusy()) {
         m_isBusy = !m_isBusy;
         Q_EMIT busyChanged();
     }
+}
+
+/// Deletes the index, also one that is still being read.
+void SearchModel::release()
+{
+    m_search.release();
+    updateBusy();
 }
 
 void SearchModel::applyResults()

@@ -99,6 +99,8 @@ private:
     QVector<SearchRow> findRows();
     QVector<Update> replaceRows(const QVector<int> &origins, const QVector<SearchRow> &found);
     void followBusy();
+    void updateBusy();
+    void release();
 
     SettingsSearch m_search;
     SearchQuery m_query;

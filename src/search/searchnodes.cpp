@@ -79,17 +79,18 @@ void SearchNodes::squeeze()
     m_nodes.shrink_to_fit();
 }
 
-/// Types beyond what a number can express share one that no query asks for.
+/// Types beyond what a number can express share one that no type has.
 quint16 SearchNodes::typeNumber(const QString &type)
 {
     const int known = numberOfType(type);
     if (known != None) {
         return quint16(known);
     }
-    if (m_types.size() < MaxTypes) {
-        m_typeNumbers.insert(type, m_types.size());
-        m_types.append(type);
+    if (m_types.size() == MaxTypes) {
+        return MaxTypes;
     }
+    m_typeNumbers.insert(type, m_types.size());
+    m_types.append(type);
     return quint16(m_types.size() - 1);
 }
 

@@ -49,7 +49,7 @@ public:
     void squeeze();
 
     quint16 typeNumber(const QString &type);
-    QString typeAt(int position) const;
+    QString typeAt(int position) const; ///< empty for those of more than 65,535 types
     int numberOfType(const QString &type) const; ///< -1 for a type that no node has had
     size_t memory() const; ///< in bytes
 

@@ -12,6 +12,7 @@
 #include <QDBusReply>
 #include <QDomDocument>
 #include <QFile>
+#include <QProcess>
 #include <QTest>
 
 #include <utility>
@@ -88,6 +89,16 @@ bool isRunning()
     return QDBusConnection::sessionBus().interface()->isServiceRegistered(s_name);
 }
 
+/// Returns what the program, which fails with @p arguments, prints.
+QByteArray failureOf(const QStringList &arguments)
+{
+    QProcess program;
+    program.start(text(SEARCH_PROVIDER), arguments);
+    program.waitForFinished();
+    return program.exitStatus() == QProcess::NormalExit && program.exitCode() == 1 ? program.readAllStandardError()
+                                                                                   : QByteArray();
+}
+
 /// Returns each method of @p interface in @p xml with the directions and types of its arguments.
 QStringList methodsOf(const QString &interface, const QByteArray &xml)
 {
@@ -144,6 +155,9 @@ private Q_SLOTS:
     void hugeLocationsAreNotOpened();
     void hostileTermsDoNoHarm_data();
     void hostileTermsDoNoHarm();
+    void refusesAnInvalidRest_data();
+    void refusesAnInvalidRest();
+    void saysThatItsNameIsTaken();
     void programEndsAfterItsRest();
 
 private:
@@ -308,6 +322,7 @@ void SearchProviderTest::hostileTermsDoNoHarm_data()
     QTest::newRow("quotes") << QStringList(text("\"'`\\%q*[](?.)"));
     QTest::newRow("markup") << QStringList(text("<b>&amp;"));
     QTest::newRow("controls") << QStringList(text("\x01\x1b\u202e\ufeff"));
+    QTest::newRow("null characters") << QStringList(text("zz") + QChar() + text("volume"));
     QTest::newRow("half a letter") << QStringList(QString(QChar(0xd800)));
     QTest::newRow("four megabytes") << QStringList(QString(4 << 20, QLatin1Char('x')));
     QStringList many;
@@ -328,6 +343,27 @@ void SearchProviderTest::hostileTermsDoNoHarm()
     QCOMPARE(subsearch.type(), QDBusMessage::ReplyMessage);
     QCOMPARE(subsearch.arguments().value(0).toStringList(), QStringList());
     QCOMPARE(resultsOf({text("volume")}).size(), 2);
+}
+
+void SearchProviderTest::refusesAnInvalidRest_data()
+{
+    QTest::addColumn<QString>("rest");
+    for (const char *rest : {"x", "", "-1", "1.5", "99999999999"}) {
+        QTest::newRow(rest) << text(rest);
+    }
+}
+
+void SearchProviderTest::refusesAnInvalidRest()
+{
+    QFETCH(QString, rest);
+    QCOMPARE(failureOf({text("--rest=") + rest}), "\"" + rest.toUtf8() + "\" is no number of milliseconds.\n");
+}
+
+void SearchProviderTest::saysThatItsNameIsTaken()
+{
+    QCOMPARE(resultsOf({text("volume")}).size(), 2); // the one that the bus starts
+    QCOMPARE(failureOf({}),
+             QByteArray("Can't search for launchers: the name org.velkasettings.Search is taken\n"));
 }
 
 void SearchProviderTest::programEndsAfterItsRest()

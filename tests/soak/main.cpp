@@ -27,7 +27,8 @@ constexpr const char *s_expected[] = {Messages::CannotReadEntries,   Messages::N
                                       Messages::AlwaysAllowedFailed, Messages::NotificationsListFailed,
                                       Messages::PathNotFound,        Messages::AppInfoFailed,
                                       Messages::NotAdding,           Messages::TryingAgain,
-                                      Messages::CannotReadFavorites, Messages::NoTree};
+                                      Messages::CannotReadFavorites, Messages::NoTree,
+                                      Messages::CannotShowPage};
 /// The beginnings of other such messages.
 constexpr const char *s_expectedStarts[] = {"Failed to get allowlist for uid",
                                             "Failed to get autostart list for uid",

@@ -12,6 +12,7 @@
 #include "models/userapplicationsfiltermodel.h"
 #include "plugin/velkasettingsplugin.h"
 #include "registry/treeitem.h"
+#include "soak/entrypage.h"
 #include "soak/linkspage.h"
 #include "soak/soakworld.h"
 #include "text.h"
@@ -428,7 +429,7 @@ private:
     std::unique_ptr<QObject> m_page;
 };
 
-constexpr int KindCount = 11; ///< a kind that occurs several times is opened more often
+constexpr int KindCount = 12; ///< a kind that occurs several times is opened more often
 
 std::unique_ptr<Page> openKind(int kind, SoakWorld *world, ApplicationServices *services)
 {
@@ -437,6 +438,8 @@ std::unique_ptr<Page> openKind(int kind, SoakWorld *world, ApplicationServices *
         return std::make_unique<QmlPage>();
     case 10:
         return std::make_unique<LinksPage>();
+    case 11:
+        return std::make_unique<EntryPage>();
     case 1:
     case 2:
         return std::make_unique<ApplicationsPage>(services);

@@ -28,6 +28,7 @@ constexpr int ApplicationCount = 12;
 constexpr int CatalogCount = 3;
 
 const QString s_custom = QStringLiteral("custom");
+const QString s_page = QStringLiteral("/usr/share/velka-settings/page.qml");
 
 PluginRegistry *registry()
 {
@@ -61,7 +62,8 @@ QByteArray entry(const QString &path)
         type = "custom";
     }
     return "{\"path\": \"" + path.toUtf8() + "\", \"type\": \"" + type + "\", \"title\": \"" + name
-           + "\", \"order\": " + QByteArray::number(qHash(path, 1) % 200) + "}";
+           + "\", \"order\": " + QByteArray::number(qHash(path, 1) % 200) + ", \"params\": {\"source\": \""
+           + s_page.toUtf8() + "\"}}";
 }
 
 QString textList(const QStringList &list)
@@ -98,6 +100,7 @@ SoakWorld::SoakWorld(quint32 seed)
 {
     qputenv("XDG_CONFIG_HOME", m_configHome);
     World::reset();
+    World::writeFile(s_page, "import QtQuick 2.15\nItem { property var entry; property string path: entry.path }");
     World::writeEntries(text("base.json"), "{\"entries\": [" + entry(text("applications")) + "]}");
     World::rescan(registry());
     for (int number = 0; number < CatalogCount; ++number) {

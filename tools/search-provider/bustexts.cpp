@@ -8,7 +8,7 @@
 namespace
 {
 constexpr int MaxLettersOfLocation = 4096;
-constexpr int MaxLettersOfText = 500;
+constexpr int MaxLettersShown = 500;
 }
 
 bool BusTexts::isIdentifier(const QString &location)
@@ -19,11 +19,11 @@ bool BusTexts::isIdentifier(const QString &location)
 
 QString BusTexts::shortened(const QString &text)
 {
-    return text.left(MaxLettersOfText);
+    return text.left(MaxLettersShown);
 }
 
 QString BusTexts::themeIconOf(const TreeItem &item)
 {
     const QString icon = item.icon();
-    return icon.contains(QLatin1Char('/')) || icon.size() > MaxLettersOfText ? QString() : icon;
+    return icon.contains(QLatin1Char('/')) || icon.size() > MaxLettersShown ? QString() : icon;
 }

@@ -4,13 +4,13 @@
 #include "entryfinder.h"
 
 #include "bustexts.h"
+#include "search/words.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace
 {
-constexpr int MaxLetters = 1000; ///< of all words together
 constexpr int MaxResults = 50;
 constexpr int MaxWaiting = 64;
 
@@ -18,8 +18,8 @@ SearchQuery queryOf(const QStringList &terms)
 {
     SearchQuery query;
     for (const QString &term : terms) {
-        query.text += term.leftRef(MaxLetters - query.text.size()) + QLatin1Char(' ');
-        if (query.text.size() >= MaxLetters) {
+        query.text += term.leftRef(MaxLettersOfQuery - query.text.size()) + QLatin1Char(' ');
+        if (query.text.size() >= MaxLettersOfQuery) {
             break;
         }
     }

@@ -14,7 +14,6 @@
 #include <QDBusError>
 #include <QTimer>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace
@@ -33,6 +32,15 @@ bool publish(QObject *shellProvider, QObject *runner)
            && bus.registerObject(QStringLiteral("/org/velkasettings/Search/Runner"), runner)
            && bus.registerService(QStringLiteral("org.velkasettings.Search"));
 }
+
+/// Returns why publish() failed. A name that is taken is no error for Qt.
+QString publishError()
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.isConnected() && !bus.lastError().isValid()
+               ? QStringLiteral("the name org.velkasettings.Search is taken")
+               : bus.lastError().message();
+}
 }
 
 int main(int argc, char *argv[])
@@ -43,6 +51,12 @@ int main(int argc, char *argv[])
     parser.addHelpOption();
     parser.addOptions({s_application, s_rest});
     parser.process(program);
+    bool isNumber = false;
+    const int restTime = parser.value(s_rest).toInt(&isNumber);
+    if (!isNumber || restTime < 0) {
+        std::fprintf(stderr, "\"%s\" is no number of milliseconds.\n", qPrintable(parser.value(s_rest)));
+        return 1;
+    }
 
     EntryFinder finder;
     SettingsApplication application(parser.value(s_application));
@@ -51,14 +65,13 @@ int main(int argc, char *argv[])
     Runner runner(&finder, &application);
     new RunnerAdaptor(&runner);
     if (!publish(&shellProvider, &runner)) {
-        std::fprintf(stderr, "Can't search for launchers: %s\n",
-                     qPrintable(QDBusConnection::sessionBus().lastError().message()));
+        std::fprintf(stderr, "Can't search for launchers: %s\n", qPrintable(publishError()));
         return 1;
     }
 
     QTimer rest;
     rest.setSingleShot(true);
-    rest.setInterval(std::max(0, parser.value(s_rest).toInt()));
+    rest.setInterval(restTime);
     QObject::connect(&finder, &EntryFinder::used, &rest, qOverload<>(&QTimer::start));
     QObject::connect(&rest, &QTimer::timeout, &program, &QCoreApplication::quit);
     rest.start();
