@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <QTest>
 
+#include <sys/stat.h>
+
 /// The commands that package authors build with: install and translate.
 class KitTest : public QObject
 {
@@ -25,6 +27,12 @@ private Q_SLOTS:
     void renamesOnce();
     void listChangesNothing();
     void refusesTwoFilesOfOneName();
+    void refusesTwoVersionsOfOneFile();
+    void renamesInSeveralDirectories();
+    void refusesFileGivenTwice();
+    void editedFileStays_data();
+    void editedFileStays();
+    void refusesFifo();
     void reportsUnwritableDirectory();
 
     void extractsTexts();
@@ -169,6 +177,60 @@ void KitTest::refusesTwoFilesOfOneName()
     QCOMPARE(result.exitCode, 2);
     QVERIFY(result.errors.contains("two files have the name \"sound.json\""));
     QVERIFY(!QDir(m_directory->path(text("new"))).exists());
+}
+
+void KitTest::refusesTwoVersionsOfOneFile()
+{
+    const QByteArray other = R"({"entries": []})";
+    m_directory->write(soundName(other), other);
+    const Tool::Result result = m_directory->run(
+        {text("install"), text("--into"), text("@new"), text("@sound.json"), text("@") + soundName(other)});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("two files have the name \"sound.json\""), result.errors.constData());
+    QCOMPARE(result.output, QByteArray());
+}
+
+void KitTest::renamesInSeveralDirectories()
+{
+    m_directory->write(text("other/sound.json"), "{}");
+    QCOMPARE(m_directory->run({text("install"), text("@sound.json"), text("@other/sound.json")}).exitCode, 0);
+    QCOMPARE(m_directory->read(soundName(s_sound)), QByteArray(s_sound));
+    QCOMPARE(m_directory->read(text("other/") + soundName("{}")), QByteArray("{}"));
+}
+
+void KitTest::refusesFileGivenTwice()
+{
+    const Tool::Result result = m_directory->run({text("install"), text("@sound.json"), text("@sound.json")});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY(result.errors.contains("is given twice"));
+    QCOMPARE(m_directory->read(text("sound.json")), QByteArray(s_sound));
+}
+
+void KitTest::editedFileStays_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("renamed") << QStringList();
+    QTest::newRow("copied") << QStringList{text("--into"), text("@.")};
+}
+
+void KitTest::editedFileStays()
+{
+    QFETCH(QStringList, options);
+    m_directory->write(soundName(s_sound), "edited");
+    const Tool::Result result = m_directory->run(QStringList{text("install"), text("@sound.json")} + options);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("has other content than its name says"), result.errors.constData());
+    QCOMPARE(m_directory->read(soundName(s_sound)), QByteArray("edited"));
+    QCOMPARE(m_directory->read(text("sound.json")), QByteArray(s_sound));
+}
+
+void KitTest::refusesFifo()
+{
+    QVERIFY(QDir().mkpath(m_directory->path(text("entries"))));
+    QCOMPARE(mkfifo(m_directory->path(text("entries/x.json")).toUtf8().constData(), 0600), 0);
+    const Tool::Result result = m_directory->run({text("install"), text("--list"), text("@entries")});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("x.json\": not a regular file"), result.errors.constData());
 }
 
 void KitTest::reportsUnwritableDirectory()
