@@ -2,15 +2,16 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 
 # velka_settings_install_entries(FILES file... [CATALOG name TRANSLATIONS file.ts...]
-#                                [PAGES file... [PAGES_DESTINATION directory]])
+#                                [PAGES file... [PAGES_DESTINATION directory]] [VOCABULARY file])
 #
 # Files can be patterns. Installs the registration files FILES under names with a hash of their content, so that running
 # programs follow an upgrade. Compiles the TRANSLATIONS, named NAME-LANG.ts or LANG.ts, into the catalog NAME-LANG.qm.
 # The engineering English, NAME_eng_en.qm, comes from NAME_eng_en.ts or, without that, from the registration files.
 # Installs the PAGES into PAGES_DESTINATION, by default /usr/share/<name of the project>. Adds a test that checks the
-# files strictly and, if the preview is installed, one that opens every page.
+# files strictly and, if the preview is installed, one that opens every page. Both use the VOCABULARY of a host, and not
+# that of the build system.
 function(velka_settings_install_entries)
-    cmake_parse_arguments(PARSE_ARGV 0 arg "" "CATALOG;PAGES_DESTINATION" "FILES;TRANSLATIONS;PAGES")
+    cmake_parse_arguments(PARSE_ARGV 0 arg "" "CATALOG;PAGES_DESTINATION;VOCABULARY" "FILES;TRANSLATIONS;PAGES")
     _velka_settings_check_arguments()
     if(NOT arg_PAGES_DESTINATION)
         set(arg_PAGES_DESTINATION /usr/share/${PROJECT_NAME})
@@ -121,6 +122,11 @@ function(_velka_settings_add_tests)
     if(catalogs)
         set(copy_catalogs COMMAND ${CMAKE_COMMAND} -E copy ${catalogs} ${to_catalogs})
     endif()
+    set(vocabulary --no-system-vocabulary)
+    if(arg_VOCABULARY)
+        get_filename_component(host ${arg_VOCABULARY} ABSOLUTE)
+        set(vocabulary --vocabulary ${host})
+    endif()
     set(copy_pages)
     if(pages)
         set(copy_pages COMMAND ${CMAKE_COMMAND} -E copy ${pages} ${to_pages})
@@ -134,8 +140,8 @@ function(_velka_settings_add_tests)
         DEPENDS ${files} ${catalogs} ${pages} VERBATIM)
     add_custom_target(${name}-entries ALL DEPENDS ${root}.stamp)
     add_test(NAME ${name}_entries_check
-        COMMAND ${VELKA_SETTINGS_TOOL} check --strict --translations ${to_catalogs} ${files})
+        COMMAND ${VELKA_SETTINGS_TOOL} check --strict ${vocabulary} --translations ${to_catalogs} ${files})
     if(VelkaSettings_HAS_PREVIEW)
-        add_test(NAME ${name}_entries_preview COMMAND ${VELKA_SETTINGS_TOOL} preview --smoke-test ${root})
+        add_test(NAME ${name}_entries_preview COMMAND ${VELKA_SETTINGS_TOOL} preview --smoke-test ${vocabulary} ${root})
     endif()
 endfunction()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void ofTheSystem();
     void besideEntriesWins();
     void optionWins();
+    void systemCanBeLeftOut();
     void hostTypesAreNotMisspelt();
     void suggestsHostTypes();
     void unusable_data();
@@ -149,6 +150,17 @@ void VocabularyTest::optionWins()
     write(s_system, R"({"types": {"nothing": {}}})");
     const Tool::Result result = Tool::run({text("check"), text("--vocabulary"), vocabulary(), text("f.json")});
     QCOMPARE(findingsIn(result.output).join(QLatin1Char('\n')), text(s_expected));
+}
+
+void VocabularyTest::systemCanBeLeftOut()
+{
+    write(s_system, s_vocabulary);
+    const QStringList check{text("check"), text("--no-system-vocabulary"), text("f.json")};
+    QCOMPARE(findingsIn(Tool::run(check).output), QStringList());
+    const QStringList host{text("--vocabulary"), vocabulary()};
+    QCOMPARE(findingsIn(Tool::run(check + host).output).join(QLatin1Char('\n')), text(s_expected));
+    write(s_system, "{}");
+    QCOMPARE(Tool::run(check).errors, QByteArray());
 }
 
 void VocabularyTest::hostTypesAreNotMisspelt()
