@@ -31,6 +31,7 @@ private Q_SLOTS:
     void refusesCatalogs();
     void languageOfName_data();
     void languageOfName();
+    void catalogInAnotherDirectory();
     void fifo();
 
 private:
@@ -260,6 +261,16 @@ void CatalogUpdateTest::languageOfName()
     QCOMPARE(result.exitCode, language.isEmpty() ? 2 : 0);
     QCOMPARE(result.errors.contains("has no language"), language.isEmpty());
     QCOMPARE(m_directory->read(name).contains("language=\"" + language + '"'), !language.isEmpty());
+}
+
+void CatalogUpdateTest::catalogInAnotherDirectory()
+{
+    m_directory->write(text("translations/lamp-fi.ts"), s_finnish);
+    for (const char *name : {"@translations/lamp-fi.ts", "@translations/lamp-de.ts"}) {
+        QCOMPARE(m_directory->run({text("translate"), text("update"), text("@lamp.json"), text(name)}).errors,
+                 QByteArray());
+        QVERIFY(m_directory->read(text(name).mid(1)).contains("filename=\"../lamp.json\""));
+    }
 }
 
 void CatalogUpdateTest::fifo()

@@ -64,16 +64,21 @@ QByteArray sourceOf(const QVector<IdentifiedText> &texts, const TsFile::Messages
 class Mirror
 {
 public:
-    /// Returns what is wrong, if anything.
-    QString write(const QString &path, const QByteArray &content) const
+    /// Creates the directory of @p path. Returns what is wrong, if anything.
+    QString prepare(const QString &path) const
     {
         if (!m_directory.isValid()) {
             return QStringLiteral("cannot create a temporary directory: ") + m_directory.errorString();
         }
-        const QString file = mirrored(path);
-        return QDir().mkpath(QFileInfo(file).path())
-                   ? UserFile::write(file, content)
-                   : QStringLiteral("cannot create \"%1\"").arg(printable(QFileInfo(file).path()));
+        const QString directory = QFileInfo(mirrored(path)).path();
+        return QDir().mkpath(directory) ? QString()
+                                        : QStringLiteral("cannot create \"%1\"").arg(printable(directory));
+    }
+
+    QString write(const QString &path, const QByteArray &content) const
+    {
+        const QString problem = prepare(path);
+        return problem.isEmpty() ? UserFile::write(mirrored(path), content) : problem;
     }
 
     QString mirrored(const QString &path) const
@@ -98,9 +103,11 @@ QString fill(const Mirror &mirror, const QVector<TextFile> &files, const NamedCa
     for (const TextFile &file : files) {
         problem = problem.isEmpty() ? mirror.write(file.path, sourceOf(file.texts, messages)) : problem;
     }
-    return problem.isEmpty() && !catalog.content.isEmpty()
-               ? mirror.write(catalog.path, CatalogParts::merged(catalog.content))
-               : problem;
+    if (!problem.isEmpty()) {
+        return problem;
+    }
+    return catalog.content.isEmpty() ? mirror.prepare(catalog.path)
+                                     : mirror.write(catalog.path, CatalogParts::merged(catalog.content));
 }
 
 QStringList argumentsFor(const Mirror &mirror, const QVector<TextFile> &files, const NamedCatalog &catalog)

@@ -14,8 +14,8 @@ struct NamedCatalog {
     QString language; ///< of a new one
 };
 
-/// Returns the content of @p catalog with the texts of @p files. Returns nothing, and sets @p problem, when a text or an
-/// earlier translation would be lost. Qt's lupdate merges them. It reads no JSON: it gets C++ that has the same ids in
-/// the same lines of files of the same names.
+/// Returns the content of @p catalog with the texts of @p files. Returns nothing, and sets @p problem, when a text or
+/// an earlier translation would be lost. Qt's lupdate merges them. It reads no JSON: it gets C++ that has the same ids
+/// in the same lines of files of the same names.
 std::optional<QByteArray> mergeTexts(const QVector<TextFile> &files, const NamedCatalog &catalog,
                                      QString *problem);

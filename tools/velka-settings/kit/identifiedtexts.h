@@ -25,6 +25,6 @@ struct TextFile {
 /// @p problem, when it cannot be read or is not JSON.
 std::optional<QVector<IdentifiedText>> identifiedTexts(const QString &path, QString *problem);
 
-/// Returns which id of @p files no catalog (*.ts) can have, or has two texts, if any. An id without a text gets that which
-/// it has elsewhere.
+/// Returns which id of @p files no catalog (*.ts) can have, or has two texts, if any. An id without a text gets that
+/// which it has elsewhere.
 QString unifyTexts(QVector<TextFile> *files);

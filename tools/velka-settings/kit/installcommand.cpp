@@ -151,8 +151,8 @@ QString problemOfRenaming(const QVector<NamedFile> &files)
     return {};
 }
 
-/// Returns which of @p files cannot be copied into @p directory, if any. Of two versions of a file, one would replace the
-/// other.
+/// Returns which of @p files cannot be copied into @p directory, if any. Of two versions of a file, one would replace
+/// the other.
 QString problemOfCopying(const QVector<NamedFile> &files, const QDir &directory)
 {
     QHash<QString, const NamedFile *> known;
