@@ -33,9 +33,7 @@ and favourites blacklists, and probable mistakes, each with its place and tag.
   --format FORMAT     text (the default), json, sarif or junit
   --translations DIR  looks for compiled catalogs (*.qm) in DIR
   --vocabulary FILE   checks what the host with this vocabulary shows
-  --no-system-vocabulary
-                      does not use the vocabulary of this system, for builds of
-                      packages
+  --no-system-vocabulary  ignores the vocabulary of this system
   --with DIR|SYSTEM   compares with the entries that are installed: in DIR, or
                       on this system
   -h, --help          prints this; --version prints the version
