@@ -6,11 +6,10 @@
 #include "document.h"
 #include "printable.h"
 #include "registry/textfile.h"
+#include "translationid.h"
 
 #include <QHash>
 #include <QJsonArray>
-
-#include <algorithm>
 
 namespace
 {
@@ -27,18 +26,10 @@ QString textOf(const QJsonValue &value)
     return value.isArray() ? texts.join(QStringLiteral("; ")) : value.toString();
 }
 
-/// Returns whether lupdate can write @p id, which it does not escape.
-bool isWritable(const QString &id)
-{
-    return std::none_of(id.cbegin(), id.cend(), [](QChar character) {
-        return character < QLatin1Char(' ') || QStringLiteral("&<\"").contains(character);
-    });
-}
-
 /// Returns what is wrong with @p text, if anything. Adds it to @p known, the texts by their ids.
 QString learn(const IdentifiedText &text, QHash<QString, QString> *known)
 {
-    if (!isWritable(text.id)) {
+    if (!isWritableId(text.id)) {
         return QStringLiteral("a catalog (*.ts) cannot have the id \"%1\": use letters, digits and hyphens")
             .arg(printable(text.id));
     }
