@@ -2,22 +2,27 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 
 # velka_settings_install_entries(FILES file... [CATALOG name TRANSLATIONS file.ts...]
-#                                [PAGES file... [PAGES_DESTINATION directory]])
+#                                [PAGES file... [PAGES_DESTINATION directory]] [VOCABULARY file])
 #
 # Files can be patterns. Installs the registration files FILES under names with a hash of their content, so that running
 # programs follow an upgrade. Compiles the TRANSLATIONS, named NAME-LANG.ts or LANG.ts, into the catalog NAME-LANG.qm.
 # The engineering English, NAME_eng_en.qm, comes from NAME_eng_en.ts or, without that, from the registration files.
 # Installs the PAGES into PAGES_DESTINATION, by default /usr/share/<name of the project>. Adds a test that checks the
-# files strictly and, if the preview is installed, one that opens every page.
+# files strictly and, if the preview is installed, one that opens every page. Both use the VOCABULARY of a host, and not
+# that of the build system.
 function(velka_settings_install_entries)
-    cmake_parse_arguments(PARSE_ARGV 0 arg "" "CATALOG;PAGES_DESTINATION" "FILES;TRANSLATIONS;PAGES")
+    cmake_parse_arguments(PARSE_ARGV 0 arg "" "CATALOG;PAGES_DESTINATION;VOCABULARY" "FILES;TRANSLATIONS;PAGES")
     _velka_settings_check_arguments()
     if(NOT arg_PAGES_DESTINATION)
         set(arg_PAGES_DESTINATION /usr/share/${PROJECT_NAME})
     endif()
     _velka_settings_absolute(files ${arg_FILES})
+    if(NOT files)
+        message(FATAL_ERROR "velka_settings_install_entries: no file matches ${arg_FILES}")
+    endif()
     list(GET files 0 first_file)
-    get_filename_component(name ${first_file} NAME_WE)
+    get_filename_component(name ${first_file} NAME_WLE)
+    string(REGEX REPLACE "[^A-Za-z0-9_.+-]" "_" name ${name}) # of targets
     _velka_settings_absolute(pages ${arg_PAGES})
     _velka_settings_install_files()
     set(catalogs)
@@ -43,6 +48,22 @@ function(_velka_settings_absolute result)
         list(APPEND absolute ${file})
     endforeach()
     set(${result} ${absolute} PARENT_SCOPE)
+endfunction()
+
+# Sets the result to the language in the name of a translation, NAME-LANG.ts or LANG.ts.
+function(_velka_settings_language result translation)
+    get_filename_component(language ${translation} NAME_WLE)
+    string(FIND "${language}" "${arg_CATALOG}" place)
+    if(place EQUAL 0)
+        string(LENGTH "${arg_CATALOG}" length)
+        string(SUBSTRING "${language}" ${length} -1 language)
+        string(REGEX REPLACE "^[-_]" "" language "${language}")
+    endif()
+    if(NOT language MATCHES "^([a-z][a-z][a-z]?([-_][A-Z][a-z]+)?([-_][A-Z0-9]+)?|eng_en)$")
+        message(FATAL_ERROR "velka_settings_install_entries: the name of \"${translation}\" has no language")
+    endif()
+    string(REPLACE - _ language ${language})
+    set(${result} ${language} PARENT_SCOPE)
 endfunction()
 
 function(_velka_settings_check_arguments)
@@ -80,8 +101,7 @@ function(_velka_settings_compile_catalogs)
     set(has_engineering NO)
     _velka_settings_absolute(translations ${arg_TRANSLATIONS})
     foreach(translation ${translations})
-        get_filename_component(base ${translation} NAME_WE)
-        string(REGEX REPLACE "^${arg_CATALOG}[-_]" "" language ${base})
+        _velka_settings_language(language ${translation})
         if(language STREQUAL eng_en)
             set(has_engineering YES)
             set(engineering ${translation})
@@ -121,6 +141,11 @@ function(_velka_settings_add_tests)
     if(catalogs)
         set(copy_catalogs COMMAND ${CMAKE_COMMAND} -E copy ${catalogs} ${to_catalogs})
     endif()
+    set(vocabulary --no-system-vocabulary)
+    if(arg_VOCABULARY)
+        get_filename_component(host ${arg_VOCABULARY} ABSOLUTE)
+        set(vocabulary --vocabulary ${host})
+    endif()
     set(copy_pages)
     if(pages)
         set(copy_pages COMMAND ${CMAKE_COMMAND} -E copy ${pages} ${to_pages})
@@ -134,8 +159,8 @@ function(_velka_settings_add_tests)
         DEPENDS ${files} ${catalogs} ${pages} VERBATIM)
     add_custom_target(${name}-entries ALL DEPENDS ${root}.stamp)
     add_test(NAME ${name}_entries_check
-        COMMAND ${VELKA_SETTINGS_TOOL} check --strict --translations ${to_catalogs} ${files})
+        COMMAND ${VELKA_SETTINGS_TOOL} check --strict ${vocabulary} --translations ${to_catalogs} ${files})
     if(VelkaSettings_HAS_PREVIEW)
-        add_test(NAME ${name}_entries_preview COMMAND ${VELKA_SETTINGS_TOOL} preview --smoke-test ${root})
+        add_test(NAME ${name}_entries_preview COMMAND ${VELKA_SETTINGS_TOOL} preview --smoke-test ${vocabulary} ${root})
     endif()
 endfunction()

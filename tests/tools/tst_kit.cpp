@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The libvelkasettings authors
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "kitdirectory.h"
 #include "text.h"
-#include "tool.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
+
+#include <sys/stat.h>
 
 /// The commands that package authors build with: install and translate.
 class KitTest : public QObject
@@ -26,6 +27,12 @@ private Q_SLOTS:
     void renamesOnce();
     void listChangesNothing();
     void refusesTwoFilesOfOneName();
+    void refusesTwoVersionsOfOneFile();
+    void renamesInSeveralDirectories();
+    void refusesFileGivenTwice();
+    void editedFileStays_data();
+    void editedFileStays();
+    void refusesFifo();
     void reportsUnwritableDirectory();
 
     void extractsTexts();
@@ -42,12 +49,7 @@ private Q_SLOTS:
     void refuses();
 
 private:
-    QString path(const QString &name) const;
-    void write(const QString &name, const QByteArray &content) const;
-    QByteArray read(const QString &name) const;
-    Tool::Result run(const QStringList &arguments) const;
-
-    QScopedPointer<QTemporaryDir> m_directory;
+    QScopedPointer<KitDirectory> m_directory;
 };
 
 namespace
@@ -97,57 +99,29 @@ QString soundName(const QByteArray &content)
 
 void KitTest::init()
 {
-    m_directory.reset(new QTemporaryDir);
-    write(text("sound.json"), s_sound);
-}
-
-QString KitTest::path(const QString &name) const
-{
-    return m_directory->filePath(name);
-}
-
-void KitTest::write(const QString &name, const QByteArray &content) const
-{
-    QVERIFY(QDir().mkpath(QFileInfo(path(name)).path()));
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), qint64(content.size()));
-}
-
-QByteArray KitTest::read(const QString &name) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
-/// Runs the tool with paths in place of arguments that begin with "@".
-Tool::Result KitTest::run(const QStringList &arguments) const
-{
-    QStringList replaced;
-    for (const QString &argument : arguments) {
-        replaced.append(argument.startsWith(QLatin1Char('@')) ? path(argument.mid(1)) : argument);
-    }
-    return Tool::run(replaced);
+    m_directory.reset(new KitDirectory);
+    m_directory->write(text("sound.json"), s_sound);
 }
 
 void KitTest::installsUnderContentName()
 {
-    const Tool::Result result = run({text("install"), text("--into"), text("@new/entries"), text("@sound.json")});
+    const Tool::Result result = m_directory->run(
+        {text("install"), text("--into"), text("@new/entries"), text("@sound.json")});
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.output, soundName(s_sound).toUtf8() + '\n');
-    QCOMPARE(QDir(path(text("new/entries"))).entryList(QDir::Files), QStringList(soundName(s_sound)));
-    QCOMPARE(read(text("new/entries/") + soundName(s_sound)), QByteArray(s_sound));
-    QCOMPARE(read(text("sound.json")), QByteArray(s_sound));
+    QCOMPARE(QDir(m_directory->path(text("new/entries"))).entryList(QDir::Files), QStringList(soundName(s_sound)));
+    QCOMPARE(m_directory->read(text("new/entries/") + soundName(s_sound)), QByteArray(s_sound));
+    QCOMPARE(m_directory->read(text("sound.json")), QByteArray(s_sound));
 }
 
 void KitTest::upgradeReplacesEarlierVersion()
 {
     const QStringList install{text("install"), text("--into"), text("@installed"), text("@sound.json")};
-    QCOMPARE(run(install).exitCode, 0);
+    QCOMPARE(m_directory->run(install).exitCode, 0);
     const QByteArray changed = QByteArray(s_sound).replace("Sound", "Audio");
-    write(text("sound.json"), changed);
-    QCOMPARE(run(install).exitCode, 0);
-    QCOMPARE(QDir(path(text("installed"))).entryList(QDir::Files), QStringList(soundName(changed)));
+    m_directory->write(text("sound.json"), changed);
+    QCOMPARE(m_directory->run(install).exitCode, 0);
+    QCOMPARE(QDir(m_directory->path(text("installed"))).entryList(QDir::Files), QStringList(soundName(changed)));
 }
 
 void KitTest::otherFilesStay()
@@ -157,64 +131,120 @@ void KitTest::otherFilesStay()
                             text("sounds-") + hashOf(other) + text(".json"),
                             text("other-") + hashOf(other) + text(".json")};
     for (const QString &name : names) {
-        write(text("installed/") + name, other);
+        m_directory->write(text("installed/") + name, other);
     }
-    QCOMPARE(run({text("install"), text("--into"), text("@installed"), text("@sound.json")}).exitCode, 0);
+    QCOMPARE(m_directory->run({text("install"), text("--into"), text("@installed"), text("@sound.json")}).exitCode,
+             0);
     QStringList expected = names + QStringList(soundName(s_sound));
     expected.sort();
-    QCOMPARE(QDir(path(text("installed"))).entryList(QDir::Files), expected);
+    QCOMPARE(QDir(m_directory->path(text("installed"))).entryList(QDir::Files), expected);
 }
 
 void KitTest::renamesInPackage()
 {
     const QString entries = text("root/usr/share/velka-settings/entries");
-    write(entries + text("/sound.json"), s_sound);
-    write(entries + text("/fakesound.json"), s_sound);
-    write(text("root/usr/share/velka-settings/favorites-blacklist.json"), "[]");
-    QCOMPARE(run({text("install"), text("@root")}).exitCode, 0);
-    QCOMPARE(QDir(path(entries)).entryList(QDir::Files),
+    m_directory->write(entries + text("/sound.json"), s_sound);
+    m_directory->write(entries + text("/fakesound.json"), s_sound);
+    m_directory->write(text("root/usr/share/velka-settings/favorites-blacklist.json"), "[]");
+    QCOMPARE(m_directory->run({text("install"), text("@root")}).exitCode, 0);
+    QCOMPARE(QDir(m_directory->path(entries)).entryList(QDir::Files),
              (QStringList{text("fakesound.json"), soundName(s_sound)}));
-    QCOMPARE(read(text("root/usr/share/velka-settings/favorites-blacklist.json")), QByteArray("[]"));
+    QCOMPARE(m_directory->read(text("root/usr/share/velka-settings/favorites-blacklist.json")), QByteArray("[]"));
 }
 
 void KitTest::renamesOnce()
 {
     const QString name = soundName(s_sound);
-    write(name, s_sound);
-    QCOMPARE(run({text("install"), QLatin1Char('@') + name}).output, name.toUtf8() + '\n');
-    QCOMPARE(run({text("install"), text("@sound.json")}).exitCode, 0);
-    QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList(name));
+    m_directory->write(name, s_sound);
+    QCOMPARE(m_directory->run({text("install"), QLatin1Char('@') + name}).output, name.toUtf8() + '\n');
+    QCOMPARE(m_directory->run({text("install"), text("@sound.json")}).exitCode, 0);
+    QCOMPARE(QDir(m_directory->path(text("."))).entryList(QDir::Files), QStringList(name));
 }
 
 void KitTest::listChangesNothing()
 {
-    const Tool::Result result = run(
+    const Tool::Result result = m_directory->run(
         {text("install"), text("--list"), text("--into"), text("@new"), text("@sound.json")});
     QCOMPARE(result.output, soundName(s_sound).toUtf8() + '\n');
-    QVERIFY(!QDir(path(text("new"))).exists());
+    QVERIFY(!QDir(m_directory->path(text("new"))).exists());
 }
 
 void KitTest::refusesTwoFilesOfOneName()
 {
-    write(text("other/sound.json"), "{}");
-    const Tool::Result result = run(
+    m_directory->write(text("other/sound.json"), "{}");
+    const Tool::Result result = m_directory->run(
         {text("install"), text("--into"), text("@new"), text("@sound.json"), text("@other/sound.json")});
     QCOMPARE(result.exitCode, 2);
     QVERIFY(result.errors.contains("two files have the name \"sound.json\""));
-    QVERIFY(!QDir(path(text("new"))).exists());
+    QVERIFY(!QDir(m_directory->path(text("new"))).exists());
+}
+
+void KitTest::refusesTwoVersionsOfOneFile()
+{
+    const QByteArray other = R"({"entries": []})";
+    m_directory->write(soundName(other), other);
+    const Tool::Result result = m_directory->run(
+        {text("install"), text("--into"), text("@new"), text("@sound.json"), text("@") + soundName(other)});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("two files have the name \"sound.json\""), result.errors.constData());
+    QCOMPARE(result.output, QByteArray());
+}
+
+void KitTest::renamesInSeveralDirectories()
+{
+    m_directory->write(text("other/sound.json"), "{}");
+    QCOMPARE(m_directory->run({text("install"), text("@sound.json"), text("@other/sound.json")}).exitCode, 0);
+    QCOMPARE(m_directory->read(soundName(s_sound)), QByteArray(s_sound));
+    QCOMPARE(m_directory->read(text("other/") + soundName("{}")), QByteArray("{}"));
+}
+
+void KitTest::refusesFileGivenTwice()
+{
+    const Tool::Result result = m_directory->run({text("install"), text("@sound.json"), text("@sound.json")});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY(result.errors.contains("is given twice"));
+    QCOMPARE(m_directory->read(text("sound.json")), QByteArray(s_sound));
+}
+
+void KitTest::editedFileStays_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("renamed") << QStringList();
+    QTest::newRow("copied") << QStringList{text("--into"), text("@.")};
+}
+
+void KitTest::editedFileStays()
+{
+    QFETCH(QStringList, options);
+    m_directory->write(soundName(s_sound), "edited");
+    const Tool::Result result = m_directory->run(QStringList{text("install"), text("@sound.json")} + options);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("has other content than its name says"), result.errors.constData());
+    QCOMPARE(m_directory->read(soundName(s_sound)), QByteArray("edited"));
+    QCOMPARE(m_directory->read(text("sound.json")), QByteArray(s_sound));
+}
+
+void KitTest::refusesFifo()
+{
+    QVERIFY(QDir().mkpath(m_directory->path(text("entries"))));
+    QCOMPARE(mkfifo(m_directory->path(text("entries/x.json")).toUtf8().constData(), 0600), 0);
+    const Tool::Result result = m_directory->run({text("install"), text("--list"), text("@entries")});
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.errors.contains("x.json\": not a regular file"), result.errors.constData());
 }
 
 void KitTest::reportsUnwritableDirectory()
 {
-    const Tool::Result result = run({text("install"), text("--into"), text("/proc/new"), text("@sound.json")});
+    const Tool::Result result = m_directory->run(
+        {text("install"), text("--into"), text("/proc/new"), text("@sound.json")});
     QCOMPARE(result.exitCode, 2);
     QVERIFY2(result.errors.contains("cannot write \"/proc/new/sound-"), result.errors.constData());
 }
 
 void KitTest::extractsTexts()
 {
-    write(text("entries/sound.json"), s_sound);
-    const Tool::Result result = run(
+    m_directory->write(text("entries/sound.json"), s_sound);
+    const Tool::Result result = m_directory->run(
         {text("translate"), text("extract"), text("@entries"), text("-o"), text("@sound_eng_en.ts")});
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(result.exitCode, 0);
@@ -227,7 +257,7 @@ void KitTest::extractsTexts()
     const auto expected = [&message](const char *id, const char *line, const char *source) {
         return QByteArray(message).replace("%1", id).replace("%2", line).replace("%3", source);
     };
-    const QByteArray catalog = read(text("sound_eng_en.ts"));
+    const QByteArray catalog = m_directory->read(text("sound_eng_en.ts"));
     for (const QByteArray &part :
          {expected("sound-he-sound", "4", "Sound"), expected("sound-he-snd", "5", "Snd"),
           expected("sound-he-volume", "6", "Volume"), expected("sound-la-loud", "7", "loud; quiet")}) {
@@ -253,13 +283,15 @@ void KitTest::extractsOddTexts()
                                 .replace(text("\\"), text("\\\\"))
                                 .replace(text("\""), text("\\\""))
                                 .replace(text("\t"), text("\\t"));
-    write(text("odd.json"), text(R"({"entries": [{"path": "x", "translation_id": "odd-he-x", "title": "%1"}]})")
-                                .arg(escaped)
-                                .toUtf8());
-    QCOMPARE(
-        run({text("translate"), text("extract"), text("@odd.json"), text("-o"), text("@odd_eng_en.ts")}).errors,
-        QByteArray());
-    const QByteArray catalog = read(text("odd_eng_en.ts"));
+    m_directory->write(text("odd.json"),
+                       text(R"({"entries": [{"path": "x", "translation_id": "odd-he-x", "title": "%1"}]})")
+                           .arg(escaped)
+                           .toUtf8());
+    QCOMPARE(m_directory
+                 ->run({text("translate"), text("extract"), text("@odd.json"), text("-o"), text("@odd_eng_en.ts")})
+                 .errors,
+             QByteArray());
+    const QByteArray catalog = m_directory->read(text("odd_eng_en.ts"));
     QVERIFY2(catalog.contains("<translation>" + title.toHtmlEscaped().toUtf8() + "</translation>")
                  || catalog.contains("<translation>" + title.toUtf8() + "</translation>"),
              catalog.constData());
@@ -268,9 +300,11 @@ void KitTest::extractsOddTexts()
 
 void KitTest::updateKeepsTranslations()
 {
-    write(text("sound-fi.ts"), s_finnish);
-    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")}).exitCode, 0);
-    const QByteArray catalog = read(text("sound-fi.ts"));
+    m_directory->write(text("sound-fi.ts"), s_finnish);
+    QCOMPARE(
+        m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")}).exitCode,
+        0);
+    const QByteArray catalog = m_directory->read(text("sound-fi.ts"));
     const char *const parts[] = {
         "<source>Sound</source>\n        <translation>Ääni</translation>", // finished
         "<source>Volume</source>\n        <oldsource>Loudness</oldsource>\n"
@@ -281,45 +315,55 @@ void KitTest::updateKeepsTranslations()
     for (const char *part : parts) {
         QVERIFY2(catalog.contains(part), (QByteArray(part) + "is not in\n" + catalog).constData());
     }
-    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")}).exitCode, 0);
-    QCOMPARE(read(text("sound-fi.ts")), catalog);
+    QCOMPARE(
+        m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")}).exitCode,
+        0);
+    QCOMPARE(m_directory->read(text("sound-fi.ts")), catalog);
 }
 
 void KitTest::updateCreatesCatalog()
 {
-    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@po/sound-de.ts")}).exitCode, 2);
-    QCOMPARE(run({text("translate"), text("update"), text("@sound.json"), text("@sound-de.ts")}).exitCode, 0);
-    QVERIFY(read(text("sound-de.ts")).contains(R"(language="de")"));
-    QCOMPARE(read(text("sound-de.ts")).count(R"(type="unfinished")"), 4);
+    QCOMPARE(m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@po/sound-de.ts")})
+                 .exitCode,
+             2);
+    QCOMPARE(
+        m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@sound-de.ts")}).exitCode,
+        0);
+    QVERIFY(m_directory->read(text("sound-de.ts")).contains(R"(language="de")"));
+    QCOMPARE(m_directory->read(text("sound-de.ts")).count(R"(type="unfinished")"), 4);
 }
 
 void KitTest::updateKeepsComments()
 {
-    write(text("sound-fi.ts"), s_finnish);
-    run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
-    QVERIFY(read(text("sound-fi.ts")).contains("?>\n<!-- A comment -->\n<!DOCTYPE TS>"));
+    m_directory->write(text("sound-fi.ts"), s_finnish);
+    m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
+    QVERIFY(m_directory->read(text("sound-fi.ts")).contains("?>\n<!-- A comment -->\n<!DOCTYPE TS>"));
 }
 
 void KitTest::checkTellsWhatIsMissing()
 {
-    write(text("sound-fi.ts"), s_finnish);
+    m_directory->write(text("sound-fi.ts"), s_finnish);
     const QStringList check{text("translate"), text("check"), text("@sound.json"), text("@sound-fi.ts"),
                             text("@sound_eng_en.ts")};
-    run({text("translate"), text("extract"), text("@sound.json"), text("-o"), text("@sound_eng_en.ts")});
-    const QByteArray complete = path(text("sound_eng_en.ts")).toUtf8() + ": 4 of 4 texts are translated into en\n";
-    Tool::Result result = run(check);
-    const QString place = path(text("sound.json"));
+    m_directory->run(
+        {text("translate"), text("extract"), text("@sound.json"), text("-o"), text("@sound_eng_en.ts")});
+    const QByteArray complete = m_directory->path(text("sound_eng_en.ts")).toUtf8()
+                                + ": 4 of 4 texts are translated into en\n";
+    Tool::Result result = m_directory->run(check);
+    const QString place = m_directory->path(text("sound.json"));
     QCOMPARE(QString::fromUtf8(result.output), text("%1: 1 of 4 texts are translated into fi\n"
                                                     "  %2:5: \"sound-he-snd\" is missing\n"
                                                     "  %2:6: \"sound-he-volume\" translates an older text\n"
                                                     "  %2:7: \"sound-la-loud\" is missing\n")
-                                                       .arg(path(text("sound-fi.ts")), place)
+                                                       .arg(m_directory->path(text("sound-fi.ts")), place)
                                                    + QString::fromUtf8(complete));
     QCOMPARE(result.exitCode, 1);
-    run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
-    result = run(check);
+    m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
+    result = m_directory->run(check);
     QVERIFY2(result.output.contains("\"sound-he-snd\" is not translated"), result.output.constData());
-    QCOMPARE(run({text("translate"), text("check"), text("@sound.json"), text("@sound_eng_en.ts")}).exitCode, 0);
+    QCOMPARE(m_directory->run({text("translate"), text("check"), text("@sound.json"), text("@sound_eng_en.ts")})
+                 .exitCode,
+             0);
 }
 
 void KitTest::pseudo_data()
@@ -338,16 +382,17 @@ void KitTest::pseudo()
     QFETCH(QStringList, options);
     QFETCH(QByteArray, language);
     QFETCH(QString, translation);
-    write(text("sound-fi.ts"),
-          QByteArray(s_finnish).replace("<source>Sound<", "<source>%1 of %L2 sounds: %n %3<"));
-    run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
-    write(text("sound-fi.ts"),
-          read(text("sound-fi.ts")).replace("<source>Sound<", "<source>%1 of %L2 sounds: %n %3<"));
-    const Tool::Result result = run(
+    m_directory->write(text("sound-fi.ts"),
+                       QByteArray(s_finnish).replace("<source>Sound<", "<source>%1 of %L2 sounds: %n %3<"));
+    m_directory->run({text("translate"), text("update"), text("@sound.json"), text("@sound-fi.ts")});
+    m_directory->write(
+        text("sound-fi.ts"),
+        m_directory->read(text("sound-fi.ts")).replace("<source>Sound<", "<source>%1 of %L2 sounds: %n %3<"));
+    const Tool::Result result = m_directory->run(
         QStringList{text("translate"), text("pseudo"), text("@sound-fi.ts"), text("-o"), text("@sound-x.ts")}
         + options);
     QCOMPARE(result.errors, QByteArray());
-    const QByteArray catalog = read(text("sound-x.ts"));
+    const QByteArray catalog = m_directory->read(text("sound-x.ts"));
     QVERIFY2(catalog.contains("<translation>" + translation.toUtf8() + "</translation>"), catalog.constData());
     QVERIFY(catalog.contains("language=\"" + language + '"'));
     QVERIFY(catalog.contains("<translation type=\"vanished\">Poissa</translation>"));
@@ -357,20 +402,21 @@ void KitTest::pseudo()
 /// The program is copied to a place where it finds no tools of Qt.
 void KitTest::missingLupdate()
 {
-    QVERIFY(QFile::copy(text(VELKA_TOOL), path(text("velka-settings"))));
-    write(text("qt.conf"), "[Paths]\nBinaries=" + path(text("nothing")).toUtf8() + '\n');
+    QVERIFY(QFile::copy(text(VELKA_TOOL), m_directory->path(text("velka-settings"))));
+    m_directory->write(text("qt.conf"), "[Paths]\nBinaries=" + m_directory->path(text("nothing")).toUtf8() + '\n');
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(text("PATH"), path(text("nothing")));
+    environment.insert(text("PATH"), m_directory->path(text("nothing")));
     process.setProcessEnvironment(environment);
-    process.start(path(text("velka-settings")), {text("translate"), text("extract"), path(text("sound.json")),
-                                                 text("-o"), path(text("sound_eng_en.ts"))});
+    process.start(m_directory->path(text("velka-settings")),
+                  {text("translate"), text("extract"), m_directory->path(text("sound.json")), text("-o"),
+                   m_directory->path(text("sound_eng_en.ts"))});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 2);
     const QByteArray errors = process.readAllStandardError();
     QVERIFY2(errors.contains("lupdate is missing: install Qt's linguist tools, such as qttools5-dev-tools"),
              errors.constData());
-    QVERIFY(!QFile::exists(path(text("sound_eng_en.ts"))));
+    QVERIFY(!QFile::exists(m_directory->path(text("sound_eng_en.ts"))));
 }
 
 void KitTest::refuses_data()
@@ -394,9 +440,9 @@ void KitTest::refuses_data()
         << QStringList{text("pseudo"), text("@broken.ts"), text("-o"), text("@x.ts")}
         << QByteArray("broken.ts:2: ");
     QTest::newRow("missing catalog") << QStringList{text("check"), text("@sound.json"), text("@missing.ts")}
-                                     << QByteArray("there is no catalog ");
+                                     << QByteArray("missing.ts\": No such file");
     QTest::newRow("broken update") << QStringList{text("update"), text("@sound.json"), text("@broken.ts")}
-                                   << QByteArray("lupdate fails: ");
+                                   << QByteArray("broken.ts:2: ");
 }
 
 void KitTest::refuses()
@@ -404,13 +450,13 @@ void KitTest::refuses()
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, message);
     const QByteArray broken = "<TS>\n<context>";
-    write(text("broken.json"), "{\"entries\": [\n],}");
-    write(text("broken.ts"), broken);
-    const Tool::Result result = run(QStringList(text("translate")) + arguments);
+    m_directory->write(text("broken.json"), "{\"entries\": [\n],}");
+    m_directory->write(text("broken.ts"), broken);
+    const Tool::Result result = m_directory->run(QStringList(text("translate")) + arguments);
     QCOMPARE(result.exitCode, 2);
     QVERIFY2(result.errors.contains(message), result.errors.constData());
-    QCOMPARE(read(text("broken.ts")), broken);
-    QVERIFY(!QFile::exists(path(text("x.ts"))));
+    QCOMPARE(m_directory->read(text("broken.ts")), broken);
+    QVERIFY(!QFile::exists(m_directory->path(text("x.ts"))));
 }
 
 QTEST_GUILESS_MAIN(KitTest)

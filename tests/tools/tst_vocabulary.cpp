@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 /// What the commands do with the vocabulary of a host.
 class VocabularyTest : public QObject
 {
@@ -28,12 +30,15 @@ private Q_SLOTS:
     void ofTheSystem();
     void besideEntriesWins();
     void optionWins();
+    void systemCanBeLeftOut();
     void hostTypesAreNotMisspelt();
     void suggestsHostTypes();
     void unusable_data();
     void unusable();
     void unusableOfTheSystem();
+    void fifo();
     void schema();
+    void schemaEscapesSyntaxOnly();
     void schemaWithoutVocabulary();
 
 private:
@@ -151,6 +156,17 @@ void VocabularyTest::optionWins()
     QCOMPARE(findingsIn(result.output).join(QLatin1Char('\n')), text(s_expected));
 }
 
+void VocabularyTest::systemCanBeLeftOut()
+{
+    write(s_system, s_vocabulary);
+    const QStringList check{text("check"), text("--no-system-vocabulary"), text("f.json")};
+    QCOMPARE(findingsIn(Tool::run(check).output), QStringList());
+    const QStringList host{text("--vocabulary"), vocabulary()};
+    QCOMPARE(findingsIn(Tool::run(check + host).output).join(QLatin1Char('\n')), text(s_expected));
+    write(s_system, "{}");
+    QCOMPARE(Tool::run(check).errors, QByteArray());
+}
+
 void VocabularyTest::hostTypesAreNotMisspelt()
 {
     write(text("f.json"), R"({"entries": [{"path": "system_settings", "title": "A", "type": "slider"}]})");
@@ -180,7 +196,18 @@ void VocabularyTest::unusable_data()
     QTest::newRow("root") << QByteArray(R"({"types": {"a": {}}, "root": 5})")
                           << QByteArray("\"root\" must be a string");
     QTest::newRow("depth") << QByteArray(R"({"types": {"a": {}}, "depth": "x"})")
-                           << QByteArray("\"depth\" must be a number");
+                           << QByteArray("\"depth\" must be a whole number above 0");
+    QTest::newRow("negative depth") << QByteArray(R"({"types": {"a": {}}, "depth": -1})")
+                                    << QByteArray("\"depth\" must be a whole number above 0");
+    QTest::newRow("half a depth") << QByteArray(R"({"types": {"a": {}}, "depth": 2.5})")
+                                  << QByteArray("\"depth\" must be a whole number above 0");
+    QTest::newRow("type") << QByteArray(R"({"types": {"page": 5}})") << QByteArray("\"page\" must be an object");
+    QTest::newRow("description") << QByteArray(R"({"types": {"page": {"description": 5}}})")
+                                 << QByteArray("\"description\" must be a string");
+    QTest::newRow("params") << QByteArray(R"({"types": {"page": {"params": []}}})")
+                            << QByteArray("\"params\" must be an object");
+    QTest::newRow("key") << QByteArray(R"({"types": {"a": {}}, "ignored_keys": [1]})")
+                         << QByteArray("\"ignored_keys\" must have strings only");
     QTest::newRow("keys") << QByteArray(R"({"types": {"a": {}}, "ignored_keys": "x"})")
                           << QByteArray("\"ignored_keys\" must be an array");
     QTest::newRow("page") << QByteArray(R"({"types": {"a": {"opens_page": "yes"}}})")
@@ -215,6 +242,15 @@ void VocabularyTest::unusableOfTheSystem()
     QCOMPARE(findingsIn(result.output), QStringList());
 }
 
+void VocabularyTest::fifo()
+{
+    QVERIFY(QDir().mkpath(path("host/entries")));
+    write(path("host/entries/f.json"), s_entries);
+    QCOMPARE(mkfifo(path("host/vocabulary.json").toUtf8().constData(), 0600), 0);
+    const Tool::Result result = Tool::run({text("check"), text("host")});
+    QVERIFY2(result.errors.contains("is not used: not a regular file"), result.errors.constData());
+}
+
 void VocabularyTest::schema()
 {
     write(s_system, s_vocabulary);
@@ -237,6 +273,15 @@ void VocabularyTest::schema()
     QCOMPARE(slider, QByteArray(R"({"if":{"properties":{"type":{"const":"slider"}},"required":["type"]},)"
                                 R"("then":{"properties":{"params":{"properties":)"
                                 R"({"labels":{"type":"array"},"max":{"type":"number"}}}}}})"));
+}
+
+void VocabularyTest::schemaEscapesSyntaxOnly()
+{
+    write(s_system, QByteArray(R"({"root": "a-b/ä.c", "types": {"page": {}}})"));
+    const QJsonObject entry
+        = Tool::run({text("schema")}).json()[text("definitions")].toObject()[text("entry")].toObject();
+    QCOMPARE(entry[text("properties")].toObject()[text("path")].toObject()[text("pattern")].toString(),
+             QString::fromUtf8("^(a-b\\/ä\\.c|applications)(/|$)"));
 }
 
 void VocabularyTest::schemaWithoutVocabulary()

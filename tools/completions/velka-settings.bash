@@ -62,7 +62,7 @@ _velka_settings_value() {
 
 _velka_settings_options() {
     case $1 in
-        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --vocabulary --with --help \
+        check) _velka_settings_words --explain --list-tags --strict --override --format --translations --vocabulary --no-system-vocabulary --with --help \
             --version ;;
         tree | show | why)
             _velka_settings_words --root --translations --uid --locale --masked --format --help --version ;;
@@ -72,7 +72,7 @@ _velka_settings_options() {
         open) _velka_settings_words --service --help --version ;;
         preview)
             _velka_settings_words --locale --translations --mask --group --phone --wide --page --screenshot \
-                --smoke-test --vocabulary --help --version ;;
+                --smoke-test --vocabulary --no-system-vocabulary --help --version ;;
         translate) _velka_settings_words --mirrored --output --help --version ;;
         schema) _velka_settings_words --vocabulary --help --version ;;
         install) _velka_settings_words --into --list --help --version ;;

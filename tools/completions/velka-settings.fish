@@ -76,6 +76,8 @@ complete --command velka-settings --condition '__velka_settings_uses install' --
 complete --command velka-settings --condition '__velka_settings_uses install' --long-option list
 complete --command velka-settings --condition '__velka_settings_uses check preview schema' --long-option vocabulary \
     --require-parameter --force-files
+complete --command velka-settings --condition '__velka_settings_uses check preview' \
+    --long-option no-system-vocabulary
 
 complete --command velka-settings --condition '__velka_settings_uses check' --long-option format --exclusive \
     --arguments 'text json sarif junit'

@@ -33,6 +33,7 @@ and favourites blacklists, and probable mistakes, each with its place and tag.
   --format FORMAT     text (the default), json, sarif or junit
   --translations DIR  looks for compiled catalogs (*.qm) in DIR
   --vocabulary FILE   checks what the host with this vocabulary shows
+  --no-system-vocabulary  ignores the vocabulary of this system
   --with DIR|SYSTEM   compares with the entries that are installed: in DIR, or
                       on this system
   -h, --help          prints this; --version prints the version
@@ -56,6 +57,7 @@ struct Options {
     QStringList arguments;
     QString translations;
     QString vocabulary;
+    bool admitsSystemVocabulary;
     QString installed; ///< empty when there is nothing to compare with
     QString format;
     Severities severities;
@@ -124,8 +126,7 @@ QString collect(const Options &options, CheckedFiles *files)
     return problem;
 }
 
-Report check(const CheckedFiles &files, const QString &translations,
-             const std::optional<HostVocabulary> &vocabulary)
+Report check(const CheckedFiles &files, const QString &translations, const VocabularyChoice &vocabulary)
 {
     Progress progress;
     const auto report = [&progress](int done, int total) { progress.update(done, total); };
@@ -159,9 +160,9 @@ int run(const Options &options)
 {
     CheckedFiles files;
     QString problem = collect(options, &files);
-    std::optional<HostVocabulary> vocabulary;
+    VocabularyChoice vocabulary{{}, options.admitsSystemVocabulary};
     if (problem.isEmpty() && !options.vocabulary.isEmpty()) {
-        vocabulary = HostVocabulary::read(options.vocabulary, &problem);
+        vocabulary.named = HostVocabulary::read(options.vocabulary, &problem);
     }
     if (!problem.isEmpty()) {
         return refuse(s_syntax, problem);
@@ -181,9 +182,11 @@ int Commands::check(const QStringList &arguments)
     const QCommandLineOption overrides(QStringLiteral("override"), {}, QStringLiteral("TAG=SEVERITY"));
     const QCommandLineOption translations(QStringLiteral("translations"), {}, QStringLiteral("DIR"));
     const QCommandLineOption vocabulary(QStringLiteral("vocabulary"), {}, QStringLiteral("FILE"));
+    const QCommandLineOption noSystemVocabulary(QStringLiteral("no-system-vocabulary"));
     const QCommandLineOption installed(QStringLiteral("with"), {}, QStringLiteral("DIR|SYSTEM"));
     QCommandLineParser parser;
-    parser.addOptions({explainTag, list, strict, overrides, translations, vocabulary, installed});
+    parser.addOptions(
+        {explainTag, list, strict, overrides, translations, vocabulary, noSystemVocabulary, installed});
     if (const std::optional<int> exitStatus = parseCommandLine(&parser, s_syntax, arguments)) {
         return *exitStatus;
     }
@@ -193,8 +196,13 @@ int Commands::check(const QStringList &arguments)
     if (parser.isSet(list)) {
         return listTags();
     }
-    Options options{parser.positionalArguments(), parser.value(translations), parser.value(vocabulary),
-                    parser.value(installed),      formatOf(parser),           {},
+    Options options{parser.positionalArguments(),
+                    parser.value(translations),
+                    parser.value(vocabulary),
+                    !parser.isSet(noSystemVocabulary),
+                    parser.value(installed),
+                    formatOf(parser),
+                    {},
                     parser.isSet(strict)};
     const QString problem = readOverrides(parser.values(overrides), &options.severities);
     return problem.isEmpty() ? run(options) : refuse(s_syntax, problem);

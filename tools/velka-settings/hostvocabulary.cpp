@@ -4,21 +4,42 @@
 #include "hostvocabulary.h"
 
 #include "printable.h"
+#include "regularfile.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace
 {
+constexpr qint64 MaxSize = 16 << 20;
 const QString s_opensPage = QStringLiteral("opens_page");
 const QString s_params = QStringLiteral("params");
 const QString s_types = QStringLiteral("types");
+
+/// Returns the first of @p problems that is one.
+QString firstOf(std::initializer_list<QString> problems)
+{
+    const auto *const found = std::find_if(problems.begin(), problems.end(),
+                                           [](const QString &text) { return !text.isEmpty(); });
+    return found == problems.end() ? QString() : *found;
+}
 
 QStringList jsonTypes()
 {
     return {QStringLiteral("array"), QStringLiteral("boolean"), QStringLiteral("number"), QStringLiteral("object"),
             QStringLiteral("string")};
+}
+
+/// Returns what is wrong with the value of @p key, which may be missing, if it has not the type @p expected.
+QString problemOfType(const QJsonObject &object, const QString &key, QJsonValue::Type expected, const char *name)
+{
+    const QJsonValue value = object.value(key);
+    return value.isUndefined() || value.type() == expected
+               ? QString()
+               : QStringLiteral("\"%1\" must be %2").arg(key, QLatin1String(name));
 }
 
 QString problemOfParams(const QString &type, const QJsonObject &params)
@@ -32,13 +53,35 @@ QString problemOfParams(const QString &type, const QJsonObject &params)
     return {};
 }
 
-/// Returns what is wrong with @p value, which may be missing, if it has not the type @p expected.
-QString problemOfType(const QJsonObject &object, const QString &key, QJsonValue::Type expected, const char *name)
+QString problemOfTypes(const QJsonObject &types)
 {
-    const QJsonValue value = object.value(key);
-    return value.isUndefined() || value.type() == expected
-               ? QString()
-               : QStringLiteral("\"%1\" must be %2").arg(key, QLatin1String(name));
+    for (auto type = types.begin(); type != types.end(); ++type) {
+        const QJsonObject object = type->toObject();
+        const QString problem = firstOf({
+            problemOfType(types, type.key(), QJsonValue::Object, "an object"),
+            problemOfType(object, QStringLiteral("description"), QJsonValue::String, "a string"),
+            problemOfType(object, s_opensPage, QJsonValue::Bool, "true or false"),
+            problemOfType(object, s_params, QJsonValue::Object, "an object"),
+            problemOfParams(type.key(), object.value(s_params).toObject()),
+        });
+        if (!problem.isEmpty()) {
+            return problem;
+        }
+    }
+    return types.isEmpty() ? QStringLiteral("it has no \"types\"") : QString();
+}
+
+QString problemOfDepth(const QJsonValue &depth)
+{
+    return depth.isUndefined() || depth.toInt() >= 1 ? QString()
+                                                     : QStringLiteral("\"depth\" must be a whole number above 0");
+}
+
+QString problemOfKeys(const QJsonArray &keys)
+{
+    const bool areStrings = std::all_of(keys.begin(), keys.end(),
+                                        [](const QJsonValue &key) { return key.isString(); });
+    return areStrings ? QString() : QStringLiteral("\"ignored_keys\" must have strings only");
 }
 }
 
@@ -49,9 +92,9 @@ QString HostVocabulary::systemPath()
 
 std::optional<HostVocabulary> HostVocabulary::read(const QString &path, QString *problem)
 {
-    QFile file(path);
+    const FileContent content = readRegularFile(path, MaxSize);
     HostVocabulary vocabulary;
-    const QString reason = file.open(QIODevice::ReadOnly) ? vocabulary.parse(file.readAll()) : file.errorString();
+    const QString reason = content.error.isEmpty() ? vocabulary.parse(content.bytes) : content.error;
     if (!reason.isEmpty()) {
         *problem = QStringLiteral("the vocabulary \"%1\" is not used: %2").arg(printable(path), printable(reason));
         return {};
@@ -120,26 +163,13 @@ QString HostVocabulary::parse(const QByteArray &json)
 
 QString HostVocabulary::problem() const
 {
-    const QString problems[] = {
+    const QString keys = QStringLiteral("ignored_keys");
+    return firstOf({
         problemOfType(m_object, s_types, QJsonValue::Object, "an object"),
         problemOfType(m_object, QStringLiteral("root"), QJsonValue::String, "a string"),
-        problemOfType(m_object, QStringLiteral("depth"), QJsonValue::Double, "a number"),
-        problemOfType(m_object, QStringLiteral("ignored_keys"), QJsonValue::Array, "an array"),
-    };
-    for (const QString &problem : problems) {
-        if (!problem.isEmpty()) {
-            return problem;
-        }
-    }
-    if (types().isEmpty()) {
-        return QStringLiteral("it has no \"types\"");
-    }
-    QString problem;
-    const QStringList names = types();
-    for (const QString &type : names) {
-        problem = problem.isEmpty() ? problemOfType(valueOf(type), s_opensPage, QJsonValue::Bool, "true or false")
-                                    : problem;
-        problem = problem.isEmpty() ? problemOfParams(type, paramsOf(type)) : problem;
-    }
-    return problem;
+        problemOfDepth(m_object.value(QLatin1String("depth"))),
+        problemOfType(m_object, keys, QJsonValue::Array, "an array"),
+        problemOfKeys(m_object.value(keys).toArray()),
+        problemOfTypes(m_object.value(s_types).toObject()),
+    });
 }

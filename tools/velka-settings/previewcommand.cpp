@@ -35,6 +35,7 @@ settings are neither read nor changed.
   --phone, --wide        opens a phone-sized (the default) or a wide window
   --page PATH            opens the page of an entry
   --vocabulary FILE      shows what the host with this vocabulary does
+  --no-system-vocabulary does not use the vocabulary of this system
   --screenshot FILE.png  saves a picture and quits; needs no display
   --smoke-test           opens every page, and fails on any warning; needs no
                          display
@@ -104,12 +105,10 @@ public:
         return problem;
     }
 
-    /// Returns the vocabulary with the entries or that of the system, empty if there is none.
-    QString vocabulary() const
+    /// Returns the vocabulary with the entries, or @p system if there is none.
+    QString vocabularyOr(const QString &system) const
     {
-        return !m_vocabulary.isEmpty()                           ? m_vocabulary
-               : QFileInfo::exists(HostVocabulary::systemPath()) ? HostVocabulary::systemPath()
-                                                                 : QString();
+        return m_vocabulary.isEmpty() ? system : m_vocabulary;
     }
 
     QStringList arguments() const
@@ -170,6 +169,17 @@ QStringList vocabularyOption(const QString &path, QString *problem)
                : QStringList{QStringLiteral("--vocabulary"), QFileInfo(path).absoluteFilePath()};
 }
 
+/// Returns the vocabulary that @p parser or @p places select, or that of the system. Empty if there is none.
+QString vocabularyOf(const QCommandLineParser &parser, const PreviewedPlaces &places)
+{
+    if (parser.isSet(QStringLiteral("vocabulary"))) {
+        return parser.value(QStringLiteral("vocabulary"));
+    }
+    const QString system = HostVocabulary::systemPath();
+    const bool isUsed = !parser.isSet(QStringLiteral("no-system-vocabulary")) && QFileInfo::exists(system);
+    return places.vocabularyOr(isUsed ? system : QString());
+}
+
 QString problemWith(const QCommandLineParser &parser)
 {
     const QString locale = parser.value(QStringLiteral("locale"));
@@ -196,8 +206,8 @@ int Commands::preview(const QStringList &arguments)
     for (const QString &name : flags) {
         parser.addOption(QCommandLineOption(name));
     }
-    const QString vocabularyName = QStringLiteral("vocabulary");
-    parser.addOption({vocabularyName, {}, QStringLiteral("VALUE")});
+    parser.addOption({QStringLiteral("vocabulary"), {}, QStringLiteral("VALUE")});
+    parser.addOption(QCommandLineOption(QStringLiteral("no-system-vocabulary")));
     for (const QString &name : options) {
         parser.addOption({name, {}, QStringLiteral("VALUE")});
     }
@@ -211,8 +221,8 @@ int Commands::preview(const QStringList &arguments)
     for (const QString &argument : named) {
         problem = problem.isEmpty() ? places.add(argument) : problem;
     }
-    const QString vocabulary = parser.isSet(vocabularyName) ? parser.value(vocabularyName) : places.vocabulary();
-    const QStringList host = problem.isEmpty() ? vocabularyOption(vocabulary, &problem) : QStringList();
+    const QStringList host = problem.isEmpty() ? vocabularyOption(vocabularyOf(parser, places), &problem)
+                                               : QStringList();
     if (!problem.isEmpty()) {
         return refuse(syntax, problem);
     }

@@ -122,7 +122,7 @@ void reportUnreadable(const QFileInfo &file, Findings *findings)
 }
 }
 
-Checker::Checker(const QString &translations, Progress progress, const std::optional<HostVocabulary> &vocabulary)
+Checker::Checker(const QString &translations, Progress progress, const VocabularyChoice &vocabulary)
     : m_translations(translations)
     , m_vocabulary(vocabulary)
     , m_progress(std::move(progress))
@@ -233,10 +233,11 @@ void Checker::checkText(Document *document, bool isLoaded, Catalogs *catalogs, F
 
 const HostVocabulary *Checker::vocabularyOf(const CheckedFile &file)
 {
-    if (m_vocabulary) {
-        return &*m_vocabulary;
+    if (m_vocabulary.named) {
+        return &*m_vocabulary.named;
     }
-    const QString path = QFileInfo::exists(file.vocabulary) ? file.vocabulary : HostVocabulary::systemPath();
+    const QString system = m_vocabulary.admitsSystem ? HostVocabulary::systemPath() : QString();
+    const QString path = QFileInfo::exists(file.vocabulary) ? file.vocabulary : system;
     const auto known = m_vocabularies.find(path);
     if (known != m_vocabularies.end()) {
         return known->second ? &*known->second : nullptr;

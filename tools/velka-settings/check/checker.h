@@ -15,6 +15,12 @@ namespace Check
 class Findings;
 struct Document;
 
+/// Which vocabulary is used: the one of the command line, else the one with each file, else that of the system.
+struct VocabularyChoice {
+    std::optional<HostVocabulary> named;
+    bool admitsSystem = true; ///< whether that of the system is used
+};
+
 /// Checks files as the library would load them.
 class Checker
 {
@@ -22,8 +28,7 @@ public:
     using Progress = std::function<void(int done, int total)>;
 
     /// Looks for catalogs in the directory @p translations, or if that is empty, in the directory of each file.
-    /// Uses @p vocabulary, or if that is missing, the one with each file or that of the system.
-    Checker(const QString &translations, Progress progress, const std::optional<HostVocabulary> &vocabulary = {});
+    Checker(const QString &translations, Progress progress, const VocabularyChoice &vocabulary = {});
 
     std::vector<FileFindings> check(const CheckedFiles &files);
     /// Returns the findings of the files in @p arguments, which are existing files and directories.
@@ -39,7 +44,7 @@ private:
 
     const QString m_translations;
     std::map<QString, Catalogs> m_catalogs; ///< by directory
-    const std::optional<HostVocabulary> m_vocabulary; ///< of the command line
+    const VocabularyChoice m_vocabulary;
     std::map<QString, std::optional<HostVocabulary>> m_vocabularies; ///< by path, missing when they cannot be used
     const Progress m_progress;
     int m_done = 0;

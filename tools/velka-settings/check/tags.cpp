@@ -157,6 +157,10 @@ const QVector<TagInfo> &tags()
         {Tag::IdUntranslated, "id-untranslated", Severity::Note,
          "A translation id has no text in some languages",
          "Another text is shown in these languages: engineering English, or the plain \"title\"."},
+        {Tag::IdUnwritable, "id-unwritable", Severity::Warning,
+         "A catalog (*.ts) cannot have this translation id",
+         "lupdate writes ids without escapes of XML. With &, <, a quotation mark or a control character in one, "
+         "the catalog cannot be read any more, and velka-settings translate refuses the file."},
         {Tag::IdWithoutCatalog, "id-without-catalog", Severity::Warning,
          "The file has translation ids but names no catalog",
          "Without \"translation_catalog\" the ids are only found if another package or the program happens "

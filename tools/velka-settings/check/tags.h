@@ -53,6 +53,7 @@ enum class Tag {
     IdNotAscii,
     IdUnknown,
     IdUntranslated,
+    IdUnwritable,
     IdWithoutCatalog,
     JsonSyntax,
     KeyMisspelt,

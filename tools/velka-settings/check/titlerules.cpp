@@ -5,6 +5,7 @@
 #include "knownkeys.h"
 #include "printable.h"
 #include "rules.h"
+#include "translationid.h"
 
 #include <algorithm>
 
@@ -128,6 +129,9 @@ void FileTitles::check()
         if (std::any_of(id.id.cbegin(), id.id.cend(), [](QChar c) { return c.unicode() > 127; })) {
             m_findings->atValue(Tag::IdNotAscii, *id.written,
                                 QStringLiteral("the id %1 is not ASCII").arg(quoted(id.id)));
+        } else if (!isWritableId(id.id)) {
+            m_findings->atValue(Tag::IdUnwritable, *id.written,
+                                QStringLiteral("the id %1 breaks catalogs (*.ts)").arg(quoted(id.id)));
         } else if (canCheckIds) {
             checkId(id);
         }

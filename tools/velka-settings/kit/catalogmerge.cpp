@@ -3,12 +3,17 @@
 
 #include "catalogmerge.h"
 
+#include "catalogparts.h"
+#include "printable.h"
+#include "tsfile.h"
+#include "userfile.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -41,84 +46,131 @@ QByteArray literal(const QString &text)
     return '"' + escaped + '"';
 }
 
-QByteArray sourceOf(const QVector<IdentifiedText> &texts)
+/// Returns C++ with @p texts. Those that have plurals in @p messages keep them.
+QByteArray sourceOf(const QVector<IdentifiedText> &texts, const TsFile::Messages &messages)
 {
     QByteArray source;
     int line = 1;
     for (const IdentifiedText &text : texts) {
         source += QByteArray(qMax(0, text.line - line), '\n');
         line = qMax(line, text.line);
-        source += "/*% " + literal(text.text) + " */ qtTrId(" + literal(text.id) + "); ";
+        const QByteArray number = messages.value(text.id).isPlural ? ", n" : "";
+        source += "/*% " + literal(text.text) + " */ qtTrId(" + literal(text.id) + number + "); ";
     }
     return source + '\n';
 }
 
-bool write(const QString &path, const QByteArray &content)
+/// A directory in which lupdate works. It mirrors the root directory, so that relative places in catalogs are right.
+class Mirror
 {
-    QFile file(path);
-    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly)
-           && file.write(content) == content.size();
-}
-
-/// Returns the comments before the document type, which lupdate drops.
-QByteArray commentsOf(const QByteArray &catalog)
-{
-    const int begin = catalog.indexOf("<!--");
-    const int end = catalog.indexOf("<!DOCTYPE");
-    return begin >= 0 && begin < end ? catalog.mid(begin, end - begin) : QByteArray();
-}
-}
-
-void CatalogMerge::add(const QString &path, const QVector<IdentifiedText> &texts)
-{
-    const QString source = mirrored(path);
-    if (write(source, sourceOf(texts))) {
-        m_sources.append(source);
+public:
+    /// Creates the directory of @p path. Returns what is wrong, if anything.
+    QString prepare(const QString &path) const
+    {
+        if (!m_directory.isValid()) {
+            return QStringLiteral("cannot create a temporary directory: ") + m_directory.errorString();
+        }
+        const QString directory = QFileInfo(mirrored(path)).path();
+        return QDir().mkpath(directory) ? QString()
+                                        : QStringLiteral("cannot create \"%1\"").arg(printable(directory));
     }
+
+    QString write(const QString &path, const QByteArray &content) const
+    {
+        const QString problem = prepare(path);
+        return problem.isEmpty() ? UserFile::write(mirrored(path), content) : problem;
+    }
+
+    QString mirrored(const QString &path) const
+    {
+        return m_directory.path() + QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    }
+
+    QString withoutPath(QString text) const
+    {
+        return text.remove(m_directory.path());
+    }
+
+private:
+    QTemporaryDir m_directory;
+};
+
+/// Writes the sources of @p files, and what lupdate gets of @p catalog.
+QString fill(const Mirror &mirror, const QVector<TextFile> &files, const NamedCatalog &catalog)
+{
+    QString problem;
+    const TsFile::Messages messages = TsFile::messagesOf(catalog.content, &problem).value_or(TsFile::Messages());
+    for (const TextFile &file : files) {
+        problem = problem.isEmpty() ? mirror.write(file.path, sourceOf(file.texts, messages)) : problem;
+    }
+    if (!problem.isEmpty()) {
+        return problem;
+    }
+    return catalog.content.isEmpty() ? mirror.prepare(catalog.path)
+                                     : mirror.write(catalog.path, CatalogParts::merged(catalog.content));
 }
 
-std::optional<QByteArray> CatalogMerge::merged(const QString &path, const QByteArray &content,
-                                               const QString &language, QString *problem) const
+QStringList argumentsFor(const Mirror &mirror, const QVector<TextFile> &files, const NamedCatalog &catalog)
+{
+    QStringList arguments{QStringLiteral("-silent")};
+    if (catalog.content.isEmpty()) {
+        arguments += {QStringLiteral("-source-language"), QStringLiteral("en"), QStringLiteral("-target-language"),
+                      catalog.language};
+    }
+    for (const TextFile &file : files) {
+        arguments.append(mirror.mirrored(file.path));
+    }
+    return arguments + QStringList{QStringLiteral("-ts"), mirror.mirrored(catalog.path)};
+}
+
+/// Merges the texts. Returns what is wrong, if anything.
+QString run(const Mirror &mirror, const QStringList &arguments)
 {
     const QString program = lupdate();
     if (program.isEmpty()) {
-        *problem = QStringLiteral("lupdate is missing: install Qt's linguist tools, such as qttools5-dev-tools");
-        return {};
+        return QStringLiteral("lupdate is missing: install Qt's linguist tools, such as qttools5-dev-tools");
     }
-    const QString catalog = mirrored(path);
-    QFile::remove(catalog);
-    if (!content.isEmpty() && !write(catalog, content)) {
-        *problem = QStringLiteral("cannot write \"%1\"").arg(catalog);
-        return {};
-    }
-    QDir().mkpath(QFileInfo(catalog).path());
-    const QString errors = run(program, catalog, language);
-    QFile file(catalog);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *problem = QStringLiteral("lupdate fails: ") + errors;
-        return {};
+    QProcess process;
+    process.start(program, arguments);
+    const bool hasRun = process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit;
+    const QString errors = mirror.withoutPath(QString::fromLocal8Bit(process.readAllStandardError())).trimmed();
+    if (!hasRun || process.exitCode() != 0) {
+        return QStringLiteral("lupdate fails: ") + errors;
     }
     if (!errors.isEmpty()) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(errors));
     }
-    return file.readAll().replace("<!DOCTYPE", commentsOf(content) + "<!DOCTYPE");
+    return {};
 }
 
-/// Merges all texts into @p catalog, which is removed if that fails. Returns what lupdate reports.
-QString CatalogMerge::run(const QString &program, const QString &catalog, const QString &language) const
+/// Returns which of the texts of @p files @p ts lacks, if any.
+QString missingIn(const QByteArray &ts, const QVector<TextFile> &files)
 {
-    QProcess process;
-    process.start(program, QStringList{QStringLiteral("-silent"), QStringLiteral("-source-language"),
-                                       QStringLiteral("en"), QStringLiteral("-target-language"), language}
-                               + m_sources + QStringList{QStringLiteral("-ts"), catalog});
-    process.waitForFinished(-1);
-    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-        QFile::remove(catalog);
+    QString problem;
+    const auto messages = TsFile::messagesOf(ts, &problem);
+    for (const TextFile &file : messages ? files : QVector<TextFile>()) {
+        for (const IdentifiedText &text : file.texts) {
+            const auto message = messages->constFind(text.id);
+            if (message == messages->cend() || message->source != text.text) {
+                return QStringLiteral("lupdate loses the text of \"%1\"").arg(printable(text.id));
+            }
+        }
     }
-    return QString::fromLocal8Bit(process.readAllStandardError()).remove(m_mirror.path()).trimmed();
+    return problem;
+}
 }
 
-QString CatalogMerge::mirrored(const QString &path) const
+std::optional<QByteArray> mergeTexts(const QVector<TextFile> &files, const NamedCatalog &catalog, QString *problem)
 {
-    return m_mirror.path() + QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    const Mirror mirror;
+    *problem = fill(mirror, files, catalog);
+    *problem = problem->isEmpty() ? run(mirror, argumentsFor(mirror, files, catalog)) : *problem;
+    if (!problem->isEmpty()) {
+        return {};
+    }
+    const QByteArray updated = UserFile::read(mirror.mirrored(catalog.path), problem).value_or(QByteArray());
+    QByteArray merged = CatalogParts::withOthers(updated, catalog.content);
+    *problem = problem->isEmpty() ? missingIn(merged, files) : *problem;
+    *problem = problem->isEmpty() ? TsFile::lostTranslation(catalog.content, merged) : *problem;
+    return problem->isEmpty() ? std::make_optional(merged) : std::nullopt;
 }

@@ -5,24 +5,17 @@
 
 #include "identifiedtexts.h"
 
-#include <QTemporaryDir>
+#include <QByteArray>
 
-/// Merges the texts of registration files into catalogs (*.ts) with Qt's lupdate, which keeps all translations. It
-/// reads no JSON: it gets C++ that has the same ids in the same lines of files of the same names.
-class CatalogMerge
-{
-public:
-    /// Adds the registration file at @p path.
-    void add(const QString &path, const QVector<IdentifiedText> &texts);
-    /// Returns @p content of the catalog at @p path, which may be empty, with the texts of all files. Texts of a new
-    /// catalog are translated into @p language. Returns nothing, and sets @p problem, when that is not possible.
-    std::optional<QByteArray> merged(const QString &path, const QByteArray &content, const QString &language,
-                                     QString *problem) const;
-
-private:
-    QString run(const QString &program, const QString &catalog, const QString &language) const;
-    QString mirrored(const QString &path) const;
-
-    QTemporaryDir m_mirror; ///< of the root directory, so that relative places in catalogs are right
-    QStringList m_sources;
+/// A catalog of translations (*.ts).
+struct NamedCatalog {
+    QString path;
+    QByteArray content; ///< empty when it is new
+    QString language; ///< of a new one
 };
+
+/// Returns the content of @p catalog with the texts of @p files. Returns nothing, and sets @p problem, when a text or
+/// an earlier translation would be lost. Qt's lupdate merges them. It reads no JSON: it gets C++ that has the same ids
+/// in the same lines of files of the same names.
+std::optional<QByteArray> mergeTexts(const QVector<TextFile> &files, const NamedCatalog &catalog,
+                                     QString *problem);

@@ -15,18 +15,17 @@ QString endWithHash(const QByteArray &content)
     const QByteArray hash = QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex().left(Digits);
     return QLatin1Char('-') + QString::fromLatin1(hash) + s_suffix;
 }
-
-/// Returns @p name, which ends with a hash, without it and the suffix.
-QString withoutHash(const QString &name)
-{
-    return name.chopped(s_suffix.size() + Digits + 1);
-}
 }
 
 QString ContentName::of(const QString &name, const QByteArray &content)
 {
     const QString end = endWithHash(content);
     return name.endsWith(end) ? name : name.chopped(s_suffix.size()) + end;
+}
+
+QString ContentName::withoutHash(const QString &name)
+{
+    return name.chopped(s_suffix.size() + Digits + 1) + s_suffix;
 }
 
 bool ContentName::isOlder(const QString &name, const QByteArray &content, const QString &current)

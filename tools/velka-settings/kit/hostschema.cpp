@@ -35,12 +35,19 @@ QJsonObject withTypes(QJsonObject properties, const HostVocabulary &vocabulary)
     return properties;
 }
 
+/// Returns @p text as a pattern of ECMAScript, which admits escapes of these characters only.
+QString escaped(QString text)
+{
+    static const QRegularExpression syntax(QStringLiteral("([\\\\^$.*+?()\\[\\]{}|/])"));
+    return text.replace(syntax, QStringLiteral("\\\\1"));
+}
+
 QJsonObject withPlaces(QJsonObject properties, const HostVocabulary &vocabulary)
 {
     const QString root = vocabulary.root().join(QLatin1Char('/'));
     if (!root.isEmpty()) {
         setIn(&properties, QStringLiteral("path"), QStringLiteral("pattern"),
-              QStringLiteral("^(%1|applications)(/|$)").arg(QRegularExpression::escape(root)));
+              QStringLiteral("^(%1|applications)(/|$)").arg(escaped(root)));
     }
     return properties;
 }

@@ -6,7 +6,9 @@
 #include "document.h"
 #include "printable.h"
 #include "registry/textfile.h"
+#include "translationid.h"
 
+#include <QHash>
 #include <QJsonArray>
 
 namespace
@@ -22,6 +24,22 @@ QString textOf(const QJsonValue &value)
         texts.append(element.toString());
     }
     return value.isArray() ? texts.join(QStringLiteral("; ")) : value.toString();
+}
+
+/// Returns what is wrong with @p text, if anything. Adds it to @p known, the texts by their ids.
+QString learn(const IdentifiedText &text, QHash<QString, QString> *known)
+{
+    if (!isWritableId(text.id)) {
+        return QStringLiteral("a catalog (*.ts) cannot have the id \"%1\": use letters, digits and hyphens")
+            .arg(printable(text.id));
+    }
+    QString &other = (*known)[text.id];
+    if (!text.text.isEmpty() && !other.isEmpty() && text.text != other) {
+        return QStringLiteral("the id \"%1\" has two texts: \"%2\" and \"%3\"")
+            .arg(printable(text.id), printable(other), printable(text.text));
+    }
+    other = other.isEmpty() ? text.text : other;
+    return {};
 }
 
 void collect(const Entry &entry, PlaceFinder *places, QVector<IdentifiedText> *texts)
@@ -61,4 +79,23 @@ std::optional<QVector<IdentifiedText>> identifiedTexts(const QString &path, QStr
         collect(entry, &places, &texts);
     }
     return texts;
+}
+
+QString unifyTexts(QVector<TextFile> *files)
+{
+    QHash<QString, QString> known;
+    for (const TextFile &file : std::as_const(*files)) {
+        for (const IdentifiedText &text : file.texts) {
+            const QString problem = learn(text, &known);
+            if (!problem.isEmpty()) {
+                return QStringLiteral("%1:%2: ").arg(printable(file.path), QString::number(text.line)) + problem;
+            }
+        }
+    }
+    for (TextFile &file : *files) {
+        for (IdentifiedText &text : file.texts) {
+            text.text = known.value(text.id);
+        }
+    }
+    return {};
 }

@@ -15,6 +15,16 @@ struct IdentifiedText {
     int line;
 };
 
+/// A registration file and its texts.
+struct TextFile {
+    QString path;
+    QVector<IdentifiedText> texts;
+};
+
 /// Returns the texts of the registration file at @p path that have ids, in their order. Returns nothing, and sets
 /// @p problem, when it cannot be read or is not JSON.
 std::optional<QVector<IdentifiedText>> identifiedTexts(const QString &path, QString *problem);
+
+/// Returns which id of @p files no catalog (*.ts) can have, or has two texts, if any. An id without a text gets that
+/// which it has elsewhere.
+QString unifyTexts(QVector<TextFile> *files);

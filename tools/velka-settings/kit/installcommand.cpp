@@ -7,10 +7,12 @@
 #include "entriesplace.h"
 #include "printable.h"
 #include "registry/registrationfile.h"
+#include "userfile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSaveFile>
 #include <QSet>
 
@@ -26,7 +28,8 @@ names, they follow an upgrade as one removal and one arrival.
 
   --into DIR         copies the files into DIR, which is created if needed, and
                      removes the earlier versions there that have such names;
-                     without it, the files are renamed where they are
+                     without it, the files are renamed where they are. A file
+                     that was edited there is not overwritten
   --list             prints the new names and changes nothing
   -h, --help         prints this; --version prints the version
 
@@ -62,19 +65,19 @@ QString collect(const QString &argument, QVector<NamedFile> *files)
     const std::optional<EntriesPlace> place = EntriesPlace::find(argument, &problem);
     for (const QString &path : place ? place->files : QStringList()) {
         const QString name = QFileInfo(path).fileName();
-        QFile file(path);
         if (!isLoaded(name)) {
             continue;
         }
-        if (!file.open(QIODevice::ReadOnly)) {
-            return failed("read", path, file);
+        const auto content = UserFile::read(path, &problem);
+        if (!content) {
+            return problem;
         }
-        const QByteArray content = file.readAll();
-        files->append({path, content, ContentName::of(name, content)});
+        files->append({path, *content, ContentName::of(name, *content)});
     }
     return problem;
 }
 
+/// Renames @p file where it is. A file that has the new name is a copy of it.
 QString rename(const NamedFile &file)
 {
     const QFileInfo info(file.path);
@@ -83,19 +86,22 @@ QString rename(const NamedFile &file)
     }
     QFile renamed(file.path);
     const QString path = info.dir().filePath(file.name);
-    QFile::remove(path); // has the same content
-    return renamed.rename(path) ? QString() : failed("rename", file.path, renamed);
+    const bool isDone = QFileInfo::exists(path) ? renamed.remove() : renamed.rename(path);
+    return isDone ? QString() : failed("rename", file.path, renamed);
 }
 
-void removeOlder(const NamedFile &file, const QDir &directory)
+QString removeOlder(const NamedFile &file, const QDir &directory)
 {
     const QStringList names = directory.entryList({QStringLiteral("*.json")}, QDir::Files);
     for (const QString &name : names) {
         QFile other(directory.filePath(name));
-        if (other.open(QIODevice::ReadOnly) && ContentName::isOlder(name, other.readAll(), file.name)) {
-            other.remove();
+        QString problem;
+        const QByteArray content = UserFile::read(other.fileName(), &problem).value_or(QByteArray());
+        if (problem.isEmpty() && ContentName::isOlder(name, content, file.name) && !other.remove()) {
+            return failed("remove", other.fileName(), other);
         }
     }
+    return {};
 }
 
 QString copy(const NamedFile &file, const QDir &directory)
@@ -109,22 +115,65 @@ QString copy(const NamedFile &file, const QDir &directory)
     if (!copied.commit()) {
         return failed("write", copied.fileName(), copied);
     }
-    removeOlder(file, directory);
+    return removeOlder(file, directory);
+}
+
+/// Returns which file in @p directory @p file would overwrite, if any: one that was edited after it got its name.
+QString problemIn(const QDir &directory, const NamedFile &file)
+{
+    const QString path = directory.filePath(file.name);
+    QString problem;
+    if (!QFileInfo::exists(path)) {
+        return problem;
+    }
+    const auto content = UserFile::read(path, &problem);
+    return content && *content != file.content
+               ? QStringLiteral("\"%1\" has other content than its name says: remove or rename it")
+                     .arg(printable(path))
+               : problem;
+}
+
+/// Returns which of @p files cannot be renamed where they are, if any.
+QString problemOfRenaming(const QVector<NamedFile> &files)
+{
+    QSet<QString> paths;
+    for (const NamedFile &file : files) {
+        const QString path = QFileInfo(file.path).canonicalFilePath();
+        if (paths.contains(path)) {
+            return QStringLiteral("\"%1\" is given twice").arg(printable(file.path));
+        }
+        paths.insert(path);
+        const QString problem = problemIn(QFileInfo(file.path).dir(), file);
+        if (!problem.isEmpty()) {
+            return problem;
+        }
+    }
     return {};
 }
 
-/// Returns which of @p files would be taken for earlier versions of others.
-QString problemWith(const QVector<NamedFile> &files)
+/// Returns which of @p files cannot be copied into @p directory, if any. Of two versions of a file, one would replace
+/// the other.
+QString problemOfCopying(const QVector<NamedFile> &files, const QDir &directory)
 {
-    QSet<QString> names;
+    QHash<QString, const NamedFile *> known;
     for (const NamedFile &file : files) {
-        const QString name = QFileInfo(file.path).fileName();
-        if (names.contains(name)) {
+        const QString name = ContentName::withoutHash(file.name);
+        const NamedFile *&other = known[name];
+        if (other && (other->name != file.name || other->content != file.content)) {
             return QStringLiteral("two files have the name \"%1\"").arg(printable(name));
         }
-        names.insert(name);
+        other = &file;
+        const QString problem = problemIn(directory, file);
+        if (!problem.isEmpty()) {
+            return problem;
+        }
     }
     return {};
+}
+
+QString problemWith(const QVector<NamedFile> &files, const QString &directory)
+{
+    return directory.isEmpty() ? problemOfRenaming(files) : problemOfCopying(files, QDir(directory));
 }
 
 QString install(const QVector<NamedFile> &files, const QCommandLineParser &parser)
@@ -158,7 +207,7 @@ int Commands::install(const QStringList &arguments)
     for (const QString &argument : named) {
         problem = problem.isEmpty() ? collect(argument, &files) : problem;
     }
-    problem = problem.isEmpty() ? problemWith(files) : problem;
+    problem = problem.isEmpty() ? problemWith(files, parser.value(QStringLiteral("into"))) : problem;
     problem = problem.isEmpty() ? ::install(files, parser) : problem;
     return problem.isEmpty() ? Success : refuse(s_installSyntax, problem);
 }

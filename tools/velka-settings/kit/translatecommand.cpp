@@ -8,10 +8,9 @@
 #include "printable.h"
 #include "pseudotext.h"
 #include "tsfile.h"
+#include "userfile.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <iterator>
@@ -46,11 +45,6 @@ written, or when Qt's tools are missing.
 const CommandSyntax s_translateSyntax{"translate", s_translateHelp,          {},
                                       2,           CommandSyntax::Unlimited, "an action and FILE"};
 
-struct TextFile {
-    QString path; ///< of the registration file
-    QVector<IdentifiedText> texts;
-};
-
 /// What the command line names. Functions set the problem, after which nothing else is done.
 struct Work {
     QVector<TextFile> files;
@@ -84,79 +78,92 @@ void addArguments(const QStringList &arguments, Work *work)
     }
 }
 
-/// Returns the content of @p path, which need not exist.
-QByteArray contentOf(const QString &path)
+/// Returns the content of the catalog at @p path.
+QByteArray contentOf(const QString &path, Work *work)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return UserFile::read(path, &work->problem).value_or(QByteArray());
 }
 
-void write(const QString &path, const QByteArray &content, Work *work)
+/// Returns the messages of @p content of the catalog at @p path.
+TsFile::Messages messagesOf(const QString &path, const QByteArray &content, Work *work)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
-        work->problem = QStringLiteral("cannot write \"%1\": %2").arg(printable(path), file.errorString());
+    const auto messages = TsFile::messagesOf(content, &work->problem);
+    if (!messages) {
+        work->problem.prepend(printable(path) + QLatin1Char(':'));
     }
+    return messages.value_or(TsFile::Messages());
 }
 
-/// Merges all texts into the catalog at @p path. Returns its new content, empty if that is not possible.
-QByteArray merged(const QString &path, const QByteArray &content, Work *work)
+void write(const QString &path, const std::optional<QByteArray> &content, Work *work)
 {
-    CatalogMerge merge;
-    for (const TextFile &file : std::as_const(work->files)) {
-        merge.add(file.path, file.texts);
+    if (content) {
+        work->problem = UserFile::write(path, *content);
     }
-    return merge.merged(path, content, TsFile::languageOf(path), &work->problem).value_or(QByteArray());
 }
 
 void extract(Work *work)
 {
-    const QByteArray catalog = merged(work->output, {}, work);
-    if (work->problem.isEmpty()) {
+    const NamedCatalog output{work->output, {}, QStringLiteral("en")};
+    const std::optional<QByteArray> catalog = mergeTexts(work->files, output, &work->problem);
+    if (catalog) {
         const auto source = [](const QString &text) { return text; };
-        write(work->output, TsFile::translated(catalog, QStringLiteral("en"), source), work);
+        write(work->output, TsFile::translated(*catalog, QStringLiteral("en"), source, &work->problem), work);
+    }
+}
+
+/// Returns why the catalog at @p path cannot be updated, if so.
+QString problemOfUpdate(const NamedCatalog &catalog)
+{
+    if (catalog.path.endsWith(QLatin1String("_eng_en.ts"))) {
+        return QStringLiteral("\"%1\" is not a translation: \"extract\" writes it").arg(printable(catalog.path));
+    }
+    if (catalog.content.isEmpty() && catalog.language.isEmpty()) {
+        return QStringLiteral("the name \"%1\" has no language: use NAME-LANG.ts").arg(printable(catalog.path));
+    }
+    return TsFile::isUtf8(catalog.content) ? QString()
+                                           : QStringLiteral("\"%1\" is not in UTF-8").arg(printable(catalog.path));
+}
+
+void updateCatalog(const QString &path, Work *work)
+{
+    const QByteArray content = QFileInfo::exists(path) ? contentOf(path, work) : QByteArray();
+    const NamedCatalog catalog{path, content, TsFile::languageOf(path)};
+    if (work->problem.isEmpty()) {
+        work->problem = problemOfUpdate(catalog);
+    }
+    if (work->problem.isEmpty()) {
+        messagesOf(path, content, work); // for its errors
+    }
+    if (work->problem.isEmpty()) {
+        write(path, mergeTexts(work->files, catalog, &work->problem), work);
     }
 }
 
 void update(Work *work)
 {
     for (const QString &path : std::as_const(work->catalogs)) {
-        const QByteArray catalog = merged(path, contentOf(path), work);
-        if (!work->problem.isEmpty()) {
-            return;
+        if (work->problem.isEmpty()) {
+            updateCatalog(path, work);
         }
-        write(path, catalog, work);
     }
-}
-
-/// Returns the messages of the catalog at @p path.
-QMap<QString, TsFile::Message> messagesOf(const QString &path, Work *work)
-{
-    if (!QFileInfo(path).isFile()) {
-        work->problem = QStringLiteral("there is no catalog \"%1\"").arg(printable(path));
-        return {};
-    }
-    const auto messages = TsFile::messagesOf(contentOf(path), &work->problem);
-    if (!messages) {
-        work->problem.prepend(printable(path) + QLatin1Char(':'));
-    }
-    return messages.value_or(QMap<QString, TsFile::Message>());
 }
 
 void makePseudo(Work *work)
 {
     const QString path = work->catalogs.constFirst();
-    messagesOf(path, work); // for its errors
-    if (!work->problem.isEmpty()) {
-        return;
+    const QByteArray content = contentOf(path, work);
+    if (work->problem.isEmpty()) {
+        messagesOf(path, content, work); // for its errors
     }
-    const auto pseudo = [work](const QString &text) { return pseudoText(text, work->isMirrored); };
-    const QString language = work->isMirrored ? QStringLiteral("ar_XB") : QStringLiteral("en_XA");
-    write(work->output, TsFile::translated(contentOf(path), language, pseudo), work);
+    if (work->problem.isEmpty()) {
+        const auto pseudo = [work](const QString &text) { return pseudoText(text, work->isMirrored); };
+        const QString language = work->isMirrored ? QStringLiteral("ar_XB") : QStringLiteral("en_XA");
+        write(work->output, TsFile::translated(content, language, pseudo, &work->problem), work);
+    }
 }
 
 /// Returns why @p text is not translated in @p messages. Empty if it is.
-QString problemWith(const IdentifiedText &text, const QMap<QString, TsFile::Message> &messages)
+QString problemWith(const IdentifiedText &text, const TsFile::Messages &messages)
 {
     const auto message = messages.constFind(text.id);
     if (message == messages.cend()) {
@@ -165,11 +172,15 @@ QString problemWith(const IdentifiedText &text, const QMap<QString, TsFile::Mess
     if (message->source != text.text) {
         return QStringLiteral("translates an older text");
     }
-    return message->isFinished ? QString() : QStringLiteral("is not translated");
+    if (message->isFinished) {
+        return {};
+    }
+    return text.text.isEmpty() ? QStringLiteral("has no engineering English")
+                               : QStringLiteral("is not translated");
 }
 
 /// Returns a line for each text of @p files that is not translated in @p messages.
-QStringList untranslated(const QVector<TextFile> &files, const QMap<QString, TsFile::Message> &messages)
+QStringList untranslated(const QVector<TextFile> &files, const TsFile::Messages &messages)
 {
     QStringList lines;
     for (const TextFile &file : files) {
@@ -188,7 +199,9 @@ QStringList untranslated(const QVector<TextFile> &files, const QMap<QString, TsF
 /// Prints what the catalog at @p path lacks.
 void checkCatalog(const QString &path, Work *work)
 {
-    const QMap<QString, TsFile::Message> messages = messagesOf(path, work);
+    const QByteArray content = contentOf(path, work);
+    const TsFile::Messages messages = work->problem.isEmpty() ? messagesOf(path, content, work)
+                                                              : TsFile::Messages();
     if (!work->problem.isEmpty()) {
         return;
     }
@@ -198,8 +211,9 @@ void checkCatalog(const QString &path, Work *work)
     }
     const QStringList lines = untranslated(work->files, messages);
     work->isComplete = work->isComplete && lines.isEmpty();
+    const QString language = TsFile::languageOf(path);
     std::printf("%s: %d of %d texts are translated into %s\n%s", qUtf8Printable(printable(path)),
-                all - lines.size(), all, qUtf8Printable(TsFile::languageOf(path)),
+                all - lines.size(), all, language.isEmpty() ? "its language" : qUtf8Printable(language),
                 qUtf8Printable(lines.join(QString())));
 }
 
@@ -251,6 +265,9 @@ void run(const QString &name, Work *work)
     }
     if (work->problem.isEmpty()) {
         work->problem = missingFor(*action, *work);
+    }
+    if (work->problem.isEmpty()) {
+        work->problem = unifyTexts(&work->files);
     }
     if (work->problem.isEmpty()) {
         action->run(work);
