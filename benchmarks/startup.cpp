@@ -36,6 +36,8 @@ struct Module {
     QString uri;
 };
 const Module s_real{QStringLiteral(VELKA_QML_DIR), QStringLiteral("com.velka.settings")};
+const Module s_toolkit{s_real.importPath, QStringLiteral("com.velka.settings.toolkit")};
+const Module s_search{s_real.importPath, QStringLiteral("com.velka.settings.search")};
 const Module s_empty{QStringLiteral(EMPTY_PLUGINS_DIR), QStringLiteral("org.velkasettings.empty")};
 const Module s_linked{QStringLiteral(EMPTY_PLUGINS_DIR), QStringLiteral("org.velkasettings.emptylinked")};
 
@@ -192,10 +194,26 @@ void addImports(Report &report, int count)
     };
 }
 
+/// Adds the import of @p module, compared with that of the base module.
+void addOtherImport(Report &report, const Module &module, int count)
+{
+    Runs overBase;
+    for (int i = 0; i < count; ++i) {
+        const double before = importSeconds(s_real);
+        const double import = importSeconds(module);
+        overBase.add(before, import, importSeconds(s_real));
+    }
+    report.measures.append({QStringLiteral("import of %1 / of %2").arg(module.uri, s_real.uri),
+                            QStringLiteral("≤ 1.3"), overBase.overBaseline, 1.3});
+}
+
 Report measureAll(Effort effort)
 {
     Report report;
     addImports(report, effort == Effort::Full ? 51 : 9);
+    for (const Module &module : {s_toolkit, s_search}) {
+        addOtherImport(report, module, effort == Effort::Full ? 51 : 9);
+    }
     addStarts(report, effort == Effort::Full ? 21 : 5);
     return report;
 }

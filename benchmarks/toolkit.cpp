@@ -43,10 +43,12 @@ EntryList makeEntries(const QStringList &paths)
     return entries;
 }
 
-/// The rows of a page, of which one entry at a time is renamed.
+/// The rows of a page, of which one entry at a time is renamed, added or moved.
 class Page
 {
 public:
+    using Change = void (Page::*)();
+
     explicit Page(int rows)
         : m_root(PluginRegistry::instance()->getItem({}))
         , m_rows(rows)
@@ -68,37 +70,57 @@ public:
     Page(const Page &) = delete;
     Page &operator=(const Page &) = delete;
 
-    /// The time that a batch takes that renames an entry in the middle, without and with the stable model.
-    double secondsOfSource()
+    void rename()
+    {
+        setTitle(m_rows / 2, QString::number(++m_batch));
+    }
+
+    void add()
+    {
+        setTitle(m_rows + ++m_batch, QStringLiteral("Title"));
+    }
+
+    void move()
+    {
+        insert(m_rows / 2, {{QStringLiteral("title"), QStringLiteral("Title")},
+                            {QStringLiteral("order"), ++m_batch % 2 == 0 ? 1 : 1000000}});
+    }
+
+    /// The time that a batch with @p change takes, without and with the stable model.
+    double secondsOfSource(Change change)
     {
         m_model.setSourceModel(nullptr);
-        const double time = secondsOfBatch();
+        const double time = secondsOfBatch(change);
         m_model.setSourceModel(&m_source);
         return time;
     }
 
-    double secondsOfBoth()
+    template<typename Signal>
+    double secondsOfBoth(Change change, Signal announcement)
     {
         int changes = 0;
-        const auto connection = QObject::connect(&m_model, &QAbstractItemModel::dataChanged,
-                                                 [&changes] { ++changes; });
-        const double time = secondsOfBatch();
+        const auto connection = QObject::connect(&m_model, announcement, [&changes] { ++changes; });
+        const double time = secondsOfBatch(change);
         QObject::disconnect(connection);
         require(changes == 1, "one row has changed");
         return time;
     }
 
 private:
-    double secondsOfBatch()
+    double secondsOfBatch(Change change)
     {
-        setTitle(m_rows / 2, QString::number(++m_batch));
+        (this->*change)();
         return cpuSeconds([] { Q_EMIT PluginRegistry::instance()->contentChanged(); });
     }
 
     void setTitle(int row, const QString &title)
     {
-        m_root->insertItem({s_page.first(), QStringLiteral("entry%1").arg(row, 5, 10, QLatin1Char('0'))},
-                           {{QStringLiteral("title"), title}});
+        insert(row, {{QStringLiteral("title"), title}});
+    }
+
+    void insert(int row, const QVariantMap &data)
+    {
+        m_root->insertItem({s_page.first(), QStringLiteral("entry%1").arg(row, 5, 10, QLatin1Char('0'))}, data);
     }
 
     TreeItem *const m_root;
@@ -108,16 +130,29 @@ private:
     StableListModel m_model;
 };
 
-Measure measureReset(int rows, double target, double maximum, int runs)
+/// The measure's maximum is twice the target, for slow machines.
+template<typename Signal>
+Measure measureReset(const QString &name, Page::Change change, Signal announcement, int rows, double target,
+                     int runs)
 {
     Page page(rows);
     QVector<double> samples;
     for (int run = 0; run < runs; ++run) {
-        const double source = page.secondsOfSource();
-        samples.append((page.secondsOfBoth() - source) * 1000);
+        const double source = page.secondsOfSource(change);
+        samples.append((page.secondsOfBoth(change, announcement) - source) * 1000);
     }
-    return {QStringLiteral("StableListModel: reset with one changed row of %1, ms").arg(sizeText(rows)),
-            QStringLiteral("≤ %1").arg(target), samples, maximum};
+    return {QStringLiteral("StableListModel: reset with one %1 row of %2, ms").arg(name, sizeText(rows)),
+            QStringLiteral("≤ %1").arg(target), samples, 2 * target};
+}
+
+void addResets(Report &report, int rows, double target, int runs)
+{
+    report.measures += {
+        measureReset(QStringLiteral("changed"), &Page::rename, &QAbstractItemModel::dataChanged, rows, target,
+                     runs),
+        measureReset(QStringLiteral("added"), &Page::add, &QAbstractItemModel::rowsInserted, rows, target, runs),
+        measureReset(QStringLiteral("moved"), &Page::move, &QAbstractItemModel::rowsMoved, rows, target, runs),
+    };
 }
 
 /// Bytes of heap that an entry adds, those that the watcher keeps for its path included.
@@ -183,8 +218,8 @@ Report measureAll(Effort effort)
     const bool isFull = effort == Effort::Full;
     Report report;
     report.measures.append(measureHeap(Workload(HeapFiles), isFull ? 5 : 3));
-    report.measures.append(measureReset(1000, 1, 5, isFull ? 101 : 21));
-    report.measures.append(measureReset(10000, 60, 300, isFull ? 21 : 5));
+    addResets(report, 1000, 1, isFull ? 101 : 21);
+    addResets(report, 10000, 60, isFull ? 21 : 5);
     report.measures.append(measureBatch(isFull ? 21 : 5));
     return report;
 }

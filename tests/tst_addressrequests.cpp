@@ -3,95 +3,25 @@
 
 #include "common/messages.h"
 #include "messagelog.h"
-#include "privateworld.h"
+#include "recordedrequests.h"
 #include "text.h"
-#include "toolkit/addressrequests.h"
 #include "toolkit/applicationobject.h"
 
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QPointer>
 #include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace
 {
-const QString s_service = QStringLiteral("org.example.My-Settings");
-const QString s_path = QStringLiteral("/org/example/My_Settings");
-const QString s_interface = QStringLiteral("org.freedesktop.Application");
+using Recorded = RecordedRequests;
+
 const QString s_invalidArgs = QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs");
 const QStringList s_none;
-
-/// Returns the reply to a call of another connection.
-QDBusMessage call(const QString &method, const QVariantList &arguments, const QString &path = s_path)
-{
-    static const QDBusConnection callers = QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                                                         text("callers"));
-    QDBusMessage message = QDBusMessage::createMethodCall(s_service, path, s_interface, method);
-    message.setArguments(arguments);
-    QDBusPendingCallWatcher watcher(callers.asyncCall(message));
-    QSignalSpy finished(&watcher, &QDBusPendingCallWatcher::finished);
-    if (!watcher.isFinished() && !finished.wait()) {
-        qFatal("No reply to %s", qUtf8Printable(method));
-    }
-    return watcher.reply();
-}
-
-QString errorOf(const QDBusMessage &reply)
-{
-    return reply.type() == QDBusMessage::ErrorMessage ? reply.errorName() : QString();
-}
-
-QDBusMessage open(const QStringList &urls, const QVariantMap &platformData = {})
-{
-    return call(text("Open"), {urls, platformData});
-}
-
-QDBusMessage openAction(const QVariantList &parameter, const QString &action = text("open"))
-{
-    return call(text("ActivateAction"), {action, parameter, QVariantMap()});
-}
-
-/// Requests, and a record of what they announce: paths, or "activate", each with the token, if any.
-class Recorded : public AddressRequests
-{
-    Q_OBJECT
-
-public:
-    explicit Recorded(const QString &service = s_service)
-    {
-        connect(this, &AddressRequests::openRequested, this, &Recorded::add);
-        connect(this, &AddressRequests::activateRequested, this,
-                [this](const QString &token) { add(text("activate"), token); });
-        setService(service);
-    }
-
-    QStringList log() const
-    {
-        return m_log;
-    }
-
-private:
-    void add(const QString &request, const QString &token)
-    {
-        m_log.append(token.isEmpty() ? request : request + QLatin1Char(' ') + token);
-    }
-
-    QStringList m_log;
-};
 
 QString refusal(const QString &address, const char *reason)
 {
     return settingsWarning(Messages::AddressRefused, address) + text(": ") + text(reason);
-}
-
-QString withoutName(const QString &service, const char *reason)
-{
-    return settingsWarning(Messages::NameNotOwned, service) + text(": ") + text(reason);
 }
 }
 
@@ -118,23 +48,6 @@ private Q_SLOTS:
     void handlerMayDelete();
     void callersDoNotWaitForHandlers();
     void toolOpensEntries();
-    void wrongNames_data();
-    void wrongNames();
-    void nameOfAnotherProgram();
-    void nameOfAnotherObject();
-    void changedName();
-    void withoutBus();
-    void busEnds();
-};
-
-/// Run in processes of their own, because a connection to a bus lasts until the process ends.
-class AddressRequestsWorlds : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void withoutBus();
-    void busEnds();
 };
 
 void AddressRequestsTest::announcesCalls_data()
@@ -165,7 +78,7 @@ void AddressRequestsTest::announcesCalls()
     const MessageLog log;
     Recorded requests;
     QTRY_VERIFY(requests.isOwned());
-    const QDBusMessage reply = call(method, arguments);
+    const QDBusMessage reply = callApplication(method, arguments);
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
     QCOMPARE(reply.arguments(), QVariantList());
     QTRY_COMPARE(requests.log(), announced);
@@ -280,7 +193,7 @@ void AddressRequestsTest::waitsUntilActive()
     Recorded requests;
     requests.setActive(false);
     QTRY_VERIFY(requests.isOwned());
-    call(text("Activate"), {QVariantMap()});
+    callApplication(text("Activate"), {QVariantMap()});
     open({text("velka-settings:/a"), text("velka-settings:/b")});
     openAction({text("c")});
     QCOMPARE(requests.log(), s_none);
@@ -293,7 +206,7 @@ void AddressRequestsTest::waitsUntilComplete()
 {
     Recorded requests{QString()};
     requests.classBegin();
-    requests.setService(s_service);
+    requests.setService(RecordedRequests::serviceOfTests());
     QCOMPARE(errorOf(open({text("velka-settings:/a")})), text("org.freedesktop.DBus.Error.ServiceUnknown"));
     requests.componentComplete();
     QTRY_VERIFY(requests.isOwned());
@@ -316,7 +229,8 @@ void AddressRequestsTest::refusesMoreThanCanWait()
     QCOMPARE(errorOf(open(urls.mid(0, AddressRequest::MaxWaiting - 1))), QString());
     QCOMPARE(errorOf(open({url, url})), text("org.freedesktop.DBus.Error.LimitsExceeded"));
     QCOMPARE(errorOf(open({url})), QString());
-    QCOMPARE(errorOf(call(text("Activate"), {QVariantMap()})), text("org.freedesktop.DBus.Error.LimitsExceeded"));
+    QCOMPARE(errorOf(callApplication(text("Activate"), {QVariantMap()})),
+             text("org.freedesktop.DBus.Error.LimitsExceeded"));
     QCOMPARE(log.take().size(), 3);
     requests.setActive(true);
     QTRY_COMPARE(requests.log().size(), AddressRequest::MaxWaiting);
@@ -367,130 +281,12 @@ void AddressRequestsTest::toolOpensEntries()
     QTRY_VERIFY(requests.isOwned());
     QProcess tool;
     QSignalSpy finished(&tool, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
-    tool.start(text(VELKA_TOOL), {text("open"), text("--service"), s_service, QString::fromUtf8("a/ä b")});
+    tool.start(text(VELKA_TOOL),
+               {text("open"), text("--service"), RecordedRequests::serviceOfTests(), QString::fromUtf8("a/ä b")});
     QVERIFY(finished.wait());
     QCOMPARE(tool.exitCode(), 0);
     QTRY_COMPARE(requests.log(), QStringList(QString::fromUtf8("a/ä b")));
 }
 
-void AddressRequestsTest::wrongNames_data()
-{
-    QTest::addColumn<QString>("service");
-    for (const char *service :
-         {"abc", "a..b", ".a.b", "a.b.", ":1.5", "a.1b", "a b.c", "a.b/c", "org.freedesktop.DBus"}) {
-        QTest::newRow(service) << text(service);
-    }
-    QTest::newRow("long") << text("a.") + QString(300, QLatin1Char('b'));
-}
-
-void AddressRequestsTest::wrongNames()
-{
-    QFETCH(QString, service);
-    const MessageLog log;
-    Recorded requests(service);
-    Recorded others; // which is asked later
-    QTRY_VERIFY(others.isOwned());
-    QVERIFY(!requests.isOwned());
-    const QStringList warnings = log.take();
-    QCOMPARE(warnings.size(), 1);
-    QVERIFY2(warnings.first().startsWith(settingsWarning(Messages::NameNotOwned, service)),
-             qPrintable(warnings.first()));
-}
-
-void AddressRequestsTest::nameOfAnotherProgram()
-{
-    const MessageLog log;
-    QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, text("other"));
-    QVERIFY(other.registerService(s_service));
-    Recorded requests;
-    QSignalSpy changes(&requests, &AddressRequests::ownedChanged);
-    QStringList warnings;
-    QTRY_COMPARE(warnings += log.take(), QStringList(withoutName(s_service, "another program has it")));
-    QVERIFY(!requests.isOwned());
-    QCOMPARE(changes.count(), 0);
-    QVERIFY(other.unregisterService(s_service));
-    QTRY_VERIFY(requests.isOwned());
-    QCOMPARE(changes.count(), 1);
-    open({text("velka-settings:/a")});
-    QTRY_COMPARE(requests.log(), QStringList(text("a")));
-    QCOMPARE(log.take(), s_none);
-}
-
-void AddressRequestsTest::nameOfAnotherObject()
-{
-    Recorded requests;
-    QTRY_VERIFY(requests.isOwned());
-    const MessageLog log;
-    {
-        const Recorded second;
-        QVERIFY(!second.isOwned());
-        QCOMPARE(log.take(), QStringList(withoutName(s_service, "this program has it already")));
-    }
-    open({text("velka-settings:/a")});
-    QTRY_COMPARE(requests.log(), QStringList(text("a")));
-}
-
-void AddressRequestsTest::changedName()
-{
-    Recorded requests(text("org.example.Other"));
-    QTRY_VERIFY(requests.isOwned());
-    QSignalSpy changes(&requests, &AddressRequests::ownedChanged);
-    requests.setService(s_service);
-    QVERIFY(!requests.isOwned());
-    QTRY_VERIFY(requests.isOwned());
-    QCOMPARE(changes.count(), 2);
-    QVERIFY(!QDBusConnection::sessionBus().interface()->isServiceRegistered(text("org.example.Other")));
-    requests.setService({});
-    QVERIFY(!requests.isOwned());
-    QCOMPARE(changes.count(), 3);
-    QCOMPARE(errorOf(open({text("velka-settings:/a")})), text("org.freedesktop.DBus.Error.ServiceUnknown"));
-    connect(&requests, &AddressRequests::ownedChanged, &requests, [&requests] { requests.setService(s_service); });
-    for (int i = 0; i < 10; ++i) {
-        requests.setService(i % 2 == 0 ? s_service : text("org.example.Other"));
-    }
-    QTRY_VERIFY(requests.isOwned() && requests.service() == s_service);
-    open({text("velka-settings:/a")});
-    QTRY_COMPARE(requests.log(), QStringList(text("a")));
-}
-
-void AddressRequestsTest::withoutBus()
-{
-    const QTemporaryDir directory;
-    QVERIFY(runInWorld(directory.path(), text("withoutBus")));
-}
-
-void AddressRequestsTest::busEnds()
-{
-    const QTemporaryDir directory;
-    QVERIFY(runInWorld(directory.path(), text("busEnds")));
-}
-
-void AddressRequestsWorlds::withoutBus()
-{
-    const MessageLog log;
-    Recorded requests;
-    requests.setActive(false);
-    QCoreApplication::processEvents();
-    QVERIFY(!requests.isOwned());
-    QCOMPARE(log.take(), QStringList(withoutName(s_service, "there is no session bus")));
-}
-
-void AddressRequestsWorlds::busEnds()
-{
-    PrivateBus bus;
-    Recorded requests;
-    QTRY_VERIFY(requests.isOwned());
-    QSignalSpy changes(&requests, &AddressRequests::ownedChanged);
-    bus.kill();
-    QTRY_VERIFY(!requests.isOwned());
-    QCOMPARE(changes.count(), 1);
-}
-
-int main(int argc, char *argv[])
-{
-    AddressRequestsTest test;
-    AddressRequestsWorlds worlds;
-    return runTest(argc, argv, &test, &worlds);
-}
-
+QTEST_GUILESS_MAIN(AddressRequestsTest)
 #include "tst_addressrequests.moc"

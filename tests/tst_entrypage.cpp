@@ -31,6 +31,7 @@ private Q_SLOTS:
     void reportsErrors();
     void followsTheEntry();
     void keepsThePageWhileItsFileIsTheSame();
+    void keepsThePageOfAnotherType();
     void hasNothingToShow();
     void otherPathLoadsAnotherPage();
 };
@@ -262,6 +263,22 @@ void EntryPageTest::keepsThePageWhileItsFileIsTheSame()
     QCoreApplication::processEvents();
     QCOMPARE(item(), shown.data());
     QCOMPARE(shown->property("entry").value<SettingsEntry *>()->title(), text("Loudness"));
+    QCOMPARE(log.take(), QStringList());
+}
+
+void EntryPageTest::keepsThePageOfAnotherType()
+{
+    const QByteArray page = entry(write(text("page.qml"), "import QtQuick 2.15\nItem {}"));
+    install(page);
+    open();
+    QTRY_COMPARE(status(), EntryPageContent::Ready);
+    PropertyLog log(content(), EntryPageContent::staticMetaObject);
+    const QPointer<QQuickItem> shown = item();
+    reload(QByteArray(page).replace("\"page\"", "\"action\""));
+    QCOMPARE(content()->entry()->type(), text("action"));
+    QCoreApplication::processEvents();
+    QCOMPARE(item(), shown.data());
+    QCOMPARE(status(), EntryPageContent::Ready);
     QCOMPARE(log.take(), QStringList());
 }
 

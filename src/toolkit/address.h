@@ -5,8 +5,8 @@
 
 #include <QString>
 
-/// A place in the settings tree, as a stranger names it: with a URL such as "velka-settings:/system_settings/sound",
-/// or with the path.
+/// A place in the settings tree, as another program writes it: a URL such as "velka-settings:/system_settings/sound",
+/// or a path.
 struct Address {
     static constexpr int MaxLength = 64 * 1024; ///< of the URL
 

@@ -4,36 +4,21 @@
 #include "toolkit/applicationobject.h"
 
 #include "applicationadaptor.h"
-#include "applications/pendingreply.h"
 #include "common/logging.h"
 #include "common/messages.h"
 #include "printable.h"
 #include "toolkit/address.h"
 #include "toolkit/applicationpath.h"
+#include "toolkit/busname.h"
 
-#include <QDBusConnectionInterface>
 #include <QDBusError>
-#include <QDBusMessage>
 
-#include <utility>
+#include <algorithm>
 
 namespace
 {
-const QString s_localPath = QStringLiteral("/org/freedesktop/DBus/Local");
-const QString s_localInterface = QStringLiteral("org.freedesktop.DBus.Local");
-
-constexpr uint WaitForName = 0; ///< the flags of RequestName
 constexpr int LoggedLength = 100; ///< of an address
 constexpr int MaxTokenLength = 4096;
-
-QDBusMessage callOfBus(const char *method, const QVariantList &arguments)
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QLatin1String(method));
-    call.setArguments(arguments);
-    return call;
-}
 
 QString tokenOf(const QVariantMap &platformData)
 {
@@ -45,6 +30,13 @@ QString tokenOf(const QVariantMap &platformData)
         }
     }
     return {};
+}
+
+/// Returns the objects whose path another one has, in the order of their creation.
+QVector<ApplicationObject *> &waitingObjects()
+{
+    static QVector<ApplicationObject *> objects;
+    return objects;
 }
 
 /// Returns the one text in the parameter of the action "open".
@@ -61,24 +53,21 @@ ApplicationObject::ApplicationObject(const QString &service, const Receiver &rec
     , m_bus(QDBusConnection::sessionBus())
 {
     new ApplicationAdaptor(this);
-    // The object first: a call may follow the name at once.
-    m_isExported = exportObject();
-    if (m_isExported) {
-        requestName();
-    }
+    publish();
 }
 
 ApplicationObject::~ApplicationObject()
 {
-    if (m_isExported) {
+    waitingObjects().removeOne(this);
+    if (m_name) {
         m_bus.unregisterObject(applicationPath(m_service));
-        m_bus.send(callOfBus("ReleaseName", {m_service}));
+        publishNext(); // before the name is released, so that no other program gets it
     }
 }
 
 bool ApplicationObject::isOwned() const
 {
-    return m_isOwned;
+    return m_name && m_name->isOwned();
 }
 
 void ApplicationObject::Activate(const QVariantMap &platformData)
@@ -119,54 +108,47 @@ void ApplicationObject::ActivateAction(const QString &action, const QVariantList
     }
 }
 
-void ApplicationObject::takeDisconnection()
+void ApplicationObject::publish()
 {
-    setOwned(m_service, false);
+    // The object first: a call may follow the name at once.
+    if (!exportObject()) {
+        return;
+    }
+    m_name = BusName::of(m_service);
+    connect(m_name.data(), &BusName::ownedChanged, this, &ApplicationObject::ownedChanged);
+    if (m_name->isOwned()) {
+        QMetaObject::invokeMethod(this, &ApplicationObject::ownedChanged, Qt::QueuedConnection);
+    }
+}
+
+/// Publishes the object that has waited longest for the path of this one.
+void ApplicationObject::publishNext() const
+{
+    QVector<ApplicationObject *> &objects = waitingObjects();
+    const auto next = std::find_if(objects.begin(), objects.end(), [this](const ApplicationObject *object) {
+        return applicationPath(object->m_service) == applicationPath(m_service);
+    });
+    if (next != objects.end()) {
+        ApplicationObject *const object = *next;
+        objects.erase(next);
+        object->publish();
+    }
 }
 
 bool ApplicationObject::exportObject()
 {
     const QString path = applicationPath(m_service);
     if (path.isEmpty()) {
-        warn(QStringLiteral("it is no well-known name"));
+        BusName::warn(m_service, QStringLiteral("it is no well-known name"));
     } else if (!m_bus.isConnected()) {
-        warn(QStringLiteral("there is no session bus"));
+        BusName::warn(m_service, QStringLiteral("there is no session bus"));
     } else if (m_bus.registerObject(path, this)) {
         return true;
     } else {
-        warn(QStringLiteral("this program has it already"));
+        BusName::warn(m_service, QStringLiteral("this program has it already"));
+        waitingObjects().append(this);
     }
     return false;
-}
-
-void ApplicationObject::requestName()
-{
-    const QDBusConnectionInterface *const bus = m_bus.interface();
-    connect(bus, &QDBusConnectionInterface::serviceRegistered, this,
-            [this](const QString &service) { setOwned(service, true); });
-    connect(bus, &QDBusConnectionInterface::serviceUnregistered, this,
-            [this](const QString &service) { setOwned(service, false); });
-    m_bus.connect({}, s_localPath, s_localInterface, QStringLiteral("Disconnected"), this,
-                  SLOT(takeDisconnection()));
-    whenFinished(m_bus.asyncCall(callOfBus("RequestName", {m_service, WaitForName})), this,
-                 [this](const QDBusPendingCall &reply) { takeNameReply(reply); });
-}
-
-void ApplicationObject::takeNameReply(const QDBusPendingCall &reply) const
-{
-    const uint result = reply.reply().arguments().value(0).toUInt();
-    if (reply.isError()) {
-        warn(reply.error().message());
-    } else if (result == QDBusConnectionInterface::ServiceQueued) {
-        warn(QStringLiteral("another program has it"));
-    }
-}
-
-void ApplicationObject::setOwned(const QString &service, bool isOwned)
-{
-    if (service == m_service && std::exchange(m_isOwned, isOwned) != isOwned) {
-        Q_EMIT ownedChanged();
-    }
 }
 
 void ApplicationObject::pass(const QVector<AddressRequest> &requests)
@@ -188,10 +170,4 @@ void ApplicationObject::refuse(const QString &address, const QString &reason, QD
     const QString shown = printable(address.left(LoggedLength));
     qCWarning(lcSettings).noquote().nospace() << Messages::AddressRefused << " \"" << shown << "\": " << reason;
     sendErrorReply(error, QStringLiteral("Refused \"%1\": %2").arg(shown, reason));
-}
-
-void ApplicationObject::warn(const QString &reason) const
-{
-    qCWarning(lcSettings).noquote().nospace()
-        << Messages::NameNotOwned << " \"" << printable(m_service) << "\": " << printable(reason);
 }

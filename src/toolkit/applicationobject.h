@@ -7,12 +7,13 @@
 #include <QDBusContext>
 #include <QDBusError>
 #include <QObject>
+#include <QSharedPointer>
 #include <QVariantMap>
 #include <QVector>
 
 #include <functional>
 
-class QDBusPendingCall;
+class BusName;
 
 /// What another program asks of this one.
 struct AddressRequest {
@@ -26,7 +27,7 @@ struct AddressRequest {
  * This program on the session bus, as the Desktop Entry Specification describes applications: it has a well-known name
  * and an object whose path is derived from the name.
  *
- * If the name is taken, the object waits for it. Calls with anything but addresses are answered with an error and
+ * If another program has the name, or another object of this one has the path, the object waits for it. Calls with anything but addresses are answered with an error and
  * logged.
  */
 class ApplicationObject : public QObject, protected QDBusContext
@@ -51,23 +52,17 @@ public Q_SLOTS:
 Q_SIGNALS:
     void ownedChanged();
 
-private Q_SLOTS:
-    void takeDisconnection();
-
 private:
     bool exportObject();
-    void requestName();
-    void takeNameReply(const QDBusPendingCall &reply) const;
-    void setOwned(const QString &service, bool isOwned);
+    void publish();
+    void publishNext() const;
     void pass(const QVector<AddressRequest> &requests);
     void refuseMany(const QString &address);
     void refuse(const QString &address, const QString &reason,
                 QDBusError::ErrorType error = QDBusError::InvalidArgs);
-    void warn(const QString &reason) const;
 
     const QString m_service;
     const Receiver m_receiver;
     QDBusConnection m_bus;
-    bool m_isExported = false;
-    bool m_isOwned = false;
+    QSharedPointer<BusName> m_name; ///< null while the object is not on the bus
 };

@@ -209,7 +209,7 @@ void EntryWatcher::refresh(WatchedPath *path, bool isLanguageChanged, Changes *c
 {
     const EntryState now(path->item);
     if (!isLanguageChanged && now == path->state) {
-        return; // which knows its titles
+        return; // its titles are announced already
     }
     EntryChange change;
     change.before = std::exchange(path->state, now);

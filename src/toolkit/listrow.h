@@ -18,7 +18,7 @@
 struct ListRoles {
     QHash<int, QByteArray> names;
     QVector<int> numbers;
-    int key = -1; ///< the one that tells rows from each other
+    int key = -1; ///< the role whose values identify rows
 };
 
 /// A copy of a row: what was announced last, also while its model changes or after it is deleted.
@@ -48,6 +48,6 @@ private:
 
 /// Returns the object that @p value points to, null for other values.
 QObject *objectOf(const QVariant &value);
-/// Returns what tells a row whose key role has @p value from others: the location of an entry, the file of an
-/// application, else the text of the value.
+/// Returns the key of a row whose key role has @p value: the location of an entry, the file of an application, else the
+/// text of the value.
 QString keyOf(const QVariant &value);

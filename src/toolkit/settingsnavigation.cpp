@@ -117,7 +117,7 @@ bool SettingsNavigation::back()
 }
 
 /// Returns the page that shows the entry at @p path, nothing if there is no such entry or page.
-std::optional<SettingsNavigation::Address> SettingsNavigation::addressOf(const QString &path) const
+std::optional<SettingsNavigation::PageAndRow> SettingsNavigation::addressOf(const QString &path) const
 {
     const QStringList rootNames = EntryPath::names(m_root);
     QStringList names = EntryPath::names(path);
@@ -127,12 +127,12 @@ std::optional<SettingsNavigation::Address> SettingsNavigation::addressOf(const Q
         names.removeLast();
         item = item->parentItem();
     }
-    const bool isRoot = names == rootNames; // which may be missing
+    const bool isRoot = names == rootNames; // the root is a page even if it does not exist
     if (!isRoot && (!item || names.isEmpty())) {
         return {};
     }
     const QString page = EntryPath::joined(names);
-    return Address{page, page == entry ? QString() : entry};
+    return PageAndRow{page, page == entry ? QString() : entry};
 }
 
 bool SettingsNavigation::isPage(const TreeItem *item) const
@@ -143,7 +143,7 @@ bool SettingsNavigation::isPage(const TreeItem *item) const
 /// Opens the page of @p path above @p pages, unless that is one of them.
 bool SettingsNavigation::openAbove(const QStringList &pages, const QString &path)
 {
-    const std::optional<Address> address = addressOf(path);
+    const std::optional<PageAndRow> address = addressOf(path);
     if (!address) {
         qCWarning(lcSettings) << Messages::NoPage << quoted(path.left(MaxLoggedPath));
         return false;
@@ -179,13 +179,13 @@ void SettingsNavigation::restore(const QStringList &pages, const QString &row)
 {
     Place place;
     for (const QString &page : pages) {
-        const std::optional<Address> address = addressOf(page);
+        const std::optional<PageAndRow> address = addressOf(page);
         const bool isOpen = address && (address->page == m_root || place.pages.contains(address->page));
         if (address && address->row.isEmpty() && !isOpen) {
             place.pages.append(address->page);
         }
     }
-    const std::optional<Address> address = addressOf(row);
+    const std::optional<PageAndRow> address = addressOf(row);
     if (address && address->page == topOf(place.pages)) {
         place.row = address->row;
     }
@@ -218,7 +218,7 @@ void SettingsNavigation::watch()
 SettingsEntry *SettingsNavigation::watched(const QString &path)
 {
     auto *entry = new SettingsEntry(this);
-    entry->setFavoritesKey({}); // which is not read
+    entry->setFavoritesKey({}); // nothing here reads "favorite"
     entry->setPath(path);
     connect(entry, &SettingsEntry::existsChanged, this, &SettingsNavigation::closeVanished);
     return entry;

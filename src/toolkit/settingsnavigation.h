@@ -75,12 +75,12 @@ private:
         QStringList pages; ///< above the root
         QString row;
     };
-    struct Address {
+    struct PageAndRow {
         QString page;
         QString row; ///< empty if the page itself is meant
     };
 
-    std::optional<Address> addressOf(const QString &path) const;
+    std::optional<PageAndRow> addressOf(const QString &path) const;
     bool isPage(const TreeItem *item) const;
     bool openAbove(const QStringList &pages, const QString &path);
     QStringList pagesUpTo(const QString &page) const;

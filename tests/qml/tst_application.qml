@@ -21,6 +21,20 @@ TestCase {
         depth: 1
     }
 
+    SignalSpy {
+        id: addresses
+
+        signalName: "openRequested"
+    }
+
+    function manyRows() {
+        const rows = [{ path: "system_settings/many", title: "Many", order: 3 }];
+        for (let i = 10; i < 70; ++i) {
+            rows.push({ path: "system_settings/many/row" + i, type: "bool", title: "Row " + i, order: i });
+        }
+        return JSON.stringify({ entries: rows });
+    }
+
     function initTestCase() {
         world.writePage("/usr/share/example-clock/Alarms.qml", "import QtQuick 2.15\nText { text: 'All alarms' }");
         world.writePage("/usr/share/example-clock/Broken.qml", "import QtQuick 2.15\nItm { }");
@@ -32,18 +46,21 @@ TestCase {
             { path: "system_settings/clock/broken", type: "page", title: "Broken", order: 2,
               params: { source: "/usr/share/example-clock/Broken.qml" } },
             { path: "system_settings/clock/seconds", type: "bool", title: "Seconds", order: 3 }] }));
+        world.writeEntries("many.json", manyRows());
         installFan();
     }
 
     function cleanupTestCase() {
+        world.removeEntries("many.json");
         world.removeEntries("clock.json");
         world.removeEntries("fan.json");
     }
 
     function init() {
-        tryCompare(tree, "count", 2, 10000);
+        tryCompare(tree, "count", 3, 10000);
         app = Qt.createQmlObject(world.application(), test, "Settings.qml");
-        tryVerify(() => app.active);
+        addresses.target = Array.from(app.contentData).find(object => object.service === "org.example.Settings");
+        tryVerify(() => app.active && addresses.target.owned);
         tryVerify(() => shown("<b>Clock</b>") !== null);
     }
 
@@ -78,6 +95,18 @@ TestCase {
     function isHighlighted(text) {
         const row = shown(text);
         return row !== null && row.highlighted;
+    }
+
+    function isInView(row) {
+        const top = row.mapToItem(app.contentItem, 0, 0).y;
+        return top >= 0 && top + row.height <= app.contentItem.height;
+    }
+
+    /// Opens an address as another program does, and waits until the application has received it.
+    function openAddress(path) {
+        addresses.clear();
+        verify(world.open("org.example.Settings", path));
+        tryCompare(addresses, "count", 1, 10000);
     }
 
     function tap(text) {
@@ -138,9 +167,35 @@ TestCase {
     }
 
     function test_otherProgramsOpenAddresses(data) {
-        verify(world.open("org.example.Settings", data.path));
+        openAddress(data.path);
         expectShown(data.text);
         tryVerify(() => isHighlighted("Seconds") === (data.tag === "row"));
+    }
+
+    function test_addressScrollsToItsRow_data() {
+        return [{ tag: "first" }, { tag: "other", page: "system_settings/many" }];
+    }
+
+    function test_addressScrollsToItsRow(data) {
+        if (data.page) {
+            openAddress(data.page);
+            expectShown("Row 10");
+        }
+        for (const row of ["65", "10", "40"]) {
+            openAddress("system_settings/many/row" + row);
+            tryVerify(() => isHighlighted("Row " + row) && isInView(shown("Row " + row)), 10000, row);
+        }
+    }
+
+    function test_unknownAddressIsIgnored() {
+        world.expectWarning("SettingsNavigation");
+        openAddress("system_settings/none/at/all");
+        verify(shown("Fan"));
+    }
+
+    function test_buttonsHaveNames() {
+        compare(shown("‹").Accessible.name, "Back");
+        compare(shown("☆").Accessible.name, "Star");
     }
 
     function test_rowsAndPagesOfRemovedEntriesDisappear() {
