@@ -34,7 +34,7 @@ private Q_SLOTS:
 
 namespace
 {
-constexpr int MaxMs = 1000;
+constexpr int MaxMs = 5000; // on a busy machine
 constexpr int MaxForms = 2000; ///< of the words of an entry
 constexpr int Many = 64;
 
