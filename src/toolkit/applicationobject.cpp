@@ -125,7 +125,7 @@ void ApplicationObject::publish()
 void ApplicationObject::publishNext() const
 {
     QVector<ApplicationObject *> &objects = waitingObjects();
-    const auto next = std::find_if(objects.begin(), objects.end(), [this](const ApplicationObject *object) {
+    auto *const next = std::find_if(objects.begin(), objects.end(), [this](const ApplicationObject *object) {
         return applicationPath(object->m_service) == applicationPath(m_service);
     });
     if (next != objects.end()) {

@@ -57,7 +57,7 @@ QString problemOfTypes(const QJsonObject &types)
 {
     for (auto type = types.begin(); type != types.end(); ++type) {
         const QJsonObject object = type->toObject();
-        const QString problem = firstOf({
+        QString problem = firstOf({
             problemOfType(types, type.key(), QJsonValue::Object, "an object"),
             problemOfType(object, QStringLiteral("description"), QJsonValue::String, "a string"),
             problemOfType(object, s_opensPage, QJsonValue::Bool, "true or false"),

@@ -143,7 +143,7 @@ QString problemOfRenaming(const QVector<NamedFile> &files)
             return QStringLiteral("\"%1\" is given twice").arg(printable(file.path));
         }
         paths.insert(path);
-        const QString problem = problemIn(QFileInfo(file.path).dir(), file);
+        QString problem = problemIn(QFileInfo(file.path).dir(), file);
         if (!problem.isEmpty()) {
             return problem;
         }
@@ -163,7 +163,7 @@ QString problemOfCopying(const QVector<NamedFile> &files, const QDir &directory)
             return QStringLiteral("two files have the name \"%1\"").arg(printable(name));
         }
         other = &file;
-        const QString problem = problemIn(directory, file);
+        QString problem = problemIn(directory, file);
         if (!problem.isEmpty()) {
             return problem;
         }

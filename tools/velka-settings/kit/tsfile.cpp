@@ -31,7 +31,8 @@ QString problemOf(const QXmlStreamReader &reader)
 QChar characterOf(const QXmlStreamAttributes &attributes)
 {
     const QStringRef value = attributes.value(QLatin1String("value"));
-    return QChar(value.startsWith(QLatin1Char('x')) ? value.mid(1).toUInt(nullptr, 16) : value.toUInt());
+    const bool isHexadecimal = value.startsWith(QLatin1Char('x'));
+    return isHexadecimal ? value.mid(1).toUInt(nullptr, 16) : value.toUInt();
 }
 
 /// Returns the text of the current element, with a line for each form of a plural.
