@@ -120,7 +120,10 @@ Kirigami.ScrollablePage {
         PlainMessage {
             width: parent.width
             visible: content.errors.length > 0
-            plainText: qsTrId("settings-la-page_errors").arg(content.errors.map(page.errorText).join(" "))
+            // An invisible message without a width warns of a binding loop if its text has more than a line.
+            plainText: visible
+                       ? qsTrId("settings-la-page_errors").arg(content.errors.map(page.errorText).join(" "))
+                       : ""
         }
         RowLayout {
             width: parent.width
