@@ -6,9 +6,12 @@
 #include "search/folding.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
+constexpr uint EndOfAscii = 0x80;
+
 bool isIdeograph(QChar::Script script)
 {
     return script == QChar::Script_Han;
@@ -42,7 +45,7 @@ bool isLetter(uint c)
 /// Returns true for what belongs to the word before it.
 bool isContinuation(uint c)
 {
-    return QChar::isMark(c) || QChar::category(c) == QChar::Other_Format;
+    return c >= EndOfAscii && (QChar::isMark(c) || QChar::category(c) == QChar::Other_Format);
 }
 
 bool isJoint(QChar c)
@@ -87,7 +90,6 @@ private:
 
 bool isRunLetter(uint c, bool isInRun)
 {
-    constexpr uint EndOfAscii = 0x80;
     if (c < EndOfAscii) {
         return false;
     }
@@ -135,10 +137,10 @@ QVector<Word> wordsOf(const QString &text)
         const bool isRun = passWord(&reader);
         const bool isJoined = !words.isEmpty() && words.constLast().start + words.constLast().length == start - 1
                               && !isRun && !words.constLast().isRun && isJoint(text.at(start - 1));
-        const Word word = wordFrom(text.mid(start, reader.position - start), start, reader.position - start, isRun,
-                                   isJoined);
+        Word word = wordFrom(text.mid(start, reader.position - start), start, reader.position - start, isRun,
+                             isJoined);
         if (!word.typed.isEmpty()) { // not just a stroke that lengthens words
-            words.append(word);
+            words.append(std::move(word));
         }
     }
     return words;
