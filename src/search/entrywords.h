@@ -17,6 +17,7 @@ struct EntryWord {
     Form form;
     int mentions; ///< in further texts, Posting::MaxMentions at most
 };
+Q_DECLARE_TYPEINFO(EntryWord, Q_MOVABLE_TYPE);
 
 struct EntryWords {
     QVector<EntryWord> words;

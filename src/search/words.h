@@ -15,6 +15,7 @@ struct Word {
     bool isRun; ///< of a script that is written without spaces
     bool isJoined; ///< to the word before by a hyphen, an apostrophe or a full stop
 };
+Q_DECLARE_TYPEINFO(Word, Q_MOVABLE_TYPE);
 
 /// Returns the words of @p text. Those that are longer than MaxLetters are cut into several.
 QVector<Word> wordsOf(const QString &text);
