@@ -18,6 +18,9 @@
 
 namespace
 {
+const QString s_busService = QStringLiteral("org.freedesktop.DBus");
+const QString s_busPath = QStringLiteral("/org/freedesktop/DBus");
+const QString s_busInterface = s_busService;
 const QString s_localPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const QString s_localInterface = QStringLiteral("org.freedesktop.DBus.Local");
 
@@ -26,9 +29,8 @@ constexpr uint AlreadyOwner = 4; ///< a reply to it, for which Qt has no name
 
 QDBusMessage callOfBus(const char *method, const QVariantList &arguments)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QLatin1String(method));
+    QDBusMessage call = QDBusMessage::createMethodCall(s_busService, s_busPath, s_busInterface,
+                                                       QLatin1String(method));
     call.setArguments(arguments);
     return call;
 }
@@ -78,9 +80,12 @@ void BusName::takeDisconnection()
 
 void BusName::request()
 {
-    const QDBusConnectionInterface *const bus = m_bus.interface();
-    connect(bus, &QDBusConnectionInterface::serviceRegistered, this, &BusName::takeRegistration);
-    connect(bus, &QDBusConnectionInterface::serviceUnregistered, this, &BusName::takeLoss);
+    // Not the signals of QDBusConnectionInterface: it emits them in another thread, and a receiver that is deleted
+    // meanwhile leaks memory of the connection.
+    m_bus.connect(s_busService, s_busPath, s_busInterface, QStringLiteral("NameAcquired"), this,
+                  SLOT(takeRegistration(QString)));
+    m_bus.connect(s_busService, s_busPath, s_busInterface, QStringLiteral("NameLost"), this,
+                  SLOT(takeLoss(QString)));
     m_bus.connect({}, s_localPath, s_localInterface, QStringLiteral("Disconnected"), this,
                   SLOT(takeDisconnection()));
     whenFinished(m_bus.asyncCall(callOfBus("RequestName", {m_service, WaitForName})), this,

@@ -31,14 +31,14 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void takeDisconnection();
+    void takeRegistration(const QString &service);
+    void takeLoss(const QString &service);
 
 private:
     explicit BusName(const QString &service);
 
     void request();
     void takeReply(const QDBusPendingCall &reply);
-    void takeRegistration(const QString &service);
-    void takeLoss(const QString &service);
     void setOwned(bool isOwned);
 
     const QString m_service;
