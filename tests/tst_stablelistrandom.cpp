@@ -120,7 +120,7 @@ void StableListRandomTest::handlers()
             source.change(place, row);
             break;
         case 4:
-            source.sort();
+            source.sortByKey();
             break;
         default:
             if (place > 0) {

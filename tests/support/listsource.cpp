@@ -71,7 +71,7 @@ void ListSource::change(int row, const Row &value)
     Q_EMIT dataChanged(index(row), index(row));
 }
 
-void ListSource::sort()
+void ListSource::sortByKey()
 {
     Q_EMIT layoutAboutToBeChanged();
     std::sort(m_rows.begin(), m_rows.end(), [](const Row &a, const Row &b) { return a.key < b.key; });

@@ -34,7 +34,7 @@ public:
     void remove(int row);
     void move(int from, int to);
     void change(int row, const Row &value);
-    void sort(); ///< by key, as a change of the layout
+    void sortByKey(); ///< as a change of the layout
 
     QHash<int, QByteArray> m_names{{KeyRole, "key"}, {ValueRole, "value"}, {ObjectRole, "object"}};
 
