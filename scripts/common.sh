@@ -31,8 +31,8 @@ benchmark_packages=(python3 python3-matplotlib)
 search_quality_packages=(icu-devtools python3)
 # More packages for scripts/package.
 package_packages=(debhelper git lintian mmdebstrap rpm rpmlint uidmap)
-# More packages for scripts/fuzz.
-fuzz_packages=(clang libclang-rt-14-dev)
+# More packages for the build with sanitizers: scripts/test --sanitize and scripts/fuzz.
+sanitizer_packages=(clang libclang-rt-14-dev llvm)
 # More packages for scripts/compare-abi.
 abi_packages=(abigail-tools binutils git)
 
