@@ -20,7 +20,7 @@ namespace
 {
 const QString s_busService = QStringLiteral("org.freedesktop.DBus");
 const QString s_busPath = QStringLiteral("/org/freedesktop/DBus");
-const QString s_busInterface = s_busService;
+const QString s_busInterface = QStringLiteral("org.freedesktop.DBus");
 const QString s_localPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const QString s_localInterface = QStringLiteral("org.freedesktop.DBus.Local");
 

@@ -16,7 +16,7 @@
 
 namespace
 {
-const QString s_translations = QStringLiteral("translations");
+const QString s_translationsOption = QStringLiteral("translations");
 
 void fail(const QString &message)
 {
@@ -41,10 +41,10 @@ bool applyLocale(const QCommandLineParser &parser)
 /// Returns whether there is no --translations, or the directory exists.
 bool applyTranslations(const QCommandLineParser &parser, EntrySources *sources)
 {
-    if (!parser.isSet(s_translations)) {
+    if (!parser.isSet(s_translationsOption)) {
         return true;
     }
-    sources->translationsDirectory = parser.value(s_translations);
+    sources->translationsDirectory = parser.value(s_translationsOption);
     if (!QDir(sources->translationsDirectory).isReadable()) {
         fail(QStringLiteral("there is no directory \"%1\"").arg(printable(sources->translationsDirectory)));
         return false;
@@ -90,7 +90,7 @@ void ReadingOptions::addTo(QCommandLineParser *parser)
     parser->addOption({QStringLiteral("uid"), {}, QStringLiteral("N")});
     parser->addOption({QStringLiteral("masked"), {}, QStringLiteral("PATH")});
     parser->addOption({QStringLiteral("locale"), {}, QStringLiteral("L")});
-    parser->addOption({s_translations, {}, QStringLiteral("DIR")});
+    parser->addOption({s_translationsOption, {}, QStringLiteral("DIR")});
 }
 
 std::unique_ptr<Inspection> ReadingOptions::inspect(QCommandLineParser *parser, const CommandSyntax &syntax,

@@ -10,12 +10,12 @@
 
 namespace
 {
-constexpr qint64 MaxSize = 64 << 20;
+constexpr qint64 MaxUserFileSize = 64 << 20;
 }
 
 std::optional<QByteArray> UserFile::read(const QString &path, QString *problem)
 {
-    const FileContent content = readRegularFile(path, MaxSize);
+    const FileContent content = readRegularFile(path, MaxUserFileSize);
     if (!content.error.isEmpty()) {
         *problem = QStringLiteral("cannot read \"%1\": %2").arg(printable(path), content.error);
         return {};
