@@ -9,6 +9,7 @@
 #include "text.h"
 #include "world.h"
 
+#include <QConcatenateTablesProxyModel>
 #include <QIdentityProxyModel>
 #include <QPointer>
 #include <QSet>
@@ -235,9 +236,11 @@ void StableListModelTest::ownSourceIsRefused()
     proxy.setSourceModel(model.operator->());
     StableListModel other;
     other.setSourceModel(&proxy);
-    for (QAbstractItemModel *own :
-         {static_cast<QAbstractItemModel *>(model.operator->()), static_cast<QAbstractItemModel *>(&proxy),
-          static_cast<QAbstractItemModel *>(&other)}) {
+    QConcatenateTablesProxyModel tables;
+    tables.addSourceModel(&source);
+    tables.addSourceModel(&other);
+    const QVector<QAbstractItemModel *> ownModels{model.operator->(), &proxy, &other, &tables};
+    for (QAbstractItemModel *own : ownModels) {
         QTest::ignoreMessage(QtWarningMsg, Messages::SourceIsOwn);
         model->setSourceModel(own);
         QCOMPARE(model->sourceModel(), &source);

@@ -6,35 +6,7 @@
 #include "applications/applicationssettingsmodel.h"
 #include "common/logging.h"
 #include "common/messages.h"
-
-#include <QConcatenateTablesProxyModel>
-
-namespace
-{
-QList<QAbstractItemModel *> sourcesOf(const QAbstractItemModel *model)
-{
-    if (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model)) {
-        return {proxy->sourceModel()};
-    }
-    const auto *tables = qobject_cast<const QConcatenateTablesProxyModel *>(model);
-    return tables ? tables->sourceModels() : QList<QAbstractItemModel *>();
-}
-
-/// Returns true when @p model is @p source, or a proxy that gets rows from it.
-bool isBuiltOn(const QAbstractItemModel *model, const QAbstractItemModel *source)
-{
-    QList<const QAbstractItemModel *> models{model};
-    for (int i = 0; i < models.size(); ++i) {
-        const QList<QAbstractItemModel *> sources = sourcesOf(models.at(i));
-        for (const QAbstractItemModel *next : sources) {
-            if (!models.contains(next)) { // others may be built on each other
-                models.append(next);
-            }
-        }
-    }
-    return models.contains(source);
-}
-}
+#include "common/modelsources.h"
 
 UserApplicationsFilterModel::UserApplicationsFilterModel(QObject *parent)
     : QSortFilterProxyModel(parent)
@@ -68,7 +40,7 @@ void UserApplicationsFilterModel::setFilter(int filter)
 
 void UserApplicationsFilterModel::setSourceModel(QAbstractItemModel *source)
 {
-    if (isBuiltOn(source, this)) {
+    if (source && isBuiltOn(source, this)) {
         qCWarning(lcSettings) << Messages::SourceIsUser;
         return;
     }

@@ -5,6 +5,7 @@
 
 #include "common/logging.h"
 #include "common/messages.h"
+#include "common/modelsources.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,15 +14,6 @@
 namespace
 {
 const QByteArray s_fileRole = QByteArrayLiteral("filePath");
-
-/// Returns true if @p model is @p source, or a model that gets its rows from it.
-bool isBuiltOn(const QAbstractItemModel *model, const QAbstractItemModel *source)
-{
-    while (model && model != source) {
-        model = model->property("sourceModel").value<QAbstractItemModel *>();
-    }
-    return model;
-}
 }
 
 StableListModel::StableListModel(QObject *parent)
