@@ -18,11 +18,6 @@ using Recorded = RecordedRequests;
 
 const QString s_invalidArgs = QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs");
 const QStringList s_none;
-
-QString refusal(const QString &address, const char *reason)
-{
-    return settingsWarning(Messages::AddressRefused, address) + text(": ") + text(reason);
-}
 }
 
 /// Addresses that arrive on the session bus.
@@ -127,7 +122,7 @@ void AddressRequestsTest::refusesNonsense()
     const QDBusMessage reply = open({url});
     QCOMPARE(errorOf(reply), s_invalidArgs);
     QCOMPARE(reply.errorMessage(), text("Refused \"%1\": %2").arg(url, reason));
-    QCOMPARE(log.take(), QStringList(refusal(url, qPrintable(reason))));
+    QCOMPARE(log.take(), QStringList(settingsWarning(Messages::AddressRefused, url, qPrintable(reason))));
     open({text("velka-settings:/last")});
     QTRY_COMPARE(requests.log(), QStringList(text("last")));
 }
@@ -166,8 +161,9 @@ void AddressRequestsTest::oneBadAddressRefusesTheCall()
     QTRY_VERIFY(requests.isOwned());
     QCOMPARE(errorOf(open({text("velka-settings:/a"), text("b"), text("c")})), s_invalidArgs);
     QCOMPARE(errorOf(open({})), s_invalidArgs);
-    QCOMPARE(log.take(), QStringList({refusal(text("b"), "it is no velka-settings: URL"),
-                                      refusal(text(""), "it names no entry")}));
+    QCOMPARE(log.take(),
+             QStringList({settingsWarning(Messages::AddressRefused, text("b"), "it is no velka-settings: URL"),
+                          settingsWarning(Messages::AddressRefused, text(""), "it names no entry")}));
     open({text("velka-settings:/last")});
     QTRY_COMPARE(requests.log(), QStringList(text("last")));
 }
@@ -181,9 +177,10 @@ void AddressRequestsTest::longAddressesAreLoggedShort()
     const QDBusMessage reply = open({url});
     QCOMPARE(errorOf(reply), s_invalidArgs);
     QVERIFY(reply.errorMessage().size() < 200);
-    QCOMPARE(log.take(), QStringList(refusal(url.left(100), "it is too long")));
+    QCOMPARE(log.take(), QStringList(settingsWarning(Messages::AddressRefused, url.left(100), "it is too long")));
     openAction({QString(4000000, QLatin1Char('/'))});
-    QCOMPARE(log.take(), QStringList(refusal(QString(100, QLatin1Char('/')), "it is too long")));
+    QCOMPARE(log.take(), QStringList(settingsWarning(Messages::AddressRefused, QString(100, QLatin1Char('/')),
+                                                     "it is too long")));
     QCOMPARE(errorOf(open({url.left(64 * 1024)})), QString());
     QTRY_COMPARE(requests.log(), QStringList(QString(64 * 1024 - 16, QLatin1Char('a'))));
 }

@@ -21,11 +21,6 @@ using Recorded = RecordedRequests;
 
 const QString s_service = RecordedRequests::serviceOfTests();
 const QStringList s_none;
-
-QString withoutName(const QString &service, const char *reason)
-{
-    return settingsWarning(Messages::NameNotOwned, service) + text(": ") + text(reason);
-}
 }
 
 /// The name of AddressRequests on the session bus.
@@ -87,7 +82,8 @@ void ApplicationNameTest::nameOfAnotherProgram()
     Recorded requests;
     QSignalSpy changes(&requests, &AddressRequests::ownedChanged);
     QStringList warnings;
-    QTRY_COMPARE(warnings += log.take(), QStringList(withoutName(s_service, "another program has it")));
+    QTRY_COMPARE(warnings += log.take(),
+                 QStringList(settingsWarning(Messages::NameNotOwned, s_service, "another program has it")));
     QVERIFY(!requests.isOwned());
     QCOMPARE(changes.count(), 0);
     QVERIFY(other.unregisterService(s_service));
@@ -106,7 +102,8 @@ void ApplicationNameTest::nameOfAnotherObject()
     {
         const Recorded second;
         QVERIFY(!second.isOwned());
-        QCOMPARE(log.take(), QStringList(withoutName(s_service, "this program has it already")));
+        QCOMPARE(log.take(),
+                 QStringList(settingsWarning(Messages::NameNotOwned, s_service, "this program has it already")));
     }
     open({text("velka-settings:/a")});
     QTRY_COMPARE(requests.log(), QStringList(text("a")));
@@ -198,7 +195,8 @@ void ApplicationNameWorlds::withoutBus()
     requests.setActive(false);
     QCoreApplication::processEvents();
     QVERIFY(!requests.isOwned());
-    QCOMPARE(log.take(), QStringList(withoutName(s_service, "there is no session bus")));
+    QCOMPARE(log.take(),
+             QStringList(settingsWarning(Messages::NameNotOwned, s_service, "there is no session bus")));
 }
 
 void ApplicationNameWorlds::busEnds()

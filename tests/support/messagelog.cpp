@@ -44,3 +44,8 @@ QString settingsWarning(const char *message, const QString &quoted)
     return QStringLiteral("warning org.orvantaos.settings.framework: %1 \"%2\"")
         .arg(QString::fromUtf8(message), quoted);
 }
+
+QString settingsWarning(const char *message, const QString &quoted, const char *reason)
+{
+    return settingsWarning(message, quoted) + QStringLiteral(": ") + QString::fromUtf8(reason);
+}

@@ -24,3 +24,5 @@ private:
 
 /// Returns a warning of the library's category as the log has it.
 QString settingsWarning(const char *message, const QString &quoted);
+/// Returns it with a reason at its end.
+QString settingsWarning(const char *message, const QString &quoted, const char *reason);

@@ -190,7 +190,7 @@ void VocabularyTest::unusable_data()
     QTest::addColumn<QByteArray>("vocabulary");
     QTest::addColumn<QByteArray>("reason");
     QTest::newRow("broken") << QByteArray("{") << QByteArray("unterminated object");
-    QTest::newRow("array") << QByteArray("[]") << QByteArray("it is no object");
+    QTest::newRow("array") << QByteArray("[]") << QByteArray("it is not an object");
     QTest::newRow("no types") << QByteArray("{}") << QByteArray("it has no \"types\"");
     QTest::newRow("types") << QByteArray(R"({"types": []})") << QByteArray("\"types\" must be an object");
     QTest::newRow("root") << QByteArray(R"({"types": {"a": {}}, "root": 5})")

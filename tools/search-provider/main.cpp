@@ -33,7 +33,7 @@ bool publish(QObject *shellProvider, QObject *runner)
            && bus.registerService(QStringLiteral("org.velkasettings.Search"));
 }
 
-/// Returns why publish() failed. A name that is taken is no error for Qt.
+/// Returns why publish() failed. For Qt, a name that is taken is not an error.
 QString publishError()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();

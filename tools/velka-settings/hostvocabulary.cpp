@@ -158,7 +158,7 @@ QString HostVocabulary::parse(const QByteArray &json)
         return error.errorString();
     }
     m_object = document.object();
-    return document.isObject() ? problem() : QStringLiteral("it is no object");
+    return document.isObject() ? problem() : QStringLiteral("it is not an object");
 }
 
 QString HostVocabulary::problem() const
