@@ -134,7 +134,7 @@ private:
     int m_operations = 0;
 };
 
-/// Runs for @p minutes, or otherwise for @p operations. The first fifth is the warm-up.
+/// Runs for @p minutes, or otherwise for @p operations. The first half is the warm-up.
 bool run(quint32 seed, Mode mode, std::optional<int> minutes, int operations)
 {
     QElapsedTimer timer;
@@ -146,7 +146,7 @@ bool run(quint32 seed, Mode mode, std::optional<int> minutes, int operations)
     const auto elapsedPart = [&] {
         return minutes ? double(timer.elapsed()) / (*minutes * 60000.0) : double(soak.operations()) / operations;
     };
-    if (!soak.operate([&] { return elapsedPart() >= 0.2; })) {
+    if (!soak.operate([&] { return elapsedPart() >= 0.5; })) {
         return false;
     }
     const Resources warm = soak.restAndMeasure();
