@@ -38,3 +38,5 @@ bool KeyboardUse::pressesButton(const QEvent *event) const
     const QQuickItem *const item = m_window->activeFocusItem();
     return (key == Qt::Key_Return || key == Qt::Key_Enter) && item && item->inherits("QQuickAbstractButton");
 }
+
+#include "moc_keyboarduse.cpp"

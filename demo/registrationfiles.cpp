@@ -149,3 +149,5 @@ int RegistrationFiles::entryCount(const File &file) const
     const auto isOfFile = [&file](const TreeItem *item) { return item->fromFile() == file.name; };
     return root->getSubitems(TreeItem::orderLessThan, isOfFile, -1).count();
 }
+
+#include "moc_registrationfiles.cpp"

@@ -70,3 +70,5 @@ void ServiceFaults::setFault(const QString &id, const QString &fault)
         Q_EMIT faultsChanged();
     });
 }
+
+#include "moc_servicefaults.cpp"

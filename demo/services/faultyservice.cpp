@@ -37,3 +37,5 @@ bool FaultyService::isSpoiled()
     }
     return m_fault == s_fail || m_fault == s_nonsense;
 }
+
+#include "moc_faultyservice.cpp"

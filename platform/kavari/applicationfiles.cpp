@@ -106,3 +106,5 @@ void ApplicationFiles::markAllDirty()
         markDirty(followed.directory.path());
     }
 }
+
+#include "moc_applicationfiles.cpp"

@@ -196,3 +196,5 @@ void ApplicationListing::checkProblems()
         m_lookAgain.start();
     }
 }
+
+#include "moc_applicationlisting.cpp"

@@ -102,3 +102,5 @@ void LauncherFolderItem::replaceRow(std::optional<LauncherRow> *row, LauncherRow
     const QModelIndex place = index(m_rows->indexOf(changed));
     Q_EMIT dataChanged(place, place);
 }
+
+#include "moc_launcherfolderitem.cpp"

@@ -365,3 +365,5 @@ void LauncherFolderModel::load()
 {
     d->reload();
 }
+
+#include "moc_launcherfoldermodel.cpp"

@@ -84,3 +84,5 @@ void LauncherItem::setEntry(std::shared_ptr<const MDesktopEntry> entry)
     m_entry = std::move(entry);
     m_sandboxed = hasSandbox(*m_entry);
 }
+
+#include "moc_launcheritem.cpp"

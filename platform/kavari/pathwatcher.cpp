@@ -144,3 +144,5 @@ void PathWatcher::handle(const inotify_event &event)
         Q_EMIT changed(name.isEmpty() ? path : (isRoot ? path : path + QLatin1Char('/')) + name);
     }
 }
+
+#include "moc_pathwatcher.cpp"

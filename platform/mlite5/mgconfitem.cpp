@@ -426,3 +426,5 @@ void MGConfItem::set(const QVariant &value)
         notify(path);
     }
 }
+
+#include "moc_mgconfitem.cpp"

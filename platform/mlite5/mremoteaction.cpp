@@ -33,3 +33,5 @@ QString MRemoteAction::toString() const
     }
     return parts.join(QLatin1Char(' '));
 }
+
+#include "moc_mremoteaction.cpp"

@@ -77,3 +77,5 @@ void QuickActionReader::showPackageOf(const QDBusMessage &call)
         }
     }
 }
+
+#include "moc_quickactionreader.cpp"

@@ -99,3 +99,5 @@ void Allowlist::send()
         m_sandboxing->setAllowlist(m_user->uid(), ids(), [this] { announce(); });
     }
 }
+
+#include "moc_allowlist.cpp"

@@ -19,3 +19,5 @@ void AlwaysAllowedList::fetch()
         }
     });
 }
+
+#include "moc_alwaysallowedlist.cpp"

@@ -103,3 +103,5 @@ void ApplicationItem::updateSandboxed()
         Q_EMIT sandboxedChanged();
     }
 }
+
+#include "moc_applicationitem.cpp"

@@ -32,3 +32,5 @@ void ApplicationList::announce()
     emitAll<ApplicationList>(this, {&ApplicationList::listChanged, &ApplicationList::selectionChanged,
                                     &ApplicationList::membersChanged});
 }
+
+#include "moc_applicationlist.cpp"

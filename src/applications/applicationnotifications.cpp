@@ -93,3 +93,5 @@ void ApplicationNotifications::store(int row, const QString &applicationId, bool
         Q_EMIT changed();
     }
 }
+
+#include "moc_applicationnotifications.cpp"

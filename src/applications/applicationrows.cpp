@@ -62,3 +62,5 @@ void ApplicationRows::dropIndex()
     m_byApplicationId.clear();
     m_byDesktopFile.clear();
 }
+
+#include "moc_applicationrows.cpp"

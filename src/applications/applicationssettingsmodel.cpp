@@ -441,3 +441,5 @@ QStringList ApplicationsSettingsModel::allIds() const
     }
     return ids;
 }
+
+#include "moc_applicationssettingsmodel.cpp"

@@ -45,3 +45,5 @@ ComKeloAmAutostartInterface *AutostartClient::proxy()
     }
     return m_proxy;
 }
+
+#include "moc_autostartclient.cpp"

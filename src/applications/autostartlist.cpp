@@ -120,3 +120,5 @@ void AutostartList::takeChange(const QString &id, bool enabled)
         emitAll<Self>(this, {&Self::selectionChanged, &Self::listChanged, &Self::membersChanged});
     }
 }
+
+#include "moc_autostartlist.cpp"

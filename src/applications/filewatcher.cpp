@@ -71,3 +71,5 @@ void FileWatcher::look()
         Q_EMIT fileChanged();
     }
 }
+
+#include "moc_filewatcher.cpp"

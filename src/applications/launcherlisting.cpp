@@ -45,3 +45,5 @@ void LauncherListing::follow(LauncherFolderItem *folder)
     connect(folder, &QAbstractItemModel::modelReset, this, &LauncherListing::reset);
     connect(folder, &QObject::destroyed, this, [this](QObject *gone) { m_followed.remove(gone); });
 }
+
+#include "moc_launcherlisting.cpp"

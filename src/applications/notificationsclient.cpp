@@ -64,3 +64,5 @@ ComKeloNotificationsConfigProxy *NotificationsClient::proxy()
     }
     return m_proxy;
 }
+
+#include "moc_notificationsclient.cpp"

@@ -128,3 +128,5 @@ OrgOrvantaosTarnholdd1Interface *SandboxingClient::proxy()
     }
     return m_proxy;
 }
+
+#include "moc_sandboxingclient.cpp"

@@ -23,3 +23,5 @@ void ServiceOutcomes::record(PlatformServiceName service, const QDBusError &erro
         QMetaObject::invokeMethod(this, &ServiceOutcomes::changed, Qt::QueuedConnection);
     }
 }
+
+#include "moc_serviceoutcomes.cpp"

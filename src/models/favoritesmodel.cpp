@@ -497,3 +497,5 @@ void FavoritesModel::moveRow(int from, int to, const Edit &edit)
         }
     });
 }
+
+#include "moc_favoritesmodel.cpp"

@@ -137,3 +137,5 @@ void SettingsModel::removeRowOf(const QObject *item)
     };
     m_changes.run(remove, [this] { Q_EMIT countChanged(); });
 }
+
+#include "moc_settingsmodel.cpp"

@@ -126,3 +126,5 @@ void StoredFavorites::valueChanged()
         Q_EMIT changed();
     }
 }
+
+#include "moc_storedfavorites.cpp"

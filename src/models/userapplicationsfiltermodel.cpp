@@ -63,3 +63,5 @@ bool UserApplicationsFilterModel::filterAcceptsRow(int sourceRow, const QModelIn
         return false;
     }
 }
+
+#include "moc_userapplicationsfiltermodel.cpp"

@@ -45,3 +45,5 @@ FrameworkCatalog installFrameworkCatalog(QObject *parent, const QString &directo
     logErrors({engineeringEnglish->error(), localized->error()});
     return {engineeringEnglish, localized};
 }
+
+#include "moc_apptranslator.cpp"

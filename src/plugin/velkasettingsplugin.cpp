@@ -40,3 +40,5 @@ void VelkaSettingsPlugin::initializeEngine(QQmlEngine *engine, const char *uri)
     Q_UNUSED(uri)
     installFrameworkCatalog(engine, Constants::TranslationsDirectory);
 }
+
+#include "moc_velkasettingsplugin.cpp"

@@ -189,3 +189,5 @@ void DirectoryFollower::watchDirectory(const State &state)
         m_isRefused = !m_watcher->addPath(m_path) && stateOf(m_path).exists;
     }
 }
+
+#include "moc_directoryfollower.cpp"

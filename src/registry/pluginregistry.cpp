@@ -132,3 +132,5 @@ void PluginRegistry::finishBatch(bool isChanged)
         Q_EMIT contentChanged();
     }
 }
+
+#include "moc_pluginregistry.cpp"

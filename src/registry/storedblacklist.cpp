@@ -50,3 +50,5 @@ void StoredBlacklist::readAgain()
         Q_EMIT readLate();
     }
 }
+
+#include "moc_storedblacklist.cpp"

@@ -254,3 +254,5 @@ void TreeItem::dumpTree(int indent) const
         }
     }
 }
+
+#include "moc_treeitem.cpp"

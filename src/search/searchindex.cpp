@@ -235,3 +235,5 @@ void SearchIndex::removeSegment(const QString &file)
         }
     }
 }
+
+#include "moc_searchindex.cpp"

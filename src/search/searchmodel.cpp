@@ -311,3 +311,5 @@ void SearchModel::followBusy()
         Q_EMIT busyChanged();
     }
 }
+
+#include "moc_searchmodel.cpp"

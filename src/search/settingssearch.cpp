@@ -156,3 +156,5 @@ SearchResult SettingsSearch::resultFor(int position, float score) const
             nodes.typeAt(position),
             double(score)};
 }
+
+#include "moc_settingssearch.cpp"

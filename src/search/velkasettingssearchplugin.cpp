@@ -11,3 +11,5 @@ void VelkaSettingsSearchPlugin::registerTypes(const char *uri)
 {
     qmlRegisterType<SearchModel>(uri, 1, 0, "SearchModel");
 }
+
+#include "moc_velkasettingssearchplugin.cpp"

@@ -105,3 +105,5 @@ void AddressRequests::deliver()
         }
     }
 }
+
+#include "moc_addressrequests.cpp"

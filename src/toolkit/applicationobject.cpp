@@ -171,3 +171,5 @@ void ApplicationObject::refuse(const QString &address, const QString &reason, QD
     qCWarning(lcSettings).noquote().nospace() << Messages::AddressRefused << " \"" << shown << "\": " << reason;
     sendErrorReply(error, QStringLiteral("Refused \"%1\": %2").arg(shown, reason));
 }
+
+#include "moc_applicationobject.cpp"

@@ -128,3 +128,5 @@ void BusName::setOwned(bool isOwned)
         Q_EMIT ownedChanged();
     }
 }
+
+#include "moc_busname.cpp"

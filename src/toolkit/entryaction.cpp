@@ -155,3 +155,5 @@ void EntryAction::setState(State state, const QDBusError &error, const QString &
     m_requiredPackage = package;
     m_announcer.announce(this);
 }
+
+#include "moc_entryaction.cpp"

@@ -240,3 +240,5 @@ void EntryPageContent::resizePage()
         PageLoader::resize(m_item, m_size);
     }
 }
+
+#include "moc_entrypagecontent.cpp"

@@ -260,3 +260,5 @@ void EntryWatcher::notify(const Changes &changes)
         }
     }
 }
+
+#include "moc_entrywatcher.cpp"

@@ -78,3 +78,5 @@ void FavoritesList::notifyEntries()
         }
     }
 }
+
+#include "moc_favoriteslist.cpp"

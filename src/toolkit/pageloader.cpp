@@ -133,3 +133,5 @@ void PageLoader::finishIncubation()
         Q_EMIT finished();
     }
 }
+
+#include "moc_pageloader.cpp"

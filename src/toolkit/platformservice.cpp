@@ -57,3 +57,5 @@ void PlatformService::update()
         Q_EMIT changed();
     }
 }
+
+#include "moc_platformservice.cpp"

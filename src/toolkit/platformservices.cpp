@@ -25,3 +25,5 @@ PlatformService *PlatformServices::notifications() const
 {
     return m_notifications;
 }
+
+#include "moc_platformservices.cpp"

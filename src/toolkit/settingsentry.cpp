@@ -284,3 +284,5 @@ void SettingsEntry::watch()
     const bool hasFavorites = m_watched && !m_favoritesKey.isEmpty();
     m_favorites = hasFavorites ? FavoritesList::ofKey(m_favoritesKey) : nullptr;
 }
+
+#include "moc_settingsentry.cpp"

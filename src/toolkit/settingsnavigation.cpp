@@ -251,3 +251,5 @@ bool SettingsNavigation::exists(const QString &path) const
     const SettingsEntry *entry = m_entries.value(path);
     return entry && entry->exists();
 }
+
+#include "moc_settingsnavigation.cpp"

@@ -285,3 +285,5 @@ QStringList StableListModel::sourceKeys() const
     }
     return keys;
 }
+
+#include "moc_stablelistmodel.cpp"

@@ -28,3 +28,5 @@ void VelkaSettingsToolkitPlugin::registerTypes(const char *uri)
     qmlRegisterType<SettingsNavigation>(uri, 1, 0, "SettingsNavigation");
     qmlRegisterType<StableListModel>(uri, 1, 0, "StableListModel");
 }
+
+#include "moc_velkasettingstoolkitplugin.cpp"

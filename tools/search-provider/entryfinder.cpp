@@ -88,3 +88,5 @@ void EntryFinder::answerWaiting()
     }
     Q_EMIT used();
 }
+
+#include "moc_entryfinder.cpp"

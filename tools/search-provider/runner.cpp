@@ -95,3 +95,5 @@ RunnerMatches Runner::Match(const QString &query)
     m_finder->find({query}, delayedReply(*this, matchesOf));
     return {};
 }
+
+#include "moc_runner.cpp"

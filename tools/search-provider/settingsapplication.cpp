@@ -61,3 +61,5 @@ void SettingsApplication::call(const QString &method, const QVariantList &argume
         }
     });
 }
+
+#include "moc_settingsapplication.cpp"

@@ -109,3 +109,5 @@ void ShellProvider::LaunchSearch(const QStringList & /*terms*/, uint timestamp)
 {
     m_application->activate(timestamp);
 }
+
+#include "moc_shellprovider.cpp"

@@ -27,3 +27,5 @@ QStringList Autostart::listOf(int uid) const
     return m_lists.value(uid,
                          {QStringLiteral("enabledMode"), QStringLiteral("calendar"), QStringLiteral("messages")});
 }
+
+#include "moc_autostart.cpp"

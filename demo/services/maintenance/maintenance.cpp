@@ -46,3 +46,5 @@ void Maintenance::record(const QString &outcome)
     qInfo().noquote() << "Call" << m_calls << method << message().signature() << outcome;
     Q_EMIT called(method, outcome);
 }
+
+#include "moc_maintenance.cpp"

@@ -35,3 +35,5 @@ QVariantMap Notifications::configOf(const QString &appId) const
 {
     return {{QStringLiteral("enabled"), m_enabled.value(appId, true)}};
 }
+
+#include "moc_notifications.cpp"

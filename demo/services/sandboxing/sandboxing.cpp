@@ -82,3 +82,5 @@ void Sandboxing::SetGrantedPermissions(uint uid, const QString &application, con
     m_granted.insert({uid, application}, permissions);
     qInfo().noquote() << "Granted to" << application << "of user" << uid << permissions.join(QLatin1Char(' '));
 }
+
+#include "moc_sandboxing.cpp"

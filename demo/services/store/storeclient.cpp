@@ -15,3 +15,5 @@ void StoreClient::showApp(const QString &package)
     Q_EMIT packagesChanged();
     Q_EMIT asked();
 }
+
+#include "moc_storeclient.cpp"
