@@ -352,7 +352,9 @@ void FavoritesModel::reset()
     m_root = m_registry->getItem(m_path);
     updatePotentialItems();
     beginResetModel();
-    clearRows();
+    while (m_rows.count() > 0) {
+        removeItem(m_rows.count() - 1, false);
+    }
     rebuild(false);
     notifyCount(0); // as updateItems() does, from no row
     endResetModel();
@@ -362,13 +364,6 @@ void FavoritesModel::notifyCount(int before)
 {
     if (m_rows.count() != before) {
         Q_EMIT countChanged();
-    }
-}
-
-void FavoritesModel::clearRows()
-{
-    while (m_rows.count() > 0) {
-        removeItem(m_rows.count() - 1, false);
     }
 }
 

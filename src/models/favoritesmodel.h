@@ -126,7 +126,6 @@ private:
     void reset();
     void notifyCount(int before);
     void rebuild(bool notifyChanges);
-    void clearRows();
     bool edit(const Edit &edit, Apply apply = &StoredFavorites::apply);
     void removeRow(int row, const Edit &edit);
     void moveRow(int from, int to, const Edit &edit);
