@@ -306,10 +306,11 @@ void KitTest::updateKeepsTranslations()
         0);
     const QByteArray catalog = m_directory->read(text("sound-fi.ts"));
     const char *const parts[] = {
-        "<source>Sound</source>\n        <translation>Ääni</translation>",
-        "<oldsource>Loudness</oldsource>\n        <translation type=\"unfinished\">Voimakkuus</translation>",
+        "<source>Sound</source>\n        <translation>Ääni</translation>", // finished
+        ("<source>Volume</source>\n        <oldsource>Loudness</oldsource>\n"
+         "        <translation type=\"unfinished\">Voimakkuus</translation>"), // its source has changed
         "<source>Gone</source>\n        <translation type=\"vanished\">Poissa</translation>",
-        "<source>Snd</source>\n        <translation type=\"unfinished\"></translation>",
+        "<source>Snd</source>\n        <translation type=\"unfinished\"></translation>", // new
     };
     for (const char *part : parts) {
         QVERIFY2(catalog.contains(part), (QByteArray(part) + "is not in\n" + catalog).constData());
