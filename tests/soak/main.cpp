@@ -21,6 +21,7 @@
 namespace
 {
 constexpr int CheckpointInterval = 500; ///< operations between checks that wait
+constexpr int MinWarmUp = 750; ///< operations after which everything has been used once
 
 /// Messages that the operations cause, because services stop and entries are removed.
 constexpr const char *s_expected[] = {Messages::CannotReadEntries,   Messages::NoApplicationsSection,
@@ -134,7 +135,7 @@ private:
     int m_operations = 0;
 };
 
-/// Runs for @p minutes, or otherwise for @p operations. The first half is the warm-up.
+/// Runs for @p minutes, or otherwise for @p operations. The first fifth is the warm-up, at least MinWarmUp operations.
 bool run(quint32 seed, Mode mode, std::optional<int> minutes, int operations)
 {
     QElapsedTimer timer;
@@ -146,7 +147,7 @@ bool run(quint32 seed, Mode mode, std::optional<int> minutes, int operations)
     const auto elapsedPart = [&] {
         return minutes ? double(timer.elapsed()) / (*minutes * 60000.0) : double(soak.operations()) / operations;
     };
-    if (!soak.operate([&] { return elapsedPart() >= 0.5; })) {
+    if (!soak.operate([&] { return elapsedPart() >= 0.2 && soak.operations() >= MinWarmUp; })) {
         return false;
     }
     const Resources warm = soak.restAndMeasure();
