@@ -89,6 +89,15 @@ bool isRunning()
     return QDBusConnection::sessionBus().interface()->isServiceRegistered(s_name);
 }
 
+/// Lets the bus start the program with @p rest, in milliseconds.
+bool installService(const QByteArray &rest)
+{
+    World::writeFile(qEnvironmentVariable("XDG_RUNTIME_DIR") + text("/services/org.velkasettings.Search.service"),
+                     "[D-BUS Service]\nName=org.velkasettings.Search\nExec=" SEARCH_PROVIDER " --rest " + rest
+                         + '\n');
+    return QDBusReply<void>(QDBusConnection::sessionBus().interface()->call(text("ReloadConfig"))).isValid();
+}
+
 /// Returns what the program, which fails with @p arguments, prints.
 QByteArray failureOf(const QStringList &arguments)
 {
@@ -159,6 +168,7 @@ private Q_SLOTS:
     void refusesAnInvalidRest();
     void saysThatItsNameIsTaken();
     void programEndsAfterItsRest();
+    void callsAtTheEndOfTheRestAreAnswered();
 
 private:
     std::unique_ptr<DBusPeer> m_application;
@@ -176,9 +186,7 @@ void SearchProviderTest::initTestCase()
         {"path": "system_settings/cut\u0000off", "title": "Umlaut"},
         {"path": "system_settings/half\ud800", "title": "Umlaut"}
     ]})");
-    World::writeFile(qEnvironmentVariable("XDG_RUNTIME_DIR") + text("/services/org.velkasettings.Search.service"),
-                     "[D-BUS Service]\nName=org.velkasettings.Search\nExec=" SEARCH_PROVIDER " --rest 3000\n");
-    QVERIFY(QDBusReply<void>(QDBusConnection::sessionBus().interface()->call(text("ReloadConfig"))).isValid());
+    QVERIFY(installService("3000"));
     World::writeEntries(text("gigantic.json"),
                         "{\"entries\": [{\"path\": \"system_settings/gigantic\", \"title\": \""
                             + QByteArray("Gigantic ").repeated(1000) + "\"}]}");
@@ -356,7 +364,7 @@ void SearchProviderTest::refusesAnInvalidRest_data()
 void SearchProviderTest::refusesAnInvalidRest()
 {
     QFETCH(QString, rest);
-    QCOMPARE(failureOf({text("--rest=") + rest}), "\"" + rest.toUtf8() + "\" is no number of milliseconds.\n");
+    QCOMPARE(failureOf({text("--rest=") + rest}), "\"" + rest.toUtf8() + "\" is not a number of milliseconds.\n");
 }
 
 void SearchProviderTest::saysThatItsNameIsTaken()
@@ -369,10 +377,24 @@ void SearchProviderTest::saysThatItsNameIsTaken()
 void SearchProviderTest::programEndsAfterItsRest()
 {
     QCOMPARE(resultsOf({text("volume")}).size(), 2);
-    QVERIFY(isRunning());
-    QTRY_VERIFY_WITH_TIMEOUT(!isRunning(), 30000);
+    const QDBusConnectionInterface *const bus = QDBusConnection::sessionBus().interface();
+    const QString connection = bus->serviceOwner(s_name);
+    QVERIFY(!connection.isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!bus->isServiceRegistered(connection), 30000);
     // The bus starts it again.
     QCOMPARE(resultsOf({text("volume")}).size(), 2);
+}
+
+void SearchProviderTest::callsAtTheEndOfTheRestAreAnswered()
+{
+    QVERIFY(installService("0"));
+    QTRY_VERIFY_WITH_TIMEOUT(!isRunning(), 30000);
+    const int opened = m_application->calls(text("Open")).size();
+    for (int i = 1; i <= 10; ++i) {
+        QCOMPARE(resultsOf({text("volume")}).size(), 2);
+        QCOMPARE(call(s_runner, text("Run"), {s_volume, QString()}).errorMessage(), QString());
+        QTRY_COMPARE(m_application->calls(text("Open")).size(), opened + i);
+    }
 }
 
 QTEST_GUILESS_MAIN(SearchProviderTest)

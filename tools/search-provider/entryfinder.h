@@ -28,6 +28,11 @@ public:
     void findWithin(const QStringList &locations, const QStringList &terms, const Receiver &receive);
     /// Passes the entries at @p locations, without those that do not exist.
     void look(const QStringList &locations, const Receiver &receive);
+    /// Returns whether a launcher waits for its answer.
+    bool isAnswering() const
+    {
+        return !m_waiting.isEmpty();
+    }
 
 Q_SIGNALS:
     /// A launcher has asked for something, or was answered.

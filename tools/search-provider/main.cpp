@@ -18,6 +18,8 @@
 
 namespace
 {
+constexpr int LastRest = 1000; ///< in milliseconds
+
 const QCommandLineOption s_application(QStringLiteral("application"),
                                        QStringLiteral("Name of the Settings application on the session bus."),
                                        QStringLiteral("NAME"), QStringLiteral(VELKA_SETTINGS_APPLICATION));
@@ -25,12 +27,17 @@ const QCommandLineOption s_rest(QStringLiteral("rest"),
                                 QStringLiteral("Quit when nothing was asked for MS milliseconds."),
                                 QStringLiteral("MS"), QStringLiteral("60000"));
 
+QString serviceName()
+{
+    return QStringLiteral("org.velkasettings.Search");
+}
+
 bool publish(QObject *shellProvider, QObject *runner)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     return bus.registerObject(QStringLiteral("/org/velkasettings/Search/Shell"), shellProvider)
            && bus.registerObject(QStringLiteral("/org/velkasettings/Search/Runner"), runner)
-           && bus.registerService(QStringLiteral("org.velkasettings.Search"));
+           && bus.registerService(serviceName());
 }
 
 /// Returns why publish() failed. For Qt, a name that is taken is not an error.
@@ -38,7 +45,7 @@ QString publishError()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     return bus.isConnected() && !bus.lastError().isValid()
-               ? QStringLiteral("the name org.velkasettings.Search is taken")
+               ? QStringLiteral("the name %1 is taken").arg(serviceName())
                : bus.lastError().message();
 }
 }
@@ -54,7 +61,7 @@ int main(int argc, char *argv[])
     bool isNumber = false;
     const int restTime = parser.value(s_rest).toInt(&isNumber);
     if (!isNumber || restTime < 0) {
-        std::fprintf(stderr, "\"%s\" is no number of milliseconds.\n", qPrintable(parser.value(s_rest)));
+        std::fprintf(stderr, "\"%s\" is not a number of milliseconds.\n", qPrintable(parser.value(s_rest)));
         return 1;
     }
 
@@ -73,7 +80,15 @@ int main(int argc, char *argv[])
     rest.setSingleShot(true);
     rest.setInterval(restTime);
     QObject::connect(&finder, &EntryFinder::used, &rest, qOverload<>(&QTimer::start));
-    QObject::connect(&rest, &QTimer::timeout, &program, &QCoreApplication::quit);
+    QObject::connect(&rest, &QTimer::timeout, &program, [&finder, &rest] {
+        // The bus sends no call to a program without the name. The calls from before are still answered.
+        const bool hadName = QDBusConnection::sessionBus().unregisterService(serviceName());
+        if (hadName || finder.isAnswering()) {
+            rest.start(LastRest);
+        } else {
+            QCoreApplication::quit();
+        }
+    });
     rest.start();
     return QCoreApplication::exec();
 }
