@@ -215,6 +215,7 @@ void UntrustedTextTest::serverCountsRequests()
                       "Item {\n"
                       "    property alias markup: shown.text\n"
                       "    property alias url: image.source\n"
+                      "    readonly property bool isRefused: image.status === Image.Error\n"
                       "    Text { id: shown }\n"
                       "    Image { id: image }\n"
                       "}",
@@ -226,6 +227,7 @@ void UntrustedTextTest::serverCountsRequests()
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text("QML Image: Error transferring")));
     object->setProperty("url", QUrl(QString::fromLatin1(m_server.url("icon"))));
     QTRY_COMPARE(m_server.requests(), text("/markup /icon"));
+    QTRY_VERIFY(object->property("isRefused").toBool());
 }
 
 void UntrustedTextTest::iconOfNetworkIsRefused_data()
