@@ -25,7 +25,17 @@ QJsonObject FileEntries::at(int index) const
 
 QJsonArray FileEntries::parsed() const
 {
-    return m_entries.isEmpty() ? parseRegistrationFile(m_text, QString())->entries : m_entries;
+    return m_entries.isEmpty() ? parse(m_text) : m_entries;
+}
+
+QByteArray FileEntries::unparsedText() const
+{
+    return m_entries.isEmpty() ? m_text : QByteArray();
+}
+
+QJsonArray FileEntries::parse(const QByteArray &text)
+{
+    return parseRegistrationFile(text, QString())->entries;
 }
 
 const FileCatalogs &FileEntries::catalogs() const

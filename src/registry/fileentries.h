@@ -36,6 +36,9 @@ public:
     QJsonObject at(int index) const; ///< @p index must be in range
     /// Returns the entries without keeping them: they are parsed at each call, unless they are kept already.
     QJsonArray parsed() const;
+    /// Returns the text that parsed() would parse, empty when the entries are kept.
+    QByteArray unparsedText() const;
+    static QJsonArray parse(const QByteArray &text);
     const FileCatalogs &catalogs() const;
     /// Keeps only the text, if there is one.
     void forget();

@@ -8,12 +8,27 @@
 #include "registry/treeitem_p.h"
 #include "search/words.h"
 
+#include <QThreadPool>
 #include <QTranslator>
 
 #include <algorithm>
+#include <chrono>
+#include <memory>
+#include <utility>
 
 namespace
 {
+// Each of these takes about a millisecond, to parse or to delete.
+constexpr int MaxBytesOfSmallFile = 64 * 1024;
+constexpr int MaxEntriesOfSmallFile = 2000;
+
+/// Returns a pool of its own: in the global one, work of the application could come first.
+QThreadPool *threadPool()
+{
+    static QThreadPool s_pool;
+    return &s_pool;
+}
+
 struct Translation {
     QString localized; ///< null when no catalog has a text
     QString english; ///< null when no catalog of engineering English has a text
@@ -111,6 +126,33 @@ void readKeywords(const QJsonObject &entry, const FileCatalogs &catalogs, EntryT
 }
 }
 
+EntryTextReader::~EntryTextReader()
+{
+    if (m_entries.size() > MaxEntriesOfSmallFile) {
+        threadPool()->start([entries = std::exchange(m_entries, {})] { Q_UNUSED(entries) });
+    }
+}
+
+void EntryTextReader::open(const TreeItem *item)
+{
+    const NodeData::Entries file = TreeItemPrivate::of(item)->data.fileEntries();
+    const QByteArray text = file ? file->unparsedText() : QByteArray();
+    if (text.size() <= MaxBytesOfSmallFile) {
+        return;
+    }
+    using Parse = std::packaged_task<QJsonArray()>;
+    const auto parse = std::make_shared<Parse>([text] { return FileEntries::parse(text); });
+    m_file = file;
+    m_parse = parse->get_future();
+    threadPool()->start([parse] { (*parse)(); });
+}
+
+bool EntryTextReader::isReady() const
+{
+    using namespace std::chrono_literals;
+    return !m_parse.valid() || m_parse.wait_for(0s) == std::future_status::ready;
+}
+
 EntryTexts EntryTextReader::read(const TreeItem *item)
 {
     const NodeData &data = TreeItemPrivate::of(item)->data;
@@ -132,6 +174,9 @@ QJsonObject EntryTextReader::entryOf(const NodeData &data)
     if (!file) {
         m_file = file;
         return QJsonObject::fromVariantMap(data.toMap());
+    }
+    if (m_parse.valid()) {
+        m_entries = m_parse.get();
     }
     if (file != m_file) {
         m_file = file;

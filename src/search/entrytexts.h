@@ -9,6 +9,8 @@
 #include <QJsonObject>
 #include <QStringList>
 
+#include <future>
+
 class TreeItem;
 
 /// The texts of an entry that are searched.
@@ -22,10 +24,19 @@ struct EntryTexts {
     bool isSearchable = true;
 };
 
-/// Reads the texts of entries. The parse of a file is kept only as long as its entries are read.
+/// Reads the texts of entries. The parse of a file is kept only as long as its entries are read. For a large file,
+/// another thread can parse it, and delete the parse.
 class EntryTextReader
 {
 public:
+    EntryTextReader() = default;
+    ~EntryTextReader();
+    Q_DISABLE_COPY_MOVE(EntryTextReader)
+
+    /// Begins to parse the file of @p item in another thread if it is large.
+    void open(const TreeItem *item);
+    /// Returns false while a file is parsed. Until then, read() waits.
+    bool isReady() const;
     EntryTexts read(const TreeItem *item);
 
 private:
@@ -33,4 +44,5 @@ private:
 
     NodeData::Entries m_file;
     QJsonArray m_entries; ///< of m_file
+    std::future<QJsonArray> m_parse; ///< of m_file, not valid unless another thread has parsed it
 };

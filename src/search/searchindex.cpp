@@ -14,6 +14,8 @@
 
 namespace
 {
+constexpr int PollInterval = 1; ///< ms, while a file is parsed
+
 /// Returns @p item if it is the root of a tree whose files are known, otherwise null.
 TreeItem *asRoot(TreeItem *item)
 {
@@ -116,7 +118,7 @@ void SearchIndex::readAgain(const QString &file)
 {
     const bool wasBusy = isBusy();
     if (m_task && m_task->file == file) {
-        m_task.reset();
+        finishFile();
     }
     removeSegment(file);
     if (!m_pending.contains(file)) {
@@ -133,12 +135,18 @@ void SearchIndex::readSlice()
 {
     QElapsedTimer time;
     time.start();
-    while (time.elapsed() < SliceTime) {
+    while (!isParsing() && time.elapsed() < SliceTime) {
         if (!readNext()) {
             finishReading();
             return;
         }
     }
+    m_timer.setInterval(isParsing() ? PollInterval : 0);
+}
+
+bool SearchIndex::isParsing() const
+{
+    return m_task && !m_task->reader.isReady();
 }
 
 /// Returns false when there is nothing left to read.
@@ -151,10 +159,8 @@ bool SearchIndex::readNext()
         if (m_pending.isEmpty()) {
             return squeezeNext();
         }
-        m_task.emplace();
-        m_task->file = m_queue.takeLast();
-        m_task->items = m_files->declaredBy(m_task->file);
-        m_pending.remove(m_task->file);
+        openNext();
+        return true;
     }
     if (m_task->next == m_task->items.size()) {
         finishFile();
@@ -163,6 +169,17 @@ bool SearchIndex::readNext()
     TreeItem *item = m_task->items.at(m_task->next++);
     readEntry(item, m_task->reader.read(item), &m_segments[m_task->file]);
     return true;
+}
+
+void SearchIndex::openNext()
+{
+    m_task.emplace();
+    m_task->file = m_queue.takeLast();
+    m_task->items = m_files->declaredBy(m_task->file);
+    m_pending.remove(m_task->file);
+    if (!m_task->items.isEmpty()) {
+        m_task->reader.open(m_task->items.constFirst());
+    }
 }
 
 /// Releases memory once all files have been read for the first time: later ones are few. Returns false when that is done.
@@ -197,7 +214,11 @@ void SearchIndex::readEntry(TreeItem *item, const EntryTexts &texts, Segment *se
     for (const EntryWord &word : entryWords.words) {
         const int number = m_vocabulary.insert(word.text);
         m_vocabulary.addPosting(number, Posting::make(position, word.field, word.form, word.mentions));
-        segment->words.append(number);
+        m_isInSegment.resize(size_t(m_vocabulary.size()));
+        if (!m_isInSegment[size_t(number)]) {
+            m_isInSegment[size_t(number)] = true;
+            segment->words.append(number);
+        }
     }
 }
 
@@ -205,8 +226,9 @@ void SearchIndex::finishFile()
 {
     const auto segment = m_segments.find(m_task->file);
     if (segment != m_segments.end()) {
-        std::sort(segment->words.begin(), segment->words.end());
-        segment->words.erase(std::unique(segment->words.begin(), segment->words.end()), segment->words.end());
+        for (const int word : qAsConst(segment->words)) {
+            m_isInSegment[size_t(word)] = false;
+        }
         segment->words.squeeze();
         segment->titles.squeeze();
     }
@@ -227,12 +249,8 @@ void SearchIndex::removeSegment(const QString &file)
         }
     }
     const auto isRemoved = [this](quint32 posting) { return !m_nodes.at(Posting::nodeOf(posting)).isRead; };
-    QSet<int> removed;
     for (const int word : segment.words) {
-        if (!removed.contains(word)) { // those of a file that was not read to its end can be there twice
-            removed.insert(word);
-            m_vocabulary.removePostings(word, isRemoved);
-        }
+        m_vocabulary.removePostings(word, isRemoved);
     }
 }
 

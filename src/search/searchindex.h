@@ -16,6 +16,7 @@
 #include <QVector>
 
 #include <optional>
+#include <vector>
 
 class FileIndex;
 class TreeItem;
@@ -71,7 +72,9 @@ private:
     void readAgain(const QString &file);
     void finishReading();
     void readSlice();
+    bool isParsing() const;
     bool readNext();
+    void openNext();
     bool squeezeNext();
     void readEntry(TreeItem *item, const EntryTexts &texts, Segment *segment);
     void finishFile();
@@ -86,5 +89,6 @@ private:
     QStringList m_queue; ///< the same, in any order
     Squeezed m_squeezed = Squeezed::Nothing;
     std::optional<IndexTask> m_task;
+    std::vector<bool> m_isInSegment; ///< for each word, whether it is in the segment of m_task
     QTimer m_timer;
 };
