@@ -29,6 +29,7 @@ private Q_SLOTS:
     void readsALargeFileInSlices();
     void largeFileGoesWhileItIsRead();
     void typesThatHaveNoNumber();
+    void typesThatAreGoneHaveNoNumber();
     void highlightsLongTexts_data();
     void highlightsLongTexts();
 };
@@ -38,6 +39,7 @@ namespace
 constexpr qint64 MaxTime = 5'000'000'000; // ns, with the sanitizers, too
 constexpr int MaxForms = 2000; ///< of the words of an entry
 constexpr int Many = 64;
+constexpr int ManyTypes = 70000;
 constexpr int Entries = 30000; ///< of a large file
 
 TreeItem *root()
@@ -154,18 +156,28 @@ void SearchLimitsTest::largeFileGoesWhileItIsRead()
 /// The type of a node takes 16 bits.
 void SearchLimitsTest::typesThatHaveNoNumber()
 {
-    constexpr int Types = 70000;
-    install({QJsonObject{{text("path"), text("x")}}});
-    SearchNodes nodes;
-    for (int i = 0; i < Types; ++i) {
-        nodes.typeNumber(numbered(i));
+    TypeNumbers types;
+    for (int i = 0; i < ManyTypes; ++i) {
+        types.acquire(numbered(i));
     }
+    QCOMPARE(types.type(types.acquire(numbered(1))), numbered(1));
+    QCOMPARE(types.acquire(numbered(ManyTypes - 1)), TypeNumbers::None);
+    QCOMPARE(types.type(TypeNumbers::None), QString());
+    QCOMPARE(types.numberOf(numbered(ManyTypes - 1)), -1);
+}
+
+void SearchLimitsTest::typesThatAreGoneHaveNoNumber()
+{
+    install({QJsonObject{{text("path"), text("x")}}});
     TreeItem *item = root()->lookup({text("x")});
-    nodes.insert(item).type = nodes.typeNumber(numbered(1));
-    QCOMPARE(nodes.typeAt(SearchNodes::positionOf(item)), numbered(1));
-    nodes.insert(item).type = nodes.typeNumber(numbered(Types - 1));
-    QCOMPARE(nodes.typeAt(SearchNodes::positionOf(item)), QString());
-    QCOMPARE(nodes.numberOfType(numbered(Types - 1)), -1);
+    SearchNodes nodes;
+    for (int i = 0; i < ManyTypes; ++i) {
+        const quint16 number = nodes.insert(item, numbered(i)).type;
+        QCOMPARE(nodes.types().type(number), numbered(i));
+        QCOMPARE(nodes.types().numberOf(numbered(i)), int(number));
+        nodes.remove(SearchNodes::positionOf(item));
+    }
+    QCOMPARE(nodes.types().numberOf(numbered(ManyTypes - 1)), -1);
 }
 
 void SearchLimitsTest::highlightsLongTexts_data()

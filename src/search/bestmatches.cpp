@@ -17,7 +17,7 @@ std::optional<QSet<int>> numbersOf(const QStringList &types, const SearchNodes &
     }
     QSet<int> numbers;
     for (const QString &type : types) {
-        numbers.insert(nodes.numberOfType(type));
+        numbers.insert(nodes.types().numberOf(type));
     }
     return numbers;
 }

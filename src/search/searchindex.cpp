@@ -203,8 +203,7 @@ bool SearchIndex::squeezeNext()
 void SearchIndex::readEntry(TreeItem *item, const EntryTexts &texts, Segment *segment)
 {
     const EntryWords entryWords = wordsOfEntry(texts);
-    SearchNode &node = m_nodes.insert(item);
-    node.type = m_nodes.typeNumber(texts.type);
+    SearchNode &node = m_nodes.insert(item, texts.type);
     node.isResult = texts.isSearchable;
     node.titleWords = quint8(std::min(entryWords.titleWords, 0xFF));
     node.titlePlace = quint32(segment->titles.size());

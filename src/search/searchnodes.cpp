@@ -11,7 +11,6 @@
 namespace
 {
 constexpr int None = -1;
-constexpr int MaxTypes = 0xFFFF;
 }
 
 SearchNodes::~SearchNodes()
@@ -43,7 +42,7 @@ int SearchNodes::positionOf(const TreeItem *item)
     return TreeItemPrivate::of(item)->searchPosition;
 }
 
-SearchNode &SearchNodes::insert(TreeItem *item)
+SearchNode &SearchNodes::insert(TreeItem *item, const QString &type)
 {
     std::vector<TreeItem *> missing; // the lowest one first
     for (TreeItem *node = item; node->parentItem() && positionOf(node) == None; node = node->parentItem()) {
@@ -52,6 +51,7 @@ SearchNode &SearchNodes::insert(TreeItem *item)
     std::for_each(missing.crbegin(), missing.crend(), [this](TreeItem *node) { add(node); });
     SearchNode &node = m_nodes[size_t(positionOf(item))];
     node.isRead = true;
+    node.type = m_types.acquire(type);
     ++m_readCount;
     return node;
 }
@@ -60,6 +60,7 @@ void SearchNodes::remove(int position)
 {
     if (m_nodes[size_t(position)].isRead) {
         m_nodes[size_t(position)].isRead = false;
+        m_types.release(at(position).type);
         --m_readCount;
     }
     while (position != None && !at(position).isRead && at(position).children == 0) {
@@ -79,29 +80,9 @@ void SearchNodes::squeeze()
     m_nodes.shrink_to_fit();
 }
 
-/// Types beyond what a number can express share one that no type has.
-quint16 SearchNodes::typeNumber(const QString &type)
+const TypeNumbers &SearchNodes::types() const
 {
-    const int known = numberOfType(type);
-    if (known != None) {
-        return quint16(known);
-    }
-    if (m_types.size() == MaxTypes) {
-        return MaxTypes;
-    }
-    m_typeNumbers.insert(type, m_types.size());
-    m_types.append(type);
-    return quint16(m_types.size() - 1);
-}
-
-QString SearchNodes::typeAt(int position) const
-{
-    return m_types.value(at(position).type);
-}
-
-int SearchNodes::numberOfType(const QString &type) const
-{
-    return m_typeNumbers.value(type, None);
+    return m_types;
 }
 
 size_t SearchNodes::memory() const

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include <QHash>
-#include <QStringList>
+#include "search/typenumbers.h"
 
 #include <vector>
 
@@ -17,7 +16,7 @@ struct SearchNode {
     int children = 0; ///< how many nodes have this one as their parent
     quint32 locationHash = 0;
     quint32 titlePlace = 0; ///< in the titles of the file
-    quint16 type = 0; ///< in the list of types
+    quint16 type = 0; ///< its number, once the node is read
     quint8 depth = 0; ///< 1 for the children of the root
     quint8 titleWords = 0;
     bool isRead = false; ///< the entry of the node is in the index
@@ -40,17 +39,16 @@ public:
 
     /// Returns the position of @p item, -1 when it is not here.
     static int positionOf(const TreeItem *item);
-    /// Adds @p item and the nodes above it as far as they are not here. The entry of @p item is in the index now.
-    SearchNode &insert(TreeItem *item);
+    /// Adds @p item and the nodes above it as far as they are not here. The entry of @p item, which has @p type, is in the
+    /// index now.
+    SearchNode &insert(TreeItem *item, const QString &type);
     /// Removes the node at @p position, whose entry has left the index, unless there are nodes below it here.
     void remove(int position);
 
     /// Releases memory that is reserved for more nodes.
     void squeeze();
 
-    quint16 typeNumber(const QString &type);
-    QString typeAt(int position) const; ///< empty for those of more than 65,535 types
-    int numberOfType(const QString &type) const; ///< -1 for a type that no node has had
+    const TypeNumbers &types() const;
     size_t memory() const; ///< in bytes
 
 private:
@@ -58,7 +56,6 @@ private:
 
     std::vector<SearchNode> m_nodes;
     std::vector<int> m_unused;
-    QStringList m_types;
-    QHash<QString, int> m_typeNumbers;
+    TypeNumbers m_types;
     int m_readCount = 0;
 };

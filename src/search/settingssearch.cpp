@@ -153,7 +153,7 @@ SearchResult SettingsSearch::resultFor(int position, float score) const
             item->location().join(QLatin1Char('/')),
             title.isEmpty() ? QLatin1String("!!") + item->name() : title,
             breadcrumb,
-            nodes.typeAt(position),
+            nodes.types().type(nodes.at(position).type),
             double(score)};
 }
 
