@@ -23,6 +23,7 @@ private Q_SLOTS:
     void installsUnderContentName();
     void upgradeReplacesEarlierVersion();
     void otherFilesStay();
+    void copyIsReadableForAll();
     void renamesInPackage();
     void renamesOnce();
     void listChangesNothing();
@@ -138,6 +139,13 @@ void KitTest::otherFilesStay()
     QStringList expected = names + QStringList(soundName(s_sound));
     expected.sort();
     QCOMPARE(QDir(m_directory->path(text("installed"))).entryList(QDir::Files), expected);
+}
+
+void KitTest::copyIsReadableForAll()
+{
+    const QStringList install{text("install"), text("--into"), text("@."), text("@sound.json")};
+    QCOMPARE(m_directory->runAfter(text("umask 077"), install).exitCode, 0);
+    QVERIFY(QFile::permissions(m_directory->path(soundName(s_sound))).testFlag(QFile::ReadOther));
 }
 
 void KitTest::renamesInPackage()

@@ -13,7 +13,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QSaveFile>
 #include <QSet>
 
 #include <cstdio>
@@ -106,16 +105,11 @@ QString removeOlder(const NamedFile &file, const QDir &directory)
 
 QString copy(const NamedFile &file, const QDir &directory)
 {
-    QSaveFile copied(directory.filePath(file.name));
-    if (!directory.mkpath(QStringLiteral(".")) || !copied.open(QIODevice::WriteOnly)) {
-        return failed("write", copied.fileName(), copied);
-    }
-    copied.write(file.content);
-    copied.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
-    if (!copied.commit()) {
-        return failed("write", copied.fileName(), copied);
-    }
-    return removeOlder(file, directory);
+    constexpr QFile::Permissions ForAll(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
+                                        | QFile::ReadOther);
+    directory.mkpath(QStringLiteral(".")); // if that fails, so does the next line
+    const QString problem = UserFile::write(directory.filePath(file.name), file.content, ForAll);
+    return problem.isEmpty() ? removeOlder(file, directory) : problem;
 }
 
 /// Returns which file in @p directory @p file would overwrite, if any: one that was edited after it got its name.

@@ -23,11 +23,11 @@ std::optional<QByteArray> UserFile::read(const QString &path, QString *problem)
     return content.bytes;
 }
 
-QString UserFile::write(const QString &path, const QByteArray &content)
+QString UserFile::write(const QString &path, const QByteArray &content, QFileDevice::Permissions permissions)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
-        return QStringLiteral("cannot write \"%1\": %2").arg(printable(path), file.errorString());
-    }
-    return {};
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
+                           && (!permissions || file.setPermissions(permissions)) && file.commit();
+    return isWritten ? QString()
+                     : QStringLiteral("cannot write \"%1\": %2").arg(printable(path), file.errorString());
 }
