@@ -27,6 +27,7 @@ private Q_SLOTS:
     void controlCharacters();
     void keepsOtherParts_data();
     void keepsOtherParts();
+    void keepsIdsOfPrograms();
     void refusesCatalogs_data();
     void refusesCatalogs();
     void languageOfName_data();
@@ -208,6 +209,53 @@ void CatalogUpdateTest::keepsOtherParts()
     QVERIFY2(updated.contains(part), updated.constData());
     QCOMPARE(m_directory->run(s_update).errors, QByteArray());
     QCOMPARE(m_directory->read(text("lamp-fi.ts")), updated);
+}
+
+void CatalogUpdateTest::keepsIdsOfPrograms()
+{
+    const QByteArray messages = R"(
+    <message id="window-he-open">
+        <location filename="main.cpp" line="4"/>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="window-he-close" numerus="yes">
+        <location line="+2"/>
+        <location filename="lamp.json" line="1"/>
+        <source>Close</source>
+        <extracomment>A button</extracomment>
+        <translation>
+            <numerusform>Sulje</numerusform>
+            <numerusform>Sulje</numerusform>
+        </translation>
+    </message>)";
+    const QByteArray others = R"(
+    <message id="lamp-he-gone">
+        <location filename="lamp.json" line="1"/>
+        <source>Gone</source>
+        <translation>Poissa</translation>
+    </message>
+    <message id="window-he-unplaced">
+        <source>Unplaced</source>
+        <translation>Paikaton</translation>
+    </message>)";
+    m_directory->write(text("lamp-fi.ts"),
+                       QByteArray(s_finnish).replace("<name></name>", "<name></name>" + messages + others));
+    QCOMPARE(m_directory->run(s_update).errors, QByteArray());
+    const QByteArray updated = m_directory->read(text("lamp-fi.ts"));
+    QVERIFY2(updated.contains(messages), updated.constData());
+    QCOMPARE(updated.count("type=\"vanished\""), 2);
+    QVERIFY(updated.contains("<translation type=\"vanished\">Poissa<"));
+    QVERIFY(updated.contains("<translation type=\"vanished\">Paikaton<"));
+    QCOMPARE(m_directory->run(s_update).errors, QByteArray());
+    QCOMPARE(m_directory->read(text("lamp-fi.ts")), updated);
+
+    m_directory->write(text("lamp.json"), entry("window-he-open", "Open"));
+    QCOMPARE(m_directory->run(s_update).errors, QByteArray());
+    const QByteArray shared = m_directory->read(text("lamp-fi.ts"));
+    QCOMPARE(shared.count("\"window-he-open\""), 1);
+    QVERIFY2(shared.contains("id=\"window-he-open\">\n        <location filename=\"lamp.json\" line=\"1\"/>"),
+             shared.constData());
 }
 
 void CatalogUpdateTest::refusesCatalogs_data()

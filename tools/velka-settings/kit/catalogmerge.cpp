@@ -95,6 +95,17 @@ private:
     QTemporaryDir m_directory;
 };
 
+QSet<QString> idsOf(const QVector<TextFile> &files)
+{
+    QSet<QString> ids;
+    for (const TextFile &file : files) {
+        for (const IdentifiedText &text : file.texts) {
+            ids.insert(text.id);
+        }
+    }
+    return ids;
+}
+
 /// Writes the sources of @p files, and what lupdate gets of @p catalog.
 QString fill(const Mirror &mirror, const QVector<TextFile> &files, const NamedCatalog &catalog)
 {
@@ -106,8 +117,9 @@ QString fill(const Mirror &mirror, const QVector<TextFile> &files, const NamedCa
     if (!problem.isEmpty()) {
         return problem;
     }
-    return catalog.content.isEmpty() ? mirror.prepare(catalog.path)
-                                     : mirror.write(catalog.path, CatalogParts::merged(catalog.content));
+    return catalog.content.isEmpty()
+               ? mirror.prepare(catalog.path)
+               : mirror.write(catalog.path, CatalogParts::merged(catalog.content, idsOf(files)));
 }
 
 QStringList argumentsFor(const Mirror &mirror, const QVector<TextFile> &files, const NamedCatalog &catalog)
@@ -169,7 +181,7 @@ std::optional<QByteArray> mergeTexts(const QVector<TextFile> &files, const Named
         return {};
     }
     const QByteArray updated = UserFile::read(mirror.mirrored(catalog.path), problem).value_or(QByteArray());
-    QByteArray merged = CatalogParts::withOthers(updated, catalog.content);
+    QByteArray merged = CatalogParts::withOthers(updated, catalog.content, idsOf(files));
     *problem = problem->isEmpty() ? missingIn(merged, files) : *problem;
     *problem = problem->isEmpty() ? TsFile::lostTranslation(catalog.content, merged) : *problem;
     return problem->isEmpty() ? std::make_optional(merged) : std::nullopt;

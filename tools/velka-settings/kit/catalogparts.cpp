@@ -39,42 +39,80 @@ bool isOther(const QByteArray &context)
            && !id.match(QString::fromUtf8(context)).hasMatch();
 }
 
-/// Moves the other contexts of @p ts to the result.
-QByteArray takeOthers(QByteArray *ts)
+/// Returns whether @p message has a place that is not in a registration file. Relative places leave out the name of the
+/// @p file if it is that of the place before.
+bool isOfProgram(const QString &message, QString *file)
+{
+    static const QRegularExpression location(QStringLiteral("<location\\s+(?:filename=\"([^\"]*)\")?"));
+    bool isOfProgram = false;
+    for (auto matches = location.globalMatch(message); matches.hasNext();) {
+        const QString name = matches.next().captured(1);
+        *file = name.isEmpty() ? *file : name;
+        isOfProgram = isOfProgram || !file->endsWith(QLatin1String(".json"));
+    }
+    return isOfProgram;
+}
+
+/// Moves the messages of a program, except those with @p ids, from @p context to the result.
+QByteArray takeOtherMessages(QByteArray *context, const QSet<QString> &ids)
+{
+    static const QRegularExpression message(QStringLiteral("\\s*<message\\s[^>]*\\bid=\"([^\"]*)\".*?</message>"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    const QString text = QString::fromUtf8(*context);
+    QString rest;
+    QString others;
+    QString file;
+    int end = 0;
+    for (auto matches = message.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        rest += text.midRef(end, match.capturedStart() - end);
+        const bool isOther = isOfProgram(match.captured(), &file) && !ids.contains(match.captured(1));
+        (isOther ? others : rest) += match.captured();
+        end = match.capturedEnd();
+    }
+    *context = (rest + text.midRef(end)).toUtf8();
+    return others.toUtf8();
+}
+
+/// Moves the other contexts and messages of @p ts to the result.
+QByteArray takeOthers(QByteArray *ts, const QSet<QString> &ids)
 {
     QByteArray others;
+    QByteArray messages;
     int end = rootOf(*ts);
     int begin = ts->indexOf("<context", end);
     while (begin >= 0) {
         end = ts->indexOf(s_end, begin);
         end = end < 0 ? ts->size() : end + int(qstrlen(s_end));
-        const QByteArray context = ts->mid(begin, end - begin);
+        QByteArray context = ts->mid(begin, end - begin);
         if (isOther(context)) {
             others += context + '\n';
-            ts->remove(begin, end - begin);
-            end = begin;
+            context.clear();
+        } else {
+            messages += takeOtherMessages(&context, ids);
         }
-        begin = ts->indexOf("<context", end);
+        ts->replace(begin, end - begin, context);
+        begin = ts->indexOf("<context", begin + context.size());
     }
-    return others;
+    return messages.isEmpty() ? others : "<context>\n    <name></name>" + messages + "\n</context>\n" + others;
 }
 }
 
-QByteArray CatalogParts::merged(const QByteArray &ts)
+QByteArray CatalogParts::merged(const QByteArray &ts, const QSet<QString> &ids)
 {
     QByteArray rest = ts;
-    takeOthers(&rest);
+    takeOthers(&rest, ids);
     return rest;
 }
 
-QByteArray CatalogParts::withOthers(QByteArray updated, QByteArray ts)
+QByteArray CatalogParts::withOthers(QByteArray updated, QByteArray ts, const QSet<QString> &ids)
 {
     if (ts.isEmpty()) {
         return updated;
     }
     const int begin = declarationEnd(ts);
     const QByteArray comments = ts.mid(begin, rootOf(ts) - begin);
-    updated.insert(updated.lastIndexOf("</TS>"), takeOthers(&ts));
+    updated.insert(updated.lastIndexOf("</TS>"), takeOthers(&ts, ids));
     const int place = declarationEnd(updated);
     return updated.replace(place, rootOf(updated) - place, comments);
 }
