@@ -45,6 +45,8 @@ private Q_SLOTS:
     void checkTellsWhatIsMissing();
     void pseudo_data();
     void pseudo();
+    void pseudoWritesPlurals_data();
+    void pseudoWritesPlurals();
     void missingLupdate();
     void refuses_data();
     void refuses();
@@ -405,6 +407,32 @@ void KitTest::pseudo()
     QVERIFY(catalog.contains("language=\"" + language + '"'));
     QVERIFY(catalog.contains("<translation type=\"vanished\">Poissa</translation>"));
     QVERIFY(!catalog.contains("unfinished"));
+}
+
+void KitTest::pseudoWritesPlurals_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<int>("count");
+    QTest::newRow("as in English") << QStringList() << QString::fromUtf8("[Šóúñđ ~~]") << 2;
+    QTest::newRow("as in Arabic") << QStringList(text("--mirrored")) << QString::fromUtf8("\u202e[Šóúñđ ~~]\u202c")
+                                  << 6;
+}
+
+void KitTest::pseudoWritesPlurals()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, form);
+    QFETCH(int, count);
+    m_directory->write(text("sound-fi.ts"),
+                       QByteArray(s_finnish).replace("he-sound\"", "he-sound\" numerus=\"yes\""));
+    m_directory->run(
+        QStringList{text("translate"), text("pseudo"), text("@sound-fi.ts"), text("-o"), text("@sound-x.ts")}
+        + options);
+    const QByteArray catalog = m_directory->read(text("sound-x.ts"));
+    const QByteArray forms = QByteArray("<numerusform>" + form.toUtf8() + "</numerusform>").repeated(count);
+    QVERIFY2(catalog.contains("<translation>" + forms + "</translation>"), catalog.constData());
+    QCOMPARE(catalog.count("<numerusform>"), count);
 }
 
 /// The program is copied to a place where it finds no tools of Qt.

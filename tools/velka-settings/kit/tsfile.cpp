@@ -21,6 +21,12 @@ bool isVanished(const QStringRef &type)
     return type == QLatin1String("vanished") || type == QLatin1String("obsolete");
 }
 
+/// Returns whether the message with @p attributes has a form for each number.
+bool isPlural(const QXmlStreamAttributes &attributes)
+{
+    return attributes.value(QLatin1String("numerus")) == QLatin1String("yes");
+}
+
 QString problemOf(const QXmlStreamReader &reader)
 {
     return reader.hasError() ? QString::number(reader.lineNumber()) + QStringLiteral(": ") + reader.errorString()
@@ -66,6 +72,12 @@ void writeText(QXmlStreamWriter *writer, const QString &name, const QString &tex
         }
     }
     writer->writeEndElement();
+}
+
+/// Returns how many forms plurals have in @p language: as in Arabic in the mirrored pseudo-locale, else as in English.
+int pluralForms(const QString &language)
+{
+    return language == QLatin1String("ar_XB") ? 6 : 2;
 }
 
 /// A message as it is written.
@@ -125,13 +137,8 @@ private:
         if (name == QLatin1String("name")) {
             m_message.context = readText(&m_reader);
         } else if (name == QLatin1String("message")) {
-            m_message = {m_message.context,
-                         attributes.value(QLatin1String("id")).toString(),
-                         {},
-                         {},
-                         {},
-                         {},
-                         attributes.value(QLatin1String("numerus")) == QLatin1String("yes")};
+            m_message = {m_message.context,   attributes.value(QLatin1String("id")).toString(), {}, {}, {}, {},
+                         isPlural(attributes)};
         } else if (name == QLatin1String("source")) {
             m_message.source = readText(&m_reader);
         } else if (name == QLatin1String("comment")) {
@@ -174,6 +181,9 @@ private:
     {
         const QStringRef name = m_reader.name();
         const bool begins = m_reader.isStartElement();
+        if (begins && name == QLatin1String("message")) {
+            m_isPlural = isPlural(m_reader.attributes());
+        }
         if (begins && name == QLatin1String("TS")) {
             m_writer.writeStartElement(QStringLiteral("TS"));
             m_writer.writeAttribute(QStringLiteral("version"), QStringLiteral("2.1"));
@@ -185,10 +195,24 @@ private:
         } else if (begins && name == QLatin1String("translation")
                    && !isVanished(m_reader.attributes().value(QLatin1String("type")))) {
             m_reader.skipCurrentElement();
-            writeText(&m_writer, QStringLiteral("translation"), m_translate(m_source));
+            writeTranslation();
         } else {
             m_writer.writeCurrentToken(m_reader);
         }
+    }
+
+    void writeTranslation()
+    {
+        const QString translation = m_translate(m_source);
+        if (!m_isPlural) {
+            writeText(&m_writer, QStringLiteral("translation"), translation);
+            return;
+        }
+        m_writer.writeStartElement(QStringLiteral("translation"));
+        for (int form = 0; form < pluralForms(m_language); ++form) {
+            writeText(&m_writer, QStringLiteral("numerusform"), translation);
+        }
+        m_writer.writeEndElement();
     }
 
     QXmlStreamReader m_reader;
@@ -197,6 +221,7 @@ private:
     const QString m_language;
     const TsFile::Translate m_translate;
     QString m_source;
+    bool m_isPlural = false;
 };
 }
 
