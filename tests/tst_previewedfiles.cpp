@@ -24,6 +24,7 @@ private Q_SLOTS:
     void followsFilesThatAreStillEmpty();
     void namesProblems();
     void followsCatalogs();
+    void noticesCatalogsOfTheStart();
 };
 
 void PreviewedFilesTest::followsWhatIsSaved()
@@ -120,8 +121,10 @@ void PreviewedFilesTest::namesProblems()
 void PreviewedFilesTest::followsCatalogs()
 {
     const QTemporaryDir directory;
+    const QTemporaryDir copies;
     World::writeFile(directory.filePath(text("a.qm")), "first");
-    CatalogWatcher watcher({directory.path()});
+    World::writeFile(copies.filePath(text("a.qm")), "first");
+    CatalogWatcher watcher({directory.path()}, {copies.path()});
     QSignalSpy changed(&watcher, &CatalogWatcher::changed);
     World::writeFile(directory.filePath(text("a.qm")), "compiled again");
     QTRY_COMPARE(changed.count(), 1);
@@ -130,6 +133,18 @@ void PreviewedFilesTest::followsCatalogs()
     QTRY_COMPARE(changed.count(), 2);
     QVERIFY(QFile::remove(directory.filePath(text("a.qm"))));
     QTRY_COMPARE(changed.count(), 3);
+}
+
+/// A catalog can change after it was copied, and before the watcher exists.
+void PreviewedFilesTest::noticesCatalogsOfTheStart()
+{
+    const QTemporaryDir directory;
+    const QTemporaryDir copies;
+    World::writeFile(copies.filePath(text("a.qm")), "first");
+    World::writeFile(directory.filePath(text("a.qm")), "again");
+    const CatalogWatcher watcher({directory.path()}, {copies.path()});
+    QSignalSpy changed(&watcher, &CatalogWatcher::changed);
+    QVERIFY(changed.wait());
 }
 
 QTEST_GUILESS_MAIN(PreviewedFilesTest)

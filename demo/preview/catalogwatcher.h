@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QFileSystemWatcher>
+#include <QMap>
 #include <QTimer>
+#include <QVector>
 
 /// Notifies of catalogs (*.qm) that were compiled again, appeared or are gone. All changes of one moment are one.
 class CatalogWatcher : public QObject
@@ -12,17 +14,17 @@ class CatalogWatcher : public QObject
     Q_OBJECT
 
 public:
-    explicit CatalogWatcher(const QStringList &directories);
+    /// @p copies has a directory for each of @p directories, with copies of its catalogs. Those that differ have changed.
+    CatalogWatcher(const QStringList &directories, const QStringList &copies);
 
 Q_SIGNALS:
     void changed();
 
 private:
-    QStringList state() const;
     void compare();
 
     const QStringList m_directories;
-    QStringList m_state; ///< names, sizes and times of the catalogs
+    QVector<QMap<QString, QByteArray>> m_state; ///< of each directory: the hashes of the catalogs by their names
     QFileSystemWatcher m_watcher;
     QTimer m_settle;
 };

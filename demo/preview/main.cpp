@@ -49,6 +49,9 @@ const QCommandLineOption s_vocabulary(QStringLiteral("vocabulary"), QStringLiter
 const QCommandLineOption s_catalogs(QStringLiteral("catalogs"),
                                     QStringLiteral("Quit with the status 77 when a catalog in DIR changes."),
                                     QStringLiteral("DIR"));
+const QCommandLineOption s_copies(QStringLiteral("catalog-copies"),
+                                  QStringLiteral("Compare the catalogs with the copies in DIR first."),
+                                  QStringLiteral("DIR"));
 constexpr int CatalogsChanged = 77;
 
 /// Returns the first page of the host. Without a vocabulary that is the page of the settings if there are any, otherwise
@@ -125,7 +128,7 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addOptions({s_locale, s_mask, s_wide, s_page, s_screenshot, s_smokeTest, s_directory, s_root,
-                       s_vocabulary, s_catalogs});
+                       s_vocabulary, s_catalogs, s_copies});
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Registration files."));
     parser.process(application);
     if (parser.isSet(s_locale)) {
@@ -179,7 +182,7 @@ int main(int argc, char *argv[])
         return 1;
     }
     if (!quits) {
-        const CatalogWatcher catalogs(parser.values(s_catalogs));
+        const CatalogWatcher catalogs(parser.values(s_catalogs), parser.values(s_copies));
         QObject::connect(&catalogs, &CatalogWatcher::changed, &application,
                          [] { QGuiApplication::exit(CatalogsChanged); });
         return QGuiApplication::exec();
