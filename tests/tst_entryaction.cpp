@@ -88,6 +88,7 @@ private Q_SLOTS:
     void refusesWhatIsNoAction_data();
     void refusesWhatIsNoAction();
     void refusesCallsThatMustNotBeSent();
+    void invalidNamesAreLoggedByQt();
     void missingServiceBringsTheStore();
     void missingStoreIsSilent();
     void missingServiceWithoutPackage();
@@ -232,6 +233,19 @@ void EntryActionTest::refusesCallsThatMustNotBeSent()
     QCOMPARE(target.calls(), noCalls());
     QCOMPARE(store.calls(), noCalls());
     QVERIFY(QDBusConnection::sessionBus().isConnected());
+}
+
+void EntryActionTest::invalidNamesAreLoggedByQt()
+{
+    install(QVariantMap());
+    const MessageLog log;
+    Fixture fixture;
+    fixture.action.run();
+    QVERIFY(fixture.becomes(EntryAction::Failed));
+    QCOMPARE(fixture.action.errorString(), text("Object path cannot be empty"));
+    QCOMPARE(log.take(), QStringList(text("warning default: QDBusConnection: error: could not send message to "
+                                          "service \"\" path \"\" interface \"\" member \"\": "
+                                          "Object path cannot be empty")));
 }
 
 void EntryActionTest::missingServiceBringsTheStore()
