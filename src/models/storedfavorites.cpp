@@ -6,6 +6,7 @@
 #include "common/logging.h"
 #include "common/messages.h"
 #include "common/messagesize.h"
+#include "common/stringset.h"
 
 #include <mgconfitem.h>
 
@@ -59,7 +60,7 @@ bool StoredFavorites::contains(const QString &path) const
     const QStringList paths = read();
     if (!paths.isSharedWith(m_indexed)) {
         m_indexed = paths;
-        m_paths = QSet<QString>(paths.cbegin(), paths.cend());
+        m_paths = toSet(paths);
     }
     return m_paths.contains(path);
 }

@@ -3,6 +3,8 @@
 
 #include "registry/directoryfollower.h"
 
+#include "common/stringset.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
@@ -150,7 +152,7 @@ bool DirectoryFollower::watchParents()
         m_canonicalPath = canonical;
     }
     const QStringList names = namesOf(m_path) + namesOf(m_canonicalPath);
-    m_names = QSet<QString>(names.cbegin(), names.cend());
+    m_names = toSet(names);
     QStringList parents = parentsOf(m_path) + parentsOf(m_canonicalPath);
     parents.removeDuplicates();
     QVector<int> watches;

@@ -6,6 +6,7 @@
 #include "common/logging.h"
 #include "common/logtext.h"
 #include "common/messages.h"
+#include "common/stringset.h"
 #include "registry/catalogtranslator.h"
 #include "registry/directorylisting.h"
 #include "registry/fileentries.h"
@@ -31,11 +32,6 @@ namespace
 constexpr qint64 MaxTextOfNode = 4096;
 constexpr int MaxWarningsOfFile = 1000;
 constexpr char EngineeringEnglish[] = "_eng_en";
-
-QSet<QString> asSet(const QStringList &list)
-{
-    return {list.cbegin(), list.cend()};
-}
 }
 
 EntryTree::EntryTree(const EntrySources &sources, QObject *translatorParent, LoadObserver *observer)
@@ -76,7 +72,7 @@ bool EntryTree::scan()
 
 bool EntryTree::unloadVanished(const QStringList &present)
 {
-    const QSet<QString> vanished = asSet(m_knownFiles) - asSet(present);
+    const QSet<QString> vanished = toSet(m_knownFiles) - toSet(present);
     if (vanished.isEmpty()) {
         return false;
     }
@@ -88,7 +84,7 @@ bool EntryTree::unloadVanished(const QStringList &present)
 
 QStringList EntryTree::unknownFiles(const QStringList &present) const
 {
-    const QSet<QString> known = asSet(m_knownFiles);
+    const QSet<QString> known = toSet(m_knownFiles);
     QStringList unknown;
     std::copy_if(present.cbegin(), present.cend(), std::back_inserter(unknown),
                  [&known](const QString &name) { return isRegistrationFile(name) && !known.contains(name); });

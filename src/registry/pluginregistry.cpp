@@ -5,6 +5,7 @@
 
 #include "common/constants.h"
 #include "common/logging.h"
+#include "common/stringset.h"
 #include "registry/directoryfollower.h"
 #include "registry/entrytree.h"
 #include "registry/storedblacklist.h"
@@ -22,11 +23,6 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr auto ScanDelay = 2000ms;
-
-QSet<QString> toSet(const QStringList &list)
-{
-    return {list.cbegin(), list.cend()};
-}
 }
 
 PluginRegistry *PluginRegistry::instance()

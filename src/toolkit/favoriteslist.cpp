@@ -3,6 +3,7 @@
 
 #include "toolkit/favoriteslist.h"
 
+#include "common/stringset.h"
 #include "models/pathlist.h"
 #include "toolkit/entrywatcher.h"
 #include "toolkit/settingsentry.h"
@@ -15,14 +16,6 @@
 #include <algorithm>
 #include <iterator>
 #include <utility>
-
-namespace
-{
-QSet<QString> toSet(const QStringList &paths)
-{
-    return {paths.cbegin(), paths.cend()};
-}
-}
 
 QSharedPointer<FavoritesList> FavoritesList::ofKey(const QString &key)
 {
