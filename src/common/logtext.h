@@ -11,6 +11,9 @@
 
 // Untrusted texts as they are logged: on one line, and without characters that would change how they are shown.
 
+/// How much is logged of a text of any length, in characters.
+constexpr int MaxLoggedLength = 100;
+
 /// A text that QDebug prints as it is.
 struct LogText {
     QString text;

@@ -5,6 +5,7 @@
 
 #include "applicationadaptor.h"
 #include "common/logging.h"
+#include "common/logtext.h"
 #include "common/messages.h"
 #include "printable.h"
 #include "toolkit/address.h"
@@ -17,7 +18,6 @@
 
 namespace
 {
-constexpr int LoggedLength = 100; ///< of an address
 constexpr int MaxTokenLength = 4096;
 
 QString tokenOf(const QVariantMap &platformData)
@@ -167,7 +167,7 @@ void ApplicationObject::refuseMany(const QString &address)
 
 void ApplicationObject::refuse(const QString &address, const QString &reason, QDBusError::ErrorType error)
 {
-    const QString shown = printable(address.left(LoggedLength));
+    const QString shown = printable(address.left(MaxLoggedLength));
     qCWarning(lcSettings).noquote().nospace() << Messages::AddressRefused << " \"" << shown << "\": " << reason;
     sendErrorReply(error, QStringLiteral("Refused \"%1\": %2").arg(shown, reason));
 }

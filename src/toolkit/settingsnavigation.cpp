@@ -15,7 +15,6 @@
 namespace
 {
 constexpr int MaxPages = 100;
-constexpr int MaxLoggedPath = 100;
 }
 
 SettingsNavigation::SettingsNavigation(QObject *parent)
@@ -145,7 +144,7 @@ bool SettingsNavigation::openAbove(const QStringList &pages, const QString &path
 {
     const std::optional<PageAndRow> address = addressOf(path);
     if (!address) {
-        qCWarning(lcSettings) << Messages::NoPage << quoted(path.left(MaxLoggedPath));
+        qCWarning(lcSettings) << Messages::NoPage << quoted(path.left(MaxLoggedLength));
         return false;
     }
     Place place{pages, address->row};
